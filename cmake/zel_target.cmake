@@ -1,0 +1,39 @@
+# Settings of every target of the program: warnings, sanitizers, and arithmetic in source order.
+# Contraction to fused multiply-add would change results from one processor to the next.
+function(zel_settings target)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+        -Woverloaded-virtual -Wnon-virtual-dtor
+        # A row of a table may leave its last fields at their defaults.
+        -Wno-missing-field-initializers
+        -ffp-contract=off
+        $<$<BOOL:${ZEL_WERROR}>:-Werror>)
+    if(ZEL_SANITIZE)
+        target_compile_options(${target} PRIVATE -fsanitize=${ZEL_SANITIZE}
+            -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=${ZEL_SANITIZE})
+    endif()
+endfunction()
+
+# One static library per folder of src/; what it links is what it may include.
+function(zel_library name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} PUBLIC ${arg_LINKS})
+    zel_settings(${name})
+endfunction()
+
+# One test program per folder of tests/. Each of its tests is a test of its own for ctest, so that
+# they run side by side.
+function(zel_test name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+    add_executable(${name}_test ${arg_SOURCES})
+    target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_link_libraries(${name}_test PRIVATE ${arg_LINKS} GTest::gmock GTest::gtest_main)
+    target_compile_definitions(${name}_test PRIVATE
+        ZEL_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ZEL_PROGRAM="$<TARGET_FILE:zel>")
+    zel_settings(${name}_test)
+    gtest_discover_tests(${name}_test TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT 120)
+endfunction()

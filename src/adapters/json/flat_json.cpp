@@ -1,0 +1,89 @@
+#include "adapters/json/flat_json.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "platform/input_error.h"
+
+namespace zel {
+namespace {
+
+using nlohmann::json;
+
+/// Takes the members as the parser meets them; a document tree would drop repeated keys.
+class FlatHandler : public json::json_sax_t {
+public:
+    FlatObject object;
+
+    bool key(string_t& name) override {
+        key_ = name;
+        const bool known = std::any_of(object.begin(), object.end(),
+                                       [&](const FlatMember& member) { return member.key == name; });
+        if (known) throw InputError(name + ": the key stands twice");
+        return true;
+    }
+    bool boolean(bool value) override { return take(value); }
+    bool number_integer(number_integer_t value) override {
+        return take(static_cast<double>(value));
+    }
+    bool number_unsigned(number_unsigned_t value) override {
+        return take(static_cast<double>(value));
+    }
+    bool number_float(number_float_t value, const string_t& /*text*/) override {
+        return take(value);
+    }
+    bool string(string_t& value) override { return take(value); }
+    bool null() override {
+        refuse("null is no value; leave the key out where there is no input");
+        return false;
+    }
+    bool binary(binary_t& /*value*/) override {
+        refuse("binary data is no value");
+        return false;
+    }
+    bool start_object(std::size_t /*elements*/) override {
+        if (inside_) refuse("an object is no value");
+        inside_ = true;
+        return true;
+    }
+    bool end_object() override { return true; }
+    bool start_array(std::size_t /*elements*/) override {
+        refuse("an array is no value");
+        return false;
+    }
+    bool end_array() override { return true; }
+    bool parse_error(std::size_t /*position*/, const std::string& last_token,
+                     const nlohmann::detail::exception& error) override {
+        if (error.id == number_overflow)
+            refuse(last_token + " is beyond the range of a number");
+        const std::string text = error.what();
+        const std::size_t head = text.find("] ");  // "[json.exception.parse_error.101] "
+        throw InputError("no JSON: " + (head == std::string::npos ? text : text.substr(head + 2)));
+    }
+
+private:
+    static constexpr int number_overflow = 406;
+
+    bool take(FlatValue value) {
+        if (!inside_) refuse("");
+        object.push_back({key_, std::move(value)});
+        return true;
+    }
+    [[noreturn]] void refuse(const std::string& reason) const {
+        if (!inside_) throw InputError("the file must hold one JSON object");
+        throw InputError(key_ + ": " + reason);
+    }
+
+    std::string key_;
+    bool inside_ = false;
+};
+
+}  // namespace
+
+FlatObject parse_flat_json(std::string_view text) {
+    FlatHandler handler;
+    json::sax_parse(text, &handler);
+    return std::move(handler.object);
+}
+
+}  // namespace zel

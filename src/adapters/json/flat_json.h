@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/flat_object.h"
+
+namespace zel {
+
+/// The named values of a JSON text that is one object of numbers, texts and booleans.
+///
+/// Throws `InputError` where the text is no JSON (with line and column), where it is no object,
+/// and, naming the key, where a value is an object, an array or null, where a number is beyond the
+/// range of a double, and where a key stands twice.
+[[nodiscard]] FlatObject parse_flat_json(std::string_view text);
+
+}  // namespace zel

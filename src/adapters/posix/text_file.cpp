@@ -1,0 +1,53 @@
+#include "adapters/posix/text_file.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+#include "platform/input_error.h"
+
+namespace zel {
+namespace {
+
+constexpr std::size_t size_limit = 16U << 20U;
+
+class Descriptor {
+public:
+    explicit Descriptor(const std::string& path)
+        : number_(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
+    ~Descriptor() {
+        if (number_ > STDIN_FILENO) ::close(number_);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    [[nodiscard]] int number() const { return number_; }
+
+private:
+    int number_;
+};
+
+[[noreturn]] void refuse(const std::string& path, const std::string& reason) {
+    throw InputError(path + ": " + reason);
+}
+
+}  // namespace
+
+std::string read_text_file(const std::string& path) {
+    const Descriptor file(path);
+    if (file.number() < 0) refuse(path, std::strerror(errno));
+    std::string content;
+    std::array<char, 65536> buffer{};
+    while (true) {
+        const ssize_t count = ::read(file.number(), buffer.data(), buffer.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) refuse(path, std::strerror(errno));
+        if (count == 0) return content;
+        content.append(buffer.data(), static_cast<std::size_t>(count));
+        if (content.size() > size_limit) refuse(path, "larger than 16 MiB, so no case file");
+    }
+}
+
+}  // namespace zel

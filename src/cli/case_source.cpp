@@ -1,0 +1,30 @@
+#include "cli/case_source.h"
+
+#include "adapters/json/flat_json.h"
+#include "adapters/posix/text_file.h"
+#include "persistence/case_file.h"
+#include "platform/input_error.h"
+#include "workflow/entry_rules.h"
+
+namespace zel {
+
+CalcCase load_case(const std::string& path, const CommonOptions& options, Console& console) {
+    const std::string text = read_text_file(path);
+    const EntryRule rule = [&](Entry& field, std::string_view typed) {
+        return enter(field, typed, options.separator, options.lang);
+    };
+    try {
+        CaseFile file = read_case(parse_flat_json(text), options.separator, rule);
+        for (const RefusedText& refused : file.refused) {
+            if (options.silent)
+                Console::tell_reason(path + ": " + refused.field + ": " + refused.box.lines.front());
+            else
+                console.show(refused.box, refused.field);
+        }
+        return std::move(file.c);
+    } catch (const InputError& error) {
+        throw InputError(path + ": " + error.what());
+    }
+}
+
+}  // namespace zel

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "cli/options.h"
+
+// One function per command, each giving the exit status. They throw `InputError` where the input
+// cannot be read.
+
+namespace zel {
+
+int steady_command(const std::string& case_path, const CommonOptions& options);
+
+/// `case_path` may be empty: the windows then open without a case.
+int desktop_command(int& argc, char** argv, const std::string& case_path,
+                    const CommonOptions& options);
+
+}  // namespace zel

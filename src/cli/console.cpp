@@ -1,0 +1,50 @@
+#include "cli/console.h"
+
+#include <cstdio>
+
+namespace zel {
+namespace {
+
+void print_error(const std::string& text) {
+    std::fwrite(text.data(), 1, text.size(), stderr);
+    std::fputc('\n', stderr);
+}
+
+std::string without_outer_blanks(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+}  // namespace
+
+std::string paragraph_of(const Box& box) {
+    std::string text = without_outer_blanks(box.title);
+    for (const std::string& line : box.lines) text += "\n  " + without_outer_blanks(line);
+    if (box.buttons == Buttons::YesNo)
+        text += box.unattended == Answer::Yes ? "\n  -> yes" : "\n  -> no";
+    return text;
+}
+
+Answer Console::show(const Box& box) {
+    show(box, {});
+    return box.unattended;
+}
+
+void Console::show(const Box& box, std::string_view field) {
+    messages_.push_back({box, std::string(field)});
+    if (options_.json) return;
+    const std::string head = field.empty() ? std::string() : std::string(field) + ": ";
+    print_error(head + paragraph_of(box));
+}
+
+void Console::tell_reason(std::string_view reason) {
+    print_error("zel: " + std::string(reason));
+}
+
+bool print(std::string_view text) {
+    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+    return std::fflush(stdout) == 0 && written;
+}
+
+}  // namespace zel

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/options.h"
+#include "platform/message_box.h"
+
+namespace zel {
+
+/// A box as a run on the command line met it; `field` names the key of a case file that it is
+/// about, where there is one.
+struct Message {
+    Box box;
+    std::string field;
+};
+
+/// Shows no window: records every box, tells it on standard error unless the output is JSON, and
+/// answers so that the program keeps running.
+class Console : public Dialogs {
+public:
+    explicit Console(const CommonOptions& options) : options_(options) {}
+
+    Answer show(const Box& box) override;
+
+    /// Records and tells a box about one key of a case file.
+    void show(const Box& box, std::string_view field);
+
+    /// Tells on standard error why nothing was calculated, or why the program ends: always, where
+    /// no box told it.
+    static void tell_reason(std::string_view reason);
+
+    [[nodiscard]] const std::vector<Message>& messages() const { return messages_; }
+
+private:
+    const CommonOptions& options_;
+    std::vector<Message> messages_;
+};
+
+/// The box in one paragraph for a terminal.
+[[nodiscard]] std::string paragraph_of(const Box& box);
+
+/// Writes `text` to standard output; false where it could not all be written.
+[[nodiscard]] bool print(std::string_view text);
+
+}  // namespace zel

@@ -1,0 +1,117 @@
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "platform/input_error.h"
+#include "shell/program_texts.h"
+
+namespace zel {
+namespace {
+
+constexpr const char* about =
+    "Thermal rating of bare overhead-line conductors and tubular busbars:\n"
+    "the current that a conductor may carry at a given temperature, or the\n"
+    "temperature that it takes at a given current.\n";
+
+constexpr const char* exit_statuses =
+    "Exit status: 0 done; 1 a selected method failed; 2 the input was refused,\n"
+    "nothing was calculated; 3 the calculation had to end the program.";
+
+constexpr const char* steady_notes =
+    "\n"
+    "The case says which of the two is given: the conductor temperature\n"
+    "(Leitertemp_Merker_db -1, with Leitertemp_db), and the current is sought; or the\n"
+    "current (Stromstaerke_Merker_db -1, with Stromstaerke_db), and the temperature is\n"
+    "sought. Each selected method gives one result line.\n"
+    "\n"
+    "A case file is one JSON object of the fields of a case, such as\n"
+    "  {\"Windgeschwindigkeit_db\": 0.6, \"Seildurchmesser_db\": \"22.4\", ...}\n"
+    "A number is taken as it stands, a text is read as typed, with the separator of\n"
+    "--decimal. See examples/ for whole cases and docs/case-files.md for every field.\n"
+    "\n"
+    "With --json standard output is one JSON document with full precision and with all\n"
+    "messages; without it, messages go to standard error.\n";
+
+void add_language(CLI::App& command, CommonOptions& options) {
+    const std::map<std::string, LangId> languages = {{"de", LangId::German},
+                                                     {"en", LangId::English}};
+    const std::map<std::string, DecimalSeparator> separators = {
+        {"point", DecimalSeparator::Point}, {"comma", DecimalSeparator::Comma}};
+    command
+        .add_option_function<std::string>(
+            "--lang", [=, &options](const std::string& name) { options.lang = languages.at(name); },
+            "Language of texts and messages (default: en)")
+        ->check(CLI::IsMember({"de", "en"}))
+        ->option_text("de|en");
+    command
+        .add_option_function<std::string>(
+            "--decimal",
+            [=, &options](const std::string& name) { options.separator = separators.at(name); },
+            "Decimal separator of typed and shown numbers (default: point)")
+        ->check(CLI::IsMember({"point", "comma"}))
+        ->option_text("point|comma");
+}
+
+void add_output(CLI::App& command, CommonOptions& options) {
+    command.add_flag("--json", options.json, "Write one JSON document to standard output");
+    command.add_flag("--silent", options.silent, "No messages; failures are in the status texts");
+}
+
+/// The command that the words of the user choose, ready to be carried out.
+using Command = std::function<int()>;
+
+/// Reads the command line. A wrong one is told on standard error, help is printed; both give the
+/// exit status through `command`.
+Command read_command_line(int& argc, char** argv, CommonOptions& options) {
+    CLI::App app(std::string(short_name.en) + " - " + std::string(long_title.en) + "\n\n" + about,
+                 "zel");
+    app.set_version_flag("--version", std::string(short_name.en) + "\n");
+    app.footer(std::string("\n\"zel COMMAND --help\" tells the options of a command.\n\n") +
+               exit_statuses);
+    app.require_subcommand(0, 1);
+
+    std::string case_path;
+    CLI::App* steady = app.add_subcommand("steady", "Rate a case: steady current or temperature");
+    steady->add_option("CASE", case_path, "Case file (JSON), or - for standard input")->required();
+    steady->footer(steady_notes + std::string("\n") + exit_statuses);
+    add_output(*steady, options);
+    add_language(*steady, options);
+
+    CLI::App* desktop = app.add_subcommand("desktop", "Open the windows");
+    desktop->add_option("CASE", case_path, "Case file (JSON) to start with");
+    add_language(*desktop, options);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        const int status = app.exit(error) == 0 ? exit_done : exit_refused;
+        return [status] { return status; };
+    }
+    if (app.get_subcommands().empty())
+        return [help = app.help()] {
+            Console::tell_reason("a command is needed\n\n" + help);
+            return exit_refused;
+        };
+    if (steady->parsed()) return [=, &options] { return steady_command(case_path, options); };
+    return [=, &argc, &options] { return desktop_command(argc, argv, case_path, options); };
+}
+
+}  // namespace
+}  // namespace zel
+
+int main(int argc, char** argv) {
+    zel::CommonOptions options;
+    try {
+        return zel::read_command_line(argc, argv, options)();
+    } catch (const zel::InputError& error) {
+        zel::Console::tell_reason(error.what());
+        return zel::exit_refused;
+    } catch (const std::exception& error) {
+        zel::Console::tell_reason(std::string("unexpected failure: ") + error.what());
+        return zel::exit_failed;
+    }
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "platform/number_text.h"
+#include "platform/text.h"
+#include "steady/run_mode.h"
+
+namespace zel {
+
+/// What a command ends with, for scripts.
+enum ExitStatus : int {
+    exit_done = 0,           // the command did its work
+    exit_failed = 1,         // it ran, but a selected method, row or field ended in an error
+    exit_refused = 2,        // the input was refused, nothing was calculated or written
+    exit_program_ended = 3,  // the calculation had to end the program
+};
+
+/// The options that every command takes.
+struct CommonOptions {
+    bool json = false;
+    LangId lang = LangId::English;
+    DecimalSeparator separator = DecimalSeparator::Point;
+    bool silent = false;
+
+    [[nodiscard]] RunMode Meldung_merker() const {
+        return silent ? RunMode::Silent : RunMode::Messages;
+    }
+};
+
+}  // namespace zel

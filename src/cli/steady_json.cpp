@@ -1,0 +1,77 @@
+#include <nlohmann/json.hpp>
+
+#include "cli/steady_output.h"
+
+namespace zel {
+namespace {
+
+using nlohmann::ordered_json;
+
+ordered_json json_of(const std::optional<double>& value) {
+    return value ? ordered_json(*value) : ordered_json(nullptr);
+}
+
+ordered_json json_of(const std::vector<Message>& messages) {
+    ordered_json list = ordered_json::array();
+    for (const Message& message : messages) {
+        ordered_json entry = {{"icon", name_of(message.box.icon)},
+                              {"title", message.box.title},
+                              {"lines", message.box.lines}};
+        if (!message.field.empty()) entry["field"] = message.field;
+        list.push_back(std::move(entry));
+    }
+    return list;
+}
+
+ordered_json json_of(const MethodResult& line) {
+    const MethodOutcome& outcome = line.outcome;
+    ordered_json entry = {{"method", key_of(line.method)},
+                          {"status", outcome.status},
+                          {"caption", line.caption},
+                          {"result", line.result},
+                          {"current_A", json_of(outcome.current_A)},
+                          {"temperature_C", json_of(outcome.temperature_C)}};
+    if (find_method(line.method)->balance.empty()) return entry;
+    const auto term = [&](double HeatTerms::*member) {
+        return outcome.terms ? ordered_json((*outcome.terms).*member) : ordered_json(nullptr);
+    };
+    entry["PJ"] = term(&HeatTerms::PJ);
+    entry["PS"] = term(&HeatTerms::PS);
+    entry["PC"] = term(&HeatTerms::PC);
+    entry["PR"] = term(&HeatTerms::PR);
+    return entry;
+}
+
+std::string text_of(const ordered_json& document) { return document.dump(2) + "\n"; }
+
+}  // namespace
+
+std::string steady_document(const SteadyRunResult& result, const std::vector<Message>& messages) {
+    ordered_json methods = ordered_json::array();
+    for (const MethodResult& line : result.methods) methods.push_back(json_of(line));
+    ordered_json start = nullptr;
+    if (result.transient_start)
+        start = {{"current_A", result.transient_start->current},
+                 {"temperature_C", result.transient_start->temperature}};
+    return text_of({{"input_valid", true},
+                    {"messages", json_of(messages)},
+                    {"angle_deg", result.angle},
+                    {"perpendicular_wind_m_s", result.perpendicular_wind},
+                    {"head_line", result.head_line},
+                    {"methods_line", result.methods_line},
+                    {"methods", std::move(methods)},
+                    {"balance_lines", result.balance_lines},
+                    {"transient_start", std::move(start)}});
+}
+
+std::string refusal_document(const std::vector<Message>& messages) {
+    return text_of({{"input_valid", false}, {"messages", json_of(messages)}});
+}
+
+std::string program_end_document(std::string_view reason, const std::vector<Message>& messages) {
+    return text_of({{"input_valid", true},
+                    {"messages", json_of(messages)},
+                    {"program_end", reason}});
+}
+
+}  // namespace zel

@@ -1,0 +1,368 @@
+#include <array>
+
+#include "desktop/case_forms.h"
+#include "workflow/page_change.h"
+
+namespace zel {
+namespace {
+
+constexpr MethodSet TB601 = methods(Method::TB601);
+constexpr MethodSet Kirn = methods(Method::Kirn);
+constexpr MethodSet sun_position = methods(Method::Webs, Method::Kirn);
+constexpr MethodSet absorption = methods(Method::TB601, Method::TB207, Method::TBB);
+
+constexpr FormRow project[] = {
+    {"Text4", &CalcCase::Projekt_db, {"Projekt :", "Project :"}},
+    {"Text20", &CalcCase::Bearbeiter_db, {"Bearbeiter :", "Operator :"}},
+    {"Text21", &CalcCase::Datum_db, {"Datum :", "Date :"}},
+    {"Text22", &CalcCase::Abteilung_db, {"Firma / Abteilung :", "Company / department :"}},
+};
+
+constexpr FormRow geography[] = {
+    {"Text3",
+     &CalcCase::Hoehe_ueber_NN_db,
+     {"Höhe über N.N. :", "Altitude above sea level :"},
+     "m"},
+    {"Text27",
+     &CalcCase::Winkel_S_S_db,
+     {"Winkel Leiter zu Nord :", "Conductor angle to north :"},
+     "°"},
+    {"Text25",
+     &CalcCase::geogr_Breite_db,
+     {"Geographische Breite :", "Latitude :"},
+     "°",
+     sun_position},
+    {"Text24",
+     &CalcCase::geo_laeng_db,
+     {"Geographische Länge :", "Longitude :"},
+     "°",
+     sun_position,
+     {"Östliche Länge zählt negativ.\nFür Leitungen mit größerer Ausdehnung genügt ein Mittelwert.",
+      "East counts negative.\nFor a line of some extent a mean value is enough."}},
+    {"Text26",
+     &CalcCase::geo_laeng_zeit_db,
+     {"Länge der Standardzeit :", "Longitude of standard time :"},
+     "°",
+     sun_position,
+     {"Längengrad, auf den sich die örtliche Standardzeit bezieht.\nBsp. MEZ => -15° (= 15°Ost)",
+      "Longitude to which the local standard time refers.\ne.g. CET => -15° (= 15° east)"}},
+};
+
+constexpr FormRow date_and_time[] = {
+    {"Text30", &CalcCase::Tag_db, {"Tag :", "Day :"}, "", sun_position},
+    {"Text29", &CalcCase::Monat_db, {"Monat :", "Month :"}, "", sun_position},
+    {"Text28", &CalcCase::Stunden_db, {"Stunde :", "Hour :"}, "h", sun_position},
+    {"Text15", &CalcCase::Minuten_db, {"Minute :", "Minute :"}, "min", sun_position},
+};
+
+constexpr FormRow surroundings[] = {
+    {"Text11",
+     &CalcCase::Windgeschwindigkeit_db,
+     {"Windgeschwindigkeit :", "Wind speed :"},
+     "m/s",
+     every_method,
+     {"auf Leiterhöhe", "at conductor height"}},
+    {"Text1", &CalcCase::Winkel_W_S_db, {"Winkel Wind zu Nord :", "Wind angle to north :"}, "°"},
+    {"Text19",
+     &CalcCase::Umgebungstemperatur_db,
+     {"Umgebungstemperatur :", "Ambient temperature :"},
+     "°C"},
+    {"Text36",
+     &CalcCase::Bodentemp_db,
+     {"Bodentemperatur :", "Ground temperature :"},
+     "°C",
+     sun_position},
+    {"Text37",
+     &CalcCase::Bodenart_db,
+     {"Bodenbeschaffenheit (Albedo) :", "Ground reflectivity (albedo) :"},
+     "",
+     Kirn},
+    {"Text14", &CalcCase::Globalstrahlung_db, {"Globalstrahlung :", "Global radiation :"}, "W/m²"},
+    {"Text43", &CalcCase::Bewoelkungsgrad_db, {"Bewölkungsgrad :", "Clearness ratio :"}, "", Kirn},
+};
+
+constexpr FormRow line[] = {
+    {"Text44", &CalcCase::Feldlaenge_db, {"Spannfeldlänge :", "Span length :"}, "m", sun_position},
+    {"Text45",
+     &CalcCase::Hoehendifferenz_db,
+     {"Höhendifferenz :", "Height difference :"},
+     "m",
+     sun_position,
+     {"der Aufhängepunkte", "of the suspension points"}},
+    {"Text17", &CalcCase::Netzfrequenz_db, {"Netzfrequenz :", "Frequency :"}, "Hz"},
+    {"Text2", &CalcCase::Emissionsverhaeltnis_db, {"Emissionsverhältnis :", "Emissivity :"}},
+    {"Text31",
+     &CalcCase::Absorptionsverhaeltnis_db,
+     {"Absorptionsverhältnis :", "Absorptivity :"},
+     "",
+     absorption},
+    {"Combo3",
+     &CalcCase::Anzahl_Teilleiter_db,
+     {"Anzahl der Teilleiter :", "Number of sub-conductors :"},
+     "",
+     every_method,
+     {},
+     bundle_sizes},
+};
+
+constexpr FormRow given_values[] = {
+    {"Text16", &CalcCase::Leitertemp_db, {"Leitertemperatur :", "Conductor temperature :"}, "°C"},
+    {"Text18",
+     &CalcCase::Stromstaerke_db,
+     {"Stromstärke (Teilleiter) :", "Current (sub-conductor) :"},
+     "A"},
+    {"Text39",
+     &CalcCase::Stromstaerke_Buendel,
+     {"Stromstärke (Bündel) :", "Current (bundle) :"},
+     "A"},
+};
+
+constexpr FormRow designation[] = {
+    {"Bezeichnung1_db", &CalcCase::Bezeichnung1_db, {"Bezeichnung 1 :", "Designation 1 :"}},
+    {"Norm_db", &CalcCase::Norm_db, {"Norm :", "Standard :"}},
+    {"Bezeichnung2_db", &CalcCase::Bezeichnung2_db, {"Bezeichnung 2 :", "Designation 2 :"}},
+    {"Normjahr_db", &CalcCase::Normjahr_db, {"Gültig ab (Jahr) :", "Valid since (year) :"}},
+    {"Anmerkung_db", &CalcCase::Anmerkung_db, {"Bemerkung :", "Remark :"}},
+    {"Normmonat_db", &CalcCase::Normmonat_db, {"Monat :", "Month :"}},
+};
+
+constexpr FormRow kind[] = {
+    {"conductor_type_db",
+     &CalcCase::conductor_type_db,
+     {"Leiterart :", "Conductor type :"},
+     "",
+     every_method,
+     {},
+     conductor_types},
+    {"conductor_shape_db",
+     &CalcCase::conductor_shape_db,
+     {"Leiteroberfläche :", "Conductor shape :"},
+     "",
+     every_method,
+     {},
+     conductor_shapes},
+};
+
+constexpr FormRow geometry[] = {
+    {"Seilquerschnitt_db",
+     &CalcCase::Seilquerschnitt_db,
+     {"Gesamtquerschnitt :", "Total cross-section :"},
+     "mm²"},
+    {"Seildurchmesser_db",
+     &CalcCase::Seildurchmesser_db,
+     {"Leiterdurchmesser :", "Conductor diameter :"},
+     "mm"},
+    {"Dauerstrombelastbarkeit_db",
+     &CalcCase::Dauerstrombelastbarkeit_db,
+     {"Dauerstrombelastbarkeit :", "Rated continuous current :"},
+     "A"},
+    {"Seiltemperatur_max_db",
+     &CalcCase::Seiltemperatur_max_db,
+     {"Max. Leitertemperatur :", "Max. conductor temperature :"},
+     "°C"},
+};
+
+constexpr FormRow resistance[] = {
+    {"DCR_20_db",
+     &CalcCase::DCR_20_db,
+     {"DC-Widerstand bei 20 °C :", "DC resistance at 20 °C :"},
+     "Ω/km"},
+    {"ACR_Frequenz_Remox_db",
+     &CalcCase::ACR_Frequenz_Remox_db,
+     {"Frequenz AC-Widerstände :", "Frequency AC resistances :"},
+     "Hz",
+     TB601},
+    {"Text41",
+     &CalcCase::GMR_db,
+     {"Geom. Ersatzradius GMR :", "Geometric mean radius :"},
+     "mm",
+     TB601},
+};
+
+constexpr FormRow conductor_material[] = {
+    {"DrahtzahlLeiter_db", &CalcCase::DrahtzahlLeiter_db, {"Drahtanzahl :", "Number of wires :"}},
+    {"DrahtdurchmesserLeiter_db",
+     &CalcCase::DrahtdurchmesserLeiter_db,
+     {"Drahtdurchmesser :", "Wire diameter :"},
+     "mm",
+     every_method,
+     {"bei einer Kreisring-Stromschiene die Wandstärke", "the wall thickness of a tubular busbar"}},
+    {"DrahtlagenzahlLeiter_db",
+     &CalcCase::DrahtlagenzahlLeiter_db,
+     {"Drahtlagenanzahl :", "Number of layers :"}},
+    {"Mantelquerschnitt_db",
+     &CalcCase::Mantelquerschnitt_db,
+     {"Leiterquerschnitt :", "Conductor cross-section :"},
+     "mm²"},
+    {"Dichte_Leiterwerkstoff1_db",
+     &CalcCase::Dichte_Leiterwerkstoff1_db,
+     {"Materialdichte :", "Density :"},
+     "kg/m³"},
+    {"c_leiter20_db",
+     &CalcCase::c_leiter20_db,
+     {"Spez. Wärmekapazität :", "Specific heat at 20 °C :"},
+     "J/(kg·K)"},
+    {"beta_leiter20_db",
+     &CalcCase::beta_leiter20_db,
+     {"T-Koeff. Wärmekapazität :", "Temp. coeff. specific heat :"},
+     "1/K"},
+    {"DC_Resist_Leiter_db",
+     &CalcCase::DC_Resist_Leiter_db,
+     {"DC-Resistivität bei 20 °C :", "DC resistivity at 20 °C :"},
+     "Ω·mm²/km"},
+    {"T_Koeff_DC_Resist_Leiter_linear_db",
+     &CalcCase::T_Koeff_DC_Resist_Leiter_linear_db,
+     {"T-Koeffizient, linear :", "Temp. coeff., linear :"},
+     "1/1000 K"},
+    {"T_Koeff_DC_Resist_Leiter_quadrat_db",
+     &CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db,
+     {"T-Koeffizient, quadratisch :", "Temp. coeff., quadratic :"},
+     "10⁻⁷/K²"},
+};
+
+constexpr FormRow core[] = {
+    {"DrahtzahlTraeger_db", &CalcCase::DrahtzahlTraeger_db, {"Drahtanzahl :", "Number of wires :"}},
+    {"DrahtdurchmesserTraeger_db",
+     &CalcCase::DrahtdurchmesserTraeger_db,
+     {"Drahtdurchmesser :", "Wire diameter :"},
+     "mm"},
+    {"KerndurchmesserTraeger_db",
+     &CalcCase::KerndurchmesserTraeger_db,
+     {"Kerndurchmesser :", "Core diameter :"},
+     "mm"},
+    {"KernquerschnittTraeger_db",
+     &CalcCase::KernquerschnittTraeger_db,
+     {"Kernquerschnitt :", "Core cross-section :"},
+     "mm²"},
+    {"Dichte_traegerwerkstoff1_db",
+     &CalcCase::Dichte_traegerwerkstoff1_db,
+     {"Materialdichte :", "Density :"},
+     "kg/m³"},
+    {"c_traeger20_db",
+     &CalcCase::c_traeger20_db,
+     {"Spez. Wärmekapazität :", "Specific heat at 20 °C :"},
+     "J/(kg·K)"},
+    {"beta_traeger20_db",
+     &CalcCase::beta_traeger20_db,
+     {"T-Koeff. Wärmekapazität :", "Temp. coeff. specific heat :"},
+     "1/K"},
+    {"DC_Resist_traeger_db",
+     &CalcCase::DC_Resist_traeger_db,
+     {"DC-Resistivität bei 20 °C :", "DC resistivity at 20 °C :"},
+     "Ω·mm²/km"},
+    {"T_Koeff_DC_Resist_traeger_linear_db",
+     &CalcCase::T_Koeff_DC_Resist_traeger_linear_db,
+     {"T-Koeffizient, linear :", "Temp. coeff., linear :"},
+     "1/1000 K"},
+    {"T_Koeff_DC_Resist_traeger_quadrat_db",
+     &CalcCase::T_Koeff_DC_Resist_traeger_quadrat_db,
+     {"T-Koeffizient, quadratisch :", "Temp. coeff., quadratic :"},
+     "10⁻⁷/K²"},
+};
+
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage): the six pairs differ in their number only.
+#define AC_PAIR(n)                                                              \
+    {"ACR" #n "_db",                                                            \
+     &CalcCase::ACR##n##_db,                                                    \
+     {"AC-Widerstand " #n " :", "AC resistance " #n " :"},                      \
+     "Ω/km",                                                                    \
+     TB601},                                                                    \
+    {                                                                           \
+        "TACR" #n "_db", &CalcCase::TACR##n##_db,                               \
+            {"bei Temperatur " #n " :", "at temperature " #n " :"}, "°C", TB601 \
+    }
+
+constexpr FormRow ac_pairs[] = {AC_PAIR(1), AC_PAIR(2), AC_PAIR(3),
+                                AC_PAIR(4), AC_PAIR(5), AC_PAIR(6)};
+#undef AC_PAIR
+
+constexpr FormRow conductivity[] = {
+    {"Text23",
+     &CalcCase::radialthermalconductivity_unter_KPT_db,
+     {"Unterhalb des Kniepunkts :", "Below the knee point :"},
+     "W/(m·K)",
+     TB601,
+     {"Gilt auch für monometallische Leiter.",
+      "This is also the value of a monometallic conductor."}},
+    {"Text7",
+     &CalcCase::KniepunktTemperatur_db,
+     {"Kniepunkttemperatur :", "Knee-point temperature :"},
+     "°C",
+     TB601},
+    {"Text40",
+     &CalcCase::radialthermalconductivity_ueber_KPT_db,
+     {"Oberhalb des Kniepunkts :", "Above the knee point :"},
+     "W/(m·K)",
+     TB601},
+};
+
+constexpr FormSection given_section = {input_page, {"Vorgabe", "Given value"}, given_values};
+
+constexpr FormSection sections[] = {
+    {input_page, {"Projekt", "Project"}, project},
+    {input_page, {"Geographie", "Geography"}, geography},
+    {input_page, {"Datum und Uhrzeit", "Date and time"}, date_and_time},
+    {input_page, {"Umgebung", "Surroundings"}, surroundings},
+    {input_page, {"Leitung", "Overhead line"}, line},
+    given_section,
+    {conductor_page, {"Bezeichnung", "Designation"}, designation, 2},
+    {conductor_page, {"Leiterart und Oberfläche", "Type and shape"}, kind},
+    {conductor_page, {"Abmessungen und Belastbarkeit", "Dimensions and capacity"}, geometry},
+    {conductor_page, {"Widerstand", "Resistance"}, resistance},
+    {conductor_page, {"Radiale Wärmeleitfähigkeit", "Radial thermal conductivity"}, conductivity},
+    {conductor_page, {"Leiterwerkstoff", "Conductor material"}, conductor_material},
+    {conductor_page, {"Kern (Trägerwerkstoff)", "Core"}, core},
+    {conductor_page,
+     {"Wertepaare der AC-Widerstände (aufsteigend)", "Pairs of AC resistances (ascending)"},
+     ac_pairs,
+     4},
+};
+
+constexpr MethodRow method_table[] = {
+    {Method::TB601, "rechnung_cigre601_merker_db", {"Cigre TB 601"}},
+    {Method::TB207, "rechnung_cigre207_merker_db", {"Cigre TB 207"}},
+    {Method::TBB,
+     "rechnung_TBB_merker_db",
+     {"RWTH Aachen / Puffer   Kreisring-Stromschiene / statisch && transient"}},
+    {Method::Webs, "rechnung_webs_merker_db", {"Webs"}},
+    {Method::Kirn, "rechnung_kirn_merker_db", {"Kirn"}},
+};
+
+constexpr Choice type_table[] = {
+    {0, {"Leiterart nicht definiert", "Conductor type is not defined"}},
+    {homogeneous_conductor,
+     {"Homogener, mono-metallischer Leiter aus nichtmagnetischem Werkstoff (Bsp. AL1 - AL7 ; AAAC)",
+      "Homogenous, monometallic, non ferrous conductor (e.g. AL1 - AL7 ; AAAC)"}},
+    {steel_cored_conductor,
+     {"Verbundleiter mit Kern aus magnetischen Material / Stahl  (Bsp. ACSR)",
+      "Bimetallic steel-cored conductor (e.g. ACSR)"}},
+    {tubular_busbar, {"Kreisring-Stromschiene", "Tubular busbar"}},
+    {composite_core_conductor,
+     {"Verbundleiter mit Kern aus nicht magnetischen Material (Bsp. ACCR ; ACCC)",
+      "Composite core conductor with non ferrous core (e.g. ACCR ; ACCC)"}},
+};
+
+constexpr Choice shape_table[] = {
+    {0, {"Art der Leiteroberfläche nicht definiert", "Conductor shape is not defined"}},
+    {1,
+     {"Leiterseil mit  Runddrähten in der äußeren Lage",
+      "Conductor with round wires in outer strand"}},
+    {2,
+     {"Stromschiene oder Leiterseil mit glatter Oberfläche in der äußeren Lage (Bsp. "
+      "Trapezoid-Drähte)",
+      "busbar or conductor with smooth shape in outer strand (e.g. trapezoid wires)"}},
+};
+
+}  // namespace
+
+std::span<const FormSection> case_form_sections() { return sections; }
+
+const FormSection& given_value_section() { return given_section; }
+
+std::span<const MethodRow> method_rows() { return method_table; }
+
+std::span<const Choice> conductor_types() { return type_table; }
+
+std::span<const Choice> conductor_shapes() { return shape_table; }
+
+}  // namespace zel

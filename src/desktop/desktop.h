@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/number_text.h"
+#include "platform/text.h"
+#include "steady/calc_case.h"
+
+namespace zel {
+
+struct DesktopOptions {
+    LangId lang = LangId::English;
+    DecimalSeparator separator = DecimalSeparator::Point;
+    CalcCase start_case{};  // shown from the start
+};
+
+/// Shows the windows and lives from their events until the user ends the program. Gives the exit
+/// status: 0; 1 where there is no display, which is told on stderr; 3 where a calculation had to
+/// end the program.
+int run_desktop(int& argc, char** argv, DesktopOptions options);
+
+}  // namespace zel

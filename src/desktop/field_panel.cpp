@@ -1,0 +1,176 @@
+#include "desktop/field_panel.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "desktop/focus_chain.h"
+#include "desktop/qt_text.h"
+#include "desktop/quiet_list.h"
+
+namespace zel {
+namespace {
+
+constexpr int grid_columns_per_field = 3;
+constexpr int number_width = 80;  // pixels at least, for a number
+constexpr int top_row = 0;        // for a widget above the rows
+
+bool is_free_text(const FormRow& row) {
+    return std::holds_alternative<std::string CalcCase::*>(row.field);
+}
+
+QLabel* make_label(const QString& text) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+}  // namespace
+
+FieldPanel::FieldPanel(const FormSection& section, DesktopState& state, Refused refused)
+    : section_(section), state_(state), refused_(std::move(refused)), grid_(new QGridLayout(this)) {
+    grid_->setHorizontalSpacing(8);
+    grid_->setVerticalSpacing(5);
+    int index = 0;
+    for (const FormRow& row : section.rows) add_row(row, index++);
+    for (int column = 0; column < section.columns; ++column)
+        grid_->setColumnStretch(column * grid_columns_per_field + 1, 1);
+    recaption();
+    load();
+}
+
+void FieldPanel::add_row(const FormRow& row, int index) {
+    const int line = top_row + 1 + index / section_.columns;
+    const int column = index % section_.columns * grid_columns_per_field;
+    Field field{&row, make_label({}), nullptr, nullptr, make_label(qt(row.unit))};
+    QWidget* input = nullptr;
+    if (row.choices != nullptr)
+        input = field.list = make_list(row);
+    else
+        input = field.edit = make_edit(row);
+    input->setObjectName(row.control);
+    field.label->setBuddy(input);
+    grid_->addWidget(field.label, line, column);
+    grid_->addWidget(input, line, column + 1, 1, *row.unit == '\0' ? 2 : 1);
+    if (*row.unit != '\0')
+        grid_->addWidget(field.unit, line, column + 2);
+    else
+        field.unit->setParent(this), field.unit->hide();
+    fields_.push_back(field);
+}
+
+QLineEdit* FieldPanel::make_edit(const FormRow& row) {
+    auto* edit = new QLineEdit;
+    edit->setMinimumWidth(number_width);
+    if (!is_free_text(row)) edit->setAlignment(Qt::AlignRight);
+    edit->installEventFilter(new FocusChain(edit));
+    connect(edit, &QLineEdit::editingFinished, this, [this, &row, edit] { take_in(row, *edit); });
+    return edit;
+}
+
+QComboBox* FieldPanel::make_list(const FormRow& row) {
+    auto* list = new QuietList;
+    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    list->setMinimumContentsLength(12);
+    connect(list, &QComboBox::activated, this, [this, &row](int index) {
+        auto field = std::get<std::int16_t CalcCase::*>(row.field);
+        state_.calc_case.*field = row.choices()[static_cast<std::size_t>(index)].value;
+    });
+    return list;
+}
+
+void FieldPanel::take_in(const FormRow& row, QLineEdit& edit) {
+    const std::string typed = edit.text().toStdString();
+    if (typed == shown_text(state_.calc_case, row)) return;
+    const auto refusal = enter_text(state_.calc_case, row, typed, state_.session);
+    edit.setText(qt(shown_text(state_.calc_case, row)));
+    if (!refusal) return;
+    state_.session.tell(*refusal);
+    refused_(&edit);
+}
+
+void FieldPanel::commit() {
+    for (const Field& field : fields_)
+        if (field.edit != nullptr) take_in(*field.row, *field.edit);
+}
+
+void FieldPanel::load() {
+    for (const Field& field : fields_) {
+        if (field.edit != nullptr) {
+            field.edit->setText(qt(shown_text(state_.calc_case, *field.row)));
+            field.edit->setCursorPosition(0);
+            continue;
+        }
+        const auto choices = field.row->choices();
+        const auto value = state_.calc_case.*std::get<std::int16_t CalcCase::*>(field.row->field);
+        const auto chosen = std::find_if(choices.begin(), choices.end(),
+                                         [&](const Choice& c) { return c.value == value; });
+        // A number that no entry stands for shows as the first, which says so.
+        field.list->setCurrentIndex(
+            chosen == choices.end() ? 0 : static_cast<int>(chosen - choices.begin()));
+    }
+}
+
+void FieldPanel::recaption_list(const Field& field) {
+    const QSignalBlocker quiet(field.list);
+    const int chosen = field.list->currentIndex();
+    field.list->clear();
+    for (const Choice& choice : field.row->choices())
+        field.list->addItem(qt(choice.text, state_.session.lang));
+    field.list->setCurrentIndex(chosen);
+}
+
+void FieldPanel::recaption() {
+    const LangId lang = state_.session.lang;
+    setTitle(qt(section_.caption, lang));
+    for (const Field& field : fields_) {
+        QWidget* input = field.edit;
+        if (field.list != nullptr) {
+            recaption_list(field);
+            input = field.list;
+        }
+        field.label->setText(qt(field.row->label, lang));
+        const QString hint = qt(field.row->hint, lang);
+        field.label->setToolTip(hint);
+        input->setToolTip(hint);
+        input->setAccessibleName(qt(field.row->label, lang));
+    }
+}
+
+void FieldPanel::mark_needed() {
+    for (const Field& field : fields_)
+        field.label->setEnabled(is_needed(state_.calc_case, *field.row));
+}
+
+void FieldPanel::add_on_top(QWidget* widget) {
+    grid_->addWidget(widget, top_row, 0, 1, section_.columns * grid_columns_per_field);
+}
+
+FieldPanel::ColumnWidths FieldPanel::column_widths() const {
+    ColumnWidths widths;
+    for (const Field& field : fields_) {
+        widths.label = std::max(widths.label, field.label->sizeHint().width());
+        widths.unit = std::max(widths.unit, field.unit->sizeHint().width());
+    }
+    return widths;
+}
+
+void FieldPanel::set_column_widths(ColumnWidths widths) {
+    grid_->setColumnMinimumWidth(0, widths.label);
+    grid_->setColumnMinimumWidth(2, widths.unit);
+}
+
+void align(const std::vector<FieldPanel*>& panels) {
+    FieldPanel::ColumnWidths widest;
+    for (const FieldPanel* panel : panels) {
+        const auto [label, unit] = panel->column_widths();
+        widest.label = std::max(widest.label, label);
+        widest.unit = std::max(widest.unit, unit);
+    }
+    for (FieldPanel* panel : panels) panel->set_column_widths(widest);
+}
+
+}  // namespace zel

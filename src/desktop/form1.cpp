@@ -1,0 +1,110 @@
+#include "desktop/form1.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSignalBlocker>
+#include <QTabWidget>
+
+#include "desktop/form1_input_pages.h"
+#include "desktop/form1_result_page.h"
+#include "desktop/qt_text.h"
+#include "shell/program_texts.h"
+#include "workflow/page_change.h"
+#include "workflow/steady_run.h"
+
+namespace zel {
+namespace {
+
+constexpr Text page_captions[] = {
+    {"&Eingabedaten", "&Input data"},
+    {"&Leiterdaten", "&Conductor data"},
+    {"E&rgebnis", "&Results"},
+    {"&Transient", "&Transient"},
+};
+constexpr Text file_caption = {"&Datei", "&File"};
+constexpr Text close_caption = {"&Schließen", "&Close"};
+
+}  // namespace
+
+Form1::Form1(DesktopState& state, std::function<void(LangId)> switch_language)
+    : state_(state),
+      file_menu_(menuBar()->addMenu(QString())),
+      close_(file_menu_->addAction(QString())),
+      language_menu_(*menuBar(), switch_language),
+      general_(new GeneralPage(state, [this](QWidget* input) { refused(input); })),
+      conductor_(new ConductorPage(state, [this](QWidget* input) { refused(input); })),
+      result_(new ResultPage),
+      pages_(new QTabWidget) {
+    setObjectName("Form1");
+    pages_->setObjectName("SSTab1");
+    for (QWidget* page : std::initializer_list<QWidget*>{general_, conductor_, result_})
+        pages_->addTab(page, QString());
+    pages_->addTab(new QWidget, QString());
+    pages_->setTabEnabled(transient_page, false);
+    setCentralWidget(pages_);
+    close_->setShortcut(QKeySequence("Ctrl+W"));
+    connect(close_, &QAction::triggered, this, &QWidget::close);
+    connect(pages_, &QTabWidget::currentChanged, this, [this](int to) { page_changed(to); });
+    recaption();
+    resize(1240, 720);
+}
+
+void Form1::recaption() {
+    const LangId lang = state_.session.lang;
+    setWindowTitle(qt(short_name, lang) + " - " + qt(long_title, lang));
+    file_menu_->setTitle(qt(file_caption, lang));
+    close_->setText(qt(close_caption, lang));
+    language_menu_.recaption(lang);
+    for (int page = input_page; page <= transient_page; ++page)
+        pages_->setTabText(page, qt(page_captions[page], lang));
+    general_->recaption();
+    conductor_->recaption();
+    result_->recaption(lang);
+    if (page_ != result_page) return;
+    Session silent = {lang, state_.session.separator, RunMode::Silent, state_.session.dialogs};
+    result_->show_run(RunSteady(state_.calc_case, silent), state_.calc_case);
+}
+
+void Form1::load() {
+    general_->load();
+    conductor_->load();
+}
+
+void Form1::page_changed(int to) {
+    general_->commit();
+    conductor_->commit();
+    const QSignalBlocker quiet(pages_);
+    if (refused_) {  // the page with the refused input stays
+        pages_->setCurrentIndex(page_);
+        return;
+    }
+    const PageChange change = change_page(state_.calc_case, page_, to, state_.session.lang);
+    if (change.clears_balance) result_->clear_balance();
+    page_ = change.page;
+    pages_->setCurrentIndex(change.page);
+    if (change.refusal) state_.session.tell(*change.refusal);
+    if (change.page == conductor_page) conductor_->mark_needed();
+    if (change.runs) run();
+}
+
+void Form1::run() {
+    const SteadyRunResult result = RunSteady(state_.calc_case, state_.session);
+    result_->show_run(result, state_.calc_case);
+    if (!result.input_valid) return;
+    load();  // the run reconciles the currents of sub-conductor and bundle
+    pages_->setTabEnabled(transient_page, true);
+}
+
+void Form1::refused(QWidget* input) {
+    refused_ = input;
+    QMetaObject::invokeMethod(
+        this, [this] { return_to_refused(); }, Qt::QueuedConnection);
+}
+
+void Form1::return_to_refused() {
+    if (refused_) refused_->setFocus();
+    refused_.clear();
+}
+
+}  // namespace zel

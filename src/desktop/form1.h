@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <functional>
+
+#include "desktop/desktop_state.h"
+#include "desktop/language_menu.h"
+
+class QAction;
+class QMenu;
+class QTabWidget;
+
+namespace zel {
+
+class ConductorPage;
+class GeneralPage;
+class ResultPage;
+
+/// The form of the current and temperature calculation: four pages on the strip `SSTab1`, numbered
+/// from 0. Going to the result page calculates. Closing the form hides it, the case stays.
+class Form1 : public QMainWindow {
+public:
+    /// `switch_language` is called by the language menu.
+    Form1(DesktopState& state, std::function<void(LangId)> switch_language);
+
+    /// Captions in the language of the session. A result that is being shown is told anew in it.
+    void recaption();
+    /// Shows what stands in the case.
+    void load();
+
+private:
+    void make_menus();
+    void page_changed(int to);
+    void run();
+    void refused(QWidget* input);
+    void return_to_refused();
+
+    DesktopState& state_;
+    QMenu* file_menu_;
+    QAction* close_;
+    LanguageMenu language_menu_;
+    GeneralPage* general_;
+    ConductorPage* conductor_;
+    ResultPage* result_;
+    QTabWidget* pages_;
+    int page_ = 0;               // the page that was left, at a change
+    QPointer<QWidget> refused_;  // its text was refused just now, the focus goes back to it
+};
+
+}  // namespace zel

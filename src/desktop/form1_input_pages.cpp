@@ -1,0 +1,173 @@
+#include "desktop/form1_input_pages.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "desktop/given_value.h"
+#include "desktop/qt_text.h"
+#include "desktop/quiet_list.h"
+#include "workflow/page_change.h"
+
+namespace zel {
+namespace {
+
+constexpr Text mode_caption = {"Berechnungsart", "Mode of calculation"};
+constexpr Text methods_caption = {"Berechnungsverfahren", "Calculation methods"};
+constexpr Text not_available = {"Dieses Verfahren ist in dieser Version nicht verfügbar.",
+                                "This method is not available in this version."};
+
+}  // namespace
+
+InputPage::InputPage(DesktopState& state, FieldPanel::Refused refused)
+    : state_(state), refused_(std::move(refused)) {
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+}
+
+void InputPage::make_panels(int page) {
+    for (const FormSection& section : case_form_sections())
+        if (section.page == page) panels_.push_back(new FieldPanel(section, state_, refused_));
+}
+
+QWidget* InputPage::column_of(std::vector<std::size_t> indexes) {
+    auto* column = new QWidget;
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto& members = columns_.emplace_back();
+    for (const std::size_t index : indexes) {
+        layout->addWidget(panels_[index]);
+        members.push_back(panels_[index]);
+    }
+    layout->addStretch();
+    return column;
+}
+
+void InputPage::recaption() {
+    for (FieldPanel* panel : panels_) panel->recaption();
+    for (const auto& column : columns_) align(column);
+}
+
+void InputPage::load() {
+    for (FieldPanel* panel : panels_) panel->load();
+    mark_needed();
+}
+
+void InputPage::commit() {
+    for (FieldPanel* panel : panels_) panel->commit();
+}
+
+void InputPage::mark_needed() {
+    for (FieldPanel* panel : panels_) panel->mark_needed();
+}
+
+GeneralPage::GeneralPage(DesktopState& state, FieldPanel::Refused refused)
+    : InputPage(state, std::move(refused)), mode_(new QuietList), methods_(make_methods()) {
+    enum { project, geography, date, surroundings, line, given };
+    make_panels(input_page);
+    make_mode_list();
+    panel(given).add_on_top(mode_);
+    auto* content = new QWidget;
+    auto* columns = new QHBoxLayout;
+    columns->addWidget(column_of({project, geography}));
+    columns->addWidget(column_of({date, surroundings}));
+    columns->addWidget(column_of({line, given}));
+    auto* layout = new QVBoxLayout(content);
+    layout->addLayout(columns);
+    layout->addWidget(methods_);
+    layout->addStretch();
+    setWidget(content);
+    GeneralPage::recaption();
+    GeneralPage::load();
+}
+
+void GeneralPage::make_mode_list() {
+    mode_->setObjectName("Combo1");
+    mode_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    mode_->setMinimumContentsLength(20);
+    for (std::size_t i = 0; i < given_value_rows().size(); ++i) mode_->addItem(QString());
+    connect(mode_, &QComboBox::activated, this, [this](int index) {
+        set_given_value(state().calc_case,
+                        given_value_rows()[static_cast<std::size_t>(index)].value);
+        open_given_box();
+    });
+}
+
+QGroupBox* GeneralPage::make_methods() {
+    auto* group = new QGroupBox;
+    auto* layout = new QHBoxLayout(group);
+    for (const MethodRow& row : method_rows()) {
+        auto* box = new QCheckBox;
+        box->setObjectName(row.control);
+        box->setEnabled(find_method(row.method) != nullptr);
+        connect(box, &QCheckBox::toggled, this, [this, &row](bool on) {
+            state().calc_case.*flag_of(row.method) = on ? 1 : 0;
+            mark_needed();
+        });
+        layout->addWidget(box);
+        layout->addSpacing(16);
+        method_boxes_.push_back(box);
+    }
+    layout->addStretch();
+    return group;
+}
+
+/// Only the box that belongs to the mode takes an input.
+void GeneralPage::open_given_box() {
+    const GivenValue given = given_value(state().calc_case);
+    for (const GivenValueRow& row : given_value_rows())
+        if (auto* box = findChild<QWidget*>(row.control); box != nullptr && *row.control != '\0')
+            box->setEnabled(row.value == given);
+}
+
+void GeneralPage::recaption() {
+    InputPage::recaption();
+    const LangId lang = state().session.lang;
+    methods_->setTitle(qt(methods_caption, lang));
+    mode_->setAccessibleName(qt(mode_caption, lang));
+    mode_->setToolTip(qt(mode_caption, lang));
+    for (const GivenValueRow& row : given_value_rows())
+        mode_->setItemText(static_cast<int>(row.value), qt(row.text, lang));
+    std::size_t index = 0;
+    for (const MethodRow& row : method_rows()) {
+        QCheckBox* box = method_boxes_[index++];
+        box->setText(qt(row.label, lang));
+        box->setToolTip(box->isEnabled() ? QString() : qt(not_available, lang));
+    }
+}
+
+void GeneralPage::load() {
+    InputPage::load();
+    mode_->setCurrentIndex(static_cast<int>(given_value(state().calc_case)));
+    std::size_t index = 0;
+    for (const MethodRow& row : method_rows()) {
+        QCheckBox* box = method_boxes_[index++];
+        const QSignalBlocker quiet(box);
+        box->setChecked(is_selected(state().calc_case, row.method));
+    }
+    open_given_box();
+}
+
+ConductorPage::ConductorPage(DesktopState& state, FieldPanel::Refused refused)
+    : InputPage(state, std::move(refused)) {
+    enum { designation, kind, geometry, resistance, conductivity, material, core, ac_pairs };
+    make_panels(conductor_page);
+    auto* content = new QWidget;
+    auto* columns = new QHBoxLayout;
+    columns->addWidget(column_of({geometry, resistance, conductivity}));
+    columns->addWidget(column_of({material}));
+    columns->addWidget(column_of({core}));
+    auto* layout = new QVBoxLayout(content);
+    layout->addWidget(&panel(designation));
+    layout->addWidget(&panel(kind));
+    layout->addLayout(columns);
+    layout->addWidget(&panel(ac_pairs));
+    layout->addStretch();
+    setWidget(content);
+    recaption();
+    load();
+}
+
+}  // namespace zel

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QScrollArea>
+#include <vector>
+
+#include "desktop/field_panel.h"
+
+class QCheckBox;
+
+namespace zel {
+
+/// What both input pages have in common: panels in columns, in a page that scrolls where the window
+/// is too small for it.
+class InputPage : public QScrollArea {
+public:
+    InputPage(DesktopState& state, FieldPanel::Refused refused);
+
+    virtual void recaption();
+    virtual void load();
+    void commit();
+    void mark_needed();
+
+protected:
+    /// The panels of `page`, in the order of the sections.
+    void make_panels(int page);
+    [[nodiscard]] FieldPanel& panel(std::size_t index) { return *panels_[index]; }
+    /// Puts panels one below the other, aligned.
+    [[nodiscard]] QWidget* column_of(std::vector<std::size_t> indexes);
+    [[nodiscard]] DesktopState& state() const { return state_; }
+
+private:
+    DesktopState& state_;
+    FieldPanel::Refused refused_;
+    std::vector<FieldPanel*> panels_;
+    std::vector<std::vector<FieldPanel*>> columns_;
+};
+
+/// Page 0: project, geography, surroundings, line, what is given, and the methods.
+class GeneralPage : public InputPage {
+public:
+    GeneralPage(DesktopState& state, FieldPanel::Refused refused);
+
+    void recaption() override;
+    void load() override;
+
+private:
+    void make_mode_list();
+    [[nodiscard]] QGroupBox* make_methods();
+    void open_given_box();
+
+    QComboBox* mode_;
+    std::vector<QCheckBox*> method_boxes_;  // filled while the group is made
+    QGroupBox* methods_;
+};
+
+/// Page 1: the conductor.
+class ConductorPage : public InputPage {
+public:
+    ConductorPage(DesktopState& state, FieldPanel::Refused refused);
+};
+
+}  // namespace zel

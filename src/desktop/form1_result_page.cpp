@@ -1,0 +1,134 @@
+#include "desktop/form1_result_page.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/qt_text.h"
+
+namespace zel {
+namespace {
+
+constexpr Text results_caption = {"Ergebnis", "Result"};
+constexpr Text balance_caption = {"Wärmebilanz eines Teilleiters",
+                                  "Heat balance of one sub-conductor"};
+constexpr Text wind_caption = {"Wind", "Wind"};
+
+QLabel* make_label(const QString& name, double scale = 1, bool bold = false) {
+    auto* label = new QLabel;
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * scale);
+    font.setBold(bold);
+    label->setFont(font);
+    return label;
+}
+
+QString named(const char* prefix, Method method) { return prefix + qt(key_of(method)); }
+
+}  // namespace
+
+ResultPage::ResultPage()
+    : head_line_(make_label("head_line", 1.25, true)),
+      methods_line_(make_label("methods_line")),
+      balance_(make_label("balance_line")),
+      angle_caption_(make_label("caption_angle")),
+      angle_(make_label("angle")),
+      wind_caption_(make_label("caption_perpendicular_wind")),
+      wind_(make_label("perpendicular_wind")),
+      results_group_(make_results()),
+      balance_group_(make_balance()),
+      wind_group_(make_wind()) {
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    head_line_->setWordWrap(true);
+    balance_->setWordWrap(true);
+    auto* content = new QWidget;
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(16, 16, 16, 16);
+    layout->setSpacing(14);
+    layout->addWidget(head_line_);
+    layout->addWidget(methods_line_);
+    layout->addWidget(results_group_);
+    layout->addWidget(balance_group_);
+    layout->addWidget(wind_group_);
+    layout->addStretch();
+    setWidget(content);
+}
+
+QGroupBox* ResultPage::make_results() {
+    auto* group = new QGroupBox;
+    auto* grid = new QGridLayout(group);
+    grid->setHorizontalSpacing(24);
+    grid->setVerticalSpacing(8);
+    for (const Method method : all_methods) {
+        const Line line{method, make_label(named("caption_", method), 1.15),
+                        make_label(named("result_", method), 1.4, true)};
+        line.result->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        const int row = static_cast<int>(lines_.size());
+        grid->addWidget(line.caption, row, 0);
+        grid->addWidget(line.result, row, 1);
+        line.caption->hide();
+        lines_.push_back(line);
+    }
+    grid->setColumnStretch(2, 1);
+    return group;
+}
+
+QGroupBox* ResultPage::make_balance() {
+    auto* group = new QGroupBox;
+    auto* layout = new QVBoxLayout(group);
+    layout->addWidget(balance_);
+    return group;
+}
+
+QGroupBox* ResultPage::make_wind() {
+    auto* group = new QGroupBox;
+    auto* grid = new QGridLayout(group);
+    grid->setHorizontalSpacing(24);
+    angle_->setAlignment(Qt::AlignRight);
+    wind_->setAlignment(Qt::AlignRight);
+    grid->addWidget(angle_caption_, 0, 0);
+    grid->addWidget(angle_, 0, 1);
+    grid->addWidget(wind_caption_, 1, 0);
+    grid->addWidget(wind_, 1, 1);
+    grid->setColumnStretch(2, 1);
+    return group;
+}
+
+void ResultPage::show_run(const SteadyRunResult& run, const CalcCase& c) {
+    widget()->setEnabled(run.input_valid);
+    if (!run.input_valid) return;
+    head_line_->setText(qt(run.head_line));
+    methods_line_->setText(qt(run.methods_line));
+    for (const Line& line : lines_) {
+        const auto found =
+            std::find_if(run.methods.begin(), run.methods.end(),
+                         [&](const MethodResult& result) { return result.method == line.method; });
+        const bool ran = found != run.methods.end();
+        line.caption->setText(ran ? qt(found->caption) : QString());
+        line.result->setText(ran ? qt(found->result) : QString());
+        line.caption->setVisible(ran && is_selected(c, line.method));
+        line.result->setVisible(line.caption->isVisibleTo(this));
+    }
+    balance_->setText(qt(joined(run.balance_lines, "\n")));
+    balance_group_->setVisible(!run.balance_lines.empty());
+    angle_->setText(qt(run.angle_text));
+    wind_->setText(qt(run.perpendicular_wind_text));
+}
+
+void ResultPage::clear_balance() { balance_->clear(); }
+
+void ResultPage::recaption(LangId lang) {
+    results_group_->setTitle(qt(results_caption, lang));
+    balance_group_->setTitle(qt(balance_caption, lang));
+    wind_group_->setTitle(qt(wind_caption, lang));
+    angle_caption_->setText(qt(angle_label, lang));
+    wind_caption_->setText(qt(perpendicular_wind_label, lang));
+}
+
+}  // namespace zel

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QScrollArea>
+#include <vector>
+
+#include "workflow/steady_run.h"
+
+class QGroupBox;
+class QLabel;
+
+namespace zel {
+
+/// Page 2: what the steady run found.
+class ResultPage : public QScrollArea {
+public:
+    ResultPage();
+
+    /// A valid run replaces all that is shown. A refused one shows nothing new: what stands there
+    /// is greyed, since the inputs that led to it have changed.
+    void show_run(const SteadyRunResult& run, const CalcCase& c);
+    void clear_balance();
+    void recaption(LangId lang);
+
+private:
+    struct Line {
+        Method method;
+        QLabel* caption;
+        QLabel* result;
+    };
+
+    [[nodiscard]] QGroupBox* make_results();
+    [[nodiscard]] QGroupBox* make_balance();
+    [[nodiscard]] QGroupBox* make_wind();
+
+    QLabel* head_line_;
+    QLabel* methods_line_;
+    std::vector<Line> lines_;
+    QLabel* balance_;
+    QLabel* angle_caption_;
+    QLabel* angle_;
+    QLabel* wind_caption_;
+    QLabel* wind_;
+    QGroupBox* results_group_;
+    QGroupBox* balance_group_;
+    QGroupBox* wind_group_;
+};
+
+}  // namespace zel

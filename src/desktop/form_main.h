@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include "desktop/desktop_state.h"
+#include "desktop/form1.h"
+#include "desktop/language_menu.h"
+
+class QAction;
+class QLabel;
+class QMenu;
+class QPushButton;
+
+namespace zel {
+
+/// The start window `form_main`: opens the program areas, switches the language of all windows, and
+/// ends the program after a question.
+class FormMain : public QMainWindow {
+public:
+    explicit FormMain(DesktopState& state);
+
+    [[nodiscard]] Form1& form1() { return form1_; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    [[nodiscard]] QWidget* make_content();
+    void switch_language(LangId lang);
+    void recaption();
+    void open_form1();
+
+    DesktopState& state_;
+    Form1 form1_;
+    QMenu* file_menu_;
+    QAction* exit_;
+    LanguageMenu language_menu_;
+    QLabel* name_;
+    QLabel* title_;
+    QLabel* version_;
+    QPushButton* open_form1_;
+};
+
+}  // namespace zel

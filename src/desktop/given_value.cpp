@@ -1,0 +1,38 @@
+#include "desktop/given_value.h"
+
+namespace zel {
+namespace {
+
+constexpr GivenValueRow rows[] = {
+    {GivenValue::Nothing, "", {"(bitte auswählen)", "(please choose)"}},
+    {GivenValue::Temperature,
+     "Text16",
+     {"Leitertemperatur gegeben: Stromstärke gesucht",
+      "Conductor temperature given: current is sought"}},
+    {GivenValue::Current,
+     "Text18",
+     {"Strom eines Teilleiters gegeben: Temperatur gesucht",
+      "Current of one sub-conductor given: temperature is sought"}},
+    {GivenValue::BundleCurrent,
+     "Text39",
+     {"Strom des Bündels gegeben: Temperatur gesucht",
+      "Current of the bundle given: temperature is sought"}},
+};
+
+}  // namespace
+
+std::span<const GivenValueRow> given_value_rows() { return rows; }
+
+GivenValue given_value(const MethodSelection& c) {
+    if (c.Leitertemp_Merker_db == c.Stromstaerke_Merker_db) return GivenValue::Nothing;
+    if (c.Leitertemp_Merker_db) return GivenValue::Temperature;
+    return c.Stromstaerkebuendel_Merker_db ? GivenValue::BundleCurrent : GivenValue::Current;
+}
+
+void set_given_value(MethodSelection& c, GivenValue value) {
+    c.Leitertemp_Merker_db = value == GivenValue::Temperature;
+    c.Stromstaerkebuendel_Merker_db = value == GivenValue::BundleCurrent;
+    c.Stromstaerke_Merker_db = value == GivenValue::Current || value == GivenValue::BundleCurrent;
+}
+
+}  // namespace zel

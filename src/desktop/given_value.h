@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "platform/text.h"
+#include "steady/calc_case.h"
+
+// The mode of calculation: which value is given, and so which is sought.
+
+namespace zel {
+
+enum class GivenValue : std::uint8_t { Nothing, Temperature, Current, BundleCurrent };
+
+struct GivenValueRow {
+    GivenValue value;
+    const char* control;  // the box that is open for input; empty for none
+    Text text;
+};
+
+/// In the order of the list on the form, which is that of `GivenValue`.
+[[nodiscard]] std::span<const GivenValueRow> given_value_rows();
+
+/// What the mode flags of `c` say is given. Flags that contradict each other give `Nothing`.
+[[nodiscard]] GivenValue given_value(const MethodSelection& c);
+
+/// Sets the three mode flags.
+void set_given_value(MethodSelection& c, GivenValue value);
+
+}  // namespace zel

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/message_box.h"
+
+namespace zel {
+
+/// Shows boxes as windows above the active one. Lines are plain text; the buttons are named in the
+/// language of the interface. In a question No is the default and the escape key.
+class QtDialogs : public Dialogs {
+public:
+    /// The buttons follow `lang` as it changes; it must outlive the dialogs.
+    void follow(const LangId& lang) { lang_ = &lang; }
+
+    Answer show(const Box& box) override;
+
+private:
+    const LangId* lang_ = nullptr;
+};
+
+}  // namespace zel

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/flat_object.h"
+#include "platform/message_box.h"
+#include "platform/number_text.h"
+#include "steady/calc_case.h"
+
+namespace zel {
+
+/// A typed text that its field refused, with what is told about it.
+struct RefusedText {
+    std::string field;
+    Box box;
+};
+
+/// A case as read from a file. A refused text counts as no input.
+struct CaseFile {
+    CalcCase c;
+    std::vector<RefusedText> refused;
+};
+
+/// The entry rule of a field: takes a typed text over, or gives the box that refuses it.
+using EntryRule = std::function<std::optional<Box>(Entry& field, std::string_view text)>;
+
+/// Makes a case of named values. A number is taken as it stands; a text in a numeric field is the
+/// text as typed. A field of the form takes it by `rule`; one of the conductor's record has no rule
+/// and must be numeric. Missing keys and empty texts are "no input".
+///
+/// Throws `InputError` naming the key where it is none of a case, where a value is of the wrong
+/// kind, where a whole number is outside -32768 to 32767, and where a flag has a value that it
+/// cannot have.
+[[nodiscard]] CaseFile read_case(const FlatObject& values, DecimalSeparator separator,
+                                 const EntryRule& rule);
+
+}  // namespace zel

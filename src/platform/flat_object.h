@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace zel {
+
+/// One value of a file of named values, with the kind it has there.
+using FlatValue = std::variant<bool, double, std::string>;
+
+struct FlatMember {
+    std::string key;
+    FlatValue value;
+};
+
+/// The named values of a file, in its order; no key stands twice.
+using FlatObject = std::vector<FlatMember>;
+
+}  // namespace zel

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/message_box.h"
+
+// What the program calls itself, and the question before it ends.
+
+namespace zel {
+
+inline constexpr std::string_view program_date = "12.08.2026";
+inline constexpr Text short_name = {"VOR V.8.2", "ZEL V.8.2"};
+inline constexpr Text version = {"Version 8.2", "Version 8.2"};
+inline constexpr Text long_title = {
+    "Stromstärke- / Temperaturberechnung von Seilen und Stromschienen",
+    "Current and temperature calculations of overhead conductors and busbars"};
+
+/// Asked by `mBeenden` and by closing the start window; No is the default.
+inline constexpr BoxText exit_question = {
+    Icon::Question,
+    short_name,
+    {"Wollen Sie das Programm wirklich abbrechen bzw. beenden? ",
+     "Do you really want to close the application ?"},
+    Buttons::YesNo,
+    Answer::No};
+
+}  // namespace zel

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/message_box.h"
+#include "platform/number_text.h"
+#include "steady/run_mode.h"
+#include "steady/steady_report.h"
+
+namespace zel {
+
+/// What a run of the program keeps between calls, made once and handed down: language, number
+/// format, message mode, and who shows boxes.
+struct Session {
+    LangId lang = LangId::English;
+    DecimalSeparator separator = DecimalSeparator::Point;
+    RunMode Meldung_merker = RunMode::Messages;
+    Dialogs& dialogs;
+
+    [[nodiscard]] Reporting reporting() const { return {Meldung_merker, lang, dialogs}; }
+
+    /// Shows `box` unless the message mode is silent.
+    void tell(const Box& box) const {
+        if (Meldung_merker == RunMode::Messages) dialogs.show(box);
+    }
+};
+
+}  // namespace zel

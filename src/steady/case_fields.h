@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "steady/calc_case.h"
+
+namespace zel {
+
+/// A field of a case by its type.
+using FieldRef = std::variant<std::string*, Entry*, std::int16_t*, bool*>;
+
+/// A field of a case by its member, the key that ties all tables over fields together.
+using FieldKey = std::variant<std::string CalcCase::*, Entry CalcCase::*, std::int16_t CalcCase::*,
+                              bool CalcCase::*>;
+
+struct CaseField {
+    std::string_view name;
+    FieldKey key;
+    bool of_record;  // comes with the record of a conductor and is not typed into the form
+};
+
+/// Every field of a case but the six changes of state, each with its name.
+[[nodiscard]] const std::vector<CaseField>& case_fields();
+
+/// The row of the field `name`, or null where it is none or one of a change of state.
+[[nodiscard]] const CaseField* find_case_field(std::string_view name);
+
+/// The field `name` of `c`; the changes of state have their numbered names here (`Z3_TEMP_db`).
+/// Nothing where no field bears the name.
+[[nodiscard]] std::optional<FieldRef> find_field(CalcCase& c, std::string_view name);
+
+/// The name of a numeric field; empty where it is none of a case.
+[[nodiscard]] std::string_view name_of(Entry CalcCase::*field);
+
+}  // namespace zel

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+
+#include "steady/steady_cause.h"
+
+// The four terms of the heat balance per metre of one sub-conductor by Cigre TB 207 (Thermal
+// behaviour of overhead conductors, 2002), SI units throughout. Each is one evaluation of numbers:
+// it keeps nothing, allocates nothing and knows of no iteration.
+
+namespace zel {
+
+/// A heat term in W/m. It stands only where `failure` is `SteadyCause::None`.
+struct Term {
+    double value = 0;
+    SteadyCause failure = SteadyCause::None;
+};
+
+/// What the Joule heating reads of the conductor.
+struct Tb207Conductor {
+    double R20 = 0;         // ohm/m, DC resistance at 20 °C
+    double a20 = 0;         // 1/K, linear temperature coefficient
+    std::int16_t kind = 0;  // ConductorType
+    std::int16_t N = 0;     // layers
+    double A = 0;           // mm², cross-section of the conductor layers
+};
+
+/// Joule heating at the current `I` (A) and the conductor temperature `Ts` (°C), with the
+/// allowance for skin effect and for the magnetic heating of a steel core. 0 for a tube and for a
+/// steel-cored conductor of no layer. Fails with `JouleBracketing`.
+[[nodiscard]] Term ST_F01_CigreTB207_PJ_steady(double I, const Tb207Conductor& conductor,
+                                               double Ts);
+
+/// Solar heating: absorptivity, global radiation (W/m²), outer diameter (m).
+[[nodiscard]] double ST_F02_CigreTB207_PS_steady(double alpha_s, double S, double D);
+
+/// What the convective cooling reads of wind and conductor.
+struct Tb207Flow {
+    double V = 0;      // m/s, wind speed
+    double delta = 0;  // degrees, folded angle between wind and conductor
+    double y = 0;      // m, altitude
+    double D = 0;      // m, outer diameter
+    double d = 0;      // m, diameter of an outer wire
+    double g = 0;      // m/s²
+};
+
+/// Convective cooling between the conductor at `Ts` and the air at `Ta` (°C); negative where the
+/// conductor is the colder. Fails with `ReynoldsTooLarge` above Re 90 000 and with
+/// `GrashofPrandtlTooLarge` above Gr·Pr 10^6.
+[[nodiscard]] Term ST_F03_CigreTB207_PC_steady(const Tb207Flow& flow, double Ts, double Ta);
+
+/// Radiative cooling: outer diameter (m), emissivity, conductor and air temperature (°C);
+/// negative where the conductor is the colder.
+[[nodiscard]] double ST_F04_CigreTB207_PR_steady(double D, double epsilon, double Ts, double Ta);
+
+}  // namespace zel

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "shell/session.h"
+#include "steady/calc_case.h"
+
+// The methods of the steady run. A method joins by a row in the table of steady_methods.cpp.
+
+namespace zel {
+
+/// In the order of the result lines.
+enum class Method : std::uint8_t { TB601, TB207, TBB, Webs, Kirn };
+
+inline constexpr std::array all_methods = {Method::TB601, Method::TB207, Method::TBB, Method::Webs,
+                                           Method::Kirn};
+
+/// What a method leaves behind. A value that it does not have, or that failed, is absent.
+struct MethodOutcome {
+    std::string status;                   // empty means sound
+    std::optional<double> current_A;      // of one sub-conductor
+    std::optional<double> temperature_C;  // of the conductor
+    std::optional<HeatTerms> terms;
+
+    [[nodiscard]] bool sound() const { return status.empty(); }
+};
+
+struct SteadyMethod {
+    Method id;
+    std::string_view name;       // of the method in lists: "Cigre TB 207"
+    Text caption;                // follows the bundle's name on the result line
+    std::string_view balance;    // head of its balance line; empty where it has none
+    bool starts_transient;       // leaves the state from which a transient starts
+    /// Runs the method on a case whose mode is defined, at the folded angle (degrees).
+    MethodOutcome (*run)(const CalcCase& c, double angle, const Session& session);
+};
+
+/// "TB601", "TB207", "TBB", "Webs", "Kirn".
+[[nodiscard]] std::string_view key_of(Method method);
+
+/// The flag of the case that selects `method`.
+[[nodiscard]] std::int16_t CalcCase::*flag_of(Method method);
+
+[[nodiscard]] inline bool is_selected(const CalcCase& c, Method method) {
+    return c.*flag_of(method) == 1;
+}
+
+/// The row of `method`, or null where the program does not have the method.
+[[nodiscard]] const SteadyMethod* find_method(Method method);
+
+}  // namespace zel

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "shell/session.h"
+#include "steady/calc_case.h"
+#include "workflow/steady_methods.h"
+
+namespace zel {
+
+/// One line of the result page.
+struct MethodResult {
+    Method method = Method::TB207;
+    std::string caption;  // "2-conductor-bundle by Cigre TB 207 :"
+    std::string result;   // "1360 A", "80.0 °C" or " Error"
+    MethodOutcome outcome;
+};
+
+/// The state from which a transient starts: current of one sub-conductor and temperature.
+struct TransientStart {
+    double current = 0;      // A
+    double temperature = 0;  // °C
+};
+
+/// Texts that the kind of result (current or temperature) sets for tables and printing.
+struct ResultTexts {
+    std::string parameter_table_caption;
+    std::vector<std::string> table_steps;
+    std::string print_caption;
+};
+
+/// All that the result page shows after a run.
+struct SteadyRunResult {
+    bool input_valid = false;
+    Box refusal;                    // why the input was refused
+    double angle = 0;               // degrees, folded angle between wind and conductor
+    double perpendicular_wind = 0;  // m/s
+    std::string angle_text;
+    std::string perpendicular_wind_text;
+    std::string head_line;
+    std::string methods_line;
+    std::vector<MethodResult> methods;       // the selected ones, in the order of `Method`
+    std::vector<std::string> balance_lines;  // of the methods that succeeded
+    std::optional<TransientStart> transient_start;
+    ResultTexts texts;
+    bool may_save = false;  // TB 601, TB 207 or the busbar method succeeded
+};
+
+/// The labels of the folded angle and of the wind across the conductor.
+inline constexpr Text angle_label = {"Winkel-Wind-Leiter:", "Angle wind conductor:"};
+inline constexpr Text perpendicular_wind_label = {"Wind _I_ Leiter:", "Wind _I_ conductor:"};
+
+/// What going to the result page does: the input check, the folded angle, the two currents of the
+/// bundle (this changes `c`), then every selected method in its order. A failing method shows
+/// " Error" and does not stop the others. A refused case has `input_valid` false and its box told.
+/// Throws `ProgramEnd` where the calculation must end the program.
+[[nodiscard]] SteadyRunResult RunSteady(CalcCase& c, const Session& session);
+
+/// The balance line of a solution: the four heat terms of one sub-conductor in W/m.
+[[nodiscard]] std::string balance_line(std::string_view head, const HeatTerms& terms,
+                                       DecimalSeparator separator);
+
+}  // namespace zel

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zel {
+
+/// What a run of the program left behind.
+struct ProcessResult {
+    int exit_status = -1;
+    std::string output;  // standard output
+    std::string errors;  // standard error
+};
+
+/// Runs the built program with `arguments`, `input` on its standard input, in the folder
+/// `directory`, without a display.
+[[nodiscard]] ProcessResult run_zel(const std::vector<std::string>& arguments,
+                                    const std::string& directory, const std::string& input = {});
+
+}  // namespace zel

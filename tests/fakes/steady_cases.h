@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/number_text.h"
+#include "steady/calc_case.h"
+
+namespace zel {
+
+inline Entry typed(double value) {
+    return {plain_number(value, DecimalSeparator::Point), value};
+}
+
+/// A complete case for TB 207 whose current is sought: twin bundle of 264-AL1/34-ST1A (EN 50182)
+/// at 80 °C, 35 °C ambient, 0.6 m/s across, 900 W/m².
+inline CalcCase twin_264_34() {
+    CalcCase c;
+    c.rechnung_cigre207_merker_db = 1;
+    c.Leitertemp_Merker_db = true;
+    c.Leitertemp_db = typed(80);
+    c.Hoehe_ueber_NN_db = typed(0);
+    c.Winkel_S_S_db = typed(0);
+    c.Windgeschwindigkeit_db = typed(0.6);
+    c.Winkel_W_S_db = typed(90);
+    c.Umgebungstemperatur_db = typed(35);
+    c.Globalstrahlung_db = typed(900);
+    c.Netzfrequenz_db = typed(50);
+    c.Emissionsverhaeltnis_db = typed(0.6);
+    c.Absorptionsverhaeltnis_db = typed(0.6);
+    c.Anzahl_Teilleiter_db = 2;
+    c.conductor_type_db = steel_cored_conductor;
+    c.conductor_shape_db = 1;
+    c.Seilquerschnitt_db = typed(297.7);
+    c.Seildurchmesser_db = typed(22.4);
+    c.DCR_20_db = typed(0.1095);
+    c.DrahtzahlLeiter_db = 24;
+    c.DrahtdurchmesserLeiter_db = typed(3.74);
+    c.DrahtlagenzahlLeiter_db = 2;
+    c.Mantelquerschnitt_db = typed(263.7);
+    c.DC_Resist_Leiter_db = typed(28.264);
+    c.T_Koeff_DC_Resist_Leiter_linear_db = typed(4.03);
+    return c;
+}
+
+/// The same case with its sub-conductor current (A) given and the temperature sought.
+inline CalcCase twin_264_34_at(double current) {
+    CalcCase c = twin_264_34();
+    c.Leitertemp_Merker_db = false;
+    c.Leitertemp_db = {};
+    c.Stromstaerke_Merker_db = true;
+    c.Stromstaerke_db = typed(current);
+    return c;
+}
+
+}  // namespace zel

@@ -1,0 +1,117 @@
+#include "persistence/case_file.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "platform/input_error.h"
+#include "steady/case_fields.h"
+#include "workflow/entry_rules.h"
+
+namespace zel {
+namespace {
+
+using testing::IsEmpty;
+using testing::SizeIs;
+
+CaseFile read(const FlatObject& values, DecimalSeparator separator = DecimalSeparator::Point) {
+    return read_case(values, separator, [separator](Entry& field, std::string_view text) {
+        return enter(field, text, separator, LangId::English);
+    });
+}
+
+std::string refusal(const std::string& key, const FlatValue& value) {
+    try {
+        (void)read({{key, value}});
+    } catch (const InputError& error) {
+        return error.what();
+    }
+    return "taken";
+}
+
+TEST(CaseFile, of_nothing_is_a_case_with_its_defaults) {
+    const CalcCase c = read({}).c;
+    EXPECT_EQ(c, CalcCase{});
+    EXPECT_EQ(c.Gravi_merker1_db, 1);
+    EXPECT_EQ(c.Formel_merker1_db, 2);
+    EXPECT_EQ(c.wzsz_merker_db, 2);
+}
+
+TEST(CaseFile, takes_a_number_as_it_stands_and_a_text_as_typed) {
+    const auto [c, refused] = read({{"Windgeschwindigkeit_db", 0.1 + 0.2},
+                                    {"Umgebungstemperatur_db", "-5,5"},
+                                    {"Seildurchmesser_db", "22,4"},
+                                    {"Projekt_db", "Linie 1"},
+                                    {"Anzahl_Teilleiter_db", "2"},
+                                    {"Leitertemp_Merker_db", -1.0},
+                                    {"Stromstaerke_Merker_db", false},
+                                    {"Z6_TEMP_db", 95.0},
+                                    {"Z1_merker_db", 2.0}},
+                                   DecimalSeparator::Comma);
+    EXPECT_THAT(refused, IsEmpty());
+    EXPECT_EQ(c.Windgeschwindigkeit_db, (Entry{"0,3", 0.1 + 0.2}));
+    EXPECT_EQ(c.Umgebungstemperatur_db, (Entry{"-5,5", -5.5}));
+    EXPECT_EQ(c.Seildurchmesser_db, (Entry{"22,4", 22.4}));
+    EXPECT_EQ(c.Projekt_db, "Linie 1");
+    EXPECT_EQ(c.Anzahl_Teilleiter_db, 2);
+    EXPECT_TRUE(c.Leitertemp_Merker_db);
+    EXPECT_FALSE(c.Stromstaerke_Merker_db);
+    EXPECT_EQ(c.Z[5].TEMP.value, 95);
+    EXPECT_EQ(c.Z[0].merker, 2);
+}
+
+TEST(CaseFile, tells_a_refused_typed_text_and_counts_it_as_no_input) {
+    const auto [c, refused] = read({{"Windgeschwindigkeit_db", "0,6"}, {"Winkel_W_S_db", ""}});
+    EXPECT_FALSE(c.Windgeschwindigkeit_db.given());
+    EXPECT_FALSE(c.Winkel_W_S_db.given());
+    ASSERT_THAT(refused, SizeIs(1));
+    EXPECT_EQ(refused[0].field, "Windgeschwindigkeit_db");
+    EXPECT_EQ(refused[0].box.title, "Incorrect input data");
+}
+
+TEST(CaseFile, rounds_whole_numbers_to_even_as_a_table_does) {
+    EXPECT_EQ(read({{"DrahtlagenzahlLeiter_db", 2.5}}).c.DrahtlagenzahlLeiter_db, 2);
+    EXPECT_EQ(read({{"DrahtlagenzahlLeiter_db", 3.5}}).c.DrahtlagenzahlLeiter_db, 4);
+    EXPECT_EQ(read({{"DrahtzahlLeiter_db", -32768.0}}).c.DrahtzahlLeiter_db, -32768);
+}
+
+TEST(CaseFile, names_the_key_that_it_refuses) {
+    const struct {
+        const char* key;
+        FlatValue value;
+        const char* reason;
+    } rows[] = {
+        {"Windgeschwindigkeit", 1.0, "Windgeschwindigkeit: unknown key"},
+        {"windgeschwindigkeit_db", 1.0, "windgeschwindigkeit_db: unknown key"},
+        {"Z7_TEMP_db", 1.0, "Z7_TEMP_db: unknown key"},
+        {"Z1_temp_db", 1.0, "Z1_temp_db: unknown key"},
+        {"", 1.0, ": unknown key"},
+        {"Windgeschwindigkeit_db", true, "Windgeschwindigkeit_db: a number is expected"},
+        {"Seildurchmesser_db", "dick", "Seildurchmesser_db: a number is expected, not \"dick\""},
+        {"Projekt_db", 7.0, "Projekt_db: a text is expected"},
+        {"conductor_type_db", "x", "conductor_type_db: a number is expected, not \"x\""},
+        {"conductor_type_db", true, "conductor_type_db: a number is expected"},
+        {"DrahtzahlLeiter_db", 32768.0,
+         "DrahtzahlLeiter_db: a whole number from -32768 to 32767 is expected"},
+        {"rechnung_cigre207_merker_db", -1.0,
+         "rechnung_cigre207_merker_db: 1 (selected) or 0 is expected"},
+        {"Leitertemp_Merker_db", 1.0, "Leitertemp_Merker_db: -1 (yes) or 0 (no) is expected"},
+    };
+    for (const auto& [key, value, reason] : rows) EXPECT_EQ(refusal(key, value), reason);
+}
+
+TEST(CaseFile, reads_every_field_of_a_case) {
+    for (const CaseField& field : case_fields()) {
+        const bool is_text = std::holds_alternative<std::string CalcCase::*>(field.key);
+        const bool is_flag = std::holds_alternative<bool CalcCase::*>(field.key);
+        const double number = field.name.starts_with("rechnung_") ? 1 : 3;
+        const FlatValue value = is_text   ? FlatValue("text")
+                                : is_flag ? FlatValue(true)
+                                          : FlatValue(number);
+        EXPECT_NE(read({{std::string(field.name), value}}).c, CalcCase{}) << field.name;
+    }
+}
+
+}  // namespace
+}  // namespace zel
