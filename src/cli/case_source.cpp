@@ -17,7 +17,8 @@ CalcCase load_case(const std::string& path, const CommonOptions& options, Consol
         CaseFile file = read_case(parse_flat_json(text), options.separator, rule);
         for (const RefusedText& refused : file.refused) {
             if (options.silent)
-                Console::tell_reason(path + ": " + refused.field + ": " + refused.box.lines.front());
+                Console::tell_reason(path + ": " + refused.field + ": " +
+                                     refused.box.lines.front());
             else
                 console.show(refused.box, refused.field);
         }

@@ -38,9 +38,7 @@ void Console::show(const Box& box, std::string_view field) {
     print_error(head + paragraph_of(box));
 }
 
-void Console::tell_reason(std::string_view reason) {
-    print_error("zel: " + std::string(reason));
-}
+void Console::tell_reason(std::string_view reason) { print_error("zel: " + std::string(reason)); }
 
 bool print(std::string_view text) {
     const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();

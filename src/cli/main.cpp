@@ -39,8 +39,8 @@ constexpr const char* steady_notes =
 void add_language(CLI::App& command, CommonOptions& options) {
     const std::map<std::string, LangId> languages = {{"de", LangId::German},
                                                      {"en", LangId::English}};
-    const std::map<std::string, DecimalSeparator> separators = {
-        {"point", DecimalSeparator::Point}, {"comma", DecimalSeparator::Comma}};
+    const std::map<std::string, DecimalSeparator> separators = {{"point", DecimalSeparator::Point},
+                                                                {"comma", DecimalSeparator::Comma}};
     command
         .add_option_function<std::string>(
             "--lang", [=, &options](const std::string& name) { options.lang = languages.at(name); },
@@ -69,7 +69,7 @@ using Command = std::function<int()>;
 Command read_command_line(int& argc, char** argv, CommonOptions& options) {
     CLI::App app(std::string(short_name.en) + " - " + std::string(long_title.en) + "\n\n" + about,
                  "zel");
-    app.set_version_flag("--version", std::string(short_name.en) + "\n");
+    app.set_version_flag("--version", std::string(short_name.en));
     app.footer(std::string("\n\"zel COMMAND --help\" tells the options of a command.\n\n") +
                exit_statuses);
     app.require_subcommand(0, 1);

@@ -32,9 +32,8 @@ int steady_command(const std::string& case_path, const CommonOptions& options) {
         const SteadyRunResult result = RunSteady(c, session);
         if (!result.input_valid) {
             if (options.silent) Console::tell_reason(paragraph_of(result.refusal));
-            return options.json
-                       ? print_or_fail(refusal_document(console.messages()), exit_refused)
-                       : exit_refused;
+            return options.json ? print_or_fail(refusal_document(console.messages()), exit_refused)
+                                : exit_refused;
         }
         const std::string output = options.json ? steady_document(result, console.messages())
                                                 : steady_page(c, result, options);

@@ -69,9 +69,8 @@ std::string refusal_document(const std::vector<Message>& messages) {
 }
 
 std::string program_end_document(std::string_view reason, const std::vector<Message>& messages) {
-    return text_of({{"input_valid", true},
-                    {"messages", json_of(messages)},
-                    {"program_end", reason}});
+    return text_of(
+        {{"input_valid", true}, {"messages", json_of(messages)}, {"program_end", reason}});
 }
 
 }  // namespace zel

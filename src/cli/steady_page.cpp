@@ -91,10 +91,9 @@ std::string results(const SteadyRunResult& result, LangId lang) {
 std::string steady_page(const CalcCase& c, const SteadyRunResult& result,
                         const CommonOptions& options) {
     const LangId lang = options.lang;
-    std::string page = std::string(short_name.in(lang)) + "   " +
-                       std::string(long_title.in(lang)) + "\n" + inputs(c, lang) + "\n" +
-                       std::string(results_caption.in(lang)) + "\n  " + result.head_line + "\n\n" +
-                       results(result, lang);
+    std::string page = std::string(short_name.in(lang)) + "   " + std::string(long_title.in(lang)) +
+                       "\n" + inputs(c, lang) + "\n" + std::string(results_caption.in(lang)) +
+                       "\n  " + result.head_line + "\n\n" + results(result, lang);
     if (!result.balance_lines.empty()) page += "\n";
     for (const std::string& line : result.balance_lines) page += "  " + line + "\n";
     return page;

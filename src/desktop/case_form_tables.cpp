@@ -119,10 +119,10 @@ constexpr FormRow given_values[] = {
 
 constexpr FormRow designation[] = {
     {"Bezeichnung1_db", &CalcCase::Bezeichnung1_db, {"Bezeichnung 1 :", "Designation 1 :"}},
-    {"Norm_db", &CalcCase::Norm_db, {"Norm :", "Standard :"}},
     {"Bezeichnung2_db", &CalcCase::Bezeichnung2_db, {"Bezeichnung 2 :", "Designation 2 :"}},
-    {"Normjahr_db", &CalcCase::Normjahr_db, {"Gültig ab (Jahr) :", "Valid since (year) :"}},
     {"Anmerkung_db", &CalcCase::Anmerkung_db, {"Bemerkung :", "Remark :"}},
+    {"Norm_db", &CalcCase::Norm_db, {"Norm :", "Standard :"}},
+    {"Normjahr_db", &CalcCase::Normjahr_db, {"Gültig ab (Jahr) :", "Valid since (year) :"}},
     {"Normmonat_db", &CalcCase::Normmonat_db, {"Monat :", "Month :"}},
 };
 
@@ -261,15 +261,14 @@ constexpr FormRow core[] = {
 };
 
 // NOLINTNEXTLINE(cppcoreguidelines-macro-usage): the six pairs differ in their number only.
-#define AC_PAIR(n)                                                              \
-    {"ACR" #n "_db",                                                            \
-     &CalcCase::ACR##n##_db,                                                    \
-     {"AC-Widerstand " #n " :", "AC resistance " #n " :"},                      \
-     "Ω/km",                                                                    \
-     TB601},                                                                    \
-    {                                                                           \
-        "TACR" #n "_db", &CalcCase::TACR##n##_db,                               \
-            {"bei Temperatur " #n " :", "at temperature " #n " :"}, "°C", TB601 \
+#define AC_PAIR(n)                                                                               \
+    {"ACR" #n "_db",                                                                             \
+     &CalcCase::ACR##n##_db,                                                                     \
+     {"AC-Widerstand " #n " :", "AC resistance " #n " :"},                                       \
+     "Ω/km",                                                                                     \
+     TB601},                                                                                     \
+    {                                                                                            \
+        "TACR" #n "_db", &CalcCase::TACR##n##_db, {"bei T" #n " :", "at T" #n " :"}, "°C", TB601 \
     }
 
 constexpr FormRow ac_pairs[] = {AC_PAIR(1), AC_PAIR(2), AC_PAIR(3),
@@ -305,7 +304,7 @@ constexpr FormSection sections[] = {
     {input_page, {"Umgebung", "Surroundings"}, surroundings},
     {input_page, {"Leitung", "Overhead line"}, line},
     given_section,
-    {conductor_page, {"Bezeichnung", "Designation"}, designation, 2},
+    {conductor_page, {"Bezeichnung", "Designation"}, designation, 3},
     {conductor_page, {"Leiterart und Oberfläche", "Type and shape"}, kind},
     {conductor_page, {"Abmessungen und Belastbarkeit", "Dimensions and capacity"}, geometry},
     {conductor_page, {"Widerstand", "Resistance"}, resistance},

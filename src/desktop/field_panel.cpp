@@ -8,14 +8,17 @@
 #include <algorithm>
 
 #include "desktop/focus_chain.h"
+#include "desktop/group.h"
 #include "desktop/qt_text.h"
 #include "desktop/quiet_list.h"
+#include "workflow/page_change.h"
 
 namespace zel {
 namespace {
 
-constexpr int grid_columns_per_field = 3;
-constexpr int number_width = 80;  // pixels at least, for a number
+constexpr int grid_columns_per_field = 4;  // label, input, unit, gap to the next field
+constexpr int gap_width = 12;
+constexpr int number_width = 72;  // pixels at least, for a number
 constexpr int top_row = 0;        // for a widget above the rows
 
 bool is_free_text(const FormRow& row) {
@@ -31,13 +34,19 @@ QLabel* make_label(const QString& text) {
 }  // namespace
 
 FieldPanel::FieldPanel(const FormSection& section, DesktopState& state, Refused refused)
-    : section_(section), state_(state), refused_(std::move(refused)), grid_(new QGridLayout(this)) {
+    : section_(section),
+      state_(state),
+      refused_(std::move(refused)),
+      grid_(new QGridLayout(inside_of(*this))) {
     grid_->setHorizontalSpacing(8);
-    grid_->setVerticalSpacing(5);
+    grid_->setVerticalSpacing(section.page == conductor_page ? 6 : 10);
     int index = 0;
     for (const FormRow& row : section.rows) add_row(row, index++);
-    for (int column = 0; column < section.columns; ++column)
-        grid_->setColumnStretch(column * grid_columns_per_field + 1, 1);
+    for (int column = 0; column < section.columns; ++column) {
+        const int first = column * grid_columns_per_field;
+        grid_->setColumnStretch(first + 1, 1);
+        if (column > 0) grid_->setColumnMinimumWidth(first - 1, gap_width);
+    }
     recaption();
     load();
 }
@@ -45,7 +54,7 @@ FieldPanel::FieldPanel(const FormSection& section, DesktopState& state, Refused 
 void FieldPanel::add_row(const FormRow& row, int index) {
     const int line = top_row + 1 + index / section_.columns;
     const int column = index % section_.columns * grid_columns_per_field;
-    Field field{&row, make_label({}), nullptr, nullptr, make_label(qt(row.unit))};
+    Field field{&row, make_label({}), nullptr, nullptr, nullptr};
     QWidget* input = nullptr;
     if (row.choices != nullptr)
         input = field.list = make_list(row);
@@ -54,11 +63,9 @@ void FieldPanel::add_row(const FormRow& row, int index) {
     input->setObjectName(row.control);
     field.label->setBuddy(input);
     grid_->addWidget(field.label, line, column);
-    grid_->addWidget(input, line, column + 1, 1, *row.unit == '\0' ? 2 : 1);
-    if (*row.unit != '\0')
-        grid_->addWidget(field.unit, line, column + 2);
-    else
-        field.unit->setParent(this), field.unit->hide();
+    const bool wide = field.list != nullptr || is_free_text(row);
+    grid_->addWidget(input, line, column + 1, 1, wide ? 2 : 1);
+    if (!wide) grid_->addWidget(field.unit = make_label(qt(row.unit)), line, column + 2);
     fields_.push_back(field);
 }
 
@@ -141,8 +148,11 @@ void FieldPanel::recaption() {
 }
 
 void FieldPanel::mark_needed() {
-    for (const Field& field : fields_)
-        field.label->setEnabled(is_needed(state_.calc_case, *field.row));
+    for (const Field& field : fields_) {
+        const bool needed = is_needed(state_.calc_case, *field.row);
+        field.label->setEnabled(needed);
+        if (field.unit != nullptr) field.unit->setEnabled(needed);
+    }
 }
 
 void FieldPanel::add_on_top(QWidget* widget) {
@@ -153,7 +163,8 @@ FieldPanel::ColumnWidths FieldPanel::column_widths() const {
     ColumnWidths widths;
     for (const Field& field : fields_) {
         widths.label = std::max(widths.label, field.label->sizeHint().width());
-        widths.unit = std::max(widths.unit, field.unit->sizeHint().width());
+        if (field.unit != nullptr)
+            widths.unit = std::max(widths.unit, field.unit->sizeHint().width());
     }
     return widths;
 }

@@ -50,7 +50,7 @@ private:
         QLabel* label;
         QLineEdit* edit;  // either this
         QComboBox* list;  // or this
-        QLabel* unit;
+        QLabel* unit;     // none beside a list and a free text
     };
 
     void add_row(const FormRow& row, int index);

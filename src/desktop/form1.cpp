@@ -47,7 +47,7 @@ Form1::Form1(DesktopState& state, std::function<void(LangId)> switch_language)
     connect(close_, &QAction::triggered, this, &QWidget::close);
     connect(pages_, &QTabWidget::currentChanged, this, [this](int to) { page_changed(to); });
     recaption();
-    resize(1240, 720);
+    resize(1260, 750);
 }
 
 void Form1::recaption() {
@@ -63,7 +63,7 @@ void Form1::recaption() {
     result_->recaption(lang);
     if (page_ != result_page) return;
     Session silent = {lang, state_.session.separator, RunMode::Silent, state_.session.dialogs};
-    result_->show_run(RunSteady(state_.calc_case, silent), state_.calc_case);
+    result_->show_run(RunSteady(state_.calc_case, silent));
 }
 
 void Form1::load() {
@@ -90,7 +90,7 @@ void Form1::page_changed(int to) {
 
 void Form1::run() {
     const SteadyRunResult result = RunSteady(state_.calc_case, state_.session);
-    result_->show_run(result, state_.calc_case);
+    result_->show_run(result);
     if (!result.input_valid) return;
     load();  // the run reconciles the currents of sub-conductor and bundle
     pages_->setTabEnabled(transient_page, true);

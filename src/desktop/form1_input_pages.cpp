@@ -7,12 +7,15 @@
 #include <QVBoxLayout>
 
 #include "desktop/given_value.h"
+#include "desktop/group.h"
 #include "desktop/qt_text.h"
 #include "desktop/quiet_list.h"
 #include "workflow/page_change.h"
 
 namespace zel {
 namespace {
+
+constexpr int gap = 12;  // pixels between columns
 
 constexpr Text mode_caption = {"Berechnungsart", "Mode of calculation"};
 constexpr Text methods_caption = {"Berechnungsverfahren", "Calculation methods"};
@@ -71,6 +74,7 @@ GeneralPage::GeneralPage(DesktopState& state, FieldPanel::Refused refused)
     panel(given).add_on_top(mode_);
     auto* content = new QWidget;
     auto* columns = new QHBoxLayout;
+    columns->setSpacing(gap);
     columns->addWidget(column_of({project, geography}));
     columns->addWidget(column_of({date, surroundings}));
     columns->addWidget(column_of({line, given}));
@@ -97,7 +101,7 @@ void GeneralPage::make_mode_list() {
 
 QGroupBox* GeneralPage::make_methods() {
     auto* group = new QGroupBox;
-    auto* layout = new QHBoxLayout(group);
+    auto* layout = new QHBoxLayout(inside_of(*group));
     for (const MethodRow& row : method_rows()) {
         auto* box = new QCheckBox;
         box->setObjectName(row.control);
@@ -154,16 +158,23 @@ ConductorPage::ConductorPage(DesktopState& state, FieldPanel::Refused refused)
     : InputPage(state, std::move(refused)) {
     enum { designation, kind, geometry, resistance, conductivity, material, core, ac_pairs };
     make_panels(conductor_page);
-    auto* content = new QWidget;
+    auto* materials = new QHBoxLayout;
+    materials->setSpacing(gap);
+    materials->addWidget(column_of({material}));
+    materials->addWidget(column_of({core}));
+    auto* right = new QVBoxLayout;
+    right->addLayout(materials);
+    right->addWidget(&panel(ac_pairs));
+    right->addStretch();
     auto* columns = new QHBoxLayout;
+    columns->setSpacing(gap);
     columns->addWidget(column_of({geometry, resistance, conductivity}));
-    columns->addWidget(column_of({material}));
-    columns->addWidget(column_of({core}));
+    columns->addLayout(right);
+    auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->addWidget(&panel(designation));
     layout->addWidget(&panel(kind));
     layout->addLayout(columns);
-    layout->addWidget(&panel(ac_pairs));
     layout->addStretch();
     setWidget(content);
     recaption();

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/group.h"
 #include "desktop/qt_text.h"
 
 namespace zel {
@@ -45,8 +46,6 @@ ResultPage::ResultPage()
       wind_group_(make_wind()) {
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
-    head_line_->setWordWrap(true);
-    balance_->setWordWrap(true);
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(16, 16, 16, 16);
@@ -56,13 +55,13 @@ ResultPage::ResultPage()
     layout->addWidget(results_group_);
     layout->addWidget(balance_group_);
     layout->addWidget(wind_group_);
-    layout->addStretch();
+    layout->addStretch(1);
     setWidget(content);
 }
 
 QGroupBox* ResultPage::make_results() {
     auto* group = new QGroupBox;
-    auto* grid = new QGridLayout(group);
+    auto* grid = new QGridLayout(inside_of(*group));
     grid->setHorizontalSpacing(24);
     grid->setVerticalSpacing(8);
     for (const Method method : all_methods) {
@@ -73,6 +72,7 @@ QGroupBox* ResultPage::make_results() {
         grid->addWidget(line.caption, row, 0);
         grid->addWidget(line.result, row, 1);
         line.caption->hide();
+        line.result->hide();
         lines_.push_back(line);
     }
     grid->setColumnStretch(2, 1);
@@ -81,14 +81,14 @@ QGroupBox* ResultPage::make_results() {
 
 QGroupBox* ResultPage::make_balance() {
     auto* group = new QGroupBox;
-    auto* layout = new QVBoxLayout(group);
+    auto* layout = new QVBoxLayout(inside_of(*group));
     layout->addWidget(balance_);
     return group;
 }
 
 QGroupBox* ResultPage::make_wind() {
     auto* group = new QGroupBox;
-    auto* grid = new QGridLayout(group);
+    auto* grid = new QGridLayout(inside_of(*group));
     grid->setHorizontalSpacing(24);
     angle_->setAlignment(Qt::AlignRight);
     wind_->setAlignment(Qt::AlignRight);
@@ -100,7 +100,7 @@ QGroupBox* ResultPage::make_wind() {
     return group;
 }
 
-void ResultPage::show_run(const SteadyRunResult& run, const CalcCase& c) {
+void ResultPage::show_run(const SteadyRunResult& run) {
     widget()->setEnabled(run.input_valid);
     if (!run.input_valid) return;
     head_line_->setText(qt(run.head_line));
@@ -112,8 +112,8 @@ void ResultPage::show_run(const SteadyRunResult& run, const CalcCase& c) {
         const bool ran = found != run.methods.end();
         line.caption->setText(ran ? qt(found->caption) : QString());
         line.result->setText(ran ? qt(found->result) : QString());
-        line.caption->setVisible(ran && is_selected(c, line.method));
-        line.result->setVisible(line.caption->isVisibleTo(this));
+        line.caption->setVisible(ran);
+        line.result->setVisible(ran);
     }
     balance_->setText(qt(joined(run.balance_lines, "\n")));
     balance_group_->setVisible(!run.balance_lines.empty());

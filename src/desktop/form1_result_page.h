@@ -17,7 +17,7 @@ public:
 
     /// A valid run replaces all that is shown. A refused one shows nothing new: what stands there
     /// is greyed, since the inputs that led to it have changed.
-    void show_run(const SteadyRunResult& run, const CalcCase& c);
+    void show_run(const SteadyRunResult& run);
     void clear_balance();
     void recaption(LangId lang);
 

@@ -53,7 +53,7 @@ FormMain::FormMain(DesktopState& state)
     connect(open_form1_, &QPushButton::clicked, this, [this] { open_form1(); });
     setCentralWidget(make_content());
     recaption();
-    resize(640, 420);
+    resize(720, 440);
 }
 
 QWidget* FormMain::make_content() {

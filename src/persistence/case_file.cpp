@@ -16,7 +16,8 @@ std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 /// Takes the values of one file, key by key.
 class Reader {
 public:
-    Reader(DecimalSeparator separator, const EntryRule& rule) : separator_(separator), rule_(rule) {}
+    Reader(DecimalSeparator separator, const EntryRule& rule)
+        : separator_(separator), rule_(rule) {}
 
     void take(const FlatMember& member) {
         const auto field = find_field(file.c, member.key);

@@ -167,8 +167,7 @@ std::string masked(double value, std::string_view mask, DecimalSeparator separat
 
     Decimal number = decimal_of(std::abs(value));
     round_to(number, static_cast<int>(decimal_places.size()));
-    const bool nothing_left =
-        number.digits.find_first_not_of('0') == std::string::npos;
+    const bool nothing_left = number.digits.find_first_not_of('0') == std::string::npos;
 
     std::string out;
     if (value < 0 && !nothing_left) out += '-';

@@ -43,9 +43,9 @@ struct GeoData {
 };
 
 struct AmbientData {
-    Entry Windgeschwindigkeit_db;  // m/s at conductor height, 0 to 80
-    Entry Winkel_W_S_db;           // degrees, wind direction to north, 0 to 359.9
-    Entry Umgebungstemperatur_db;  // °C
+    Entry Windgeschwindigkeit_db;                   // m/s at conductor height, 0 to 80
+    Entry Winkel_W_S_db;                            // degrees, wind direction to north, 0 to 359.9
+    Entry Umgebungstemperatur_db;                   // °C
     std::int16_t Umgebungstemperaturmerker_db = 0;  // the ambient field drives a table
     Entry Globalstrahlung_db;                       // W/m², 0 to 1400
     std::int16_t Globalstrahlung_Merker_db = 0;     // how the global radiation is given
@@ -61,11 +61,11 @@ struct AmbientData {
 };
 
 struct LineData {
-    Entry Feldlaenge_db;              // m, span length
-    Entry Hoehendifferenz_db;         // m, height difference of the suspension points
-    Entry Netzfrequenz_db;            // Hz
-    Entry Emissionsverhaeltnis_db;    // emissivity, 0 to 1
-    Entry Absorptionsverhaeltnis_db;  // absorptivity, 0 to 1
+    Entry Feldlaenge_db;                    // m, span length
+    Entry Hoehendifferenz_db;               // m, height difference of the suspension points
+    Entry Netzfrequenz_db;                  // Hz
+    Entry Emissionsverhaeltnis_db;          // emissivity, 0 to 1
+    Entry Absorptionsverhaeltnis_db;        // absorptivity, 0 to 1
     std::int16_t Anzahl_Teilleiter_db = 0;  // sub-conductors of the bundle, 1 to 8
     Entry Leitertemp_db;                    // °C, the given conductor temperature
     Entry Stromstaerke_db;                  // A, the given current of one sub-conductor
@@ -139,9 +139,9 @@ struct MethodSelection {
     bool Stromstaerkebuendel_Merker_db = false;    // the current is given for the whole bundle
     std::int16_t Umgebtemp_merker1_db = empty_mark;
     std::int16_t Umgebtemp_merker2_db = empty_mark;
-    std::int16_t Gravi_merker1_db = 1;  // g: 1 is 9.80665, 2 is 9.78, 3 is 9.83 m/s²
-    std::int16_t Formel_merker1_db = 2;  // skin effect of Webs: 1 ABB, 2 Kiessling
-    std::int16_t wzsz_merker_db = 2;     // summer time counts in the sun height: 1 yes, 2 no
+    std::int16_t Gravi_merker1_db = 1;         // g: 1 is 9.80665, 2 is 9.78, 3 is 9.83 m/s²
+    std::int16_t Formel_merker1_db = 2;        // skin effect of Webs: 1 ABB, 2 Kiessling
+    std::int16_t wzsz_merker_db = 2;           // summer time counts in the sun height: 1 yes, 2 no
     std::int16_t ACDC_R_Option_Merker_db = 0;  // 1 DC resistance, 2 AC resistance pairs
     std::int16_t GMR_Merker_db = 0;            // GMR_db is given
 

@@ -10,10 +10,10 @@ namespace zel {
 enum class SteadyCause : std::uint8_t {
     None,
     // of one evaluation of the heat balance
-    JouleBracketing,        // the effective current was not found within 0.1 %
-    ReynoldsTooLarge,       // Re above 90 000
-    GrashofPrandtlTooLarge, // Gr·Pr above 10^6
-    JouleFault,             // numeric faults of the four terms
+    JouleBracketing,         // the effective current was not found within 0.1 %
+    ReynoldsTooLarge,        // Re above 90 000
+    GrashofPrandtlTooLarge,  // Gr·Pr above 10^6
+    JouleFault,              // numeric faults of the four terms
     SolarFault,
     ConvectionFault,
     RadiationFault,

@@ -77,16 +77,15 @@ constexpr BoxText undefined_mode_box = {
      "The application must be cancelled for\n"
      "having a defined state!"}};
 
-constexpr BoxText iteration_box = {
-    Icon::Warning,
-    {"{0}"},
-    {"Die Berechnungsiteration nach Cigre TB207\n"
-     "ergab kein brauchbares Ergebnis!\n"
-     "Bitte überprüfen Sie ihre Eingabedaten auf Plausibilität !\n"
-     "und Realitätsnähe !",
-     "The calculation by Cigre TB207\n"
-     "did not lead to a usable result!\n"
-     "Please check your input values for plausibility !"}};
+constexpr BoxText iteration_box = {Icon::Warning,
+                                   {"{0}"},
+                                   {"Die Berechnungsiteration nach Cigre TB207\n"
+                                    "ergab kein brauchbares Ergebnis!\n"
+                                    "Bitte überprüfen Sie ihre Eingabedaten auf Plausibilität !\n"
+                                    "und Realitätsnähe !",
+                                    "The calculation by Cigre TB207\n"
+                                    "did not lead to a usable result!\n"
+                                    "Please check your input values for plausibility !"}};
 
 // No numbered statements are kept: the row in the text is 0.
 constexpr BoxText fault_box = {

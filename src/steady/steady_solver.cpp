@@ -79,19 +79,14 @@ bool within_one_ampere(const Points& points, double, double& best_point) {
     return true;
 }
 
-constexpr Search current_search = {&SteadyStateBlock::current,
-                                   {0, 2000, 99999},
-                                   SteadyCause::CurrentAllAbove,
-                                   SteadyCause::CurrentAllBelow,
-                                   SteadyCause::CurrentNotReached,
-                                   within_one_ampere};
+constexpr Search current_search = {&SteadyStateBlock::current,     {0, 2000, 99999},
+                                   SteadyCause::CurrentAllAbove,   SteadyCause::CurrentAllBelow,
+                                   SteadyCause::CurrentNotReached, within_one_ampere};
 
-constexpr Search temperature_search = {&SteadyStateBlock::temperature,
-                                       {-100, 200, 500},
-                                       SteadyCause::TemperatureAllAbove,
-                                       SteadyCause::TemperatureAllBelow,
-                                       SteadyCause::TemperatureNotReached,
-                                       below_half_a_watt};
+constexpr Search temperature_search = {
+    &SteadyStateBlock::temperature,     {-100, 200, 500},
+    SteadyCause::TemperatureAllAbove,   SteadyCause::TemperatureAllBelow,
+    SteadyCause::TemperatureNotReached, below_half_a_watt};
 
 struct Best {
     double point = 0;

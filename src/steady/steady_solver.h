@@ -27,15 +27,15 @@ struct SteadyInputBlock {
     double emissivity = 0;
     double absorptivity = 0;
     std::int16_t layers = 0;
-    double conductor_section = 0;      // mm²
-    double outer_diameter = 0;         // mm
-    double outer_diameter_again = 0;   // mm
-    double inner_diameter = 0;         // mm
-    double wire_diameter = 0;          // mm, or wall thickness of a tube
-    double DCR20 = 0;                  // ohm/km
-    std::int16_t conductor_type = 0;   // ConductorType
-    double resistivity = 0;            // ohm·mm²/km
-    double a20 = 0;                    // 1/K
+    double conductor_section = 0;     // mm²
+    double outer_diameter = 0;        // mm
+    double outer_diameter_again = 0;  // mm
+    double inner_diameter = 0;        // mm
+    double wire_diameter = 0;         // mm, or wall thickness of a tube
+    double DCR20 = 0;                 // ohm/km
+    std::int16_t conductor_type = 0;  // ConductorType
+    double resistivity = 0;           // ohm·mm²/km
+    double a20 = 0;                   // 1/K
     HeatTermMethod method = HeatTermMethod::None;
 };
 

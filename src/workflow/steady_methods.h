@@ -32,10 +32,10 @@ struct MethodOutcome {
 
 struct SteadyMethod {
     Method id;
-    std::string_view name;       // of the method in lists: "Cigre TB 207"
-    Text caption;                // follows the bundle's name on the result line
-    std::string_view balance;    // head of its balance line; empty where it has none
-    bool starts_transient;       // leaves the state from which a transient starts
+    std::string_view name;     // of the method in lists: "Cigre TB 207"
+    Text caption;              // follows the bundle's name on the result line
+    std::string_view balance;  // head of its balance line; empty where it has none
+    bool starts_transient;     // leaves the state from which a transient starts
     /// Runs the method on a case whose mode is defined, at the folded angle (degrees).
     MethodOutcome (*run)(const CalcCase& c, double angle, const Session& session);
 };

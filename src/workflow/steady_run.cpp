@@ -115,8 +115,8 @@ std::string methods_line(const CalcCase& c) {
 }
 
 std::string head_line(const Kind& kind, const CalcCase& c, const Session& session) {
-    const double given = c.Stromstaerke_Merker_db ? c.Stromstaerke_Buendel.value
-                                                  : c.Leitertemp_db.value;
+    const double given =
+        c.Stromstaerke_Merker_db ? c.Stromstaerke_Buendel.value : c.Leitertemp_db.value;
     return fill(kind.head_line.in(session.lang),
                 {masked(given, kind.head_mask, session.separator),
                  bundle_name(c.Anzahl_Teilleiter_db).in(session.lang)});

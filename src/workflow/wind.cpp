@@ -19,8 +19,6 @@ double S_Winkel_Wind_Leiter(const CalcCase& c) {
     return fold_angle(c.Winkel_W_S_db.value, c.Winkel_S_S_db.value);
 }
 
-double perpendicular_wind(double V, double delta) {
-    return std::abs(std::sin(radians(delta)) * V);
-}
+double perpendicular_wind(double V, double delta) { return std::abs(std::sin(radians(delta)) * V); }
 
 }  // namespace zel

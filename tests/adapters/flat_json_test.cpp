@@ -18,8 +18,8 @@ std::string refusal(std::string_view text) {
 }
 
 TEST(FlatJson, keeps_order_kind_and_every_digit) {
-    const FlatObject object =
-        parse_flat_json(R"({"b": 0.1, "a": "0,1 °C", "c": true, "d": -7, "e": 18446744073709551615})");
+    const FlatObject object = parse_flat_json(
+        R"({"b": 0.1, "a": "0,1 °C", "c": true, "d": -7, "e": 18446744073709551615})");
     ASSERT_EQ(object.size(), 5U);
     EXPECT_EQ(object[0].key, "b");
     EXPECT_EQ(std::get<double>(object[0].value), 0.1);

@@ -81,15 +81,13 @@ TEST_P(CaseFolder, gives_what_is_expected) {
     const ProcessResult result = run_zel(words, folder, expected.value("stdin", ""));
     EXPECT_EQ(result.exit_status, expected.at("exit").get<int>()) << result.errors;
     const double tolerance = expected.value("tolerance", 1e-6);
-    if (expected.contains("stdout"))
-        expect_output(expected["stdout"], result.output, tolerance);
-    if (expected.contains("stderr"))
-        expect_output(expected["stderr"], result.errors, tolerance);
+    if (expected.contains("stdout")) expect_output(expected["stdout"], result.output, tolerance);
+    if (expected.contains("stderr")) expect_output(expected["stderr"], result.errors, tolerance);
 }
 
 std::string test_name(const testing::TestParamInfo<fs::path>& info) {
-    std::string name = info.param.parent_path().filename().string() + "_" +
-                       info.param.filename().string();
+    std::string name =
+        info.param.parent_path().filename().string() + "_" + info.param.filename().string();
     std::replace_if(
         name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
     return name;

@@ -46,7 +46,8 @@ ProcessResult run_zel(const std::vector<std::string>& arguments, const std::stri
                       const std::string& input) {
     const Scratch scratch;
     std::ofstream(scratch.file("in")) << input;
-    std::string command = "cd " + quoted(directory) + " && env -u DISPLAY -u WAYLAND_DISPLAY " +
+    std::string command = "cd " + quoted(directory) +
+                          " && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " +
                           quoted(ZEL_PROGRAM);
     for (const std::string& argument : arguments) command += " " + quoted(argument);
     command += " < " + quoted(scratch.file("in")) + " > " + quoted(scratch.file("out")) + " 2> " +

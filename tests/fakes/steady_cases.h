@@ -5,9 +5,7 @@
 
 namespace zel {
 
-inline Entry typed(double value) {
-    return {plain_number(value, DecimalSeparator::Point), value};
-}
+inline Entry typed(double value) { return {plain_number(value, DecimalSeparator::Point), value}; }
 
 /// A complete case for TB 207 whose current is sought: twin bundle of 264-AL1/34-ST1A (EN 50182)
 /// at 80 °C, 35 °C ambient, 0.6 m/s across, 900 W/m².

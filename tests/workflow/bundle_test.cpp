@@ -32,8 +32,8 @@ TEST(BundleCurrent, when_given_sets_the_sub_conductor_to_the_unrounded_quotient)
         const char* shown;
         double quotient;
     } rows[] = {
-        {3, 1500, "500.00", 500},    {3, 1000, "333.33", 1000 / 3.0}, {7, 699.9, "99.99", 699.9 / 7},
-        {1, 0, "0.00", 0},           {8, 0.4, "0.05", 0.05},          {19, 1900, "100.00", 100},
+        {3, 1500, "500.00", 500}, {3, 1000, "333.33", 1000 / 3.0}, {7, 699.9, "99.99", 699.9 / 7},
+        {1, 0, "0.00", 0},        {8, 0.4, "0.05", 0.05},          {19, 1900, "100.00", 100},
     };
     for (const auto& [n, bundle, shown, quotient] : rows) {
         CalcCase c = twin_264_34_at(0);

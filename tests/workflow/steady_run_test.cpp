@@ -90,8 +90,7 @@ TEST(SteadyRun, goes_on_after_a_failed_method_and_names_it) {
     const auto [dialogs, result] = run(c);
     EXPECT_TRUE(result.input_valid);
     EXPECT_EQ(result.methods[0].result, " Error");
-    EXPECT_EQ(result.methods[0].outcome.status,
-              "ST_00_CigreTB207_temp_strom_steady_state: err02 ");
+    EXPECT_EQ(result.methods[0].outcome.status, "ST_00_CigreTB207_temp_strom_steady_state: err02 ");
     EXPECT_EQ(result.methods_line, "Cigre TB 207");
     EXPECT_THAT(result.balance_lines, IsEmpty());
     EXPECT_FALSE(result.transient_start);
@@ -127,9 +126,8 @@ TEST(SteadyRun, ends_the_program_where_both_modes_are_set) {
         c.Leitertemp_Merker_db = true;
         c.Leitertemp_db = typed(80);
         RecordingDialogs dialogs;
-        EXPECT_THROW(
-            (void)RunSteady(c, {LangId::English, DecimalSeparator::Point, mode, dialogs}),
-            ProgramEnd);
+        EXPECT_THROW((void)RunSteady(c, {LangId::English, DecimalSeparator::Point, mode, dialogs}),
+                     ProgramEnd);
         EXPECT_THAT(dialogs.shown(), SizeIs(mode == RunMode::Messages ? 1 : 0));
     }
 }

@@ -17,8 +17,9 @@ public:
 
     bool key(string_t& name) override {
         key_ = name;
-        const bool known = std::any_of(object.begin(), object.end(),
-                                       [&](const FlatMember& member) { return member.key == name; });
+        const bool known = std::any_of(object.begin(), object.end(), [&](const FlatMember& member) {
+            return member.key == name;
+        });
         if (known) throw InputError(name + ": the key stands twice");
         return true;
     }
@@ -54,8 +55,7 @@ public:
     bool end_array() override { return true; }
     bool parse_error(std::size_t /*position*/, const std::string& last_token,
                      const nlohmann::detail::exception& error) override {
-        if (error.id == number_overflow)
-            refuse(last_token + " is beyond the range of a number");
+        if (error.id == number_overflow) refuse(last_token + " is beyond the range of a number");
         const std::string text = error.what();
         const std::size_t head = text.find("] ");  // "[json.exception.parse_error.101] "
         throw InputError("no JSON: " + (head == std::string::npos ? text : text.substr(head + 2)));
