@@ -6,7 +6,6 @@
 #include "platform/rounding.h"
 #include "workflow/bundle.h"
 #include "workflow/entry_rules.h"
-#include "workflow/page_change.h"
 
 namespace zel {
 namespace {
@@ -18,7 +17,7 @@ struct overloaded : Ts... {
 template <class... Ts>
 overloaded(Ts...) -> overloaded<Ts...>;
 
-// Between two entries tab and return always lead on; from the last entry of a row they do not.
+// Tab and return lead from one control to the next, but not on from the last of a chain.
 constexpr std::string_view first_chain[] = {
     "Text4",  "Text20", "Text21", "Text22", "Text3",  "Text27", "Text25", "Text24",
     "Text26", "Text30", "Text29", "Text28", "Text15", "Text11", "Text1",  "Text19"};
@@ -30,7 +29,30 @@ constexpr std::string_view conductivity_ring[] = {"Text7", "Text40", "Text41", "
 constexpr std::array<std::span<const std::string_view>, 5> focus_chains = {
     first_chain, ground_chain, line_chain, bundle_chain, conductivity_ring};
 
+std::optional<Box> enter_whole_number(std::int16_t& field, std::string_view text,
+                                      const Session& session) {
+    Entry typed;
+    field = 0;
+    auto refusal = enter(typed, text, session.separator, session.lang);
+    if (refusal || !typed.given()) return refusal;
+    const auto whole = round_to_int16(typed.value);
+    // A number too large for the field is refused as a text that is no number at all.
+    if (!whole) return enter(typed, "-", session.separator, session.lang);
+    field = *whole;
+    return std::nullopt;
+}
+
 }  // namespace
+
+const std::vector<FormSection>& case_form_sections() {
+    static const auto all = [] {
+        std::vector<FormSection> sections(input_sections().begin(), input_sections().end());
+        const auto conductor = conductor_sections();
+        sections.insert(sections.end(), conductor.begin(), conductor.end());
+        return sections;
+    }();
+    return all;
+}
 
 std::span<const Choice> bundle_sizes() {
     static const auto sizes = [] {
@@ -52,23 +74,6 @@ std::string shown_text(const CalcCase& c, const FormRow& row) {
                    [&](bool CalcCase::*field) { return std::string(c.*field ? "1" : "0"); }},
         row.field);
 }
-
-namespace {
-
-std::optional<Box> enter_whole_number(std::int16_t& field, std::string_view text,
-                                      const Session& session) {
-    Entry typed;
-    field = 0;
-    auto refusal = enter(typed, text, session.separator, session.lang);
-    if (refusal || !typed.given()) return refusal;
-    const auto whole = round_to_int16(typed.value);
-    // A number too large for the field is refused as a text that is no number at all.
-    if (!whole) return enter(typed, "-", session.separator, session.lang);
-    field = *whole;
-    return std::nullopt;
-}
-
-}  // namespace
 
 std::optional<Box> enter_text(CalcCase& c, const FormRow& row, std::string_view text,
                               const Session& session) {

@@ -53,8 +53,10 @@ struct MethodRow {
     Text label;
 };
 
-/// All sections, page by page.
-[[nodiscard]] std::span<const FormSection> case_form_sections();
+/// All sections, page by page: those of the input page, then those of the conductor page.
+[[nodiscard]] const std::vector<FormSection>& case_form_sections();
+[[nodiscard]] std::span<const FormSection> input_sections();
+[[nodiscard]] std::span<const FormSection> conductor_sections();
 
 /// The section with the three values of which the mode of calculation takes one as given.
 [[nodiscard]] const FormSection& given_value_section();

@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QPalette>
 #include <QStyleFactory>
 #include <cstdio>
 #include <cstdlib>
@@ -17,6 +18,7 @@ namespace zel {
 namespace {
 
 constexpr int font_size = 10;  // points
+constexpr QColor greyed(0x82, 0x82, 0x82);
 constexpr int no_display = 1;
 
 bool is_set(const char* variable) {
@@ -34,6 +36,10 @@ void set_look() {
     QFont font = QApplication::font();
     font.setPointSize(font_size);
     QApplication::setFont(font);
+    // The style's own grey is hard to read.
+    QPalette palette = QApplication::palette();
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, greyed);
+    QApplication::setPalette(palette);
     QApplication::setWindowIcon(window_icon());
     if (QFontDatabase::families().isEmpty() || QFontInfo(font).family().isEmpty())
         std::fputs("zel: no font is installed, texts cannot be read; "

@@ -14,6 +14,7 @@ struct Session {
     DecimalSeparator separator = DecimalSeparator::Point;
     RunMode Meldung_merker = RunMode::Messages;
     Dialogs& dialogs;
+    bool wi_v_wi_merker = true;  // warn where values fall below the minimum for surveying a span
 
     [[nodiscard]] Reporting reporting() const { return {Meldung_merker, lang, dialogs}; }
 

@@ -49,7 +49,10 @@ ProcessResult run_zel(const std::vector<std::string>& arguments, const std::stri
     std::string command = "cd " + quoted(directory) +
                           " && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " +
                           quoted(ZEL_PROGRAM);
-    for (const std::string& argument : arguments) command += " " + quoted(argument);
+    for (const std::string& argument : arguments) {
+        command += ' ';
+        command += quoted(argument);
+    }
     command += " < " + quoted(scratch.file("in")) + " > " + quoted(scratch.file("out")) + " 2> " +
                quoted(scratch.file("err"));
     const int status = std::system(command.c_str());

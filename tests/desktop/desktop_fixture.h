@@ -1,0 +1,82 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTabWidget>
+#include <memory>
+#include <string>
+
+#include "desktop/case_forms.h"
+#include "desktop/form_main.h"
+#include "desktop/qt_text.h"
+#include "fakes/scripted_dialogs.h"
+#include "fakes/steady_cases.h"
+
+namespace zel {
+
+/// The windows of the program over a scripted user, with controls found by their names.
+class DesktopTest : public testing::Test {
+protected:
+    void open(const CalcCase& c, LangId lang, DecimalSeparator separator) {
+        state = std::make_unique<DesktopState>(
+            DesktopState{case_for_form(c), {lang, separator, RunMode::Messages, dialogs}});
+        form_main = std::make_unique<FormMain>(*state);
+        form_main->show();
+        form1().show();
+        form1().activateWindow();
+        QApplication::processEvents();
+    }
+    void open(const CalcCase& c = {}) { open(c, LangId::English, DecimalSeparator::Point); }
+
+    Form1& form1() { return form_main->form1(); }
+    CalcCase& calc_case() { return state->calc_case; }
+
+    template <class Widget = QLineEdit>
+    Widget& control(const char* name) {
+        auto* found = form1().findChild<Widget*>(name);
+        EXPECT_NE(found, nullptr) << name;
+        return *found;
+    }
+    std::string shown(const char* label) { return control<QLabel>(label).text().toStdString(); }
+    std::string typed_in(const char* box) { return control(box).text().toStdString(); }
+
+    void press(QWidget& widget, int key, const QString& text = {},
+               Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QKeyEvent down(QEvent::KeyPress, key, modifiers, text);
+        QApplication::sendEvent(&widget, &down);
+    }
+    /// Types into a box and leaves it by `key`, as a user does.
+    void type(const char* name, const std::string& text, int key = Qt::Key_Tab) {
+        auto& box = control(name);
+        box.setFocus();
+        ASSERT_TRUE(box.hasFocus()) << name;
+        box.selectAll();
+        press(box, Qt::Key_Delete);
+        for (const QChar letter : qt(text)) press(box, 0, letter);
+        press(box, key);
+        QApplication::processEvents();
+    }
+    void choose(const char* name, int index) {
+        auto& list = control<QComboBox>(name);
+        list.setCurrentIndex(index);
+        emit list.activated(index);
+    }
+
+    QTabWidget& pages() { return control<QTabWidget>("SSTab1"); }
+    void go_to(int page) {
+        pages().setCurrentIndex(page);
+        QApplication::processEvents();
+    }
+
+    ScriptedDialogs dialogs;
+    std::unique_ptr<DesktopState> state;
+    std::unique_ptr<FormMain> form_main;
+};
+
+}  // namespace zel

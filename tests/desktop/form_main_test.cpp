@@ -1,0 +1,100 @@
+#include <QAbstractButton>
+#include <QAction>
+#include <QGroupBox>
+#include <QTimer>
+
+#include "desktop/desktop.h"
+#include "desktop/desktop_fixture.h"
+#include "workflow/page_change.h"
+
+namespace zel {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class FormMainTest : public DesktopTest {
+protected:
+    QAction& action(QWidget& window, const char* name) {
+        auto* found = window.findChild<QAction*>(name);
+        EXPECT_NE(found, nullptr) << name;
+        return *found;
+    }
+    void expect_language(bool german) {
+        const char* name = german ? "VOR V.8.2" : "ZEL V.8.2";
+        EXPECT_EQ(form_main->windowTitle().toStdString(), name);
+        EXPECT_THAT(form1().windowTitle().toStdString(), HasSubstr(name));
+        EXPECT_EQ(action(*form_main, "mBeenden").text().toStdString(),
+                  german ? "&Beenden" : "E&xit");
+        EXPECT_EQ(pages().tabText(input_page).toStdString(),
+                  german ? "&Eingabedaten" : "&Input data");
+        for (QWidget* window :
+             {static_cast<QWidget*>(form_main.get()), static_cast<QWidget*>(&form1())}) {
+            EXPECT_EQ(action(*window, "m_userinterface_german").isChecked(), german);
+            EXPECT_EQ(action(*window, "m_userinterface_english").isChecked(), !german);
+        }
+        for (QLabel* label : form1().findChildren<QLabel*>())
+            if (label->buddy() == &control("Text11")) {
+                EXPECT_EQ(label->text().toStdString(),
+                          german ? "Windgeschwindigkeit :" : "Wind speed :");
+            }
+    }
+};
+
+TEST_F(FormMainTest, language_switch_changes_both_windows_at_once) {
+    open(twin_264_34());
+    expect_language(false);
+    action(*form_main, "m_userinterface_german").trigger();
+    expect_language(true);
+    EXPECT_EQ(control<QComboBox>("Combo3").currentText().toStdString(), "Doppel-Leiter");
+    EXPECT_EQ(calc_case(), twin_264_34());
+    action(form1(), "m_userinterface_english").trigger();
+    expect_language(false);
+    action(form1(), "m_userinterface_english").trigger();  // chosen again, the mark stays
+    expect_language(false);
+}
+
+TEST_F(FormMainTest, shown_result_is_told_in_the_new_language) {
+    open(twin_264_34());
+    go_to(result_page);
+    action(form1(), "m_userinterface_german").trigger();
+    EXPECT_EQ(shown("caption_TB207"), "Doppel-Leiter nach Cigre TB 207 :");
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
+TEST_F(FormMainTest, both_ways_out_ask_and_no_keeps_the_program) {
+    open({}, LangId::German, DecimalSeparator::Comma);
+    dialogs.answers = {Answer::No, Answer::No};
+    action(*form_main, "mBeenden").trigger();
+    EXPECT_FALSE(form_main->close());
+    ASSERT_THAT(dialogs.shown, SizeIs(2));
+    for (const Box& box : dialogs.shown) {
+        EXPECT_EQ(box.lines.at(0), "Wollen Sie das Programm wirklich abbrechen bzw. beenden? ");
+        EXPECT_EQ(box.icon, Icon::Question);
+    }
+    EXPECT_TRUE(form_main->isVisible());
+    EXPECT_TRUE(form1().isVisible());
+}
+
+TEST_F(FormMainTest, yes_ends_the_program_after_one_question) {
+    open();
+    dialogs.answers = {Answer::Yes};
+    QTimer::singleShot(0, form_main.get(), [this] { action(*form_main, "mBeenden").trigger(); });
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_THAT(dialogs.shown, SizeIs(1));
+    EXPECT_FALSE(form_main->isVisible());
+    EXPECT_FALSE(form1().isVisible());
+}
+
+TEST(RunDesktop, without_a_display_says_so_and_fails) {
+    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        qunsetenv(variable);
+    int argc = 0;
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(run_desktop(argc, nullptr, {}), 1);
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("display"));
+}
+
+}  // namespace
+}  // namespace zel

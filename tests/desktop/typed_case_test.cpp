@@ -1,0 +1,113 @@
+#include <QCheckBox>
+
+#include "desktop/desktop_fixture.h"
+#include "desktop/given_value.h"
+#include "workflow/page_change.h"
+#include "workflow/steady_run.h"
+
+namespace zel {
+namespace {
+
+using testing::IsEmpty;
+
+struct Typed {
+    const char* control;
+    const char* text;  // with a decimal point
+};
+
+// The case of `twin_264_34`: 264-AL1/34-ST1A by EN 50182.
+constexpr Typed surroundings[] = {
+    {"Text3", "0"},    {"Text27", "0"},  {"Text11", "0.6"}, {"Text1", "90"},   {"Text19", "35"},
+    {"Text14", "900"}, {"Text17", "50"}, {"Text2", "0.6"},  {"Text31", "0.6"},
+};
+constexpr Typed conductor[] = {
+    {"Seilquerschnitt_db", "297.7"},
+    {"Seildurchmesser_db", "22.4"},
+    {"DCR_20_db", "0.1095"},
+    {"DrahtzahlLeiter_db", "24"},
+    {"DrahtdurchmesserLeiter_db", "3.74"},
+    {"DrahtlagenzahlLeiter_db", "2"},
+    {"Mantelquerschnitt_db", "263.7"},
+    {"DC_Resist_Leiter_db", "28.264"},
+    {"T_Koeff_DC_Resist_Leiter_linear_db", "4.03"},
+};
+
+class TypedCase : public DesktopTest {
+protected:
+    void type_all(std::span<const Typed> rows) {
+        for (const auto& [name, text] : rows) {
+            std::string number = text;
+            std::replace(number.begin(), number.end(), '.', character(state->session.separator));
+            type(name, number);
+        }
+    }
+    void type_case(GivenValue given, const char* box, const char* value) {
+        control<QCheckBox>("rechnung_cigre207_merker_db").click();
+        type_all(surroundings);
+        choose("Combo3", 1);
+        choose("Combo1", static_cast<int>(given));
+        type(box, value);
+        go_to(conductor_page);
+        choose("conductor_type_db", steel_cored_conductor);
+        choose("conductor_shape_db", 1);
+        type_all(conductor);
+        go_to(result_page);
+    }
+    void expect_result_of(CalcCase c) {
+        ScriptedDialogs none;
+        const SteadyRunResult run =
+            RunSteady(c, {state->session.lang, state->session.separator, RunMode::Messages, none});
+        ASSERT_TRUE(run.input_valid);
+        EXPECT_EQ(shown("head_line"), run.head_line);
+        EXPECT_EQ(shown("caption_TB207"), run.methods.at(0).caption);
+        EXPECT_EQ(shown("result_TB207"), run.methods.at(0).result);
+        EXPECT_EQ(shown("balance_line"), run.balance_lines.at(0));
+        EXPECT_EQ(shown("angle"), run.angle_text);
+        EXPECT_EQ(shown("perpendicular_wind"), run.perpendicular_wind_text);
+        EXPECT_EQ(shown("methods_line"), run.methods_line);
+    }
+};
+
+TEST_F(TypedCase, gives_the_current_in_german_with_comma) {
+    open({}, LangId::German, DecimalSeparator::Comma);
+    type_case(GivenValue::Temperature, "Text16", "80");
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+    EXPECT_EQ(shown("caption_TB207"), "Doppel-Leiter nach Cigre TB 207 :");
+    EXPECT_EQ(shown("result_TB207"), "1331 A");
+    EXPECT_EQ(shown("angle"), "90,0 °");
+    expect_result_of(twin_264_34());
+    EXPECT_TRUE(control<QLabel>("caption_TB207").isVisible());
+    EXPECT_FALSE(control<QLabel>("caption_TB601").isVisible());
+    EXPECT_EQ(shown("result_TB601"), "");
+}
+
+TEST_F(TypedCase, gives_the_temperature_in_english_with_point) {
+    open();
+    type_case(GivenValue::Current, "Text18", "665.524");
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+    EXPECT_EQ(shown("result_TB207"), "80.0 °C");
+    expect_result_of(twin_264_34_at(665.524));
+}
+
+TEST_F(TypedCase, bundle_current_shows_its_share_with_two_decimals) {
+    open({}, LangId::German, DecimalSeparator::Comma);
+    type_case(GivenValue::BundleCurrent, "Text39", "1331,05");
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+    EXPECT_EQ(typed_in("Text18"), "665,53");
+    EXPECT_EQ(shown("result_TB207"), "80,0 °C");
+}
+
+TEST_F(TypedCase, given_current_shows_that_of_the_bundle) {
+    open();
+    type_case(GivenValue::Current, "Text18", "600");
+    EXPECT_EQ(typed_in("Text39"), "1200");
+}
+
+TEST_F(TypedCase, is_the_case_that_was_meant) {
+    open();
+    type_case(GivenValue::Temperature, "Text16", "80");
+    EXPECT_EQ(calc_case(), twin_264_34());
+}
+
+}  // namespace
+}  // namespace zel
