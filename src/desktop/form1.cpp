@@ -27,7 +27,7 @@ constexpr Text close_caption = {"&Schließen", "&Close"};
 
 }  // namespace
 
-Form1::Form1(DesktopState& state, std::function<void(LangId)> switch_language)
+Form1::Form1(DesktopState& state, const std::function<void(LangId)>& switch_language)
     : state_(state),
       file_menu_(menuBar()->addMenu(QString())),
       close_(file_menu_->addAction(QString())),

@@ -22,7 +22,7 @@ class ResultPage;
 class Form1 : public QMainWindow {
 public:
     /// `switch_language` is called by the language menu.
-    Form1(DesktopState& state, std::function<void(LangId)> switch_language);
+    Form1(DesktopState& state, const std::function<void(LangId)>& switch_language);
 
     /// Captions in the language of the session. A result that is being shown is told anew in it.
     void recaption();

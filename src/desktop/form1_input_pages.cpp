@@ -35,7 +35,7 @@ void InputPage::make_panels(int page) {
         if (section.page == page) panels_.push_back(new FieldPanel(section, state_, refused_));
 }
 
-QWidget* InputPage::column_of(std::vector<std::size_t> indexes) {
+QWidget* InputPage::column_of(const std::vector<std::size_t>& indexes) {
     auto* column = new QWidget;
     auto* layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);

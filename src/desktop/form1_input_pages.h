@@ -25,7 +25,7 @@ protected:
     void make_panels(int page);
     [[nodiscard]] FieldPanel& panel(std::size_t index) { return *panels_[index]; }
     /// Puts panels one below the other, aligned.
-    [[nodiscard]] QWidget* column_of(std::vector<std::size_t> indexes);
+    [[nodiscard]] QWidget* column_of(const std::vector<std::size_t>& indexes);
     [[nodiscard]] DesktopState& state() const { return state_; }
 
 private:

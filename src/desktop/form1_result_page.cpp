@@ -57,6 +57,7 @@ ResultPage::ResultPage()
     layout->addWidget(wind_group_);
     layout->addStretch(1);
     setWidget(content);
+    content->hide();  // nothing to tell before the first valid run
 }
 
 QGroupBox* ResultPage::make_results() {
@@ -103,6 +104,7 @@ QGroupBox* ResultPage::make_wind() {
 void ResultPage::show_run(const SteadyRunResult& run) {
     widget()->setEnabled(run.input_valid);
     if (!run.input_valid) return;
+    widget()->show();
     head_line_->setText(qt(run.head_line));
     methods_line_->setText(qt(run.methods_line));
     for (const Line& line : lines_) {
@@ -121,7 +123,10 @@ void ResultPage::show_run(const SteadyRunResult& run) {
     wind_->setText(qt(run.perpendicular_wind_text));
 }
 
-void ResultPage::clear_balance() { balance_->clear(); }
+void ResultPage::clear_balance() {
+    balance_->clear();
+    balance_group_->hide();
+}
 
 void ResultPage::recaption(LangId lang) {
     results_group_->setTitle(qt(results_caption, lang));
