@@ -159,6 +159,14 @@ void FieldPanel::add_on_top(QWidget* widget) {
     grid_->addWidget(widget, top_row, 0, 1, section_.columns * grid_columns_per_field);
 }
 
+void FieldPanel::add_beside(std::string_view control, QWidget* widget) {
+    for (const Field& field : fields_) {
+        if (field.row->control != control || field.unit == nullptr) continue;
+        delete grid_->replaceWidget(field.unit, widget);
+        field.unit->hide();
+    }
+}
+
 FieldPanel::ColumnWidths FieldPanel::column_widths() const {
     ColumnWidths widths;
     for (const Field& field : fields_) {

@@ -36,6 +36,9 @@ public:
     /// A widget above the rows, as wide as the panel.
     void add_on_top(QWidget* widget);
 
+    /// A widget beside the input named `control`, in the place of its unit.
+    void add_beside(std::string_view control, QWidget* widget);
+
     /// The widest label and unit; panels one below the other are aligned by them.
     struct ColumnWidths {
         int label = 0;

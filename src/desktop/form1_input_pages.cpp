@@ -4,8 +4,10 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QSignalBlocker>
+#include <QToolButton>
 #include <QVBoxLayout>
 
+#include "desktop/frm_emissivity.h"
 #include "desktop/given_value.h"
 #include "desktop/group.h"
 #include "desktop/qt_text.h"
@@ -19,6 +21,8 @@ constexpr int gap = 12;  // pixels between columns
 
 constexpr Text mode_caption = {"Berechnungsart", "Mode of calculation"};
 constexpr Text methods_caption = {"Berechnungsverfahren", "Calculation methods"};
+constexpr Text age_hint = {"Emissionsverhältnis aus dem Seilalter berechnen ...",
+                           "Calculate the emissivity from the conductor's age ..."};
 constexpr Text not_available = {"Dieses Verfahren ist in dieser Version nicht verfügbar.",
                                 "This method is not available in this version."};
 
@@ -67,11 +71,15 @@ void InputPage::mark_needed() {
 }
 
 GeneralPage::GeneralPage(DesktopState& state, FieldPanel::Refused refused)
-    : InputPage(state, std::move(refused)), mode_(new QuietList), methods_(make_methods()) {
+    : InputPage(state, std::move(refused)),
+      mode_(new QuietList),
+      age_button_(make_age_button()),
+      methods_(make_methods()) {
     enum { project, geography, date, surroundings, line, given };
     make_panels(input_page);
     make_mode_list();
     panel(given).add_on_top(mode_);
+    panel(line).add_beside("Text2", age_button_);
     auto* content = new QWidget;
     auto* columns = new QHBoxLayout;
     columns->setSpacing(gap);
@@ -97,6 +105,22 @@ void GeneralPage::make_mode_list() {
                         given_value_rows()[static_cast<std::size_t>(index)].value);
         open_given_box();
     });
+}
+
+QToolButton* GeneralPage::make_age_button() {
+    auto* button = new QToolButton;
+    button->setObjectName("open_frm_emissivity");
+    button->setText("ε ...");
+    connect(button, &QToolButton::clicked, this, [this] { ask_age(); });
+    return button;
+}
+
+void GeneralPage::ask_age() {
+    commit();
+    FrmEmissivity form(this, state().session);
+    if (form.exec() != QDialog::Accepted) return;
+    state().calc_case.Emissionsverhaeltnis_db = form.emissivity();
+    load();
 }
 
 QGroupBox* GeneralPage::make_methods() {
@@ -132,6 +156,8 @@ void GeneralPage::recaption() {
     methods_->setTitle(qt(methods_caption, lang));
     mode_->setAccessibleName(qt(mode_caption, lang));
     mode_->setToolTip(qt(mode_caption, lang));
+    age_button_->setToolTip(qt(age_hint, lang));
+    age_button_->setAccessibleName(qt(age_hint, lang));
     for (const GivenValueRow& row : given_value_rows())
         mode_->setItemText(static_cast<int>(row.value), qt(row.text, lang));
     std::size_t index = 0;

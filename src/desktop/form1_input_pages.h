@@ -6,6 +6,7 @@
 #include "desktop/field_panel.h"
 
 class QCheckBox;
+class QToolButton;
 
 namespace zel {
 
@@ -46,9 +47,12 @@ public:
 private:
     void make_mode_list();
     [[nodiscard]] QGroupBox* make_methods();
+    [[nodiscard]] QToolButton* make_age_button();
+    void ask_age();
     void open_given_box();
 
     QComboBox* mode_;
+    QToolButton* age_button_;               // emissivity from the conductor's age
     std::vector<QCheckBox*> method_boxes_;  // filled while the group is made
     QGroupBox* methods_;
 };

@@ -1,0 +1,45 @@
+#include "platform/rounding.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace zel {
+namespace {
+
+TEST(RoundToInt16, takes_ties_to_the_even_neighbour) {
+    const struct {
+        double value;
+        std::int16_t rounded;
+    } rows[] = {
+        {0, 0},           {0.4999, 0},
+        {0.5, 0},         {0.5001, 1},
+        {1.5, 2},         {2.5, 2},
+        {3.5, 4},         {-0.5, 0},
+        {-0.5001, -1},    {-1.5, -2},
+        {-2.5, -2},       {-3.5, -4},
+        {7, 7},           {0.49999999999999994, 0},
+        {32767, 32767},   {32767.49, 32767},
+        {-32768, -32768}, {-32768.5, -32768},
+    };
+    for (const auto& [value, rounded] : rows) EXPECT_EQ(round_to_int16(value), rounded) << value;
+}
+
+TEST(RoundToInt16, gives_nothing_beyond_sixteen_bits) {
+    constexpr double infinite = std::numeric_limits<double>::infinity();
+    for (const double value :
+         {32767.5, -32768.51, 1e300, -1e300, infinite, -infinite, std::nan("")})
+        EXPECT_EQ(round_to_int16(value), std::nullopt) << value;
+}
+
+TEST(NarrowedToSingle, keeps_what_a_32_bit_float_holds) {
+    EXPECT_EQ(narrowed_to_single(4.03), 4.03000020980834961);
+    EXPECT_EQ(narrowed_to_single(0.1), 0.100000001490116119);
+    EXPECT_EQ(narrowed_to_single(-2.5), -2.5);
+    EXPECT_EQ(narrowed_to_single(16777217), 16777216);
+    EXPECT_EQ(narrowed_to_single(1e-60), 0);
+}
+
+}  // namespace
+}  // namespace zel
