@@ -34,6 +34,6 @@ function(zel_test name)
     target_compile_definitions(${name}_test PRIVATE
         ZEL_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ZEL_PROGRAM="$<TARGET_FILE:zel>")
     zel_settings(${name}_test)
-    gtest_discover_tests(${name}_test TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60
+    gtest_discover_tests(${name}_test TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES
         PROPERTIES TIMEOUT 120)
 endfunction()

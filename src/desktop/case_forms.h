@@ -67,6 +67,10 @@ struct MethodRow {
 [[nodiscard]] std::span<const Choice> conductor_types();
 /// The texts of `conductor_shape_db`; the first stands for every number that is not told.
 [[nodiscard]] std::span<const Choice> conductor_shapes();
+/// The texts of `ACDC_R_Option_Merker_db`; the first stands for no choice.
+[[nodiscard]] std::span<const Choice> resistance_options();
+/// The texts of `GMR_Merker_db`.
+[[nodiscard]] std::span<const Choice> radius_options();
 /// The names of bundles of 1 to 8 sub-conductors.
 [[nodiscard]] std::span<const Choice> bundle_sizes();
 

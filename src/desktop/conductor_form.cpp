@@ -61,6 +61,20 @@ constexpr FormRow resistance[] = {
      {"Frequenz AC-Widerstände :", "Frequency AC resistances :"},
      "Hz",
      TB601},
+    {"ACDC_R_Option_Merker_db",
+     &CalcCase::ACDC_R_Option_Merker_db,
+     {"Rechnen mit Widerstand :", "Calculate with resistance :"},
+     "",
+     TB601,
+     {},
+     resistance_options},
+    {"GMR_Merker_db",
+     &CalcCase::GMR_Merker_db,
+     {"Ersatzradius :", "Equivalent radius :"},
+     "",
+     TB601,
+     {},
+     radius_options},
     {"Text41",
      &CalcCase::GMR_db,
      {"Geom. Ersatzradius GMR :", "Geometric mean radius :"},
@@ -223,6 +237,17 @@ constexpr Choice shape_table[] = {
       "busbar or conductor with smooth shape in outer strand (e.g. trapezoid wires)"}},
 };
 
+constexpr Choice resistance_table[] = {
+    {0, {"", ""}},
+    {1, {"DC", "DC"}},
+    {2, {"AC", "AC"}},
+};
+
+constexpr Choice radius_table[] = {
+    {0, {"0,7788·D/2", "0.7788·D/2"}},
+    {1, {"GMR", "GMR"}},
+};
+
 }  // namespace
 
 std::span<const FormSection> conductor_sections() { return sections; }
@@ -230,5 +255,9 @@ std::span<const FormSection> conductor_sections() { return sections; }
 std::span<const Choice> conductor_types() { return type_table; }
 
 std::span<const Choice> conductor_shapes() { return shape_table; }
+
+std::span<const Choice> resistance_options() { return resistance_table; }
+
+std::span<const Choice> radius_options() { return radius_table; }
 
 }  // namespace zel

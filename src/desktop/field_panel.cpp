@@ -81,7 +81,7 @@ QLineEdit* FieldPanel::make_edit(const FormRow& row) {
 QComboBox* FieldPanel::make_list(const FormRow& row) {
     auto* list = new QuietList;
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    list->setMinimumContentsLength(12);
+    list->setMinimumContentsLength(6);
     connect(list, &QComboBox::activated, this, [this, &row](int index) {
         auto field = std::get<std::int16_t CalcCase::*>(row.field);
         state_.calc_case.*field = row.choices()[static_cast<std::size_t>(index)].value;

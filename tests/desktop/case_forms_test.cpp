@@ -50,8 +50,6 @@ bool has_no_row(std::string_view name) {
         "Globalstrahlung_Merker_db",
         "Umgebtemp_merker1_db",
         "Umgebtemp_merker2_db",
-        "GMR_Merker_db",
-        "ACDC_R_Option_Merker_db",
         "Temp_min_db",
         "Temp_max_db",
         "Schrittweite_Temp_db",
