@@ -17,6 +17,11 @@ enum class SteadyCause : std::uint8_t {
     SolarFault,
     ConvectionFault,
     RadiationFault,
+    BusbarFrequency,   // neither direct current nor near 50 or 60 Hz
+    BusbarJouleFault,  // numeric faults of the four terms of the busbar method
+    BusbarSolarFault,
+    BusbarConvectionFault,
+    BusbarRadiationFault,
     // of the search
     ModeUndefined,          // neither or both of current and temperature are given
     CurrentAllAbove,        // hotter without current than the temperature asked for

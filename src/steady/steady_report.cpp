@@ -26,6 +26,10 @@ constexpr std::string_view solar = "ST_F02_CigreTB207_PS_steady";
 constexpr std::string_view convection = "ST_F03_CigreTB207_PC_steady";
 constexpr std::string_view convection_and_blank = "ST_F03_CigreTB207_PC_steady ";
 constexpr std::string_view radiation = "ST_F04_CigreTB207_PR_steady";
+constexpr std::string_view busbar_joule = "ST_F01_TBB_PJ_steady";
+constexpr std::string_view busbar_solar = "ST_F02_CigreTBB_PS_steady";
+constexpr std::string_view busbar_convection = "ST_F03_TBB_PC_steady";
+constexpr std::string_view busbar_radiation = "ST_F04_TBB_PR_steady";
 constexpr std::string_view undefined_mode = "ST_00_CigreTB207_temp_strom_steady_state: err01 ";
 constexpr std::string_view too_hot = "ST_00_CigreTB207_temp_strom_steady_state: err02 ";
 constexpr std::string_view solver_and_blank = "ST_00_CigreTB207_temp_strom_steady_state ";
@@ -65,6 +69,16 @@ constexpr BoxText grashof_prandtl_box = {
      "This value is beyond the defined range of Cigre TB 207.\n"
      "Please check your input data "}};
 
+constexpr BoxText busbar_frequency_box = {
+    Icon::Stop,
+    {"Falsche Eingabe", "Input incorrecht !"},
+    {"Berechnungen für Kreisringstromschienen können nur für Netzfrequenzen \n"
+     "von 50 Hz bis 60 Hz oder Gleichstrom 0 Hz durchgeführt werden.\n"
+     "Bitte koorigieren sie die Eingabe der Netzfrquenz.",
+     "Calculations for tubular busbars can only be carried out\n"
+     "for frequencies from 50Hz - 60 Hz and 0 Hz (DC): \n"
+     "Please correcht your input for frequency "}};
+
 constexpr BoxText undefined_mode_box = {
     Icon::Stop,
     {"Function: ST_00_CigreTB207_temp_strom_steady_state"},
@@ -91,6 +105,8 @@ constexpr BoxText iteration_box = {Icon::Warning,
 constexpr BoxText fault_box = {
     Icon::Stop, {"Funktion: {0}", " {0}"}, {"Error {1} in row 0 occured."}};
 
+constexpr BoxText busbar_fault_box = {Icon::Stop, {" {0}"}, fault_box.lines};
+
 constexpr std::array failures = {
     FailureRow{JouleBracketing, joule, joule, joule, nullptr, true},
     FailureRow{ReynoldsTooLarge, convection, convection_and_blank, convection, &reynolds_box, true},
@@ -100,6 +116,14 @@ constexpr std::array failures = {
     FailureRow{SolarFault, solar, solar, solar, &fault_box, true},
     FailureRow{ConvectionFault, convection, convection, convection, &fault_box, true},
     FailureRow{RadiationFault, radiation, radiation, radiation, &fault_box, true},
+    FailureRow{BusbarFrequency, busbar_joule, busbar_joule, busbar_joule, &busbar_frequency_box,
+               true},
+    FailureRow{BusbarJouleFault, busbar_joule, busbar_joule, busbar_joule, &busbar_fault_box, true},
+    FailureRow{BusbarSolarFault, busbar_solar, busbar_solar, busbar_solar, &busbar_fault_box, true},
+    FailureRow{BusbarConvectionFault, busbar_convection, busbar_convection, busbar_convection,
+               &busbar_fault_box, true},
+    FailureRow{BusbarRadiationFault, busbar_radiation, busbar_radiation, busbar_radiation,
+               &busbar_fault_box, true},
     FailureRow{ModeUndefined, solver, undefined_mode, undefined_mode, &undefined_mode_box},
     FailureRow{CurrentAllAbove, solver, too_hot, too_hot},
     FailureRow{CurrentAllBelow, solver, solver, solver},

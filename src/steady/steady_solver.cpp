@@ -7,6 +7,7 @@
 #include "platform/rounding.h"
 #include "steady/constants.h"
 #include "steady/tb207_terms.h"
+#include "steady/tbb_terms.h"
 
 namespace zel {
 namespace {
@@ -14,34 +15,71 @@ namespace {
 constexpr double residual_tolerance = 0.001;  // W/m
 constexpr int iteration_limit = 50;
 
+/// Takes the terms of one evaluation as they come. A numeric fault of a term goes before its own
+/// failure.
+class TermTaker {
+public:
+    SteadyFailure take(double& place, const Term& term, SteadyCause fault_cause) const {
+        place = computed(term.value);
+        const ArithmeticFault fault = arithmetic_.fault();
+        return fault != ArithmeticFault::None ? SteadyFailure{fault_cause, fault}
+                                              : SteadyFailure{term.failure};
+    }
+
+private:
+    const ArithmeticScope arithmetic_;
+};
+
 SteadyFailure tb207_terms(SteadyStateBlock& state, const SteadyInputBlock& in) {
-    const ArithmeticScope arithmetic;
+    const TermTaker evaluation;
     const double D = thousandth(in.outer_diameter);
     const double d = thousandth(in.wire_diameter);
     const double Ts = state.temperature;
     HeatTerms& terms = state.terms;
-    const auto failed = [&](SteadyCause cause, SteadyCause fault_cause) -> SteadyFailure {
-        const ArithmeticFault fault = arithmetic.fault();
-        return fault != ArithmeticFault::None ? SteadyFailure{fault_cause, fault}
-                                              : SteadyFailure{cause};
-    };
 
     const Tb207Conductor conductor = {thousandth(in.DCR20), in.a20, in.conductor_type, in.layers,
                                       in.conductor_section};
     const Term PJ = ST_F01_CigreTB207_PJ_steady(state.current, conductor, Ts);
-    terms.PJ = computed(PJ.value);
-    if (const auto failure = failed(PJ.failure, SteadyCause::JouleFault)) return failure;
+    if (const auto failure = evaluation.take(terms.PJ, PJ, SteadyCause::JouleFault)) return failure;
 
-    terms.PS = computed(ST_F02_CigreTB207_PS_steady(in.absorptivity, in.global_radiation, D));
-    if (const auto failure = failed(SteadyCause::None, SteadyCause::SolarFault)) return failure;
+    const Term PS = {ST_F02_CigreTB207_PS_steady(in.absorptivity, in.global_radiation, D)};
+    if (const auto failure = evaluation.take(terms.PS, PS, SteadyCause::SolarFault)) return failure;
 
     const Tb207Flow flow = {in.V, in.delta, in.altitude, D, d, in.g};
     const Term PC = ST_F03_CigreTB207_PC_steady(flow, Ts, in.Ta);
-    terms.PC = computed(PC.value);
-    if (const auto failure = failed(PC.failure, SteadyCause::ConvectionFault)) return failure;
+    if (const auto failure = evaluation.take(terms.PC, PC, SteadyCause::ConvectionFault))
+        return failure;
 
-    terms.PR = computed(ST_F04_CigreTB207_PR_steady(D, in.emissivity, Ts, in.Ta));
-    return failed(SteadyCause::None, SteadyCause::RadiationFault);
+    const Term PR = {ST_F04_CigreTB207_PR_steady(D, in.emissivity, Ts, in.Ta)};
+    return evaluation.take(terms.PR, PR, SteadyCause::RadiationFault);
+}
+
+SteadyFailure tbb_terms(SteadyStateBlock& state, const SteadyInputBlock& in) {
+    const TermTaker evaluation;
+    const double D = thousandth(in.outer_diameter);
+    const double Ts = state.temperature;
+    HeatTerms& terms = state.terms;
+
+    double R = 0;
+    const Term tube = {tube_resistance(in.resistivity, in.outer_diameter_again, in.inner_diameter)};
+    if (const auto failure = evaluation.take(R, tube, SteadyCause::BusbarJouleFault))
+        return failure;
+
+    const Term PJ = ST_F01_TBB_PJ_steady(state.current, in.frequency, R, in.a20, Ts);
+    if (const auto failure = evaluation.take(terms.PJ, PJ, SteadyCause::BusbarJouleFault))
+        return failure;
+
+    const Term PS = {ST_F02_CigreTBB_PS_steady(in.absorptivity, in.global_radiation, D)};
+    if (const auto failure = evaluation.take(terms.PS, PS, SteadyCause::BusbarSolarFault))
+        return failure;
+
+    const BusbarFlow flow = {in.V, in.delta, in.altitude, D, in.g};
+    const Term PC = {ST_F03_TBB_PC_steady(flow, Ts, in.Ta)};
+    if (const auto failure = evaluation.take(terms.PC, PC, SteadyCause::BusbarConvectionFault))
+        return failure;
+
+    const Term PR = {ST_F04_TBB_PR_steady(D, in.emissivity, Ts, in.Ta)};
+    return evaluation.take(terms.PR, PR, SteadyCause::BusbarRadiationFault);
 }
 
 /// B = (PJ + PS) - (PC + PR) in W/m: above 0 the conductor gets hotter.
@@ -178,6 +216,7 @@ SteadyInputBlock steady_input(const CalcCase& c, double delta) {
     in.conductor_type = c.conductor_type_db;
     in.resistivity = c.DC_Resist_Leiter_db.value;
     in.a20 = thousandth(narrowed_to_single(c.T_Koeff_DC_Resist_Leiter_linear_db.value));
+    if (c.rechnung_TBB_merker_db == 1) in.method = HeatTermMethod::TBB;
     if (c.rechnung_cigre207_merker_db == 1) in.method = HeatTermMethod::TB207;
     return in;
 }
@@ -185,6 +224,7 @@ SteadyInputBlock steady_input(const CalcCase& c, double delta) {
 SteadyFailure ST_F00_heat_terms_eval(SteadyStateBlock& state, const SteadyInputBlock& input) {
     switch (input.method) {
         case HeatTermMethod::TB207: return tb207_terms(state, input);
+        case HeatTermMethod::TBB: return tbb_terms(state, input);
         case HeatTermMethod::None: break;
     }
     return {};

@@ -12,7 +12,7 @@
 namespace zel {
 
 /// Which heat terms make the balance.
-enum class HeatTermMethod : std::uint8_t { None, TB207 };
+enum class HeatTermMethod : std::uint8_t { None, TB207, TBB };
 
 /// What one evaluation reads, taken once from the case.
 struct SteadyInputBlock {

@@ -2,19 +2,13 @@
 
 #include <cstdint>
 
-#include "steady/steady_cause.h"
+#include "steady/term.h"
 
 // The four terms of the heat balance per metre of one sub-conductor by Cigre TB 207 (Thermal
 // behaviour of overhead conductors, 2002), SI units throughout. Each is one evaluation of numbers:
 // it keeps nothing, allocates nothing and knows of no iteration.
 
 namespace zel {
-
-/// A heat term in W/m. It stands only where `failure` is `SteadyCause::None`.
-struct Term {
-    double value = 0;
-    SteadyCause failure = SteadyCause::None;
-};
 
 /// What the Joule heating reads of the conductor.
 struct Tb207Conductor {

@@ -1,0 +1,18 @@
+#include "fakes/allocation_count.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+thread_local std::size_t count = 0;
+}
+
+std::size_t zel::allocation_count() { return count; }
+
+void* operator new(std::size_t size) {
+    ++count;
+    if (void* memory = std::malloc(size != 0 ? size : 1)) return memory;
+    throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
