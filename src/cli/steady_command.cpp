@@ -35,6 +35,7 @@ int steady_command(const std::string& case_path, const CommonOptions& options) {
             return options.json ? print_or_fail(refusal_document(console.messages()), exit_refused)
                                 : exit_refused;
         }
+        for (const Box& box : result.advice) session.tell(box);
         const std::string output = options.json ? steady_document(result, console.messages())
                                                 : steady_page(c, result, options);
         return print_or_fail(output, status_of(result));

@@ -94,6 +94,7 @@ void Form1::run() {
     if (!result.input_valid) return;
     load();  // the run reconciles the currents of sub-conductor and bundle
     pages_->setTabEnabled(transient_page, true);
+    for (const Box& box : result.advice) state_.session.tell(box);
 }
 
 void Form1::refused(QWidget* input) {

@@ -2,7 +2,11 @@
 
 #include <algorithm>
 
+#include "shell/error_text.h"
+#include "shell/program_texts.h"
+#include "steady/kirn.h"
 #include "steady/steady_solver.h"
+#include "steady/webs.h"
 
 namespace zel {
 namespace {
@@ -20,13 +24,73 @@ MethodOutcome run_heat_balance(const CalcCase& c, double angle, const Session& s
     return outcome;
 }
 
+/// Webs and Kirn have no status text: a numeric fault is told, and the method is without result.
+template <class Result>
+MethodOutcome outcome_of(const Result& result, double temperature, const Session& session) {
+    MethodOutcome outcome;
+    if (const auto& [module, procedure, fault] = result.fault; result.fault) {
+        session.tell(arithmetic_error(fault, module, procedure, session.lang));
+        outcome.fault = true;
+        return outcome;
+    }
+    outcome.current_A = result.current;
+    outcome.temperature_C = temperature;
+    return outcome;
+}
+
+/// Webs and Kirn know no undefined mode: the failure is that of the steady solver, and ends the
+/// program.
+void require_mode(const CalcCase& c, const Session& session) {
+    if (c.Leitertemp_Merker_db == c.Stromstaerke_Merker_db)
+        report({SteadyCause::ModeUndefined}, session.reporting());
+}
+
+MethodOutcome run_webs(const CalcCase& c, double angle, const Session& session) {
+    require_mode(c, session);
+    const WebsInput in = webs_input(c, angle);
+    WebsQuestions questions(
+        {session.reporting(), session.separator, session.wi_v_wi_merker, short_name});
+    if (c.Leitertemp_Merker_db) {
+        const double T = c.Leitertemp_db.value;
+        return outcome_of(S1_Rechnung_strom_webs(in, T, questions), T, session);
+    }
+    const auto result = S2_Rechnung_temp_webs(in, c.Stromstaerke_db.value, questions);
+    return outcome_of(result, result.temperature, session);
+}
+
+MethodOutcome run_kirn(const CalcCase& c, double angle, const Session& session) {
+    require_mode(c, session);
+    const KirnInput in = kirn_input(c, angle);
+    const auto with_angle = [&](const auto& result, double temperature) {
+        MethodOutcome outcome = outcome_of(result, temperature, session);
+        outcome.angle = result.angle;
+        return outcome;
+    };
+    if (c.Leitertemp_Merker_db) {
+        const double T = c.Leitertemp_db.value;
+        return with_angle(S1_Rechnung_strom_kirn(in, T), T);
+    }
+    const auto result = S2_Rechnung_temp_kirn(in, c.Stromstaerke_db.value);
+    return with_angle(result, result.temperature);
+}
+
+constexpr std::string_view heat_balance_head = "TB 207 / TBB:  ";
+
 constexpr std::array methods = {
     SteadyMethod{Method::TB207,
                  "Cigre TB 207",
                  {" nach Cigre TB 207 :", " by Cigre TB 207 :"},
-                 "TB 207 / TBB:  ",
+                 heat_balance_head,
                  true,
                  run_heat_balance},
+    SteadyMethod{Method::TBB,
+                 "Puffer",
+                 {" nach Puffer :", " by Puffer :"},
+                 heat_balance_head,
+                 true,
+                 run_heat_balance},
+    SteadyMethod{Method::Webs, "Webs", {" nach Webs :", " by Webs :"}, {}, false, run_webs},
+    SteadyMethod{Method::Kirn, "Kirn", {" nach Kirn :", " by Kirn :"}, {}, false, run_kirn},
 };
 
 }  // namespace

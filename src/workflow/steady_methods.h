@@ -22,12 +22,14 @@ inline constexpr std::array all_methods = {Method::TB601, Method::TB207, Method:
 
 /// What a method leaves behind. A value that it does not have, or that failed, is absent.
 struct MethodOutcome {
-    std::string status;                   // empty means sound
+    std::string status;                   // of TB 601, TB 207 and TBB; empty means no failure
+    bool fault = false;                   // Webs or Kirn met a numeric fault, which was told
     std::optional<double> current_A;      // of one sub-conductor
     std::optional<double> temperature_C;  // of the conductor
     std::optional<HeatTerms> terms;
+    std::optional<double> angle;  // degrees, where the method overwrites the folded angle
 
-    [[nodiscard]] bool sound() const { return status.empty(); }
+    [[nodiscard]] bool sound() const { return status.empty() && !fault; }
 };
 
 struct SteadyMethod {

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/message_box.h"
+#include "workflow/advice.h"
 #include "workflow/bundle.h"
 #include "workflow/steady_check.h"
 #include "workflow/wind.h"
@@ -66,7 +67,8 @@ std::optional<Box> unavailable_method(const CalcCase& c, LangId lang) {
 }
 
 std::string result_text(const MethodOutcome& outcome, const CalcCase& c, const Session& session) {
-    if (!outcome.sound()) return " Error";
+    if (!outcome.status.empty()) return " Error";
+    if (outcome.fault) return {};
     if (!c.Stromstaerke_Merker_db)
         return masked(c.Anzahl_Teilleiter_db * *outcome.current_A, "####0", session.separator) +
                " A";
@@ -94,6 +96,7 @@ void run_methods(const Kind& kind, const CalcCase& c, const Session& session,
         const MethodResult& line =
             result.methods.emplace_back(run_method(method, c, result.angle, session));
         const MethodOutcome& outcome = line.outcome;
+        if (outcome.angle) result.angle = *outcome.angle;
         if (!outcome.sound()) continue;
         if (!method.balance.empty())
             result.balance_lines.push_back(
@@ -138,6 +141,12 @@ void show_wind(const CalcCase& c, const Session& session, SteadyRunResult& resul
         masked(result.perpendicular_wind, "#0.0##", session.separator) + " m/s";
 }
 
+std::optional<double> Kirn_temperature(const SteadyRunResult& result) {
+    for (const MethodResult& line : result.methods)
+        if (line.method == Method::Kirn) return line.outcome.temperature_C;
+    return std::nullopt;
+}
+
 }  // namespace
 
 std::string balance_line(std::string_view head, const HeatTerms& terms,
@@ -168,6 +177,8 @@ SteadyRunResult RunSteady(CalcCase& c, const Session& session) {
     run_methods(kind, c, session, result);
     result.methods_line = methods_line(c);
     show_wind(c, session, result);
+    result.advice =
+        advice(c, {result.angle, result.perpendicular_wind, Kirn_temperature(result)}, session);
     return result;
 }
 

@@ -45,7 +45,8 @@ struct SteadyRunResult {
     std::vector<std::string> balance_lines;  // of the methods that succeeded
     std::optional<TransientStart> transient_start;
     ResultTexts texts;
-    bool may_save = false;  // TB 601, TB 207 or the busbar method succeeded
+    bool may_save = false;    // TB 601, TB 207 or the busbar method succeeded
+    std::vector<Box> advice;  // to be told in this order once the result is on the page
 };
 
 /// The labels of the folded angle and of the wind across the conductor.
