@@ -25,40 +25,32 @@ ArithmeticFault fault_of(Arithmetic arithmetic) {
 }
 
 TEST(ArithmeticScope, names_the_fault_of_the_arithmetic_before_the_question) {
-    const double zero = at_run_time(0), one = at_run_time(1), huge = at_run_time(1e300);
+    using enum ArithmeticFault;
     const struct {
-        double (*arithmetic)(double zero, double one, double huge);
+        double x;
+        double (*arithmetic)(double x);
         ArithmeticFault fault;
-    } rows[] = {
-        {[](double, double one_, double) { return one_ + 0.1; }, ArithmeticFault::None},
-        {[](double, double, double huge_) { return 1 / huge_ / huge_; }, ArithmeticFault::None},
-        {[](double zero_, double one_, double) { return one_ / zero_; },
-         ArithmeticFault::DivisionByZero},
-        {[](double zero_, double, double) { return std::log(zero_); },
-         ArithmeticFault::DivisionByZero},
-        {[](double zero_, double, double) { return std::pow(zero_, -1); },
-         ArithmeticFault::DivisionByZero},
-        {[](double zero_, double, double) { return zero_ / zero_; },
-         ArithmeticFault::InvalidArgument},
-        {[](double, double one_, double) { return std::sqrt(-one_); },
-         ArithmeticFault::InvalidArgument},
-        {[](double, double one_, double) { return std::log(-one_); },
-         ArithmeticFault::InvalidArgument},
-        {[](double, double one_, double) { return std::pow(-one_, 0.5); },
-         ArithmeticFault::InvalidArgument},
-        {[](double, double, double huge_) { return huge_ * huge_; }, ArithmeticFault::Overflow},
-        {[](double, double one_, double) { return std::exp(710 * one_); },
-         ArithmeticFault::Overflow},
-        {[](double, double, double huge_) { return narrowed_to_single(huge_); },
-         ArithmeticFault::Overflow},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(fault_of([&] { return row.arithmetic(zero, one, huge); }), row.fault)
-            << "row " << &row - rows;
+    } rows[] = {{1, [](double x) { return x / 3; }, None},
+                {1e-300, [](double x) { return x * x; }, None},
+                {0, [](double x) { return 1 / x; }, DivisionByZero},
+                {0, [](double x) { return std::log(x); }, DivisionByZero},
+                {0, [](double x) { return std::pow(x, -1); }, DivisionByZero},
+                {0, [](double x) { return x / x; }, InvalidArgument},
+                {-1, [](double x) { return std::sqrt(x); }, InvalidArgument},
+                {-1, [](double x) { return std::log(x); }, InvalidArgument},
+                {-1, [](double x) { return std::pow(x, 0.5); }, InvalidArgument},
+                {1e300, [](double x) { return x * x; }, Overflow},
+                {710, [](double x) { return std::exp(x); }, Overflow},
+                {1e300, [](double x) { return narrowed_to_single(x); }, Overflow}};
+    for (const auto& [x, arithmetic, fault] : rows) {
+        const double at = at_run_time(x);
+        EXPECT_EQ(fault_of([&] { return arithmetic(at); }), fault) << "at " << x;
+    }
 }
 
 TEST(ArithmeticScope, names_the_gravest_of_several_faults) {
-    const double zero = at_run_time(0), huge = at_run_time(1e300);
+    const double zero = at_run_time(0);
+    const double huge = at_run_time(1e300);
     const ArithmeticScope scope;
     (void)computed(huge * huge);
     EXPECT_EQ(scope.fault(), ArithmeticFault::Overflow);
@@ -69,7 +61,8 @@ TEST(ArithmeticScope, names_the_gravest_of_several_faults) {
 }
 
 TEST(ArithmeticScope, starts_clean_and_puts_back_what_stood_before) {
-    const double zero = at_run_time(0), huge = at_run_time(1e300);
+    const double zero = at_run_time(0);
+    const double huge = at_run_time(1e300);
     const ArithmeticScope outer;
     (void)computed(1 / zero);
     {

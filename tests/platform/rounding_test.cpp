@@ -4,26 +4,19 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace zel {
 namespace {
 
 TEST(RoundToInt16, takes_ties_to_the_even_neighbour) {
-    const struct {
-        double value;
-        std::int16_t rounded;
-    } rows[] = {
-        {0, 0},           {0.4999, 0},
-        {0.5, 0},         {0.5001, 1},
-        {1.5, 2},         {2.5, 2},
-        {3.5, 4},         {-0.5, 0},
-        {-0.5001, -1},    {-1.5, -2},
-        {-2.5, -2},       {-3.5, -4},
-        {7, 7},           {0.49999999999999994, 0},
-        {32767, 32767},   {32767.49, 32767},
-        {-32768, -32768}, {-32768.5, -32768},
-    };
+    const std::pair<double, std::int16_t> rows[] = {
+        {0, 0},    {0.4999, 0},   {0.5, 0},   {0.5001, 1}, {1.5, 2},   {2.5, 2}, {3.5, 4},
+        {-0.5, 0}, {-0.5001, -1}, {-1.5, -2}, {-2.5, -2},  {-3.5, -4}, {7, 7}};
     for (const auto& [value, rounded] : rows) EXPECT_EQ(round_to_int16(value), rounded) << value;
+    EXPECT_EQ(round_to_int16(0.49999999999999994), 0);
+    EXPECT_EQ(round_to_int16(32767.49), 32767);
+    EXPECT_EQ(round_to_int16(-32768.5), -32768);
 }
 
 TEST(RoundToInt16, gives_nothing_beyond_sixteen_bits) {
