@@ -132,22 +132,23 @@ float ST_F01_CigreTB601_Resistance(const ResistanceTable& table, double T) {
     return segment(count - 2);
 }
 
-double ST_F06_CigreTB601_skin_effect_factor_601(const TB601Params& p, const TB601State& state) {
-    const double Rho = p.Rho20 * temperature_factor(p, state.T);
-    const double De = equivalent_diameter(p);
-    const double k = computed(solid_conductor_factor(De, Rho, p.F));
-    switch (p.ConductorType) {
+double ST_F06_CigreTB601_skin_effect_factor_601(const TB601Params& params,
+                                                const TB601State& state) {
+    const double Rho = params.Rho20 * temperature_factor(params, state.T);
+    const double De = equivalent_diameter(params);
+    const double k = computed(solid_conductor_factor(De, Rho, params.F));
+    switch (params.ConductorType) {
         case homogeneous_conductor: return k;
         case steel_cored_conductor:
-        case composite_core_conductor: return 1 + (1 - p.DCore / De) * (k - 1);
-        case tubular_busbar: return 1 + (1 - p.DCore / p.D) * (k - 1);
+        case composite_core_conductor: return 1 + (1 - params.DCore / De) * (k - 1);
+        case tubular_busbar: return 1 + (1 - params.DCore / params.D) * (k - 1);
         default: return 0;
     }
 }
 
-double ST_F08_CigreTB601_magnetic_heating_factor_einfach(const TB601Params& p,
+double ST_F08_CigreTB601_magnetic_heating_factor_einfach(const TB601Params& params,
                                                          const TB601State& state) {
-    const double J = computed(state.I / p.AreaOuter);  // A/mm²
+    const double J = computed(state.I / params.AreaOuter);  // A/mm²
     if (J < 1.5) return 1;
     if (J > 1.5 && J <= 4) return 1 + 0.05 * (J - 1.5) / 2.5;
     if (J > 4) return 1.05;

@@ -123,31 +123,31 @@ Tb601Failure solve(const TB601Params& params, TB601State& state, Points p, const
 
 }  // namespace
 
-Tb601Failure ST_CigreTB601_Heat_Balance(const TB601Params& p, TB601State& state) {
+Tb601Failure ST_CigreTB601_Heat_Balance(const TB601Params& params, TB601State& state) {
     const ArithmeticScope arithmetic;
     HeatTerms& terms = state.terms;
 
-    const Tb601Term PJ = ST_F01_CigreTB601_PJ_steady(p, state, arithmetic);
+    const Tb601Term PJ = ST_F01_CigreTB601_PJ_steady(params, state, arithmetic);
     if (PJ.failure) return PJ.failure;
     terms.PJ = PJ.value;
 
-    const double PS = computed(ST_F02_CigreTB601_PS_steady(p));
+    const double PS = computed(ST_F02_CigreTB601_PS_steady(params));
     if (const auto failure = fault_in(Tb601Procedure::SolarHeating, arithmetic)) return failure;
     terms.PS = PS;
 
     if (const auto failure = ST_S09_CigreTB601_Tsurface_conductor_temperature_distribution(
-            p, state, PJ.value, arithmetic))
+            params, state, PJ.value, arithmetic))
         return failure;
 
-    const Tb601Term PC =
-        ST_F03_CigreTB601_PC_steady(p.V, p.Delta, state.TSurface, p.Ta, p.Y, p.D, p.DWire, p.G,
-                                    p.ConductorType, p.ConductorShape);
+    const Tb601Term PC = ST_F03_CigreTB601_PC_steady(
+        params.V, params.Delta, state.TSurface, params.Ta, params.Y, params.D, params.DWire,
+        params.G, params.ConductorType, params.ConductorShape);
     const double cooling = computed(PC.value);
     if (const auto failure = fault_in(Tb601Procedure::Convection, arithmetic)) return failure;
     if (PC.failure) return PC.failure;
     terms.PC = cooling;
 
-    const double PR = computed(ST_F04_CigreTB601_PR_steady(p, state));
+    const double PR = computed(ST_F04_CigreTB601_PR_steady(params, state));
     if (const auto failure = fault_in(Tb601Procedure::Radiation, arithmetic)) return failure;
     terms.PR = PR;
     return {};

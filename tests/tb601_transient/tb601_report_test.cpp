@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "platform/program_end.h"
 
 namespace zel {
@@ -129,30 +131,28 @@ TEST(Tb601Report, ends_the_program_on_an_undefined_mode) {
 struct LinesRow {
     Tb601Cause cause;
     Icon icon;
-    const char* de;
-    const char* en;
+    std::string de;
+    std::string en;
 };
+
+const std::string range_de =
+    "Dieser Wert befindet sich außerhalb des in Cigre TB 601 definierten Bereiches.|"
+    "Bitte überprüfen Sie ihre Eingabedaten auf Realitätsnähe|"
+    "und starten die Berechnung mit korrigierten Werten neu !| |"
+    "Wollen Sie das Programm abbrechen bzw. beenden? ";
+const std::string range_en =
+    "This value is beyond the defined range of Cigre TB 601.|Please check your input data |"
+    "and start a new caculation with adjusted values !|Do you want to close the application ?";
 
 // The lines of each box, joined by "|".
 const LinesRow lines_rows[] = {
-    {SmoothReynolds, Icon::Warning,
-     "Reynoldszahl ist größer als 200000.|"
-     "Dieser Wert befindet sich außerhalb des in Cigre TB 601 definierten Bereiches.|"
-     "Bitte überprüfen Sie ihre Eingabedaten auf Realitätsnähe|"
-     "und starten die Berechnung mit korrigierten Werten neu !| |"
-     "Wollen Sie das Programm abbrechen bzw. beenden? ",
-     "Reynolds Number is bigger than 200000.|"
-     "This value is beyond the defined range of Cigre TB 601.|Please check your input data |"
-     "and start a new caculation with adjusted values !|Do you want to close the application ?"},
-    {StrandedReynolds, Icon::Warning,
-     "Reynoldszahl ist größer als 50000.|"
-     "Dieser Wert befindet sich außerhalb des in Cigre TB 601 definierten Bereiches.|"
-     "Bitte überprüfen Sie ihre Eingabedaten auf Realitätsnähe|"
-     "und starten die Berechnung mit korrigierten Werten neu !| |"
-     "Wollen Sie das Programm abbrechen bzw. beenden? ",
-     "Reynolds number is bigger than 50000 .|"
-     "This value is beyond the defined range of Cigre TB 601.|Please check your input data |"
-     "and start a new caculation with adjusted values !|Do you want to close the application ?"},
+    {SmoothReynolds, Icon::Warning, "Reynoldszahl ist größer als 200000.|" + range_de,
+     "Reynolds Number is bigger than 200000.|" + range_en},
+    {StrandedReynolds, Icon::Warning, "Reynoldszahl ist größer als 50000.|" + range_de,
+     "Reynolds number is bigger than 50000 .|" + range_en},
+    {GrashofPrandtlTooLarge, Icon::Warning,
+     "Produkt aus Prandtl- u. Grashofzahl ist größer als 10^12 .|" + range_de,
+     "The product from Prandtl & Grashof numbers is bigger than 10^12 .|" + range_en},
     {RoughReynolds, Icon::Warning,
      "Reynoldszahl ist größer als 50000.|"
      "Dieser Wert befindet sich außerhalb des in Cigre TB 601 definierten Bereiches für laminare "
@@ -166,15 +166,6 @@ const LinesRow lines_rows[] = {
      "for perpenticular flow / high windspeeds.|Please reduce windspeed in your input data |"
      "and start a new caculation with adjusted values !|"
      "or use Webs or Cigre TB 207 for this calcukation !|Do you want to close the application ?"},
-    {GrashofPrandtlTooLarge, Icon::Warning,
-     "Produkt aus Prandtl- u. Grashofzahl ist größer als 10^12 .|"
-     "Dieser Wert befindet sich außerhalb des in Cigre TB 601 definierten Bereiches.|"
-     "Bitte überprüfen Sie ihre Eingabedaten auf Realitätsnähe|"
-     "und starten die Berechnung mit korrigierten Werten neu !| |"
-     "Wollen Sie das Programm abbrechen bzw. beenden? ",
-     "The product from Prandtl & Grashof numbers is bigger than 10^12 .|"
-     "This value is beyond the defined range of Cigre TB 601.|Please check your input data |"
-     "and start a new caculation with adjusted values !|Do you want to close the application ?"},
     {SingleLayer, Icon::Stop,
      "Die Berechnung nach Cigre TB 601 kann mit vorliegendem Programm nicht für hohe Stromstärke |"
      "und Seilen mit Stahlkern und nur einer Lage Leiterdraht durchgeführt werden, |"
