@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+
+#include "tb601_transient/tb601_cause.h"
+#include "tb601_transient/tb601_params.h"
+
+// Solar heating, convective and radiative cooling per metre of one conductor by Cigre TB 601
+// (2014), SI units throughout. Both coolings start from the surface of the conductor.
+
+namespace zel {
+
+/// Solar heating, W/m. The global radiation enters as it stands.
+[[nodiscard]] double ST_F02_CigreTB601_PS_steady(const TB601Params& params);
+
+/// Convective cooling, W/m: the larger of forced and natural convection, never both. Fails with
+/// `SmoothReynolds`, `StrandedReynolds`, `RoughReynolds` or `GrashofPrandtlTooLarge`; faults are
+/// left to the caller. Speeds in m/s, temperatures in °C, lengths in m, Delta in degrees.
+[[nodiscard]] Tb601Term ST_F03_CigreTB601_PC_steady(double V, double Delta, double TSurface,
+                                                    double Ta, double Y, double D, double DWire,
+                                                    double G, std::int16_t ConductorType,
+                                                    std::int16_t ConductorShape);
+
+/// Radiative cooling at `TSurface` of the state, W/m; negative where the conductor is the colder.
+[[nodiscard]] double ST_F04_CigreTB601_PR_steady(const TB601Params& params,
+                                                 const TB601State& state);
+
+/// Air at the film temperature and altitude.
+struct FilmAir {
+    double lambda = 0;  // W/(m·K), thermal conductivity
+    double mu = 0;      // kg/(m·s), dynamic viscosity
+    double nu = 0;      // m²/s, kinematic viscosity
+    double Pr = 0;      // Prandtl number
+};
+
+/// What the convective cooling reads, as the arguments of `ST_F03_CigreTB601_PC_steady`.
+struct Tb601Flow {
+    double V, Delta, TSurface, Ta, Y, D, DWire, G;
+    std::int16_t ConductorType, ConductorShape;
+};
+
+/// The steps of the convective cooling. After a refusal the later ones are 0.
+struct Tb601Convection {
+    FilmAir air;
+    double Re = 0;       // Reynolds number
+    double Gr = 0;       // Grashof number, by magnitude
+    double Nu90 = 0;     // Nusselt number of a wind across
+    double Nu = 0;       // of the wind as it blows
+    double Pforced = 0;  // W/m
+    double Pnat = 0;     // W/m
+    Tb601Cause refusal = Tb601Cause::None;
+};
+
+[[nodiscard]] Tb601Convection tb601_convection(const Tb601Flow& flow);
+
+}  // namespace zel
