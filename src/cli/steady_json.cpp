@@ -39,6 +39,14 @@ ordered_json json_of(const MethodResult& line) {
     entry["PS"] = term(&HeatTerms::PS);
     entry["PC"] = term(&HeatTerms::PC);
     entry["PR"] = term(&HeatTerms::PR);
+    if (line.method != Method::TB601) return entry;
+    const auto detail = [&](double Tb601Details::*member) {
+        return outcome.tb601 ? ordered_json((*outcome.tb601).*member) : ordered_json(nullptr);
+    };
+    entry["T_surface_C"] = detail(&Tb601Details::TSurface);
+    entry["T_core_C"] = detail(&Tb601Details::TCore);
+    entry["k_skin"] = detail(&Tb601Details::KSkin);
+    entry["k_mag"] = detail(&Tb601Details::KMag);
     return entry;
 }
 

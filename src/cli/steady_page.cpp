@@ -79,10 +79,12 @@ std::string results(const SteadyRunResult& result, LangId lang) {
     listing.add(angle_label.in(lang), result.angle_text);
     listing.add(perpendicular_wind_label.in(lang), result.perpendicular_wind_text);
     for (const MethodResult& line : result.methods) {
-        std::string value = line.result;
-        if (!line.outcome.sound()) value += "   (" + line.outcome.status + ")";
+        std::string value = line.outcome.fault ? "-" : line.result;
+        if (!line.outcome.status.empty()) value += "   (" + line.outcome.status + ")";
         listing.add(line.caption, std::move(value));
     }
+    for (const auto& lines : {result.tb601_temperatures, result.tb601_factors})
+        for (const auto& [label, text] : lines) listing.add(without_outer_blanks(label), text);
     return listing.text();
 }
 

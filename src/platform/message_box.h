@@ -16,7 +16,7 @@ enum class Answer { Ok, Yes, No };
 /// "none", "stop", "warning" or "question".
 [[nodiscard]] std::string_view name_of(Icon icon);
 
-/// The wording of a message box in both languages, with places `{0}` in its lines.
+/// The wording of a message box in both languages, with places `{0}` in title and lines.
 struct BoxText {
     Icon icon = Icon::None;
     Text title;

@@ -52,16 +52,25 @@ std::optional<std::string> normal_form(std::string_view text, char separator) {
     return out;
 }
 
-/// Whether a number out of the range of a double is so because it is too small.
+/// Whether a number out of the range of a double is so because it is too small: by the weight of
+/// its first digit that counts.
 bool is_tiny(std::string_view form) {
-    const std::size_t exponent = form.find_first_of("eE");
-    if (exponent != std::string_view::npos && exponent + 1 < form.size() &&
-        form[exponent + 1] != '-') {
-        return form.substr(0, exponent).find_first_of("123456789") == std::string_view::npos;
+    const std::size_t e = std::min(form.find_first_of("eE"), form.size());
+    const std::string_view mantissa = form.substr(0, e);
+    const std::size_t first = mantissa.find_first_of("123456789");
+    if (first == std::string_view::npos) return true;
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    double weight = static_cast<double>(point) - static_cast<double>(first);
+    if (e + 1 < form.size()) {
+        // An exponent with more digits than an integer holds is as good as infinite.
+        const std::string_view exponent = form.substr(e + 1);
+        const bool negative = exponent.front() == '-';
+        double size = 0;
+        for (const char c : exponent)
+            if (is_digit(c)) size = size * 10 + (c - '0');
+        weight += negative ? -size : size;
     }
-    if (exponent != std::string_view::npos) return true;
-    const std::string_view whole = form.substr(0, form.find('.'));
-    return whole.find_first_of("123456789") == std::string_view::npos;
+    return weight < 0;
 }
 
 /// The decimal digits of a positive number: value = 0.d1d2d3... * 10^point.
@@ -148,8 +157,9 @@ std::optional<double> parse_number(std::string_view text, DecimalSeparator separ
 
 std::string masked(double value, std::string_view mask, DecimalSeparator separator) {
     if (!std::isfinite(value)) return {};
-    const std::size_t first = mask.find_first_of("#0");
+    std::size_t first = mask.find_first_of("#0");
     if (first == std::string_view::npos) return std::string(mask);
+    if (first > 0 && mask[first - 1] == '.') --first;
     std::size_t last = first;
     std::size_t point = std::string_view::npos;
     for (; last < mask.size(); ++last) {
@@ -183,6 +193,8 @@ std::string masked(double value, std::string_view mask, DecimalSeparator separat
 }
 
 std::string plain_number(double value, DecimalSeparator separator) {
+    if (!std::isfinite(value)) return {};
+    if (value == 0) return "0";
     char buffer[32];
     std::snprintf(buffer, sizeof buffer, "%.*G", significant_digits, value);
     std::string out(buffer);

@@ -33,7 +33,7 @@ enum class DecimalSeparator : std::int16_t { Comma = 1, Point = 2 };
 [[nodiscard]] std::string masked(double value, std::string_view mask, DecimalSeparator separator);
 
 /// `value` without a mask, in at most 15 significant digits, as a field shows a number that was
-/// computed for it ("1500", "0.1", "1E+20").
+/// computed for it ("1500", "0.1", "1E+20"). Empty for a value that is infinite or no number.
 [[nodiscard]] std::string plain_number(double value, DecimalSeparator separator);
 
 }  // namespace zel

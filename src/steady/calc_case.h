@@ -167,7 +167,7 @@ struct MeasuredData {
 
 /// One change of state of a transient: the fields `Zn_merker_db`, `Zn_Strom_db`, ...
 struct StateChange {
-    std::int16_t merker = 0;  // 0 unused, 1 temperature and time, 2 current and time, 3 both
+    std::int16_t merker = 0;  // 0 unused, 1 TEMP and time, 2 Strom and time, 3 Strom and TEMP
     Entry Strom;              // A, of one sub-conductor
     Entry TEMP;               // °C
     Entry min;                // duration, minutes and

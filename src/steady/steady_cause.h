@@ -27,8 +27,8 @@ enum class SteadyCause : std::uint8_t {
     CurrentAllAbove,        // hotter without current than the temperature asked for
     CurrentAllBelow,        // above 99999 A
     CurrentNotReached,      // 50 iterations left a bracket of 1 A or more
-    TemperatureAllAbove,    // below -100 °C
-    TemperatureAllBelow,    // above 500 °C
+    TemperatureAllAbove,    // above 500 °C
+    TemperatureAllBelow,    // below -100 °C
     TemperatureNotReached,  // 50 iterations left 0.5 W/m or more
 };
 

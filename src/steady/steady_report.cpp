@@ -154,7 +154,7 @@ void show(const FailureRow& row, ArithmeticFault fault, const Reporting& reporti
 std::string_view Rechenfehler_Text(SteadyCause cause, RunMode Meldung_merker) {
     if (cause == None) return {};
     const FailureRow& row = row_of(cause);
-    return Meldung_merker == RunMode::Messages ? row.status : row.silent_status;
+    return Meldung_merker == RunMode::Silent ? row.silent_status : row.status;
 }
 
 std::string_view report(const SteadyFailure& failure, const Reporting& reporting) {

@@ -21,7 +21,10 @@ class TermTaker {
 public:
     SteadyFailure take(double& place, const Term& term, SteadyCause fault_cause) const {
         place = computed(term.value);
-        const ArithmeticFault fault = arithmetic_.fault();
+        ArithmeticFault fault = arithmetic_.fault();
+        // An input that overflowed before this evaluation leaves no flag here.
+        if (fault == ArithmeticFault::None && !std::isfinite(place))
+            fault = ArithmeticFault::Overflow;
         return fault != ArithmeticFault::None ? SteadyFailure{fault_cause, fault}
                                               : SteadyFailure{term.failure};
     }

@@ -7,6 +7,8 @@
 #include "steady/kirn.h"
 #include "steady/steady_solver.h"
 #include "steady/webs.h"
+#include "tb601_transient/tb601_report.h"
+#include "tb601_transient/tb601_solver.h"
 
 namespace zel {
 namespace {
@@ -20,6 +22,22 @@ MethodOutcome run_heat_balance(const CalcCase& c, double angle, const Session& s
         outcome.current_A = state.current;
         outcome.temperature_C = state.temperature;
         outcome.terms = state.terms;
+    }
+    return outcome;
+}
+
+MethodOutcome run_tb601(const CalcCase& c, double angle, const Session& session) {
+    TB601Records records;
+    const Tb601Failure failure = ST_00_CigreTB601_temp_strom_steady_state(c, angle, records);
+    MethodOutcome outcome;
+    outcome.status = report(failure, session.reporting());
+    if (outcome.sound()) {
+        const TB601State& state = records.state;
+        outcome.current_A = state.I;
+        outcome.temperature_C = state.T;
+        outcome.terms = state.terms;
+        outcome.tb601 = {state.TSurface, state.TCore, state.KiesslingFactor, state.KSkin,
+                         state.KMag};
     }
     return outcome;
 }
@@ -77,6 +95,12 @@ MethodOutcome run_kirn(const CalcCase& c, double angle, const Session& session) 
 constexpr std::string_view heat_balance_head = "TB 207 / TBB:  ";
 
 constexpr std::array methods = {
+    SteadyMethod{Method::TB601,
+                 "Cigre TB 601",
+                 {" nach Cigre TB 601 :", " by Cigre TB 601 :"},
+                 "TB 601:  ",
+                 true,
+                 run_tb601},
     SteadyMethod{Method::TB207,
                  "Cigre TB 207",
                  {" nach Cigre TB 207 :", " by Cigre TB 207 :"},

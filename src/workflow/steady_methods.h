@@ -20,6 +20,15 @@ enum class Method : std::uint8_t { TB601, TB207, TBB, Webs, Kirn };
 inline constexpr std::array all_methods = {Method::TB601, Method::TB207, Method::TBB, Method::Webs,
                                            Method::Kirn};
 
+/// What TB 601 tells beside current, temperature and heat terms.
+struct Tb601Details {
+    double TSurface = 0;         // °C
+    double TCore = 0;            // °C
+    double KiesslingFactor = 0;  // of the skin effect; no formula sets it
+    double KSkin = 0;            // skin effect factor, 0 where none entered
+    double KMag = 0;             // magnetic heating factor
+};
+
 /// What a method leaves behind. A value that it does not have, or that failed, is absent.
 struct MethodOutcome {
     std::string status;                   // of TB 601, TB 207 and TBB; empty means no failure
@@ -27,6 +36,7 @@ struct MethodOutcome {
     std::optional<double> current_A;      // of one sub-conductor
     std::optional<double> temperature_C;  // of the conductor
     std::optional<HeatTerms> terms;
+    std::optional<Tb601Details> tb601;
     std::optional<double> angle;  // degrees, where the method overwrites the folded angle
 
     [[nodiscard]] bool sound() const { return status.empty() && !fault; }

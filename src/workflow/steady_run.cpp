@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 #include "platform/message_box.h"
 #include "workflow/advice.h"
@@ -53,6 +54,40 @@ constexpr BoxText not_available = {
     {"Das ausgewählte Berechnungsverfahren {0} ist in diesem Programm nicht verfügbar.",
      "The selected calculation method {0} is not available in this program."}};
 
+struct Tb601Line {
+    Text label;
+    double Tb601Details::*value;
+    std::string_view mask;
+    std::string_view unit;
+};
+
+constexpr Tb601Line tb601_temperatures[] = {
+    {{"Temperatur Seil-Kern (TB 601) :", "Temperature conductor core (TB 601) :"},
+     &Tb601Details::TCore,
+     "###0.0",
+     " °C"},
+    {{"Temperatur Seil-Oberfläche (TB 601) :", "Temperature conductor surface (TB 601) :"},
+     &Tb601Details::TSurface,
+     "###0.0",
+     " °C"},
+};
+
+// The wording is the same in both languages.
+constexpr Tb601Line tb601_factors[] = {
+    {{" skin effect factor Kiessling:  "}, &Tb601Details::KiesslingFactor, "##0.0####", ""},
+    {{" skin effect factor:  "}, &Tb601Details::KSkin, "##0.0####", ""},
+    {{" magentic heating factor:  "}, &Tb601Details::KMag, "##0.0###", ""},
+};
+
+std::vector<LabelledText> lines_of(std::span<const Tb601Line> lines, const Tb601Details& details,
+                                   const Session& session) {
+    std::vector<LabelledText> texts;
+    for (const auto& [label, value, mask, unit] : lines)
+        texts.push_back({std::string(label.in(session.lang)),
+                         masked(details.*value, mask, session.separator) + std::string(unit)});
+    return texts;
+}
+
 /// TB 207 goes before the busbar method where both are selected.
 bool runs(const CalcCase& c, Method method) {
     const bool displaced = method == Method::TBB && is_selected(c, Method::TB207);
@@ -101,6 +136,10 @@ void run_methods(const Kind& kind, const CalcCase& c, const Session& session,
         if (!method.balance.empty())
             result.balance_lines.push_back(
                 balance_line(method.balance, *outcome.terms, session.separator));
+        if (outcome.tb601) {
+            result.tb601_temperatures = lines_of(tb601_temperatures, *outcome.tb601, session);
+            result.tb601_factors = lines_of(tb601_factors, *outcome.tb601, session);
+        }
         if (method.starts_transient) {
             result.transient_start = {*outcome.current_A, *outcome.temperature_C};
             result.may_save = true;

@@ -24,6 +24,12 @@ struct TransientStart {
     double temperature = 0;  // °C
 };
 
+/// A label of the result page and what stands behind it.
+struct LabelledText {
+    std::string label;
+    std::string text;
+};
+
 /// Texts that the kind of result (current or temperature) sets for tables and printing.
 struct ResultTexts {
     std::string parameter_table_caption;
@@ -41,8 +47,10 @@ struct SteadyRunResult {
     std::string perpendicular_wind_text;
     std::string head_line;
     std::string methods_line;
-    std::vector<MethodResult> methods;       // the selected ones, in the order of `Method`
-    std::vector<std::string> balance_lines;  // of the methods that succeeded
+    std::vector<MethodResult> methods;             // the selected ones, in the order of `Method`
+    std::vector<std::string> balance_lines;        // of the methods that succeeded
+    std::vector<LabelledText> tb601_temperatures;  // core and surface, where TB 601 succeeded
+    std::vector<LabelledText> tb601_factors;       // skin effect and magnetic heating
     std::optional<TransientStart> transient_start;
     ResultTexts texts;
     bool may_save = false;    // TB 601, TB 207 or the busbar method succeeded
