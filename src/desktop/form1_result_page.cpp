@@ -29,6 +29,10 @@ QLabel* make_label(const QString& name, double scale = 1, bool bold = false) {
     return label;
 }
 
+/// Names of the values of TB 601: the temperatures on the left, the factors on the right.
+constexpr const char* tb601_names[][2] = {
+    {"T_core", "k_Kiessling"}, {"T_surface", "k_skin"}, {nullptr, "k_mag"}};
+
 QString named(const char* prefix, Method method) { return prefix + qt(key_of(method)); }
 
 }  // namespace
@@ -42,6 +46,7 @@ ResultPage::ResultPage()
       wind_caption_(make_label("caption_perpendicular_wind")),
       wind_(make_label("perpendicular_wind")),
       results_group_(make_results()),
+      tb601_group_(make_tb601()),
       balance_group_(make_balance()),
       wind_group_(make_wind()) {
     setWidgetResizable(true);
@@ -53,6 +58,7 @@ ResultPage::ResultPage()
     layout->addWidget(head_line_);
     layout->addWidget(methods_line_);
     layout->addWidget(results_group_);
+    layout->addWidget(tb601_group_);
     layout->addWidget(balance_group_);
     layout->addWidget(wind_group_);
     layout->addStretch(1);
@@ -77,6 +83,26 @@ QGroupBox* ResultPage::make_results() {
         lines_.push_back(line);
     }
     grid->setColumnStretch(2, 1);
+    return group;
+}
+
+QGroupBox* ResultPage::make_tb601() {
+    auto* group = new QGroupBox("Cigre TB 601");
+    auto* grid = new QGridLayout(inside_of(*group));
+    grid->setHorizontalSpacing(24);
+    for (int column = 0; column < 2; ++column) {
+        for (int row = 0; row < 3; ++row) {
+            const char* name = tb601_names[row][column];
+            if (name == nullptr) continue;
+            const DetailLine line{make_label(QString("caption_") + name), make_label(name)};
+            line.value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            grid->addWidget(line.caption, row, 3 * column);
+            grid->addWidget(line.value, row, 3 * column + 1);
+            tb601_lines_.push_back(line);
+        }
+    }
+    grid->setColumnMinimumWidth(2, 24);
+    grid->setColumnStretch(5, 1);
     return group;
 }
 
@@ -117,6 +143,13 @@ void ResultPage::show_run(const SteadyRunResult& run) {
         line.caption->setVisible(ran);
         line.result->setVisible(ran);
     }
+    std::vector<LabelledText> details = run.tb601_temperatures;
+    details.insert(details.end(), run.tb601_factors.begin(), run.tb601_factors.end());
+    for (std::size_t i = 0; i < details.size(); ++i) {
+        tb601_lines_[i].caption->setText(qt(details[i].label).trimmed());
+        tb601_lines_[i].value->setText(qt(details[i].text));
+    }
+    tb601_group_->setVisible(!details.empty());
     balance_->setText(qt(joined(run.balance_lines, "\n")));
     balance_group_->setVisible(!run.balance_lines.empty());
     angle_->setText(qt(run.angle_text));

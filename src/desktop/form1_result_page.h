@@ -29,18 +29,26 @@ private:
     };
 
     [[nodiscard]] QGroupBox* make_results();
+    struct DetailLine {
+        QLabel* caption;
+        QLabel* value;
+    };
+
+    [[nodiscard]] QGroupBox* make_tb601();
     [[nodiscard]] QGroupBox* make_balance();
     [[nodiscard]] QGroupBox* make_wind();
 
     QLabel* head_line_;
     QLabel* methods_line_;
     std::vector<Line> lines_;
+    std::vector<DetailLine> tb601_lines_;  // two temperatures, then three factors
     QLabel* balance_;
     QLabel* angle_caption_;
     QLabel* angle_;
     QLabel* wind_caption_;
     QLabel* wind_;
     QGroupBox* results_group_;
+    QGroupBox* tb601_group_;
     QGroupBox* balance_group_;
     QGroupBox* wind_group_;
 };
