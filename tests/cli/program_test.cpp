@@ -30,7 +30,10 @@ TEST(Program, rates_the_shipped_examples) {
         run_zel({"steady", "examples/380kV-twin-264-34.json"}, ZEL_SOURCE_DIR);
     EXPECT_EQ(result.exit_status, 0) << result.errors;
     EXPECT_EQ(result.errors, "");
-    EXPECT_THAT(result.output, HasSubstr("2-conductor-bundle by Cigre TB 207 :  1331 A"));
+    EXPECT_THAT(result.output, HasSubstr("Cigre TB 601 / Cigre TB 207 / Webs / Kirn"));
+    EXPECT_THAT(result.output, HasSubstr("2-conductor-bundle by Cigre TB 207 :      1331 A"));
+    EXPECT_THAT(run_zel({"steady", "examples/tube-120x8.json"}, ZEL_SOURCE_DIR).output,
+                HasSubstr("single conductor by Puffer :  3167 A"));
 }
 
 TEST(Program, says_that_there_is_no_display_for_the_windows) {
