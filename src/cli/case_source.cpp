@@ -8,7 +8,7 @@
 
 namespace zel {
 
-CalcCase load_case(const std::string& path, const CommonOptions& options, Console& console) {
+LoadedCase load_case(const std::string& path, const CommonOptions& options, Console& console) {
     const std::string text = read_text_file(path);
     const EntryRule rule = [&](Entry& field, std::string_view typed) {
         return enter(field, typed, options.separator, options.lang);
@@ -22,7 +22,7 @@ CalcCase load_case(const std::string& path, const CommonOptions& options, Consol
             else
                 console.show(refused.box, refused.field);
         }
-        return std::move(file.c);
+        return {std::move(file.c), !file.refused.empty()};
     } catch (const InputError& error) {
         throw InputError(path + ": " + error.what());
     }

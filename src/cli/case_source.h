@@ -7,9 +7,14 @@
 
 namespace zel {
 
-/// The case of the file at `path`. Texts that the entry rules refuse are shown on `console` and
-/// count as no input. Throws `InputError` naming the file, and the key where it is about one.
-[[nodiscard]] CalcCase load_case(const std::string& path, const CommonOptions& options,
-                                 Console& console);
+struct LoadedCase {
+    CalcCase c;
+    bool text_refused = false;  // an entry rule refused a text, which counts as no input
+};
+
+/// The case of the file at `path`. Texts that the entry rules refuse are shown on `console`. Throws
+/// `InputError` naming the file, and the key where it is about one.
+[[nodiscard]] LoadedCase load_case(const std::string& path, const CommonOptions& options,
+                                   Console& console);
 
 }  // namespace zel

@@ -5,12 +5,29 @@
 namespace zel {
 namespace {
 
-void print_error(const std::string& text) {
+void print_error(std::string_view raw) {
+    const std::string text = printable(raw);
     std::fwrite(text.data(), 1, text.size(), stderr);
     std::fputc('\n', stderr);
 }
 
 }  // namespace
+
+std::string printable(std::string_view text) {
+    constexpr std::string_view hex = "0123456789ABCDEF";
+    std::string out;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if ((byte >= 0x20 && byte != 0x7F) || c == '\n') {
+            out += c;
+        } else {
+            out += "\\x";
+            out += hex[byte >> 4U];
+            out += hex[byte & 0xFU];
+        }
+    }
+    return out;
+}
 
 std::string without_outer_blanks(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');

@@ -38,6 +38,10 @@ private:
     std::vector<Message> messages_;
 };
 
+/// `text` with its control characters, but line feeds, as "\x1B": what comes from a file must not
+/// steer a terminal.
+[[nodiscard]] std::string printable(std::string_view text);
+
 /// A wording without the blanks around it, which have no place in a terminal.
 [[nodiscard]] std::string without_outer_blanks(std::string_view text);
 

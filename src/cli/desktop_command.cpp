@@ -12,7 +12,7 @@ int desktop_command(int& argc, char** argv, const std::string& case_path,
     desktop.separator = options.separator;
     if (!case_path.empty()) {
         Console console(options);
-        desktop.start_case = load_case(case_path, options, console);
+        desktop.start_case = load_case(case_path, options, console).c;
     }
     return run_desktop(argc, argv, std::move(desktop));
 }

@@ -2,6 +2,7 @@
 #include <exception>
 #include <functional>
 #include <map>
+#include <sstream>
 #include <string>
 
 #include "cli/commands.h"
@@ -18,15 +19,17 @@ constexpr const char* about =
     "temperature that it takes at a given current.\n";
 
 constexpr const char* exit_statuses =
-    "Exit status: 0 done; 1 a selected method failed; 2 the input was refused,\n"
-    "nothing was calculated; 3 the calculation had to end the program.";
+    "Exit status: 0 done; 1 a selected method failed, or a typed text was refused and\n"
+    "counts as no input; 2 the input was refused, nothing was calculated; 3 the\n"
+    "calculation had to end the program.";
 
 constexpr const char* steady_notes =
     "\n"
     "The case says which of the two is given: the conductor temperature\n"
     "(Leitertemp_Merker_db -1, with Leitertemp_db), and the current is sought; or the\n"
-    "current (Stromstaerke_Merker_db -1, with Stromstaerke_db), and the temperature is\n"
-    "sought. Each selected method gives one result line.\n"
+    "current (Stromstaerke_Merker_db -1, with Stromstaerke_db; for a whole bundle also\n"
+    "Stromstaerkebuendel_Merker_db -1, with Stromstaerke_Buendel), and the temperature\n"
+    "is sought. Each selected method gives one result line.\n"
     "\n"
     "A case file is one JSON object of the fields of a case, such as\n"
     "  {\"Windgeschwindigkeit_db\": 0.6, \"Seildurchmesser_db\": \"22.4\", ...}\n"
@@ -84,12 +87,19 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
     CLI::App* desktop = app.add_subcommand("desktop", "Open the windows");
     desktop->add_option("CASE", case_path, "Case file (JSON) to start with");
     add_language(*desktop, options);
+    desktop->footer(
+        "\nEnds with 0 when the windows are closed, with 1 without a display, with 2 where the case\n"
+        "is refused, and with 3 where a calculation had to end the program.");
 
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        const int status = app.exit(error) == 0 ? exit_done : exit_refused;
-        return [status] { return status; };
+        std::ostringstream help;
+        std::ostringstream refusal;
+        const bool wanted = app.exit(error, help, refusal) == 0;
+        if (!wanted) Console::tell_reason(refusal.str());
+        if (wanted && !print(help.str())) return [] { return exit_failed; };
+        return [wanted] { return wanted ? exit_done : exit_refused; };
     }
     if (app.get_subcommands().empty())
         return [help = app.help()] {

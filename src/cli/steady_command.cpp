@@ -16,35 +16,43 @@ int print_or_fail(const std::string& document, int status) {
     return std::max<int>(status, exit_failed);
 }
 
-int status_of(const SteadyRunResult& result) {
+int status_of(const SteadyRunResult& result, const LoadedCase& loaded) {
     const bool sound = std::all_of(result.methods.begin(), result.methods.end(),
                                    [](const MethodResult& m) { return m.outcome.sound(); });
-    return sound ? exit_done : exit_failed;
+    return sound && !loaded.text_refused ? exit_done : exit_failed;
+}
+
+int refused(const SteadyRunResult& result, const CommonOptions& options, const Console& console) {
+    if (options.silent) Console::tell_reason(paragraph_of(result.refusal));
+    return options.json ? print_or_fail(refusal_document(console.messages()), exit_refused)
+                        : exit_refused;
+}
+
+int ended(const SteadyRunResult& result, const ProgramEnd& end, const CommonOptions& options,
+          const Console& console) {
+    Console::tell_reason(std::string("the program had to end: ") + end.what());
+    return options.json ? print_or_fail(steady_document(result, console.messages(), end.what()),
+                                        exit_program_ended)
+                        : exit_program_ended;
 }
 
 }  // namespace
 
 int steady_command(const std::string& case_path, const CommonOptions& options) {
     Console console(options);
-    CalcCase c = load_case(case_path, options, console);
+    LoadedCase loaded = load_case(case_path, options, console);
     const Session session = {options.lang, options.separator, options.Meldung_merker(), console};
+    SteadyRunResult result;
     try {
-        const SteadyRunResult result = RunSteady(c, session);
-        if (!result.input_valid) {
-            if (options.silent) Console::tell_reason(paragraph_of(result.refusal));
-            return options.json ? print_or_fail(refusal_document(console.messages()), exit_refused)
-                                : exit_refused;
-        }
-        for (const Box& box : result.advice) session.tell(box);
-        const std::string output = options.json ? steady_document(result, console.messages())
-                                                : steady_page(c, result, options);
-        return print_or_fail(output, status_of(result));
+        RunSteady(loaded.c, session, result);
     } catch (const ProgramEnd& end) {
-        Console::tell_reason(std::string("the program had to end: ") + end.what());
-        return options.json ? print_or_fail(program_end_document(end.what(), console.messages()),
-                                            exit_program_ended)
-                            : exit_program_ended;
+        return ended(result, end, options, console);
     }
+    if (!result.input_valid) return refused(result, options, console);
+    for (const Box& box : result.advice) session.tell(box);
+    return print_or_fail(options.json ? steady_document(result, console.messages())
+                                      : steady_page(loaded.c, result, options),
+                         status_of(result, loaded));
 }
 
 }  // namespace zel

@@ -26,7 +26,7 @@ ordered_json json_of(const std::vector<Message>& messages) {
 ordered_json json_of(const MethodResult& line) {
     const MethodOutcome& outcome = line.outcome;
     ordered_json entry = {{"method", key_of(line.method)},
-                          {"status", outcome.status},
+                          {"status", outcome.fault.empty() ? outcome.status : outcome.fault},
                           {"caption", line.caption},
                           {"result", line.result},
                           {"current_A", json_of(outcome.current_A)},
@@ -54,31 +54,29 @@ std::string text_of(const ordered_json& document) { return document.dump(2) + "\
 
 }  // namespace
 
-std::string steady_document(const SteadyRunResult& result, const std::vector<Message>& messages) {
+std::string steady_document(const SteadyRunResult& result, const std::vector<Message>& messages,
+                            std::string_view program_end) {
     ordered_json methods = ordered_json::array();
     for (const MethodResult& line : result.methods) methods.push_back(json_of(line));
     ordered_json start = nullptr;
     if (result.transient_start)
         start = {{"current_A", result.transient_start->current},
                  {"temperature_C", result.transient_start->temperature}};
-    return text_of({{"input_valid", true},
-                    {"messages", json_of(messages)},
-                    {"angle_deg", result.angle},
-                    {"perpendicular_wind_m_s", result.perpendicular_wind},
-                    {"head_line", result.head_line},
-                    {"methods_line", result.methods_line},
-                    {"methods", std::move(methods)},
-                    {"balance_lines", result.balance_lines},
-                    {"transient_start", std::move(start)}});
+    ordered_json document = {{"input_valid", true},
+                             {"messages", json_of(messages)},
+                             {"angle_deg", result.angle},
+                             {"perpendicular_wind_m_s", result.perpendicular_wind},
+                             {"head_line", result.head_line},
+                             {"methods_line", result.methods_line},
+                             {"methods", std::move(methods)},
+                             {"balance_lines", result.balance_lines},
+                             {"transient_start", std::move(start)}};
+    if (!program_end.empty()) document["program_end"] = program_end;
+    return text_of(document);
 }
 
 std::string refusal_document(const std::vector<Message>& messages) {
     return text_of({{"input_valid", false}, {"messages", json_of(messages)}});
-}
-
-std::string program_end_document(std::string_view reason, const std::vector<Message>& messages) {
-    return text_of(
-        {{"input_valid", true}, {"messages", json_of(messages)}, {"program_end", reason}});
 }
 
 }  // namespace zel

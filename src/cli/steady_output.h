@@ -9,16 +9,14 @@
 
 namespace zel {
 
-/// The JSON document of a steady run, with a line end.
+/// The JSON document of a steady run, with a line end. `program_end` is the reason of a run that
+/// had to end the program, whose result is what was found up to there; empty otherwise.
 [[nodiscard]] std::string steady_document(const SteadyRunResult& result,
-                                          const std::vector<Message>& messages);
+                                          const std::vector<Message>& messages,
+                                          std::string_view program_end = {});
 
 /// The JSON document of a refused input.
 [[nodiscard]] std::string refusal_document(const std::vector<Message>& messages);
-
-/// The JSON document of a run that had to end the program.
-[[nodiscard]] std::string program_end_document(std::string_view reason,
-                                               const std::vector<Message>& messages);
 
 /// Inputs and results for a terminal.
 [[nodiscard]] std::string steady_page(const CalcCase& c, const SteadyRunResult& result,

@@ -4,6 +4,7 @@
 #include "cli/steady_output.h"
 #include "desktop/case_forms.h"
 #include "shell/program_texts.h"
+#include "workflow/steady_texts.h"
 
 namespace zel {
 namespace {
@@ -49,13 +50,16 @@ private:
 
 /// What the field shows, with its unit; empty where it has no input.
 std::string shown_value(const CalcCase& c, const FormRow& row, LangId lang) {
-    std::string text = shown_text(c, row);
+    std::string text = printable(shown_text(c, row));
+    std::replace(text.begin(), text.end(), '\n', ' ');
     if (text.empty() || row.choices == nullptr)
         return text.empty() || *row.unit == '\0' ? text : text + " " + row.unit;
     const std::int16_t number = c.*std::get<std::int16_t CalcCase::*>(row.field);
-    for (const Choice& choice : row.choices())
-        if (choice.value == number) return std::string(choice.text.in(lang));
-    return text;
+    const auto choices = row.choices();
+    const auto chosen = std::find_if(choices.begin(), choices.end(),
+                                     [&](const Choice& choice) { return choice.value == number; });
+    // The first choice stands for every number that is not told.
+    return std::string((chosen == choices.end() ? choices.front() : *chosen).text.in(lang));
 }
 
 std::string inputs(const CalcCase& c, LangId lang) {
@@ -79,8 +83,8 @@ std::string results(const SteadyRunResult& result, LangId lang) {
     listing.add(angle_label.in(lang), result.angle_text);
     listing.add(perpendicular_wind_label.in(lang), result.perpendicular_wind_text);
     for (const MethodResult& line : result.methods) {
-        std::string value = line.outcome.fault ? "-" : line.result;
-        if (!line.outcome.status.empty()) value += "   (" + line.outcome.status + ")";
+        std::string value = line.outcome.fault.empty() ? line.result : "-";
+        if (!line.outcome.sound()) value += "   (" + line.outcome.status + line.outcome.fault + ")";
         listing.add(line.caption, std::move(value));
     }
     for (const auto& lines : {result.tb601_temperatures, result.tb601_factors})

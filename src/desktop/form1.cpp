@@ -11,7 +11,7 @@
 #include "desktop/qt_text.h"
 #include "shell/program_texts.h"
 #include "workflow/page_change.h"
-#include "workflow/steady_run.h"
+#include "workflow/steady_texts.h"
 
 namespace zel {
 namespace {
@@ -61,9 +61,11 @@ void Form1::recaption() {
     general_->recaption();
     conductor_->recaption();
     result_->recaption(lang);
-    if (page_ != result_page) return;
-    Session silent = {lang, state_.session.separator, RunMode::Silent, state_.session.dialogs};
-    result_->show_run(RunSteady(state_.calc_case, silent));
+    if (!shown_run_) return;
+    // The shown result is told again, not computed again.
+    write_texts(*shown_run_, lang, state_.session.separator);
+    result_->show_run(*shown_run_);
+    if (shown_run_is_stale_) result_->show_nothing_new();
 }
 
 void Form1::load() {
@@ -90,8 +92,13 @@ void Form1::page_changed(int to) {
 
 void Form1::run() {
     const SteadyRunResult result = RunSteady(state_.calc_case, state_.session);
+    shown_run_is_stale_ = !result.input_valid;
+    if (!result.input_valid) {
+        result_->show_nothing_new();
+        return;
+    }
     result_->show_run(result);
-    if (!result.input_valid) return;
+    shown_run_ = result;
     load();  // the run reconciles the currents of sub-conductor and bundle
     pages_->setTabEnabled(transient_page, true);
     for (const Box& box : result.advice) state_.session.tell(box);

@@ -3,9 +3,11 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <functional>
+#include <optional>
 
 #include "desktop/desktop_state.h"
 #include "desktop/language_menu.h"
+#include "workflow/steady_run.h"
 
 class QAction;
 class QMenu;
@@ -44,7 +46,9 @@ private:
     ConductorPage* conductor_;
     ResultPage* result_;
     QTabWidget* pages_;
-    int page_ = 0;               // the page that was left, at a change
+    int page_ = 0;                              // the page that was left, at a change
+    std::optional<SteadyRunResult> shown_run_;  // the last valid run
+    bool shown_run_is_stale_ = false;           // a refused run came after it
     QPointer<QWidget> refused_;  // its text was refused just now, the focus goes back to it
 };
 

@@ -8,6 +8,7 @@
 
 #include "desktop/group.h"
 #include "desktop/qt_text.h"
+#include "workflow/steady_texts.h"
 
 namespace zel {
 namespace {
@@ -128,8 +129,7 @@ QGroupBox* ResultPage::make_wind() {
 }
 
 void ResultPage::show_run(const SteadyRunResult& run) {
-    widget()->setEnabled(run.input_valid);
-    if (!run.input_valid) return;
+    widget()->setEnabled(true);
     widget()->show();
     head_line_->setText(qt(run.head_line));
     methods_line_->setText(qt(run.methods_line));
@@ -154,6 +154,11 @@ void ResultPage::show_run(const SteadyRunResult& run) {
     balance_group_->setVisible(!run.balance_lines.empty());
     angle_->setText(qt(run.angle_text));
     wind_->setText(qt(run.perpendicular_wind_text));
+}
+
+void ResultPage::show_nothing_new() {
+    widget()->setEnabled(false);
+    clear_balance();
 }
 
 void ResultPage::clear_balance() {

@@ -15,9 +15,11 @@ class ResultPage : public QScrollArea {
 public:
     ResultPage();
 
-    /// A valid run replaces all that is shown. A refused one shows nothing new: what stands there
-    /// is greyed, since the inputs that led to it have changed.
+    /// A valid run replaces all that is shown.
     void show_run(const SteadyRunResult& run);
+    /// After a refused run: what stands there is greyed, since the inputs that led to it have
+    /// changed.
+    void show_nothing_new();
     void clear_balance();
     void recaption(LangId lang);
 

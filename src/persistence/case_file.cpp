@@ -54,7 +54,7 @@ private:
         if (!number) return;
         const auto whole = round_to_int16(*number);
         if (!whole) refuse(member.key, "a whole number from -32768 to 32767 is expected");
-        if (member.key.starts_with("rechnung_") && *whole != 0 && *whole != 1)
+        if (member.key.starts_with("rechnung_") && *number != 0 && *number != 1)
             refuse(member.key, "1 (selected) or 0 is expected");
         field = *whole;
     }

@@ -47,8 +47,9 @@ template <class Result>
 MethodOutcome outcome_of(const Result& result, double temperature, const Session& session) {
     MethodOutcome outcome;
     if (const auto& [module, procedure, fault] = result.fault; result.fault) {
-        session.tell(arithmetic_error(fault, module, procedure, session.lang));
-        outcome.fault = true;
+        const Box box = arithmetic_error(fault, module, procedure, session.lang);
+        session.tell(box);
+        outcome.fault = box.lines.front();
         return outcome;
     }
     outcome.current_A = result.current;

@@ -32,14 +32,14 @@ struct Tb601Details {
 /// What a method leaves behind. A value that it does not have, or that failed, is absent.
 struct MethodOutcome {
     std::string status;                   // of TB 601, TB 207 and TBB; empty means no failure
-    bool fault = false;                   // Webs or Kirn met a numeric fault, which was told
+    std::string fault;                    // numeric fault of Webs or Kirn, which was told
     std::optional<double> current_A;      // of one sub-conductor
     std::optional<double> temperature_C;  // of the conductor
     std::optional<HeatTerms> terms;
     std::optional<Tb601Details> tb601;
     std::optional<double> angle;  // degrees, where the method overwrites the folded angle
 
-    [[nodiscard]] bool sound() const { return status.empty() && !fault; }
+    [[nodiscard]] bool sound() const { return status.empty() && fault.empty(); }
 };
 
 struct SteadyMethod {
@@ -62,7 +62,7 @@ struct SteadyMethod {
     return c.*flag_of(method) == 1;
 }
 
-/// The row of `method`, or null where the program does not have the method.
+/// The row of `method`, or null where the table has none.
 [[nodiscard]] const SteadyMethod* find_method(Method method);
 
 }  // namespace zel

@@ -37,38 +37,44 @@ struct ResultTexts {
     std::string print_caption;
 };
 
+/// What the texts of a result need of the case that was run.
+struct RunBasis {
+    bool current_given = false;  // the temperature was sought
+    int sub_conductors = 0;
+    double given = 0;            // A of the bundle, or °C
+    bool ambient_table = false;  // the parameter table steps the ambient temperature
+};
+
 /// All that the result page shows after a run.
 struct SteadyRunResult {
     bool input_valid = false;
-    Box refusal;                    // why the input was refused
-    double angle = 0;               // degrees, folded angle between wind and conductor
-    double perpendicular_wind = 0;  // m/s
+    Box refusal;  // why the input was refused
+    RunBasis basis;
+    double angle = 0;                   // degrees, folded angle between wind and conductor
+    double perpendicular_wind = 0;      // m/s
+    std::vector<MethodResult> methods;  // the selected ones, in the order of `Method`
+    std::optional<TransientStart> transient_start;
+    bool may_save = false;    // TB 601, TB 207 or the busbar method succeeded
+    std::vector<Box> advice;  // to be told in this order once the result is on the page
+
+    // Texts, see write_texts
     std::string angle_text;
     std::string perpendicular_wind_text;
     std::string head_line;
     std::string methods_line;
-    std::vector<MethodResult> methods;             // the selected ones, in the order of `Method`
     std::vector<std::string> balance_lines;        // of the methods that succeeded
     std::vector<LabelledText> tb601_temperatures;  // core and surface, where TB 601 succeeded
     std::vector<LabelledText> tb601_factors;       // skin effect and magnetic heating
-    std::optional<TransientStart> transient_start;
     ResultTexts texts;
-    bool may_save = false;    // TB 601, TB 207 or the busbar method succeeded
-    std::vector<Box> advice;  // to be told in this order once the result is on the page
 };
-
-/// The labels of the folded angle and of the wind across the conductor.
-inline constexpr Text angle_label = {"Winkel-Wind-Leiter:", "Angle wind conductor:"};
-inline constexpr Text perpendicular_wind_label = {"Wind _I_ Leiter:", "Wind _I_ conductor:"};
 
 /// What going to the result page does: the input check, the folded angle, the two currents of the
 /// bundle (this changes `c`), then every selected method in its order. A failing method shows
 /// " Error" and does not stop the others. A refused case has `input_valid` false and its box told.
-/// Throws `ProgramEnd` where the calculation must end the program.
-[[nodiscard]] SteadyRunResult RunSteady(CalcCase& c, const Session& session);
+/// Throws `ProgramEnd` where the calculation must end the program; `result` then holds what was
+/// found up to there, and the status of the method that ended it.
+void RunSteady(CalcCase& c, const Session& session, SteadyRunResult& result);
 
-/// The balance line of a solution: the four heat terms of one sub-conductor in W/m.
-[[nodiscard]] std::string balance_line(std::string_view head, const HeatTerms& terms,
-                                       DecimalSeparator separator);
+[[nodiscard]] SteadyRunResult RunSteady(CalcCase& c, const Session& session);
 
 }  // namespace zel

@@ -60,5 +60,9 @@ TEST(FlatJson, names_what_it_refuses) {
         EXPECT_THAT(refusal(text), testing::StartsWith(reason)) << text;
 }
 
+TEST(FlatJson, ends_at_no_zero_byte) {
+    EXPECT_EQ(refusal(std::string_view("{\"a\": 1}\0{}", 11)), "no JSON: a zero byte stands at 9");
+}
+
 }  // namespace
 }  // namespace zel

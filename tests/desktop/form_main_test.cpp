@@ -5,6 +5,7 @@
 
 #include "desktop/desktop.h"
 #include "desktop/desktop_fixture.h"
+#include "fakes/sunny_cases.h"
 #include "workflow/page_change.h"
 
 namespace zel {
@@ -61,6 +62,22 @@ TEST_F(FormMainTest, shown_result_is_told_in_the_new_language) {
     action(form1(), "m_userinterface_german").trigger();
     EXPECT_EQ(shown("caption_TB207"), "Doppel-Leiter nach Cigre TB 207 :");
     EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
+TEST_F(FormMainTest, shown_result_is_told_anew_but_not_computed_anew) {
+    CalcCase c = sunny_264_34();
+    c.rechnung_cigre207_merker_db = 0;
+    c.rechnung_webs_merker_db = 1;
+    c.Winkel_S_S_db = typed(0);
+    c.Windgeschwindigkeit_db = typed(0.15);
+    open(c);
+    dialogs.answers = {Answer::No};  // go on with the low wind as it is
+    go_to(result_page);
+    const std::string with_low_wind = shown("result_Webs");
+    action(form1(), "m_userinterface_german").trigger();
+    EXPECT_EQ(shown("caption_Webs"), "Doppel-Leiter nach Webs :");
+    EXPECT_EQ(shown("result_Webs"), with_low_wind);
+    EXPECT_THAT(dialogs.shown, SizeIs(1));
 }
 
 TEST_F(FormMainTest, both_ways_out_ask_and_no_keeps_the_program) {

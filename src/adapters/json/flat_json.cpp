@@ -81,6 +81,9 @@ private:
 }  // namespace
 
 FlatObject parse_flat_json(std::string_view text) {
+    // The parser takes a zero byte for the end of the text and would not see what follows.
+    if (const std::size_t zero = text.find('\0'); zero != std::string_view::npos)
+        throw InputError("no JSON: a zero byte stands at " + std::to_string(zero + 1));
     FlatHandler handler;
     json::sax_parse(text, &handler);
     return std::move(handler.object);
