@@ -60,6 +60,7 @@ int run_desktop(int& argc, char** argv, DesktopOptions options) {
     QtDialogs dialogs;
     DesktopState state{case_for_form(std::move(options.start_case)),
                        {options.lang, options.separator, RunMode::Messages, dialogs}};
+    state.session.memory = &state.memory;
     dialogs.follow(state.session.lang);
     FormMain form_main(state);
     form_main.show();

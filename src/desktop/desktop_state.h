@@ -2,6 +2,7 @@
 
 #include "shell/session.h"
 #include "steady/calc_case.h"
+#include "workflow/steady_methods.h"
 
 namespace zel {
 
@@ -9,6 +10,7 @@ namespace zel {
 struct DesktopState {
     CalcCase calc_case;
     Session session;
+    MethodMemory memory{};  // the session of a started program points to it
 };
 
 }  // namespace zel

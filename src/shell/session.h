@@ -7,6 +7,8 @@
 
 namespace zel {
 
+struct MethodMemory;  // what methods keep from one calculation to the next
+
 /// What a run of the program keeps between calls, made once and handed down: language, number
 /// format, message mode, and who shows boxes.
 struct Session {
@@ -14,6 +16,8 @@ struct Session {
     DecimalSeparator separator = DecimalSeparator::Point;
     RunMode Meldung_merker = RunMode::Messages;
     Dialogs& dialogs;
+    /// Null for a calculation that starts from nothing, as one of several side by side does.
+    MethodMemory* memory = nullptr;
     bool wi_v_wi_merker = true;  // warn where values fall below the minimum for surveying a span
 
     [[nodiscard]] Reporting reporting() const { return {Meldung_merker, lang, dialogs}; }

@@ -1,5 +1,6 @@
 #include "tb601_transient/tb601_joule.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/rounding.h"
@@ -20,11 +21,11 @@ double temperature_factor(const TB601Params& p, double T) {
 /// The number of points before the table ends: at a temperature of 0, or one that does not rise.
 /// Two points always count, since there is no line through fewer.
 std::size_t points_of(const ResistanceTable& table) {
-    std::size_t count = 2;
+    std::size_t count = 1;
     while (count < table.size() && table[count].TACR != 0 &&
            table[count].TACR > table[count - 1].TACR)
         ++count;
-    return count;
+    return std::max<std::size_t>(count, 2);
 }
 
 float on_line(const ResistancePoint& n, const ResistancePoint& m, float T) {
@@ -123,8 +124,8 @@ Tb601Term ST_F01_CigreTB601_PJ_steady(const TB601Params& params, TB601State& sta
 float ST_F01_CigreTB601_Resistance(const ResistanceTable& table, double T) {
     const auto t = static_cast<float>(T);
     const auto segment = [&](std::size_t n) { return on_line(table[n], table[n + 1], t); };
-    if (t < table[1].TACR || t <= table[0].TACR) return segment(0);
     const std::size_t count = points_of(table);
+    if (count == 2 || t < table[1].TACR || t <= table[0].TACR) return segment(0);
     for (std::size_t n = 1; n + 1 < count; ++n)
         if (t < table[n + 1].TACR) return segment(n);
     // A given point 6 that does not rise makes the result 0 instead of ending the table.

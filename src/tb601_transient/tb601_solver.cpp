@@ -108,12 +108,11 @@ Tb601Failure solve(const TB601Params& params, TB601State& state, Points p, const
     };
     Points F{};
     Best best;
-    if (const auto failure = evaluate(p.low, F.low)) return failure;
     for (int rounds = 0; rounds < round_limit && !balanced(best.residual); ++rounds) {
-        // A step moves the middle only; what it makes an end was evaluated as the old middle.
+        // All three anew: what a failure leaves in the state is that of the last one evaluated.
+        if (const auto failure = evaluate(p.low, F.low)) return failure;
         if (const auto failure = evaluate(p.middle, F.middle)) return failure;
-        if (rounds == 0)
-            if (const auto failure = evaluate(p.high, F.high)) return failure;
+        if (const auto failure = evaluate(p.high, F.high)) return failure;
         if (const auto cause = step(p, F, best, search); cause != Tb601Cause::None) return {cause};
     }
     if (!balanced(best.residual) && !search.accept(p, best.residual, best.point))

@@ -27,7 +27,8 @@ MethodOutcome run_heat_balance(const CalcCase& c, double angle, const Session& s
 }
 
 MethodOutcome run_tb601(const CalcCase& c, double angle, const Session& session) {
-    TB601Records records;
+    TB601Records fresh;
+    TB601Records& records = session.memory != nullptr ? session.memory->tb601 : fresh;
     const Tb601Failure failure = ST_00_CigreTB601_temp_strom_steady_state(c, angle, records);
     MethodOutcome outcome;
     outcome.status = report(failure, session.reporting());
@@ -80,16 +81,19 @@ MethodOutcome run_webs(const CalcCase& c, double angle, const Session& session) 
 MethodOutcome run_kirn(const CalcCase& c, double angle, const Session& session) {
     require_mode(c, session);
     const KirnInput in = kirn_input(c, angle);
+    const double former = session.memory != nullptr ? session.memory->Kirn_current : 0;
     const auto with_angle = [&](const auto& result, double temperature) {
+        if (session.memory != nullptr && !result.fault)
+            session.memory->Kirn_current = result.current;
         MethodOutcome outcome = outcome_of(result, temperature, session);
         outcome.angle = result.angle;
         return outcome;
     };
     if (c.Leitertemp_Merker_db) {
         const double T = c.Leitertemp_db.value;
-        return with_angle(S1_Rechnung_strom_kirn(in, T), T);
+        return with_angle(S1_Rechnung_strom_kirn(in, T, former), T);
     }
-    const auto result = S2_Rechnung_temp_kirn(in, c.Stromstaerke_db.value);
+    const auto result = S2_Rechnung_temp_kirn(in, c.Stromstaerke_db.value, former);
     return with_angle(result, result.temperature);
 }
 

@@ -9,10 +9,17 @@
 
 #include "shell/session.h"
 #include "steady/calc_case.h"
+#include "tb601_transient/tb601_params.h"
 
 // The methods of the steady run. A method joins by a row in the table of steady_methods.cpp.
 
 namespace zel {
+
+/// What methods keep from one calculation to the next. A fresh one is that of a fresh program.
+struct MethodMemory {
+    TB601Records tb601;       // a resistance option leaves the fields of the other standing
+    double Kirn_current = 0;  // A, stands where Kirn meets an exact balance
+};
 
 /// In the order of the result lines.
 enum class Method : std::uint8_t { TB601, TB207, TBB, Webs, Kirn };

@@ -50,6 +50,7 @@ TEST(KirnTerms, angle_between_conductor_and_sun) {
     EXPECT_NEAR(kirn_sun_angle({0.5, 0.4, 1}, 1, 0.3, 0.1), 1.03584307685, 1e-10);
     EXPECT_NEAR(kirn_sun_angle({0.5, 0.4, 0.5}, 0.5, 3, 0.1), 0.87995719517, 1e-10);
     EXPECT_NEAR(kirn_sun_angle({1.5, 0.1, 0.2}, 0.2, 1.2, 0), 0.41519066535, 1e-10);
+    EXPECT_NEAR(kirn_sun_angle({-1.5, 0.1, 0.2}, 0.2, 1.2, 0), 0.42299643353566, 1e-10);
     EXPECT_EQ(kirn_sun_angle({-2.9, 0.4, -0.3}, -0.3, 1, 0), 0);
 }
 
@@ -74,6 +75,17 @@ TEST(KirnTerms, the_sun_heats_less_above_1_5_radians) {
     EXPECT_NEAR(kirn_solar_heating(ground, 1.5, 0.5, 1.2), 34.7768557664, 1e-9);
     EXPECT_NEAR(kirn_solar_heating(ground, 1.50001, 0.5, 1.2), 33.5101656083, 1e-9);
     EXPECT_NEAR(kirn_solar_heating(ground, -0.3, 0.7, 0), 25.3387643398, 1e-9);
+}
+
+/// The shipped example of a line, at 15° east on 21 June at 13 o'clock, on a steep span.
+CalcCase shipped_264_34() {
+    CalcCase c = sunny_264_34();
+    c.Winkel_S_S_db = typed(0);
+    c.geo_laeng_db = typed(-15);
+    c.Bewoelkungsgrad_db = typed(0.7);
+    c.Feldlaenge_db = typed(350);
+    c.Hoehendifferenz_db = typed(330);
+    return c;
 }
 
 struct Row {
@@ -131,6 +143,21 @@ TEST(Kirn, current_from_temperature) {
         const KirnCurrent result = S1_Rechnung_strom_kirn(kirn_input(c, delta), T);
         EXPECT_FALSE(result.fault) << what;
         EXPECT_NEAR(result.current, current, 1e-5) << what;
+    }
+}
+
+// A sun within 0.001 of the zenith, by the cosine of its height, counts as 1.5697 rad high. A steep
+// span feels it.
+TEST(Kirn, a_sun_near_the_zenith_is_held_off_it) {
+    const struct {
+        double latitude, current;
+    } rows_at_zenith[] = {
+        {23.4797828, 677.0549014}, {23.5069828, 677.0548973}, {23.5072828, 677.0517592}};
+    for (const auto& [latitude, current] : rows_at_zenith) {
+        CalcCase c = shipped_264_34();
+        c.geogr_Breite_db = typed(latitude);
+        EXPECT_NEAR(S1_Rechnung_strom_kirn(kirn_input(c, 90), 80).current, current, 2e-7)
+            << latitude;
     }
 }
 

@@ -70,6 +70,14 @@ TEST(Sun, height_of_webs_takes_summer_time_off_by_wzsz_merker_from_day_85_to_265
             << day << '.' << month << " merker " << wzsz_merker;
 }
 
+// Far in the north the sun is up at 0 o'clock too, which is the time of an unknown merker.
+TEST(Sun, height_of_webs_at_an_unknown_merker_is_that_of_midnight) {
+    const SunInput in = {21, 6, 6, -15, -15, 75};
+    EXPECT_NEAR(S3_Sonnenhoehe_webs(in, 1), 0.32882450629905047, 1e-12);
+    EXPECT_NEAR(S3_Sonnenhoehe_webs(in, 2), 0.3945420931142587, 1e-12);
+    EXPECT_NEAR(S3_Sonnenhoehe_webs(in, 3), 0.14747653198160318, 1e-12);
+}
+
 TEST(Sun, height_of_webs_is_zero_at_night) {
     EXPECT_EQ(S3_Sonnenhoehe_webs({21, 6, 1, -11.6, -15, 48.1}, 2), 0);
 }

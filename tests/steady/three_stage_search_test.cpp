@@ -46,6 +46,7 @@ TEST(ThreeStageSearch, leaves_the_high_point_for_a_current_out_of_reach) {
         const auto [result, evaluations] = search(Iz, ampere_per_degree);
         EXPECT_EQ(result.temperature, 500);
         EXPECT_EQ(result.current, 500);
+        EXPECT_EQ(evaluations, 9);  // three points a stage; more of them would be the same
     }
 }
 

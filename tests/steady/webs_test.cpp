@@ -258,6 +258,17 @@ TEST(WebsQuestions, a_grashof_number_above_ten_million_is_asked_about) {
     EXPECT_THAT(quiet.dialogs.shown, IsEmpty());
 }
 
+// Gr is 10^7 at a diameter of 151.7243457256725 mm, 80 °C and 35 °C of the air.
+TEST(WebsQuestions, a_grashof_number_of_ten_million_is_the_limit) {
+    for (const double part : {-1e-9, 1e-9}) {
+        CalcCase c = in_wind(0);
+        c.Seildurchmesser_db = typed(151.7243457256725 * (1 + part));
+        Webs webs(messages);
+        (void)webs.current(c);
+        EXPECT_THAT(webs.dialogs.shown, SizeIs(part > 0 ? 1 : 0));
+    }
+}
+
 TEST(WebsQuestions, a_no_on_the_grashof_number_ends_the_program) {
     Webs german(messages, LangId::German);
     german.dialogs.answers = {Answer::No};

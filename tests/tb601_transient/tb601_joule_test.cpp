@@ -18,12 +18,23 @@ Tb601Term joule(TB601Records& r, double I, double T) {
 
 TEST(Tb601Params, are_filled_in_si_units) {
     CalcCase c = line_264_34();
+    c.Hoehe_ueber_NN_db = typed(700);
+    c.Emissionsverhaeltnis_db = typed(0.5);
+    c.conductor_shape_db = 2;
+    c.GMR_Merker_db = 1;
+    c.DrahtdurchmesserTraeger_db = typed(2.49);
     c.GMR_db = typed(9.1);
     c.T_Koeff_DC_Resist_Leiter_quadrat_db = typed(8);
     c.Gravi_merker1_db = 2;
     c.KernquerschnittTraeger_db = typed(34.1);
     const TB601Params p = records_of(c, 60).params;
     EXPECT_EQ(p.RunMarker, 1);
+    EXPECT_EQ(p.Y, 700);
+    EXPECT_EQ(p.Eps, 0.5);
+    EXPECT_EQ(p.AlphaS, 0.6);
+    EXPECT_EQ(p.ConductorShape, 2);
+    EXPECT_EQ(p.GMRMerker, 1);
+    EXPECT_DOUBLE_EQ(p.DWireCore, 0.00249);
     EXPECT_EQ(p.Delta, 60);
     EXPECT_EQ(p.G, 9.78);
     EXPECT_EQ(p.GMR, 0.0091f);
@@ -45,7 +56,11 @@ TEST(Tb601Params, of_the_other_resistance_option_keep_their_values) {
     c.DCR_20_db = typed(7);
     c.ACR1_db = typed(0.5);
     c.TACR1_db = typed(25);
+    c.ACR5_db = typed(0.7);
+    c.ACR6_db = typed(0.8);
     fill(r, c, 90);
+    EXPECT_EQ(r.state.table[4].ACR, 0.0007f);
+    EXPECT_EQ(r.state.table[5].ACR, 0.0008f);
     EXPECT_EQ(r.params.R20, 0.1095e-3);
     EXPECT_EQ(r.state.table[0].ACR, 0.0005f);
     c.ACDC_R_Option_Merker_db = resistance_by_formula;
@@ -162,6 +177,14 @@ TEST(Tb601Resistance, goes_on_beyond_the_last_valid_point) {
     }
 }
 
+TEST(Tb601Resistance, ends_at_a_second_point_of_zero_or_one_that_does_not_rise) {
+    for (const float second : {0.0f, -30.0f}) {
+        const ResistanceTable table = {{{0.10f, -20}, {0.11f, second}, {0.20f, 100}, {0.25f, 120}}};
+        const float slope = 0.01f / (second + 20);
+        EXPECT_NEAR(ST_F01_CigreTB601_Resistance(table, 80), 0.10f + slope * 100, 1e-6) << second;
+    }
+}
+
 TEST(Tb601Joule, by_table_leaves_the_factors) {
     TB601Records r = records_of(line_264_34());
     r.params.ROption = resistance_by_table;
@@ -192,6 +215,20 @@ TEST(Tb601SkinEffect, takes_core_or_bore_out_of_the_solid_conductor) {
 
 // Against (ka/2) · J0(ka) / J1(ka), ka = (1 - j) De / (2 delta), in 30 digits. Four terms serve up
 // to about four depths of penetration; from six on they are far off.
+// To the last bit: each 32-bit rounding (De, Re Z, k) shows in one of them.
+TEST(Tb601SkinEffect, is_rounded_to_single_precision_in_its_places) {
+    const struct {
+        std::int16_t type;
+        double factor;
+    } rows[] = {{1, 0x1.00f904p+0}, {2, 0x1.008e631b3c7a3p+0}, {3, 0x1.01c03fb6a0ea1p+0}};
+    for (const auto& [type, factor] : rows) {
+        TB601Records r = records_of(line_264_34());
+        r.params.ConductorType = type;
+        r.state.T = 80;
+        EXPECT_EQ(ST_F06_CigreTB601_skin_effect_factor_601(r.params, r.state), factor) << type;
+    }
+}
+
 TEST(Tb601SkinEffect, agrees_with_the_whole_bessel_series_in_its_range) {
     struct Row {
         double De_by_delta, k, tolerance;

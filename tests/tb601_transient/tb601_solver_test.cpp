@@ -99,6 +99,27 @@ TEST(Tb601Solver, finds_current_temperatures_and_factors) {
     EXPECT_NEAR(solution(at_current(line_264_34(), 300)).T, 50.24324, 0.01);
 }
 
+// A bisection gives fractions of powers of two: the figures pin its points and its tolerance.
+TEST(Tb601Solver, takes_the_told_steps) {
+    EXPECT_EQ(solution(line_264_34()).I, 650.0244140625);
+    EXPECT_EQ(solution(at_current(line_264_34(), 300)).T, 50.2471923828125);
+    EXPECT_EQ(solution(at_current(line_264_34(), 645)).T, 79.38201904296875);
+}
+
+// The drop jumps at the knee, and no temperature balances within 0.01 W/m: 0.065 are accepted.
+TEST(Tb601Solver, accepts_a_temperature_below_a_tenth_of_a_watt) {
+    CalcCase c = at_current(line_264_34(), 650.359);
+    c.KniepunktTemperatur_db = typed(80);
+    c.radialthermalconductivity_ueber_KPT_db = typed(1.614);
+    TB601Records r;
+    EXPECT_FALSE(ST_00_CigreTB601_temp_strom_steady_state(c, 90, r));
+    EXPECT_NEAR(r.state.T, 80, 1e-9);
+    c.Stromstaerke_db = typed(651.2);
+    c.radialthermalconductivity_ueber_KPT_db = typed(1.9);
+    EXPECT_EQ(ST_00_CigreTB601_temp_strom_steady_state(c, 90, r).cause,
+              Tb601Cause::TemperatureNotReached);
+}
+
 TEST(Tb601Solver, stands_at_the_ambient_temperature_without_current_and_sun) {
     CalcCase c = at_current(line_264_34(), 0);
     c.Globalstrahlung_db = typed(0);

@@ -105,6 +105,8 @@ TEST(Tb601Convection, weakens_with_the_angle) {
         double Delta, stranded, smooth;
     };
     constexpr Row rows[] = {{0, 0.42, 0.399277197},
+                            {0.5, 0.424060861, 0.399674487},
+                            {359.5, 0.424060861, 0.399674487},
                             {24, 0.677375543, 0.679494036},
                             {24.001, 0.678122157, 0.679504894},
                             {45, 0.844584852, 0.858827331},
@@ -145,6 +147,7 @@ TEST(Tb601Convection, is_the_larger_of_forced_and_natural) {
         {1.01, 100, 0, 98.4886403},
         {0, 40, 0, 0},
         {2, 40, 0, 0},
+        {1, 30, 0, -4.628031521514936},
         {1.01, 30, 0, 0},  // the absent natural term is above a forced one below 0
     };
     for (const auto& [V, TSurface, Y, expected] : rows) {

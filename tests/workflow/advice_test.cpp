@@ -39,7 +39,7 @@ std::vector<Box> advice_in(const Situation& s) {
     c.Dauerstrombelastbarkeit_db = typed(s.rating);
     c.Windgeschwindigkeit_db = typed(0.5);
     RecordingDialogs dialogs;
-    const Session session = {s.lang, DecimalSeparator::Comma, s.mode, dialogs, s.warn};
+    const Session session = {s.lang, DecimalSeparator::Comma, s.mode, dialogs, nullptr, s.warn};
     return advice(c, {s.angle, s.wind, s.temperature}, session);
 }
 

@@ -6,6 +6,8 @@
 #include <cmath>
 
 #include "fakes/steady_cases.h"
+#include "fakes/sunny_cases.h"
+#include "fakes/tb601_cases.h"
 #include "platform/program_end.h"
 
 namespace zel {
@@ -130,6 +132,49 @@ TEST(SteadyRun, ends_the_program_where_both_modes_are_set) {
                      ProgramEnd);
         EXPECT_THAT(dialogs.shown(), SizeIs(mode == RunMode::Messages ? 1 : 0));
     }
+}
+
+// Without emissivity and without a difference to the air, Kirn's heat is in exact balance.
+TEST(SteadyRun, keeps_the_former_current_of_kirn_where_no_heat_flows) {
+    CalcCase balanced = sunny_264_34();
+    balanced.rechnung_cigre207_merker_db = 0;
+    balanced.rechnung_kirn_merker_db = 1;
+    balanced.Emissionsverhaeltnis_db = typed(0);
+    balanced.Leitertemp_db = balanced.Umgebungstemperatur_db;
+    CalcCase rated = sunny_264_34();
+    rated.rechnung_cigre207_merker_db = 0;
+    rated.rechnung_kirn_merker_db = 1;
+    RecordingDialogs dialogs;
+    MethodMemory memory;
+    const Session session = {LangId::English, DecimalSeparator::Point, RunMode::Silent, dialogs,
+                             &memory};
+    EXPECT_EQ(*RunSteady(balanced, session).methods.at(0).outcome.current_A, 0);
+    const double former = *RunSteady(rated, session).methods.at(0).outcome.current_A;
+    EXPECT_NEAR(former, 505.466099, 1e-5);
+    EXPECT_EQ(*RunSteady(balanced, session).methods.at(0).outcome.current_A, former);
+    const Session fresh = {LangId::English, DecimalSeparator::Point, RunMode::Silent, dialogs};
+    EXPECT_EQ(*RunSteady(balanced, fresh).methods.at(0).outcome.current_A, 0);
+}
+
+TEST(SteadyRun, leaves_what_the_other_resistance_option_set) {
+    RecordingDialogs dialogs;
+    MethodMemory memory;
+    const Session session = {LangId::English, DecimalSeparator::Point, RunMode::Silent, dialogs,
+                             &memory};
+    CalcCase c = line_264_34();
+    c.DrahtlagenzahlLeiter_db = 3;
+    const Tb601Details by_formula = *RunSteady(c, session).methods.at(0).outcome.tb601;
+    EXPECT_GT(by_formula.KMag, 1.01);
+    c.ACDC_R_Option_Merker_db = resistance_by_table;
+    c.ACR1_db = typed(0.11);
+    c.TACR1_db = typed(20);
+    c.ACR2_db = typed(0.14);
+    c.TACR2_db = typed(80);
+    EXPECT_EQ(RunSteady(c, session).methods.at(0).outcome.tb601->KMag, by_formula.KMag);
+    c.Netzfrequenz_db = typed(0);  // direct current reads the former DC resistance
+    EXPECT_TRUE(RunSteady(c, session).methods.at(0).outcome.sound());
+    const Session fresh = {LangId::English, DecimalSeparator::Point, RunMode::Silent, dialogs};
+    EXPECT_FALSE(RunSteady(c, fresh).methods.at(0).outcome.sound());
 }
 
 TEST(SteadyRun, sets_the_texts_of_tables_and_printing_by_the_kind_of_result) {
