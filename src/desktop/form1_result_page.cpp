@@ -76,6 +76,9 @@ QGroupBox* ResultPage::make_results() {
         const Line line{method, make_label(named("caption_", method), 1.15),
                         make_label(named("result_", method), 1.4, true)};
         line.result->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        line.caption->setBackgroundRole(QPalette::Base);  // white: the method is selected
+        line.caption->setAutoFillBackground(true);
+        line.caption->setMargin(4);
         const int row = static_cast<int>(lines_.size());
         grid->addWidget(line.caption, row, 0);
         grid->addWidget(line.result, row, 1);
