@@ -10,8 +10,8 @@ namespace zel {
 
 CalcCase load_case(const std::string& path, const CommonOptions& options, Console& console) {
     const std::string text = read_text_file(path);
-    const EntryRule rule = [&](Entry& field, std::string_view typed) {
-        return enter(field, typed, options.separator, options.lang);
+    const EntryRule rule = [&](Entry& field, Entry CalcCase::*key, std::string_view typed) {
+        return enter(field, key, typed, options.separator, options.lang);
     };
     try {
         CaseFile file = read_case(parse_flat_json(text), options.separator, rule);

@@ -28,6 +28,11 @@ public:
     CaseFile file;
 
 private:
+    /// The member that `row` stands for; null without a row, for a change of state.
+    static Entry CalcCase::*key_of(const CaseField* row) {
+        return row == nullptr ? nullptr : std::get<Entry CalcCase::*>(row->key);
+    }
+
     static void set(std::string& field, const FlatMember& member) {
         const auto* text = std::get_if<std::string>(&member.value);
         if (text == nullptr) refuse(member.key, "a text is expected");
@@ -44,7 +49,7 @@ private:
         const CaseField* row = find_case_field(member.key);
         if (row != nullptr && row->of_record) {
             if (!text->empty()) field = {*text, number_of(*text, member.key)};
-        } else if (auto box = rule_(field, *text)) {
+        } else if (auto box = rule_(field, key_of(row), *text)) {
             file.refused.push_back({member.key, *box});
         }
     }

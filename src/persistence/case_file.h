@@ -24,8 +24,10 @@ struct CaseFile {
     std::vector<RefusedText> refused;
 };
 
-/// The entry rule of a field: takes a typed text over, or gives the box that refuses it.
-using EntryRule = std::function<std::optional<Box>(Entry& field, std::string_view text)>;
+/// The entry rules: `field` takes a typed text over, or the box that refuses it is given back.
+/// `key` is the member of the case that the field is; null for a field of a change of state.
+using EntryRule =
+    std::function<std::optional<Box>(Entry& field, Entry CalcCase::*key, std::string_view text)>;
 
 /// Makes a case of named values. A number is taken as it stands; a text in a numeric field is the
 /// text as typed. A field of the form takes it by `rule`; one of the conductor's record has no rule

@@ -16,9 +16,10 @@ using testing::IsEmpty;
 using testing::SizeIs;
 
 CaseFile read(const FlatObject& values, DecimalSeparator separator = DecimalSeparator::Point) {
-    return read_case(values, separator, [separator](Entry& field, std::string_view text) {
-        return enter(field, text, separator, LangId::English);
-    });
+    return read_case(values, separator,
+                     [separator](Entry& field, Entry CalcCase::*key, std::string_view text) {
+                         return enter(field, key, text, separator, LangId::English);
+                     });
 }
 
 std::string refusal(const std::string& key, const FlatValue& value) {
