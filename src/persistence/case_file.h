@@ -39,4 +39,9 @@ using EntryRule =
 [[nodiscard]] CaseFile read_case(const FlatObject& values, DecimalSeparator separator,
                                  const EntryRule& rule);
 
+/// The named values of `c` from which `read_case` makes the same case under any separator: the
+/// fields with input and the numbers that are not the default ones. What was typed as a number is
+/// a number here.
+[[nodiscard]] FlatObject values_of(const CalcCase& c);
+
 }  // namespace zel
