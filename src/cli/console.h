@@ -38,9 +38,6 @@ private:
     std::vector<Message> messages_;
 };
 
-/// A wording without the blanks around it, which have no place in a terminal.
-[[nodiscard]] std::string without_outer_blanks(std::string_view text);
-
 /// The box in one paragraph for a terminal.
 [[nodiscard]] std::string paragraph_of(const Box& box);
 

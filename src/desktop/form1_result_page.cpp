@@ -156,6 +156,8 @@ void ResultPage::show_run(const SteadyRunResult& run) {
     wind_->setText(qt(run.perpendicular_wind_text));
 }
 
+void ResultPage::clear() { widget()->hide(); }
+
 void ResultPage::clear_balance() {
     balance_->clear();
     balance_group_->hide();

@@ -19,6 +19,8 @@ public:
     /// is greyed, since the inputs that led to it have changed.
     void show_run(const SteadyRunResult& run);
     void clear_balance();
+    /// Shows nothing, as before the first run.
+    void clear();
     void recaption(LangId lang);
 
 private:
