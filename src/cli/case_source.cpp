@@ -1,7 +1,6 @@
 #include "cli/case_source.h"
 
-#include "adapters/json/flat_json.h"
-#include "adapters/posix/text_file.h"
+#include "cli/json_case_store.h"
 #include "persistence/case_file.h"
 #include "platform/input_error.h"
 #include "workflow/entry_rules.h"
@@ -9,12 +8,12 @@
 namespace zel {
 
 LoadedCase load_case(const std::string& path, const CommonOptions& options, Console& console) {
-    const std::string text = read_text_file(path);
-    const EntryRule rule = [&](Entry& field, std::string_view typed) {
-        return enter(field, typed, options.separator, options.lang);
+    const FlatObject values = JsonCaseStore().load(path);
+    const EntryRule rule = [&](Entry& field, Entry CalcCase::*key, std::string_view typed) {
+        return enter(field, key, typed, options.separator, options.lang);
     };
     try {
-        CaseFile file = read_case(parse_flat_json(text), options.separator, rule);
+        CaseFile file = read_case(values, options.separator, rule);
         for (const RefusedText& refused : file.refused) {
             if (options.silent)
                 Console::tell_reason(path + ": " + refused.field + ": " +

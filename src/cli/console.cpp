@@ -29,12 +29,6 @@ std::string printable(std::string_view text) {
     return out;
 }
 
-std::string without_outer_blanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
-}
-
 std::string paragraph_of(const Box& box) {
     std::string text = without_outer_blanks(box.title);
     for (const std::string& line : box.lines) text += "\n  " + without_outer_blanks(line);

@@ -42,9 +42,6 @@ private:
 /// steer a terminal.
 [[nodiscard]] std::string printable(std::string_view text);
 
-/// A wording without the blanks around it, which have no place in a terminal.
-[[nodiscard]] std::string without_outer_blanks(std::string_view text);
-
 /// The box in one paragraph for a terminal.
 [[nodiscard]] std::string paragraph_of(const Box& box);
 

@@ -1,6 +1,7 @@
 #include "cli/case_source.h"
 #include "cli/commands.h"
 #include "cli/console.h"
+#include "cli/json_case_store.h"
 #include "desktop/desktop.h"
 
 namespace zel {
@@ -13,8 +14,10 @@ int desktop_command(int& argc, char** argv, const std::string& case_path,
     if (!case_path.empty()) {
         Console console(options);
         desktop.start_case = load_case(case_path, options, console).c;
+        if (case_path != "-") desktop.start_path = case_path;
     }
-    return run_desktop(argc, argv, std::move(desktop));
+    JsonCaseStore store;
+    return run_desktop(argc, argv, std::move(desktop), store);
 }
 
 }  // namespace zel

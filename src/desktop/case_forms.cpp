@@ -33,11 +33,11 @@ std::optional<Box> enter_whole_number(std::int16_t& field, std::string_view text
                                       const Session& session) {
     Entry typed;
     field = 0;
-    auto refusal = enter(typed, text, session.separator, session.lang);
+    auto refusal = enter(typed, nullptr, text, session.separator, session.lang);
     if (refusal || !typed.given()) return refusal;
     const auto whole = round_to_int16(typed.value);
     // A number too large for the field is refused as a text that is no number at all.
-    if (!whole) return enter(typed, "-", session.separator, session.lang);
+    if (!whole) return enter(typed, nullptr, "-", session.separator, session.lang);
     field = *whole;
     return std::nullopt;
 }
@@ -78,7 +78,7 @@ std::string shown_text(const CalcCase& c, const FormRow& row) {
 std::optional<Box> enter_text(CalcCase& c, const FormRow& row, std::string_view text,
                               const Session& session) {
     if (const auto* field = std::get_if<Entry CalcCase::*>(&row.field))
-        return enter(c.**field, text, session.separator, session.lang);
+        return enter(c, *field, text, session.separator, session.lang);
     if (const auto* field = std::get_if<std::int16_t CalcCase::*>(&row.field))
         return enter_whole_number(c.**field, text, session);
     if (const auto* field = std::get_if<std::string CalcCase::*>(&row.field)) c.** field = text;

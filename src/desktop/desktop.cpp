@@ -12,6 +12,7 @@
 #include "desktop/case_forms.h"
 #include "desktop/form_main.h"
 #include "desktop/qt_dialogs.h"
+#include "desktop/qt_file_chooser.h"
 #include "desktop/window_icon.h"
 
 namespace zel {
@@ -49,7 +50,7 @@ void set_look() {
 
 }  // namespace
 
-int run_desktop(int& argc, char** argv, DesktopOptions options) {
+int run_desktop(int& argc, char** argv, DesktopOptions options, CaseStore& store) {
     if (!display_named()) {
         std::fputs("zel: the windows need a display, and DISPLAY and WAYLAND_DISPLAY are not set\n",
                    stderr);
@@ -58,10 +59,15 @@ int run_desktop(int& argc, char** argv, DesktopOptions options) {
     Application application(argc, argv);
     set_look();
     QtDialogs dialogs;
+    QtFileChooser chooser;
     DesktopState state{case_for_form(std::move(options.start_case)),
-                       {options.lang, options.separator, RunMode::Messages, dialogs}};
+                       {options.lang, options.separator, RunMode::Messages, dialogs},
+                       store,
+                       chooser,
+                       std::move(options.start_path)};
     state.session.memory = &state.memory;
     dialogs.follow(state.session.lang);
+    chooser.follow(state.session.lang);
     FormMain form_main(state);
     form_main.show();
     return Application::exec();

@@ -1,6 +1,7 @@
 #include "desktop/field_panel.h"
 
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -9,6 +10,7 @@
 
 #include "desktop/focus_chain.h"
 #include "desktop/group.h"
+#include "desktop/number_keys.h"
 #include "desktop/qt_text.h"
 #include "desktop/quiet_list.h"
 #include "workflow/page_change.h"
@@ -23,6 +25,13 @@ constexpr int top_row = 0;        // for a widget above the rows
 
 bool is_free_text(const FormRow& row) {
     return std::holds_alternative<std::string CalcCase::*>(row.field);
+}
+
+/// An unchanged text stays as it is, with what the box can undo.
+void show_in(QLineEdit& edit, const std::string& text) {
+    if (edit.text() == qt(text)) return;
+    edit.setText(qt(text));
+    edit.setCursorPosition(0);
 }
 
 QLabel* make_label(const QString& text) {
@@ -73,9 +82,22 @@ QLineEdit* FieldPanel::make_edit(const FormRow& row) {
     auto* edit = new QLineEdit;
     edit->setMinimumWidth(number_width);
     if (!is_free_text(row)) edit->setAlignment(Qt::AlignRight);
+    edit->installEventFilter(this);
     edit->installEventFilter(new FocusChain(edit));
-    connect(edit, &QLineEdit::editingFinished, this, [this, &row, edit] { take_in(row, *edit); });
+    if (is_free_text(row)) return edit;
+    edit->installEventFilter(new NumberKeys(edit, state_.session));
+    // An input method would type past the filter of keys.
+    edit->setAttribute(Qt::WA_InputMethodEnabled, false);
     return edit;
+}
+
+bool FieldPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::FocusOut) return false;
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) return false;
+    for (const Field& field : fields_)
+        if (field.edit == watched) take_in(*field.row, *field.edit);
+    return false;
 }
 
 QComboBox* FieldPanel::make_list(const FormRow& row) {
@@ -85,6 +107,7 @@ QComboBox* FieldPanel::make_list(const FormRow& row) {
     connect(list, &QComboBox::activated, this, [this, &row](int index) {
         auto field = std::get<std::int16_t CalcCase::*>(row.field);
         state_.calc_case.*field = row.choices()[static_cast<std::size_t>(index)].value;
+        state_.case_changed();
     });
     return list;
 }
@@ -93,7 +116,8 @@ void FieldPanel::take_in(const FormRow& row, QLineEdit& edit) {
     const std::string typed = edit.text().toStdString();
     if (typed == shown_text(state_.calc_case, row)) return;
     const auto refusal = enter_text(state_.calc_case, row, typed, state_.session);
-    edit.setText(qt(shown_text(state_.calc_case, row)));
+    show_in(edit, shown_text(state_.calc_case, row));
+    state_.case_changed();
     if (!refusal) return;
     state_.session.tell(*refusal);
     refused_(&edit);
@@ -107,8 +131,7 @@ void FieldPanel::commit() {
 void FieldPanel::load() {
     for (const Field& field : fields_) {
         if (field.edit != nullptr) {
-            field.edit->setText(qt(shown_text(state_.calc_case, *field.row)));
-            field.edit->setCursorPosition(0);
+            show_in(*field.edit, shown_text(state_.calc_case, *field.row));
             continue;
         }
         const auto choices = field.row->choices();
@@ -153,6 +176,13 @@ void FieldPanel::mark_needed() {
         field.label->setEnabled(needed);
         if (field.unit != nullptr) field.unit->setEnabled(needed);
     }
+}
+
+std::vector<QWidget*> FieldPanel::inputs() const {
+    std::vector<QWidget*> all;
+    for (const Field& field : fields_)
+        all.push_back(field.edit != nullptr ? static_cast<QWidget*>(field.edit) : field.list);
+    return all;
 }
 
 void FieldPanel::add_on_top(QWidget* widget) {

@@ -15,8 +15,9 @@ class QLineEdit;
 namespace zel {
 
 /// A section of a form as a framed group: label, input and unit of each row in an aligned grid.
-/// What is typed goes to the case, through the entry rules, when its editing is finished; a refused
-/// text is told, emptied, and gets the focus back.
+/// Keys are filtered one by one. What is typed goes to the case, through the entry rules, when the
+/// input is left (not when only the window is); a refused text is told, emptied, and gets the focus
+/// back.
 class FieldPanel : public QGroupBox {
 public:
     /// Called with the input whose text was refused.
@@ -33,6 +34,9 @@ public:
     /// Greys the labels of rows that no selected method reads.
     void mark_needed();
 
+    /// The inputs in the order of the rows.
+    [[nodiscard]] std::vector<QWidget*> inputs() const;
+
     /// A widget above the rows, as wide as the panel.
     void add_on_top(QWidget* widget);
 
@@ -46,6 +50,8 @@ public:
     };
     [[nodiscard]] ColumnWidths column_widths() const;
     void set_column_widths(ColumnWidths widths);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Field {

@@ -22,15 +22,15 @@ constexpr Text page_captions[] = {
     {"E&rgebnis", "&Results"},
     {"&Transient", "&Transient"},
 };
-constexpr Text file_caption = {"&Datei", "&File"};
-constexpr Text close_caption = {"&Schließen", "&Close"};
+constexpr Text no_name = {"Unbenannt", "Untitled"};
 
 }  // namespace
 
 Form1::Form1(DesktopState& state, const std::function<void(LangId)>& switch_language)
     : state_(state),
+      document_(state),
       file_menu_(menuBar()->addMenu(QString())),
-      close_(file_menu_->addAction(QString())),
+      edit_menu_(menuBar()->addMenu(QString())),
       language_menu_(*menuBar(), switch_language),
       general_(new GeneralPage(state, [this](QWidget* input) { refused(input); })),
       conductor_(new ConductorPage(state, [this](QWidget* input) { refused(input); })),
@@ -43,19 +43,17 @@ Form1::Form1(DesktopState& state, const std::function<void(LangId)>& switch_lang
     pages_->addTab(new QWidget, QString());
     pages_->setTabEnabled(transient_page, false);
     setCentralWidget(pages_);
-    close_->setShortcut(QKeySequence("Ctrl+W"));
-    connect(close_, &QAction::triggered, this, &QWidget::close);
+    make_menus();
     connect(pages_, &QTabWidget::currentChanged, this, [this](int to) { page_changed(to); });
+    state_.case_changed = [this] { setWindowModified(document_.modified()); };
     recaption();
     resize(1260, 750);
 }
 
 void Form1::recaption() {
     const LangId lang = state_.session.lang;
-    setWindowTitle(qt(short_name, lang) + " - " + qt(long_title, lang));
-    file_menu_->setTitle(qt(file_caption, lang));
-    close_->setText(qt(close_caption, lang));
-    language_menu_.recaption(lang);
+    recaption_title();
+    recaption_menus();
     for (int page = input_page; page <= transient_page; ++page)
         pages_->setTabText(page, qt(page_captions[page], lang));
     general_->recaption();
@@ -68,16 +66,32 @@ void Form1::recaption() {
     if (shown_run_is_stale_) result_->show_nothing_new();
 }
 
+void Form1::recaption_title() {
+    const LangId lang = state_.session.lang;
+    const std::string name = document_.name();
+    // "[*]" is where the window shows that there are changes.
+    setWindowTitle(qt(name.empty() ? no_name.in(lang) : name) + "[*] - " + qt(short_name, lang) +
+                   " - " + qt(long_title, lang));
+    setWindowModified(document_.modified());
+}
+
 void Form1::load() {
     general_->load();
     conductor_->load();
 }
 
-void Form1::page_changed(int to) {
+bool Form1::commit() {
     general_->commit();
     conductor_->commit();
+    return refused_.isNull();
+}
+
+bool Form1::may_be_left() { return commit() && document_.may_be_left(); }
+
+void Form1::page_changed(int to) {
+    const bool sound = commit();
     const QSignalBlocker quiet(pages_);
-    if (refused_) {  // the page with the refused input stays
+    if (!sound) {  // the page with the refused input stays
         pages_->setCurrentIndex(page_);
         return;
     }
@@ -85,6 +99,7 @@ void Form1::page_changed(int to) {
     if (change.clears_balance) result_->clear_balance();
     page_ = change.page;
     pages_->setCurrentIndex(change.page);
+    copy_->setEnabled(false);
     if (change.refusal) state_.session.tell(*change.refusal);
     if (change.page == conductor_page) conductor_->mark_needed();
     if (change.runs) run();
@@ -99,6 +114,7 @@ void Form1::run() {
     }
     result_->show_run(result);
     shown_run_ = result;
+    copy_->setEnabled(true);
     load();  // the run reconciles the currents of sub-conductor and bundle
     pages_->setTabEnabled(transient_page, true);
     for (const Box& box : result.advice) state_.session.tell(box);

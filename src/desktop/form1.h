@@ -4,7 +4,10 @@
 #include <QPointer>
 #include <functional>
 #include <optional>
+#include <utility>
+#include <vector>
 
+#include "desktop/case_document.h"
 #include "desktop/desktop_state.h"
 #include "desktop/language_menu.h"
 #include "workflow/steady_run.h"
@@ -20,7 +23,9 @@ class GeneralPage;
 class ResultPage;
 
 /// The form of the current and temperature calculation: four pages on the strip `SSTab1`, numbered
-/// from 0. Going to the result page calculates. Closing the form hides it, the case stays.
+/// from 0. Going to the result page calculates. The menu keeps the case in files; the title tells
+/// the file and whether the case has changes that it lacks. Closing the form hides it, the case
+/// stays.
 class Form1 : public QMainWindow {
 public:
     /// `switch_language` is called by the language menu.
@@ -31,16 +36,36 @@ public:
     /// Shows what stands in the case.
     void load();
 
+    /// Takes in what is typed but not yet finished; false where a text was refused, or where the
+    /// user does not want to lose changes that are not stored.
+    [[nodiscard]] bool may_be_left();
+
 private:
+    struct MenuRow;
+
     void make_menus();
+    QAction* add_action(QMenu& menu, const MenuRow& row);
+    void recaption_menus();
+    void recaption_title();
+    [[nodiscard]] bool commit();
+    void start_anew();
+    void open();
+    void save();
+    void save_as();
+    void hide_form();
+    void show_new_case();
+    void copy_result();
     void page_changed(int to);
     void run();
     void refused(QWidget* input);
     void return_to_refused();
 
     DesktopState& state_;
+    CaseDocument document_;
     QMenu* file_menu_;
-    QAction* close_;
+    QMenu* edit_menu_;
+    std::vector<std::pair<QAction*, Text>> actions_;  // with their captions
+    QAction* copy_ = nullptr;
     LanguageMenu language_menu_;
     GeneralPage* general_;
     ConductorPage* conductor_;

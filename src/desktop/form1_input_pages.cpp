@@ -52,6 +52,15 @@ QWidget* InputPage::column_of(const std::vector<std::size_t>& indexes) {
     return column;
 }
 
+void InputPage::tab_through(const std::vector<std::size_t>& indexes) {
+    QWidget* last = nullptr;
+    for (const std::size_t index : indexes)
+        for (QWidget* input : panels_[index]->inputs()) {
+            if (last != nullptr) setTabOrder(last, input);
+            last = input;
+        }
+}
+
 void InputPage::recaption() {
     for (FieldPanel* panel : panels_) panel->recaption();
     for (const auto& column : columns_) align(column);
@@ -91,6 +100,10 @@ GeneralPage::GeneralPage(DesktopState& state, FieldPanel::Refused refused)
     layout->addWidget(methods_);
     layout->addStretch();
     setWidget(content);
+    // The mode opens one of the given values. The button stands last, out of the way of return.
+    setTabOrder(panel(line).inputs().back(), mode_);
+    setTabOrder(mode_, panel(given).inputs().front());
+    setTabOrder(panel(given).inputs().back(), age_button_);
     GeneralPage::recaption();
     GeneralPage::load();
 }
@@ -104,6 +117,7 @@ void GeneralPage::make_mode_list() {
         set_given_value(state().calc_case,
                         given_value_rows()[static_cast<std::size_t>(index)].value);
         open_given_box();
+        state().case_changed();
     });
 }
 
@@ -121,6 +135,7 @@ void GeneralPage::ask_age() {
     if (form.exec() != QDialog::Accepted) return;
     state().calc_case.Emissionsverhaeltnis_db = form.emissivity();
     load();
+    state().case_changed();
 }
 
 QGroupBox* GeneralPage::make_methods() {
@@ -133,6 +148,7 @@ QGroupBox* GeneralPage::make_methods() {
         connect(box, &QCheckBox::toggled, this, [this, &row](bool on) {
             state().calc_case.*flag_of(row.method) = on ? 1 : 0;
             mark_needed();
+            state().case_changed();
         });
         layout->addWidget(box);
         layout->addSpacing(16);
@@ -203,6 +219,8 @@ ConductorPage::ConductorPage(DesktopState& state, FieldPanel::Refused refused)
     layout->addLayout(columns);
     layout->addStretch();
     setWidget(content);
+    // The chain of the conductivities is a ring, and the equivalent radius leads into it.
+    tab_through({designation, kind, geometry, material, core, ac_pairs, resistance, conductivity});
     recaption();
     load();
 }

@@ -164,6 +164,8 @@ void ResultPage::show_nothing_new() {
     clear_balance();
 }
 
+void ResultPage::clear() { widget()->hide(); }
+
 void ResultPage::clear_balance() {
     balance_->clear();
     balance_group_->hide();

@@ -21,6 +21,8 @@ public:
     /// changed.
     void show_nothing_new();
     void clear_balance();
+    /// Shows nothing, as before the first run.
+    void clear();
     void recaption(LangId lang);
 
 private:

@@ -106,7 +106,7 @@ void FormMain::open_form1() {
 
 void FormMain::closeEvent(QCloseEvent* event) {
     const Box question = box_in(state_.session.lang, exit_question);
-    if (state_.session.dialogs.show(question) != Answer::Yes) {
+    if (!form1_.may_be_left() || state_.session.dialogs.show(question) != Answer::Yes) {
         event->ignore();
         return;
     }

@@ -14,7 +14,7 @@ class QPushButton;
 namespace zel {
 
 /// The start window `form_main`: opens the program areas, switches the language of all windows, and
-/// ends the program after a question.
+/// ends the program after a question; changes of the case that are not stored are asked for before.
 class FormMain : public QMainWindow {
 public:
     explicit FormMain(DesktopState& state);

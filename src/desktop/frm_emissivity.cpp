@@ -86,7 +86,8 @@ FrmEmissivity::FrmEmissivity(QWidget* parent, const Session& session)
 
 void FrmEmissivity::compute() {
     Entry age;
-    const auto refusal = enter(age, age_->text().toStdString(), session_.separator, session_.lang);
+    const auto refusal =
+        enter(age, nullptr, age_->text().toStdString(), session_.separator, session_.lang);
     if (refusal) {
         session_.tell(*refusal);
         age_->clear();
@@ -99,8 +100,8 @@ void FrmEmissivity::compute() {
         return;
     }
     // The field takes what is shown, as if it had been typed.
-    enter(emissivity_, masked(*emissivity, "#0.0####", session_.separator), session_.separator,
-          session_.lang);
+    enter(emissivity_, &CalcCase::Emissionsverhaeltnis_db,
+          masked(*emissivity, "#0.0####", session_.separator), session_.separator, session_.lang);
     result_->setText(qt(emissivity_.text));
     take_over_->setEnabled(true);
     take_over_->setFocus();

@@ -28,6 +28,11 @@ public:
     CaseFile file;
 
 private:
+    /// The member that `row` stands for; null without a row, for a change of state.
+    static Entry CalcCase::*key_of(const CaseField* row) {
+        return row == nullptr ? nullptr : std::get<Entry CalcCase::*>(row->key);
+    }
+
     static void set(std::string& field, const FlatMember& member) {
         const auto* text = std::get_if<std::string>(&member.value);
         if (text == nullptr) refuse(member.key, "a text is expected");
@@ -44,7 +49,7 @@ private:
         const CaseField* row = find_case_field(member.key);
         if (row != nullptr && row->of_record) {
             if (!text->empty()) field = {*text, number_of(*text, member.key)};
-        } else if (auto box = rule_(field, *text)) {
+        } else if (auto box = rule_(field, key_of(row), *text)) {
             file.refused.push_back({member.key, *box});
         }
     }
@@ -89,12 +94,55 @@ private:
     const EntryRule& rule_;
 };
 
+std::optional<FlatValue> value_of(const std::string& field, const std::string& /*start*/) {
+    if (field.empty()) return std::nullopt;
+    return field;
+}
+
+bool is_number(std::string_view text) {
+    return parse_number(text, DecimalSeparator::Point) ||
+           parse_number(text, DecimalSeparator::Comma);
+}
+
+std::optional<FlatValue> value_of(const Entry& field, const Entry& /*start*/) {
+    if (!field.given()) return std::nullopt;
+    if (!is_number(field.text)) return field.text;  // a field without entry rule takes any text
+    return field.value;
+}
+
+std::optional<FlatValue> value_of(std::int16_t field, std::int16_t start) {
+    if (field == start) return std::nullopt;
+    return static_cast<double>(field);
+}
+
+std::optional<FlatValue> value_of(bool field, bool start) {
+    if (field == start) return std::nullopt;
+    return field ? -1.0 : 0.0;
+}
+
 }  // namespace
 
 CaseFile read_case(const FlatObject& values, DecimalSeparator separator, const EntryRule& rule) {
     Reader reader(separator, rule);
     for (const FlatMember& member : values) reader.take(member);
     return std::move(reader.file);
+}
+
+FlatObject values_of(const CalcCase& c) {
+    CalcCase copy = c;
+    CalcCase start;
+    FlatObject values;
+    for (const std::string& name : all_field_names()) {
+        const auto field = find_field(copy, name);
+        const auto default_field = find_field(start, name);
+        const auto value = std::visit(
+            [&](auto* place) {
+                return value_of(*place, *std::get<decltype(place)>(*default_field));
+            },
+            *field);
+        if (value) values.push_back({name, *value});
+    }
+    return values;
 }
 
 }  // namespace zel

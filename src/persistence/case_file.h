@@ -24,8 +24,10 @@ struct CaseFile {
     std::vector<RefusedText> refused;
 };
 
-/// The entry rule of a field: takes a typed text over, or gives the box that refuses it.
-using EntryRule = std::function<std::optional<Box>(Entry& field, std::string_view text)>;
+/// The entry rules: `field` takes a typed text over, or the box that refuses it is given back.
+/// `key` is the member of the case that the field is; null for a field of a change of state.
+using EntryRule =
+    std::function<std::optional<Box>(Entry& field, Entry CalcCase::*key, std::string_view text)>;
 
 /// Makes a case of named values. A number is taken as it stands; a text in a numeric field is the
 /// text as typed. A field of the form takes it by `rule`; one of the conductor's record has no rule
@@ -36,5 +38,10 @@ using EntryRule = std::function<std::optional<Box>(Entry& field, std::string_vie
 /// cannot have.
 [[nodiscard]] CaseFile read_case(const FlatObject& values, DecimalSeparator separator,
                                  const EntryRule& rule);
+
+/// The named values of `c` from which `read_case` makes the same case under any separator: the
+/// fields with input and the numbers that are not the default ones. What was typed as a number is
+/// a number here.
+[[nodiscard]] FlatObject values_of(const CalcCase& c);
 
 }  // namespace zel

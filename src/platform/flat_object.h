@@ -12,6 +12,8 @@ using FlatValue = std::variant<bool, double, std::string>;
 struct FlatMember {
     std::string key;
     FlatValue value;
+
+    friend bool operator==(const FlatMember&, const FlatMember&) = default;
 };
 
 /// The named values of a file, in its order; no key stands twice.

@@ -39,4 +39,10 @@ std::string joined(const std::vector<std::string>& lines, std::string_view separ
     return out;
 }
 
+std::string without_outer_blanks(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
 }  // namespace zel

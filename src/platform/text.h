@@ -33,4 +33,7 @@ struct Text {
 /// The lines joined by `separator`.
 [[nodiscard]] std::string joined(const std::vector<std::string>& lines, std::string_view separator);
 
+/// A wording without the blanks around it, which have no place in plain text.
+[[nodiscard]] std::string without_outer_blanks(std::string_view text);
+
 }  // namespace zel

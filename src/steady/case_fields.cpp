@@ -151,6 +151,15 @@ const std::vector<CaseField>& case_fields() {
     return fields;
 }
 
+std::vector<std::string> all_field_names() {
+    std::vector<std::string> names;
+    for (const CaseField& field : case_fields()) names.emplace_back(field.name);
+    for (std::size_t row = 1; row <= state_change_count; ++row)
+        for (const char* field : {"merker_db", "Strom_db", "TEMP_db", "min_db", "sec_db"})
+            names.push_back("Z" + std::to_string(row) + "_" + field);
+    return names;
+}
+
 const CaseField* find_case_field(std::string_view name) {
     const auto& fields = case_fields();
     const auto row = std::find_if(fields.begin(), fields.end(),

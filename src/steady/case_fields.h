@@ -27,6 +27,9 @@ struct CaseField {
 /// Every field of a case but the six changes of state, each with its name.
 [[nodiscard]] const std::vector<CaseField>& case_fields();
 
+/// The names of all fields, the numbered ones of the changes of state (`Z3_TEMP_db`) among them.
+[[nodiscard]] std::vector<std::string> all_field_names();
+
 /// The row of the field `name`, or null where it is none or one of a change of state.
 [[nodiscard]] const CaseField* find_case_field(std::string_view name);
 

@@ -32,4 +32,12 @@ void S_Stromstaerke_buendel(CalcCase& c, DecimalSeparator separator) {
     }
 }
 
+CalcCase without_derived_current(CalcCase c) {
+    if (c.Stromstaerkebuendel_Merker_db)
+        c.Stromstaerke_db = {};
+    else if (c.Stromstaerke_Merker_db)
+        c.Stromstaerke_Buendel = {};
+    return c;
+}
+
 }  // namespace zel

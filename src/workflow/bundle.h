@@ -15,4 +15,8 @@ namespace zel {
 /// decimals; a given sub-conductor current sets the bundle's to `n` times it.
 void S_Stromstaerke_buendel(CalcCase& c, DecimalSeparator separator);
 
+/// `c` without the current that `S_Stromstaerke_buendel` derives from the given one: what was
+/// entered.
+[[nodiscard]] CalcCase without_derived_current(CalcCase c);
+
 }  // namespace zel

@@ -9,10 +9,16 @@
 
 namespace zel {
 
-/// A typed text becomes the content of a numeric field. A text that is no number is refused: the
-/// box that says so is given back, the field's text is emptied and its double keeps the former
-/// value. An empty text is no input and keeps the double too.
-std::optional<Box> enter(Entry& field, std::string_view text, DecimalSeparator separator,
-                         LangId lang);
+/// A typed text becomes the content of the numeric field `key` of `c`. A text that is no number,
+/// and a number beyond the field's limits, is refused: the box that says so is given back, the
+/// field's text is emptied and its double keeps the former value. An empty text is no input and
+/// keeps the double too. A measured value has no rule: it takes any text.
+std::optional<Box> enter(CalcCase& c, Entry CalcCase::*key, std::string_view text,
+                         DecimalSeparator separator, LangId lang);
+
+/// The same for a field that stands elsewhere. Without a `key` (null) the text must be a number,
+/// and there is no limit.
+std::optional<Box> enter(Entry& field, Entry CalcCase::*key, std::string_view text,
+                         DecimalSeparator separator, LangId lang);
 
 }  // namespace zel

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "platform/input_error.h"
 
 namespace zel {
@@ -62,6 +64,28 @@ TEST(FlatJson, names_what_it_refuses) {
 
 TEST(FlatJson, ends_at_no_zero_byte) {
     EXPECT_EQ(refusal(std::string_view("{\"a\": 1}\0{}", 11)), "no JSON: a zero byte stands at 9");
+}
+
+TEST(FlatJson, reads_back_what_it_prints) {
+    const FlatObject object = {{"a", 0.1 + 0.2},
+                               {"b", -1.0},
+                               {"c", 5e-324},
+                               {"d", 1.7976931348623157e308},
+                               {"e", 18446744073709551616.0},
+                               {"f", 123456789012345678.0},
+                               {"g", 1e22},
+                               {"h", "Süd \"1\"\\\n\t\x01 °"},
+                               {"ä\"", true},
+                               {"i", false}};
+    EXPECT_EQ(parse_flat_json(print_flat_json(object)), object);
+    EXPECT_TRUE(parse_flat_json(print_flat_json({})).empty());
+    const FlatObject zero = parse_flat_json(print_flat_json({{"zero", -0.0}}));
+    EXPECT_TRUE(std::signbit(std::get<double>(zero.at(0).value)));
+}
+
+TEST(FlatJson, prints_a_value_per_line) {
+    EXPECT_EQ(print_flat_json({{"wind", 0.6}, {"mode", -1.0}, {"name", "Süd"}}),
+              "{\n  \"wind\": 0.6,\n  \"mode\": -1,\n  \"name\": \"Süd\"\n}\n");
 }
 
 }  // namespace

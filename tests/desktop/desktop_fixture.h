@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -15,6 +16,8 @@
 #include "desktop/case_forms.h"
 #include "desktop/form_main.h"
 #include "desktop/qt_text.h"
+#include "fakes/memory_case_store.h"
+#include "fakes/scripted_chooser.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/steady_cases.h"
 
@@ -24,8 +27,8 @@ namespace zel {
 class DesktopTest : public testing::Test {
 protected:
     void open(const CalcCase& c, LangId lang, DecimalSeparator separator) {
-        state = std::make_unique<DesktopState>(
-            DesktopState{case_for_form(c), {lang, separator, RunMode::Messages, dialogs}});
+        state = std::make_unique<DesktopState>(DesktopState{
+            case_for_form(c), {lang, separator, RunMode::Messages, dialogs}, store, chooser});
         form_main = std::make_unique<FormMain>(*state);
         form_main->show();
         form1().show();
@@ -62,6 +65,16 @@ protected:
         press(box, key);
         QApplication::processEvents();
     }
+    /// Pastes into a box in place of its text and leaves it by `key`.
+    void paste(const char* name, const std::string& text, int key = Qt::Key_Tab) {
+        auto& box = control(name);
+        box.setFocus();
+        box.selectAll();
+        QApplication::clipboard()->setText(qt(text));
+        press(box, Qt::Key_V, "\x16", Qt::ControlModifier);
+        press(box, key);
+        QApplication::processEvents();
+    }
     void choose(const char* name, int index) {
         auto& list = control<QComboBox>(name);
         list.setCurrentIndex(index);
@@ -75,6 +88,8 @@ protected:
     }
 
     ScriptedDialogs dialogs;
+    MemoryCaseStore store;
+    ScriptedChooser chooser;
     std::unique_ptr<DesktopState> state;
     std::unique_ptr<FormMain> form_main;
 };

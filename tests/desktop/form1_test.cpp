@@ -30,7 +30,7 @@ TEST_F(Form1Test, refused_text_is_told_emptied_and_keeps_the_focus) {
     for (const int key : {Qt::Key_Tab, Qt::Key_Return}) {
         dialogs.shown.clear();
         open();
-        type("Text11", "abc", key);
+        paste("Text11", "abc", key);
         ASSERT_THAT(dialogs.shown, SizeIs(1));
         EXPECT_EQ(dialogs.shown[0].title, "Incorrect input data");
         EXPECT_EQ(typed_in("Text11"), "");
@@ -41,7 +41,7 @@ TEST_F(Form1Test, refused_text_is_told_emptied_and_keeps_the_focus) {
 
 TEST_F(Form1Test, other_separator_is_no_number) {
     open({}, LangId::German, DecimalSeparator::Comma);
-    type("Text11", "0.6");
+    paste("Text11", "0.6");
     ASSERT_THAT(dialogs.shown, SizeIs(1));
     EXPECT_EQ(dialogs.shown[0].title, "Fehlerhafte Eingabe");
 }

@@ -108,8 +108,9 @@ TEST(RunDesktop, without_a_display_says_so_and_fails) {
     for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         qunsetenv(variable);
     int argc = 0;
+    MemoryCaseStore store;
     testing::internal::CaptureStderr();
-    EXPECT_EQ(run_desktop(argc, nullptr, {}), 1);
+    EXPECT_EQ(run_desktop(argc, nullptr, {}, store), 1);
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("display"));
 }
 

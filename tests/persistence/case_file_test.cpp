@@ -16,9 +16,10 @@ using testing::IsEmpty;
 using testing::SizeIs;
 
 CaseFile read(const FlatObject& values, DecimalSeparator separator = DecimalSeparator::Point) {
-    return read_case(values, separator, [separator](Entry& field, std::string_view text) {
-        return enter(field, text, separator, LangId::English);
-    });
+    return read_case(values, separator,
+                     [separator](Entry& field, Entry CalcCase::*key, std::string_view text) {
+                         return enter(field, key, text, separator, LangId::English);
+                     });
 }
 
 std::string refusal(const std::string& key, const FlatValue& value) {
@@ -111,6 +112,53 @@ TEST(CaseFile, reads_every_field_of_a_case) {
                                           : FlatValue(number);
         EXPECT_NE(read({{std::string(field.name), value}}).c, CalcCase{}) << field.name;
     }
+}
+
+CaseFile read_by_a_german(const FlatObject& values) {
+    return read(values, DecimalSeparator::Comma);
+}
+
+/// A case in which every field has a value of its own.
+CalcCase full_case(DecimalSeparator separator) {
+    CalcCase c;
+    int n = 0;
+    for (const std::string& name : all_field_names()) {
+        ++n;
+        const auto field = find_field(c, name);
+        if (auto* const* text = std::get_if<std::string*>(&*field)) **text = "Text " + name;
+        if (auto* const* flag = std::get_if<bool*>(&*field)) **flag = true;
+        if (auto* const* whole = std::get_if<std::int16_t*>(&*field))
+            **whole = static_cast<std::int16_t>(name.starts_with("rechnung_") ? 1 : 10 + n);
+        if (auto* const* entry = std::get_if<Entry*>(&*field))
+            **entry = {plain_number(n + 0.25, separator), n + 0.25};
+    }
+    return c;
+}
+
+TEST(CaseFile, written_values_read_back_to_the_same_case) {
+    const CalcCase c = full_case(DecimalSeparator::Point);
+    const FlatObject values = values_of(c);
+    EXPECT_EQ(values.size(), all_field_names().size());
+    EXPECT_EQ(read(values).c, c);
+    EXPECT_EQ(read_by_a_german(values).c, full_case(DecimalSeparator::Comma));
+    EXPECT_EQ(values_of(full_case(DecimalSeparator::Comma)), values);
+}
+
+TEST(CaseFile, only_what_was_entered_is_written) {
+    EXPECT_THAT(values_of({}), IsEmpty());
+    CalcCase c;
+    c.Windgeschwindigkeit_db = {" 0,60 ", 0.6};
+    c.Leitertemp_db = {"", 80};  // emptied: the double is a former value
+    c.Messwert_Strom_db = {"abc", 9999};
+    c.Leitertemp_Merker_db = true;
+    c.Formel_merker1_db = 1;
+    c.Z[2].TEMP = {"95", 95};
+    const FlatObject expected = {{"Windgeschwindigkeit_db", 0.6},
+                                 {"Leitertemp_Merker_db", -1.0},
+                                 {"Messwert_Strom_db", "abc"},
+                                 {"Formel_merker1_db", 1.0},
+                                 {"Z3_TEMP_db", 95.0}};
+    EXPECT_EQ(values_of(c), expected);
 }
 
 }  // namespace

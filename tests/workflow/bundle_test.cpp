@@ -65,5 +65,19 @@ TEST(BundleCurrent, is_left_alone_where_the_temperature_is_given) {
     EXPECT_FALSE(c.Stromstaerke_db.given());
 }
 
+TEST(Bundle, entered_case_has_no_derived_current) {
+    CalcCase c;
+    c.Anzahl_Teilleiter_db = 2;
+    c.Stromstaerke_Merker_db = true;
+    c.Stromstaerke_db = {"600", 600};
+    const CalcCase entered = c;
+    S_Stromstaerke_buendel(c, DecimalSeparator::Point);
+    EXPECT_TRUE(c.Stromstaerke_Buendel.given());
+    EXPECT_EQ(without_derived_current(c), entered);
+    c.Stromstaerkebuendel_Merker_db = true;
+    EXPECT_TRUE(without_derived_current(c).Stromstaerke_Buendel.given());
+    EXPECT_FALSE(without_derived_current(c).Stromstaerke_db.given());
+}
+
 }  // namespace
 }  // namespace zel

@@ -1,6 +1,9 @@
 #include "adapters/json/flat_json.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
 #include <nlohmann/json.hpp>
 
 #include "platform/input_error.h"
@@ -78,6 +81,19 @@ private:
     bool inside_ = false;
 };
 
+std::string printed(bool value) { return value ? "true" : "false"; }
+
+std::string printed(double value) {
+    if (value == 0 && std::signbit(value)) return "-0.0";  // "-0" would be read as an integer
+    std::array<char, 32> buffer{};
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    return {buffer.data(), end.ptr};
+}
+
+std::string printed(const std::string& value) {
+    return json(value).dump(-1, ' ', false, json::error_handler_t::replace);
+}
+
 }  // namespace
 
 FlatObject parse_flat_json(std::string_view text) {
@@ -87,6 +103,14 @@ FlatObject parse_flat_json(std::string_view text) {
     FlatHandler handler;
     json::sax_parse(text, &handler);
     return std::move(handler.object);
+}
+
+std::string print_flat_json(const FlatObject& object) {
+    std::string text;
+    for (const auto& [key, value] : object)
+        text += (text.empty() ? "\n  " : ",\n  ") + printed(key) + ": " +
+                std::visit([](const auto& held) { return printed(held); }, value);
+    return "{" + text + "\n}\n";
 }
 
 }  // namespace zel

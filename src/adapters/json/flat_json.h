@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/flat_object.h"
@@ -12,5 +13,9 @@ namespace zel {
 /// and, naming the key, where a value is an object, an array or null, where a number is beyond the
 /// range of a double, and where a key stands twice.
 [[nodiscard]] FlatObject parse_flat_json(std::string_view text);
+
+/// The JSON text of one object with a line per value, which `parse_flat_json` reads back to the
+/// same values, numbers to the last bit. Numbers must be finite.
+[[nodiscard]] std::string print_flat_json(const FlatObject& object);
 
 }  // namespace zel

@@ -1,0 +1,136 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <optional>
+
+#include "adapters/posix/text_file.h"
+#include "platform/output_error.h"
+
+namespace zel {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int most_links = 40;
+constexpr int most_names = 100;
+constexpr mode_t mode_bits = 07777;
+
+/// Tells failures under the path that the user named.
+class Target {
+public:
+    explicit Target(const std::string& named) : named_(named), path_(followed(named)) {
+        struct stat state {};
+        if (::stat(path_.c_str(), &state) != 0) {
+            if (errno != ENOENT) refuse(std::strerror(errno));
+            return;
+        }
+        if (S_ISDIR(state.st_mode)) refuse(std::strerror(EISDIR));
+        if (!S_ISREG(state.st_mode)) refuse("not a regular file");
+        // Renaming would get round a write protection.
+        if (::faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) != 0)
+            refuse(std::strerror(errno));
+        former_ = state;
+    }
+
+    [[nodiscard]] const fs::path& path() const { return path_; }
+    /// The file that is replaced.
+    [[nodiscard]] const std::optional<struct stat>& former() const { return former_; }
+    [[noreturn]] void refuse(const std::string& reason) const {
+        throw OutputError(named_ + ": " + reason);
+    }
+
+private:
+    /// The path behind the links; the file there need not exist.
+    [[nodiscard]] fs::path followed(fs::path path) const {
+        std::error_code failed;
+        for (int links = 0; fs::is_symlink(path, failed); ++links) {
+            if (links == most_links) refuse(std::strerror(ELOOP));
+            path = path.parent_path() / fs::read_symlink(path, failed);
+            if (failed) refuse(failed.message());
+        }
+        return path;
+    }
+
+    std::string named_;
+    fs::path path_;
+    std::optional<struct stat> former_;
+};
+
+/// A new file beside the target, gone again unless it took the target's place.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const Target& target) : target_(target) {
+        const std::string stem = target.path().string() + ".tmp" + std::to_string(::getpid());
+        for (int i = 0; number_ < 0 && i < most_names; ++i) {
+            path_ = stem + "-" + std::to_string(i);
+            number_ = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+            if (number_ < 0 && errno != EEXIST) target_.refuse(std::strerror(errno));
+        }
+        if (number_ < 0) target_.refuse(std::strerror(EEXIST));
+    }
+    ~TemporaryFile() {
+        if (number_ >= 0) ::close(number_);
+        if (!path_.empty()) ::unlink(path_.c_str());
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    void write(std::string_view text) {
+        while (!text.empty()) {
+            const ssize_t count = ::write(number_, text.data(), text.size());
+            if (count < 0 && errno == EINTR) continue;
+            check(count >= 0);
+            text.remove_prefix(static_cast<std::size_t>(count));
+        }
+    }
+
+    void replace_target() {
+        if (const auto& former = target_.former()) {
+            // Only the administrator may give a file away; who may not becomes its owner.
+            (void)!::fchown(number_, former->st_uid, former->st_gid);
+            check(::fchmod(number_, former->st_mode & mode_bits) == 0);
+        }
+        check(::fsync(number_) == 0);
+        const int number = number_;
+        number_ = -1;
+        check(::close(number) == 0);
+        check(std::rename(path_.c_str(), target_.path().c_str()) == 0);
+        path_.clear();
+    }
+
+private:
+    void check(bool done) const {
+        if (!done) target_.refuse(std::strerror(errno));
+    }
+
+    const Target& target_;
+    std::string path_;
+    int number_ = -1;
+};
+
+/// Puts the new name on the disk. The file is in its place already: a failure is no more than
+/// a name that a crash of the machine may lose.
+void sync_folder_of(const fs::path& path) {
+    const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
+    const int number = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (number < 0) return;
+    ::fsync(number);
+    ::close(number);
+}
+
+}  // namespace
+
+void write_text_file(const std::string& path, std::string_view text) {
+    const Target target(path);
+    TemporaryFile file(target);
+    file.write(text);
+    file.replace_target();
+    sync_folder_of(target.path());
+}
+
+}  // namespace zel

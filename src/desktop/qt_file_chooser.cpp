@@ -1,0 +1,61 @@
+#include "desktop/qt_file_chooser.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+
+#include "desktop/qt_text.h"
+
+namespace zel {
+namespace {
+
+constexpr Text open_title = {"Fall öffnen", "Open case"};
+constexpr Text save_title = {"Fall speichern unter", "Save case as"};
+constexpr Text filters = {"Falldateien (*.json)\nAlle Dateien (*)",
+                          "Case files (*.json)\nAll files (*)"};
+
+struct Caption {
+    QFileDialog::DialogLabel label;
+    Text text;
+};
+constexpr Caption captions[] = {
+    {QFileDialog::LookIn, {"Ordner :", "Folder :"}},
+    {QFileDialog::FileName, {"Dateiname :", "File name :"}},
+    {QFileDialog::FileType, {"Dateityp :", "File type :"}},
+    {QFileDialog::Reject, {"Abbrechen", "Cancel"}},
+};
+constexpr Text open_caption = {"Öffnen", "Open"};
+constexpr Text save_caption = {"Speichern", "Save"};
+
+}  // namespace
+
+std::optional<std::string> QtFileChooser::ask(QFileDialog& window, const std::string& present) {
+    const LangId lang = lang_ != nullptr ? *lang_ : LangId::English;
+    const bool saves = window.acceptMode() == QFileDialog::AcceptSave;
+    window.setWindowTitle(qt(saves ? save_title : open_title, lang));
+    window.setNameFilters(qt(filters, lang).split('\n'));
+    for (const auto& [label, text] : captions) window.setLabelText(label, qt(text, lang));
+    window.setLabelText(QFileDialog::Accept, qt(saves ? save_caption : open_caption, lang));
+    if (!present.empty()) {
+        const QFileInfo file(qt(present));
+        window.setDirectory(file.absolutePath());
+        window.selectFile(file.fileName());
+    }
+    if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty()) return std::nullopt;
+    return window.selectedFiles().constFirst().toStdString();
+}
+
+std::optional<std::string> QtFileChooser::file_to_open(const std::string& present) {
+    QFileDialog window(QApplication::activeWindow());
+    window.setFileMode(QFileDialog::ExistingFile);
+    return ask(window, present);
+}
+
+std::optional<std::string> QtFileChooser::file_to_save(const std::string& present) {
+    QFileDialog window(QApplication::activeWindow());
+    window.setAcceptMode(QFileDialog::AcceptSave);
+    window.setDefaultSuffix("json");
+    return ask(window, present);
+}
+
+}  // namespace zel

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "platform/flat_object.h"
+
+namespace zel {
+
+/// Where cases are kept as named values, each under a path.
+class CaseStore {
+public:
+    virtual ~CaseStore() = default;
+
+    /// Throws `InputError` with path and reason where nothing can be read there.
+    [[nodiscard]] virtual FlatObject load(const std::string& path) = 0;
+
+    /// Replaces what stands at `path`, whole or not at all. Throws `OutputError` with path and
+    /// reason.
+    virtual void save(const std::string& path, const FlatObject& values) = 0;
+};
+
+}  // namespace zel

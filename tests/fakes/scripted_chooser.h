@@ -1,0 +1,32 @@
+#pragma once
+
+#include <deque>
+
+#include "desktop/file_chooser.h"
+
+namespace zel {
+
+/// Answers with paths from a queue; with an empty queue the user wants no file.
+class ScriptedChooser : public FileChooser {
+public:
+    std::optional<std::string> file_to_open(const std::string& present) override {
+        return next(present);
+    }
+    std::optional<std::string> file_to_save(const std::string& present) override {
+        return next(present);
+    }
+
+    std::deque<std::string> paths;
+    std::deque<std::string> asked;  // where each question started
+
+private:
+    std::optional<std::string> next(const std::string& present) {
+        asked.push_back(present);
+        if (paths.empty()) return std::nullopt;
+        const std::string path = paths.front();
+        paths.pop_front();
+        return path;
+    }
+};
+
+}  // namespace zel
