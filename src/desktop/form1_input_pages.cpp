@@ -18,6 +18,7 @@ namespace zel {
 namespace {
 
 constexpr int gap = 12;  // pixels between columns
+constexpr int most_width = 1300;
 
 constexpr Text mode_caption = {"Berechnungsart", "Mode of calculation"};
 constexpr Text methods_caption = {"Berechnungsverfahren", "Calculation methods"};
@@ -50,6 +51,11 @@ QWidget* InputPage::column_of(const std::vector<std::size_t>& indexes) {
     }
     layout->addStretch();
     return column;
+}
+
+void InputPage::set_content(QWidget* content) {
+    content->setMaximumWidth(most_width);
+    setWidget(content);
 }
 
 void InputPage::tab_through(const std::vector<std::size_t>& indexes) {
@@ -99,7 +105,7 @@ GeneralPage::GeneralPage(DesktopState& state, FieldPanel::Refused refused)
     layout->addLayout(columns);
     layout->addWidget(methods_);
     layout->addStretch();
-    setWidget(content);
+    set_content(content);
     // The mode opens one of the given values. The button stands last, out of the way of return.
     setTabOrder(panel(line).inputs().back(), mode_);
     setTabOrder(mode_, panel(given).inputs().front());
@@ -210,15 +216,15 @@ ConductorPage::ConductorPage(DesktopState& state, FieldPanel::Refused refused)
     right->addStretch();
     auto* columns = new QHBoxLayout;
     columns->setSpacing(gap);
-    columns->addWidget(column_of({geometry, resistance, conductivity}));
-    columns->addLayout(right);
+    columns->addWidget(column_of({geometry, resistance, conductivity}), 3);
+    columns->addLayout(right, 7);
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->addWidget(&panel(designation));
     layout->addWidget(&panel(kind));
     layout->addLayout(columns);
     layout->addStretch();
-    setWidget(content);
+    set_content(content);
     // The chain of the conductivities is a ring, and the equivalent radius leads into it.
     tab_through({designation, kind, geometry, material, core, ac_pairs, resistance, conductivity});
     recaption();
