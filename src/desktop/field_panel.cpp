@@ -191,7 +191,7 @@ std::vector<QWidget*> FieldPanel::inputs() const {
 }
 
 void FieldPanel::add_on_top(QWidget* widget) {
-    grid_->addWidget(widget, top_row, 0, 1, section_.columns * grid_columns_per_field);
+    grid_->addWidget(widget, top_row, 0, 1, section_.columns * grid_columns_per_field - 1);
 }
 
 void FieldPanel::add_beside(std::string_view control, QWidget* widget) {

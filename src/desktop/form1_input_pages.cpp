@@ -67,6 +67,8 @@ void InputPage::tab_through(const std::vector<std::size_t>& indexes) {
         }
 }
 
+void InputPage::focus_first() { panels_.front()->inputs().front()->setFocus(); }
+
 void InputPage::recaption() {
     for (FieldPanel* panel : panels_) panel->recaption();
     for (const auto& column : columns_) align(column);
@@ -131,6 +133,7 @@ QToolButton* GeneralPage::make_age_button() {
     auto* button = new QToolButton;
     button->setObjectName("open_frm_emissivity");
     button->setText("ε ...");
+    button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);  // fills the unit's place
     connect(button, &QToolButton::clicked, this, [this] { ask_age(); });
     return button;
 }

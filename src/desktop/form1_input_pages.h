@@ -20,6 +20,7 @@ public:
     virtual void load();
     void commit();
     void mark_needed();
+    void focus_first();
 
 protected:
     /// The panels of `page`, in the order of the sections.
