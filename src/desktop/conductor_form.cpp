@@ -5,6 +5,11 @@ namespace zel {
 namespace {
 
 constexpr MethodSet TB601 = methods(Method::TB601);
+constexpr MethodSet line_conductors =
+    methods(Method::TB601, Method::TB207, Method::Webs, Method::Kirn);
+constexpr MethodSet wire_layers = methods(Method::TB601, Method::TB207);
+constexpr MethodSet wire_diameter = methods(Method::TB601, Method::TB207, Method::TBB);
+constexpr MethodSet resistivity = methods(Method::TB601, Method::TBB, Method::Webs);
 
 constexpr FormRow designation[] = {
     {"Bezeichnung1_db", &CalcCase::Bezeichnung1_db, {"Bezeichnung 1 :", "Designation 1 :"}},
@@ -55,7 +60,8 @@ constexpr FormRow resistance[] = {
     {"DCR_20_db",
      &CalcCase::DCR_20_db,
      {"DC-Widerstand bei 20 °C :", "DC resistance at 20 °C :"},
-     "Ω/km"},
+     "Ω/km",
+     line_conductors},
     {"ACR_Frequenz_Remox_db",
      &CalcCase::ACR_Frequenz_Remox_db,
      {"Frequenz AC-Widerstände :", "Frequency AC resistances :"},
@@ -88,15 +94,18 @@ constexpr FormRow conductor_material[] = {
      &CalcCase::DrahtdurchmesserLeiter_db,
      {"Drahtdurchmesser :", "Wire diameter :"},
      "mm",
-     every_method,
+     wire_diameter,
      {"bei einer Kreisring-Stromschiene die Wandstärke", "the wall thickness of a tubular busbar"}},
     {"DrahtlagenzahlLeiter_db",
      &CalcCase::DrahtlagenzahlLeiter_db,
-     {"Drahtlagenanzahl :", "Number of layers :"}},
+     {"Drahtlagenanzahl :", "Number of layers :"},
+     "",
+     wire_layers},
     {"Mantelquerschnitt_db",
      &CalcCase::Mantelquerschnitt_db,
      {"Leiterquerschnitt :", "Conductor cross-section :"},
-     "mm²"},
+     "mm²",
+     wire_layers},
     {"Dichte_Leiterwerkstoff1_db",
      &CalcCase::Dichte_Leiterwerkstoff1_db,
      {"Materialdichte :", "Density :"},
@@ -112,7 +121,8 @@ constexpr FormRow conductor_material[] = {
     {"DC_Resist_Leiter_db",
      &CalcCase::DC_Resist_Leiter_db,
      {"DC-Resistivität bei 20 °C :", "DC resistivity at 20 °C :"},
-     "Ω·mm²/km"},
+     "Ω·mm²/km",
+     resistivity},
     {"T_Koeff_DC_Resist_Leiter_linear_db",
      &CalcCase::T_Koeff_DC_Resist_Leiter_linear_db,
      {"T-Koeffizient, linear :", "Temp. coeff., linear :"},
@@ -120,7 +130,8 @@ constexpr FormRow conductor_material[] = {
     {"T_Koeff_DC_Resist_Leiter_quadrat_db",
      &CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db,
      {"T-Koeffizient, quadratisch :", "Temp. coeff., quadratic :"},
-     "10⁻⁷/K²"},
+     "10⁻⁷/K²",
+     TB601},
 };
 
 constexpr FormRow core[] = {
@@ -128,15 +139,18 @@ constexpr FormRow core[] = {
     {"DrahtdurchmesserTraeger_db",
      &CalcCase::DrahtdurchmesserTraeger_db,
      {"Drahtdurchmesser :", "Wire diameter :"},
-     "mm"},
+     "mm",
+     TB601},
     {"KerndurchmesserTraeger_db",
      &CalcCase::KerndurchmesserTraeger_db,
      {"Kerndurchmesser :", "Core diameter :"},
-     "mm"},
+     "mm",
+     TB601},
     {"KernquerschnittTraeger_db",
      &CalcCase::KernquerschnittTraeger_db,
      {"Kernquerschnitt :", "Core cross-section :"},
-     "mm²"},
+     "mm²",
+     TB601},
     {"Dichte_traegerwerkstoff1_db",
      &CalcCase::Dichte_traegerwerkstoff1_db,
      {"Materialdichte :", "Density :"},

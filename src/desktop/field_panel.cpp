@@ -27,6 +27,11 @@ bool is_free_text(const FormRow& row) {
     return std::holds_alternative<std::string CalcCase::*>(row.field);
 }
 
+bool has_units(const FormSection& section) {
+    return std::any_of(section.rows.begin(), section.rows.end(),
+                       [](const FormRow& row) { return *row.unit != '\0'; });
+}
+
 /// An unchanged text stays as it is, with what the box can undo.
 void show_in(QLineEdit& edit, const std::string& text) {
     if (edit.text() == qt(text)) return;
@@ -63,7 +68,7 @@ FieldPanel::FieldPanel(const FormSection& section, DesktopState& state, Refused 
 void FieldPanel::add_row(const FormRow& row, int index) {
     const int line = top_row + 1 + index / section_.columns;
     const int column = index % section_.columns * grid_columns_per_field;
-    Field field{&row, make_label({}), nullptr, nullptr, nullptr};
+    Field field{&row, make_label({}), nullptr, nullptr, nullptr, nullptr};
     QWidget* input = nullptr;
     if (row.choices != nullptr)
         input = field.list = make_list(row);
@@ -72,7 +77,7 @@ void FieldPanel::add_row(const FormRow& row, int index) {
     input->setObjectName(row.control);
     field.label->setBuddy(input);
     grid_->addWidget(field.label, line, column);
-    const bool wide = field.list != nullptr || is_free_text(row);
+    const bool wide = field.list != nullptr || is_free_text(row) || !has_units(section_);
     grid_->addWidget(input, line, column + 1, 1, wide ? 2 : 1);
     if (!wide) grid_->addWidget(field.unit = make_label(qt(row.unit)), line, column + 2);
     fields_.push_back(field);
@@ -186,12 +191,13 @@ std::vector<QWidget*> FieldPanel::inputs() const {
 }
 
 void FieldPanel::add_on_top(QWidget* widget) {
-    grid_->addWidget(widget, top_row, 0, 1, section_.columns * grid_columns_per_field);
+    grid_->addWidget(widget, top_row, 0, 1, section_.columns * grid_columns_per_field - 1);
 }
 
 void FieldPanel::add_beside(std::string_view control, QWidget* widget) {
-    for (const Field& field : fields_) {
+    for (Field& field : fields_) {
         if (field.row->control != control || field.unit == nullptr) continue;
+        field.beside = widget;
         delete grid_->replaceWidget(field.unit, widget);
         field.unit->hide();
     }
@@ -203,6 +209,8 @@ FieldPanel::ColumnWidths FieldPanel::column_widths() const {
         widths.label = std::max(widths.label, field.label->sizeHint().width());
         if (field.unit != nullptr)
             widths.unit = std::max(widths.unit, field.unit->sizeHint().width());
+        if (field.beside != nullptr)
+            widths.unit = std::max(widths.unit, field.beside->sizeHint().width());
     }
     return widths;
 }

@@ -60,6 +60,7 @@ private:
         QLineEdit* edit;  // either this
         QComboBox* list;  // or this
         QLabel* unit;     // none beside a list and a free text
+        QWidget* beside;  // in place of the unit
     };
 
     void add_row(const FormRow& row, int index);

@@ -47,6 +47,7 @@ Form1::Form1(DesktopState& state, const std::function<void(LangId)>& switch_lang
     connect(pages_, &QTabWidget::currentChanged, this, [this](int to) { page_changed(to); });
     state_.case_changed = [this] { setWindowModified(document_.modified()); };
     recaption();
+    general_->focus_first();
     resize(1260, 750);
 }
 

@@ -18,6 +18,7 @@ namespace zel {
 namespace {
 
 constexpr int gap = 12;  // pixels between columns
+constexpr int most_width = 1300;
 
 constexpr Text mode_caption = {"Berechnungsart", "Mode of calculation"};
 constexpr Text methods_caption = {"Berechnungsverfahren", "Calculation methods"};
@@ -52,6 +53,11 @@ QWidget* InputPage::column_of(const std::vector<std::size_t>& indexes) {
     return column;
 }
 
+void InputPage::set_content(QWidget* content) {
+    content->setMaximumWidth(most_width);
+    setWidget(content);
+}
+
 void InputPage::tab_through(const std::vector<std::size_t>& indexes) {
     QWidget* last = nullptr;
     for (const std::size_t index : indexes)
@@ -60,6 +66,8 @@ void InputPage::tab_through(const std::vector<std::size_t>& indexes) {
             last = input;
         }
 }
+
+void InputPage::focus_first() { panels_.front()->inputs().front()->setFocus(); }
 
 void InputPage::recaption() {
     for (FieldPanel* panel : panels_) panel->recaption();
@@ -99,7 +107,7 @@ GeneralPage::GeneralPage(DesktopState& state, FieldPanel::Refused refused)
     layout->addLayout(columns);
     layout->addWidget(methods_);
     layout->addStretch();
-    setWidget(content);
+    set_content(content);
     // The mode opens one of the given values. The button stands last, out of the way of return.
     setTabOrder(panel(line).inputs().back(), mode_);
     setTabOrder(mode_, panel(given).inputs().front());
@@ -125,6 +133,7 @@ QToolButton* GeneralPage::make_age_button() {
     auto* button = new QToolButton;
     button->setObjectName("open_frm_emissivity");
     button->setText("ε ...");
+    button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);  // fills the unit's place
     connect(button, &QToolButton::clicked, this, [this] { ask_age(); });
     return button;
 }
@@ -210,15 +219,15 @@ ConductorPage::ConductorPage(DesktopState& state, FieldPanel::Refused refused)
     right->addStretch();
     auto* columns = new QHBoxLayout;
     columns->setSpacing(gap);
-    columns->addWidget(column_of({geometry, resistance, conductivity}));
-    columns->addLayout(right);
+    columns->addWidget(column_of({geometry, resistance, conductivity}), 3);
+    columns->addLayout(right, 7);
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->addWidget(&panel(designation));
     layout->addWidget(&panel(kind));
     layout->addLayout(columns);
     layout->addStretch();
-    setWidget(content);
+    set_content(content);
     // The chain of the conductivities is a ring, and the equivalent radius leads into it.
     tab_through({designation, kind, geometry, material, core, ac_pairs, resistance, conductivity});
     recaption();

@@ -20,6 +20,7 @@ public:
     virtual void load();
     void commit();
     void mark_needed();
+    void focus_first();
 
 protected:
     /// The panels of `page`, in the order of the sections.
@@ -27,6 +28,8 @@ protected:
     [[nodiscard]] FieldPanel& panel(std::size_t index) { return *panels_[index]; }
     /// Puts panels one below the other, aligned.
     [[nodiscard]] QWidget* column_of(const std::vector<std::size_t>& indexes);
+    /// Shows `content`, no wider than is good for reading.
+    void set_content(QWidget* content);
     /// Lets tab lead through the inputs of the panels in this order.
     void tab_through(const std::vector<std::size_t>& indexes);
     [[nodiscard]] DesktopState& state() const { return state_; }

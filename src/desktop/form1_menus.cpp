@@ -5,6 +5,7 @@
 #include <QTabWidget>
 
 #include "desktop/form1.h"
+#include "desktop/form1_input_pages.h"
 #include "desktop/form1_result_page.h"
 #include "desktop/qt_text.h"
 #include "workflow/page_change.h"
@@ -90,6 +91,7 @@ void Form1::show_new_case() {
     shown_run_.reset();
     pages_->setTabEnabled(transient_page, false);
     pages_->setCurrentIndex(input_page);
+    general_->focus_first();
     recaption_title();
 }
 

@@ -63,6 +63,7 @@ ResultPage::ResultPage()
     layout->addWidget(balance_group_);
     layout->addWidget(wind_group_);
     layout->addStretch(1);
+    content->setMaximumWidth(1300);
     setWidget(content);
     content->hide();  // nothing to tell before the first valid run
 }

@@ -64,11 +64,7 @@ constexpr FormRow surroundings[] = {
      &CalcCase::Umgebungstemperatur_db,
      {"Umgebungstemperatur :", "Ambient temperature :"},
      "°C"},
-    {"Text36",
-     &CalcCase::Bodentemp_db,
-     {"Bodentemperatur :", "Ground temperature :"},
-     "°C",
-     sun_position},
+    {"Text36", &CalcCase::Bodentemp_db, {"Bodentemperatur :", "Ground temperature :"}, "°C", Kirn},
     {"Text37",
      &CalcCase::Bodenart_db,
      {"Bodenbeschaffenheit (Albedo) :", "Ground reflectivity (albedo) :"},
@@ -79,12 +75,12 @@ constexpr FormRow surroundings[] = {
 };
 
 constexpr FormRow line[] = {
-    {"Text44", &CalcCase::Feldlaenge_db, {"Spannfeldlänge :", "Span length :"}, "m", sun_position},
+    {"Text44", &CalcCase::Feldlaenge_db, {"Spannfeldlänge :", "Span length :"}, "m", Kirn},
     {"Text45",
      &CalcCase::Hoehendifferenz_db,
      {"Höhendifferenz :", "Height difference :"},
      "m",
-     sun_position,
+     Kirn,
      {"der Aufhängepunkte", "of the suspension points"}},
     {"Text17", &CalcCase::Netzfrequenz_db, {"Netzfrequenz :", "Frequency :"}, "Hz"},
     {"Text2", &CalcCase::Emissionsverhaeltnis_db, {"Emissionsverhältnis :", "Emissivity :"}},

@@ -1,13 +1,18 @@
 #include "desktop/qt_dialogs.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <algorithm>
 
 #include "desktop/qt_text.h"
 
 namespace zel {
 namespace {
+
+constexpr int longest_line = 760;  // pixels
+constexpr int margin = 8;
 
 constexpr Text ok_caption = {"OK", "OK"};
 constexpr Text yes_caption = {"&Ja", "&Yes"};
@@ -23,6 +28,14 @@ QMessageBox::Icon qt_icon(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// Lines break where the text says so, as long as they are not too long for that.
+void widen(QMessageBox& window) {
+    auto* text = window.findChild<QLabel*>("qt_msgbox_label");
+    if (text == nullptr) return;
+    const QSize lines = text->fontMetrics().size(0, window.text());
+    text->setMinimumWidth(std::min(lines.width() + margin, longest_line));
+}
+
 }  // namespace
 
 Answer QtDialogs::show(const Box& box) {
@@ -32,6 +45,7 @@ Answer QtDialogs::show(const Box& box) {
     window.setWindowTitle(qt(box.title));
     window.setTextFormat(Qt::PlainText);
     window.setText(qt(joined(box.lines, "\n")));
+    widen(window);
     if (box.buttons == Buttons::Ok) {
         window.addButton(QMessageBox::Ok)->setText(qt(ok_caption, lang));
         window.exec();

@@ -9,7 +9,10 @@
 
 #include "desktop/given_value.h"
 #include "fakes/scripted_dialogs.h"
+#include "fakes/sunny_cases.h"
+#include "fakes/tb601_cases.h"
 #include "workflow/bundle.h"
+#include "workflow/steady_check.h"
 
 namespace zel {
 namespace {
@@ -153,6 +156,61 @@ TEST_F(CaseForms, rows_that_no_selected_method_reads_are_not_needed) {
     EXPECT_TRUE(is_needed(c, row_of("Text31")));
     c.rechnung_webs_merker_db = 1;
     EXPECT_TRUE(is_needed(c, row_of("Text25")));
+}
+
+/// A complete case for the method alone.
+CalcCase complete_for(Method method) {
+    CalcCase c = sunny_264_34();
+    static_cast<ConductorData&>(c) = line_264_34();
+    c.ACDC_R_Option_Merker_db = 1;
+    if (method == Method::TBB) c.conductor_type_db = tubular_busbar;
+    for (const Method other : all_methods) c.*flag_of(other) = other == method ? 1 : 0;
+    return c;
+}
+
+TEST(NeededRows, are_those_that_the_input_check_asks_for_and_reads) {
+    for (const Method method : all_methods) {
+        const CalcCase complete = complete_for(method);
+        ASSERT_FALSE(S_Eingabepruefung_steady(complete, LangId::English)) << key_of(method);
+        for (const FormRow& row : all_rows()) {
+            CalcCase c = complete;
+            if (const auto* field = std::get_if<Entry CalcCase::*>(&row.field)) c.** field = {};
+            if (const auto* field = std::get_if<std::int16_t CalcCase::*>(&row.field))
+                c.** field = 0;
+            if (S_Eingabepruefung_steady(c, LangId::English)) {
+                EXPECT_TRUE(is_needed(complete, row)) << key_of(method) << " " << row.control;
+            }
+        }
+    }
+}
+
+TEST(NeededRows, leave_out_what_only_other_methods_ask_for) {
+    const struct {
+        const char* control;
+        std::vector<Method> needed_by;
+    } rows[] = {
+        {"Text25", {Method::Webs, Method::Kirn}},
+        {"Text30", {Method::Webs, Method::Kirn}},
+        {"Text36", {Method::Kirn}},
+        {"Text37", {Method::Kirn}},
+        {"Text43", {Method::Kirn}},
+        {"Text44", {Method::Kirn}},
+        {"Text45", {Method::Kirn}},
+        {"Text31", {Method::TB601, Method::TB207, Method::TBB}},
+        {"DCR_20_db", {Method::TB601, Method::TB207, Method::Webs, Method::Kirn}},
+        {"DrahtdurchmesserLeiter_db", {Method::TB601, Method::TB207, Method::TBB}},
+        {"DrahtlagenzahlLeiter_db", {Method::TB601, Method::TB207}},
+        {"Mantelquerschnitt_db", {Method::TB601, Method::TB207}},
+        {"DC_Resist_Leiter_db", {Method::TB601, Method::TBB, Method::Webs}},
+        {"T_Koeff_DC_Resist_Leiter_quadrat_db", {Method::TB601}},
+        {"KerndurchmesserTraeger_db", {Method::TB601}},
+        {"Text23", {Method::TB601}},
+    };
+    for (const auto& [control, needed_by] : rows)
+        for (const Method method : all_methods)
+            EXPECT_EQ(is_needed(complete_for(method), row_of(control)),
+                      std::count(needed_by.begin(), needed_by.end(), method) == 1)
+                << control << " " << key_of(method);
 }
 
 TEST_F(CaseForms, number_of_sub_conductors_starts_with_one) {

@@ -27,6 +27,7 @@ namespace zel {
 class DesktopTest : public testing::Test {
 protected:
     void open(const CalcCase& c, LangId lang, DecimalSeparator separator) {
+        form_main.reset();
         state = std::make_unique<DesktopState>(DesktopState{
             case_for_form(c), {lang, separator, RunMode::Messages, dialogs}, store, chooser});
         form_main = std::make_unique<FormMain>(*state);

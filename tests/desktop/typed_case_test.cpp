@@ -137,7 +137,6 @@ protected:
 
 TEST_F(KeyedCase, gives_the_result_of_the_run_without_windows) {
     open({}, LangId::German, DecimalSeparator::Comma);
-    control("Text4").setFocus();
     for (const auto& [name, number] : along_the_chain) {
         ASSERT_EQ(here(), name);
         key_in(number);
