@@ -6,6 +6,8 @@
 
 namespace zel {
 
+bool JsonCaseStore::has(const std::string& path) { return file_exists(path); }
+
 FlatObject JsonCaseStore::load(const std::string& path) {
     const std::string text = read_text_file(path);
     try {

@@ -22,6 +22,14 @@ constexpr BoxText lose_question = {Icon::Question,
                                    Buttons::YesNo,
                                    Answer::No};
 
+constexpr BoxText replace_question = {
+    Icon::Question,
+    short_name,
+    {"Die Datei gibt es schon :\n{0}\nSoll sie ersetzt werden ?",
+     "The file exists already :\n{0}\nDo you want to replace it ?"},
+    Buttons::YesNo,
+    Answer::No};
+
 constexpr BoxText not_read = {
     Icon::Stop,
     {"Datei öffnen", "Open file"},
@@ -102,7 +110,13 @@ bool CaseDocument::save() { return state_.case_path.empty() ? save_as() : write(
 
 bool CaseDocument::save_as() {
     const auto path = state_.chooser.file_to_save(state_.case_path);
-    return path && write(*path);
+    return path && may_be_replaced(*path) && write(*path);
+}
+
+bool CaseDocument::may_be_replaced(const std::string& path) const {
+    if (path == state_.case_path || !state_.store.has(path)) return true;
+    const Box question = box_in(state_.session.lang, replace_question, {path});
+    return state_.session.dialogs.show(question) == Answer::Yes;
 }
 
 bool CaseDocument::write(const std::string& path) {

@@ -11,7 +11,6 @@ class FileChooser {
 public:
     virtual ~FileChooser() = default;
     [[nodiscard]] virtual std::optional<std::string> file_to_open(const std::string& present) = 0;
-    /// The user has agreed that a file of that name is replaced.
     [[nodiscard]] virtual std::optional<std::string> file_to_save(const std::string& present) = 0;
 };
 

@@ -55,6 +55,7 @@ std::optional<std::string> QtFileChooser::file_to_save(const std::string& presen
     QFileDialog window(QApplication::activeWindow());
     window.setAcceptMode(QFileDialog::AcceptSave);
     window.setDefaultSuffix("json");
+    window.setOption(QFileDialog::DontConfirmOverwrite);  // the document asks, in its language
     return ask(window, present);
 }
 

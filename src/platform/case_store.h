@@ -11,6 +11,8 @@ class CaseStore {
 public:
     virtual ~CaseStore() = default;
 
+    [[nodiscard]] virtual bool has(const std::string& path) = 0;
+
     /// Throws `InputError` with path and reason where nothing can be read there.
     [[nodiscard]] virtual FlatObject load(const std::string& path) = 0;
 

@@ -67,8 +67,10 @@ protected:
 
 TEST_F(WriteTextFile, new_file_has_the_content_and_the_usual_mode) {
     const fs::path path = folder / "case.json";
+    EXPECT_FALSE(file_exists(path));
     const std::string content = std::string(300000, 'x') + "ä\n";
     write_text_file(path, content);
+    EXPECT_TRUE(file_exists(path));
     EXPECT_EQ(read_text_file(path), content);
     const mode_t mask = ::umask(0);
     ::umask(mask);

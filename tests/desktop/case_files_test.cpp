@@ -74,6 +74,23 @@ TEST_F(CaseFiles, second_save_goes_to_the_same_file_and_save_as_asks_again) {
     EXPECT_THAT(title(), StartsWith("b.json"));
 }
 
+TEST_F(CaseFiles, other_file_is_replaced_only_after_a_yes) {
+    open(twin_264_34());
+    const FlatObject other = {{"Projekt_db", std::string("other")}};
+    store.files["other.json"] = other;
+    chooser.paths = {"other.json", "other.json"};
+    dialogs.answers = {Answer::No, Answer::Yes};
+    choose_action("save_case");
+    EXPECT_EQ(store.files.at("other.json"), other);
+    EXPECT_THAT(title(), StartsWith("Untitled"));
+    choose_action("save_case");
+    EXPECT_EQ(store.files.at("other.json"), values_of(twin_264_34()));
+    ASSERT_THAT(dialogs.shown, SizeIs(2));
+    EXPECT_EQ(dialogs.shown[1].lines.at(1), "other.json");
+    choose_action("save_case");
+    EXPECT_THAT(dialogs.shown, SizeIs(2));
+}
+
 TEST_F(CaseFiles, every_change_shows_until_it_is_undone_or_stored) {
     open(twin_264_34());
     EXPECT_FALSE(form1().isWindowModified());

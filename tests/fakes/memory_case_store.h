@@ -11,6 +11,7 @@ namespace zel {
 /// Keeps cases in memory; a path that begins with "/locked/" cannot be written.
 class MemoryCaseStore : public CaseStore {
 public:
+    bool has(const std::string& path) override { return files.contains(path); }
     FlatObject load(const std::string& path) override {
         const auto found = files.find(path);
         if (found == files.end()) throw InputError(path + ": No such file or directory");

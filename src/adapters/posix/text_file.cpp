@@ -35,6 +35,8 @@ private:
 
 }  // namespace
 
+bool file_exists(const std::string& path) { return ::access(path.c_str(), F_OK) == 0; }
+
 std::string read_text_file(const std::string& path) {
     const Descriptor file(path);
     if (file.number() < 0) refuse(path, std::strerror(errno));

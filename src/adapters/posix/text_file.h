@@ -5,6 +5,9 @@
 
 namespace zel {
 
+/// Whether something stands at `path`.
+[[nodiscard]] bool file_exists(const std::string& path);
+
 /// The content of the file at `path`, or of standard input where `path` is "-".
 /// Throws `InputError` with path and reason where it cannot be read, or is larger than 16 MiB.
 [[nodiscard]] std::string read_text_file(const std::string& path);
