@@ -4,20 +4,11 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "steady/calc_case.h"
+#include "steady/state_change.h"
 
 // The rows of a transient: up to six changes of state, one after the other.
 
 namespace zel {
-
-/// `Merker` of a row: which of current, temperature and duration is sought. The other two are
-/// given.
-enum TransientKind : std::int16_t {
-    unused_row = 0,
-    current_sought = 1,
-    temperature_sought = 2,
-    time_sought = 3,
-};
 
 /// `Direction` of a row.
 enum TransientDirection : std::int16_t { at_rest = 0, heating = 1, cooling = 2 };
