@@ -13,24 +13,24 @@ namespace zel {
 /// `Merker` of a row: which of current, temperature and duration is sought. The other two are
 /// given.
 enum TransientKind : std::int16_t {
-    unused_row = 0,
-    current_sought = 1,
-    temperature_sought = 2,
-    time_sought = 3,
+    row_unused = 0,
+    seeks_current = 1,
+    seeks_temperature = 2,
+    seeks_time = 3,
 };
 
 /// `Direction` of a row.
-enum TransientDirection : std::int16_t { at_rest = 0, heating = 1, cooling = 2 };
+enum TransientDirection : std::int16_t { row_at_rest = 0, row_heats = 1, row_cools = 2 };
 
 /// One change of state, given and found.
 struct TransientRow {
-    std::int16_t Merker = unused_row;  // TransientKind
-    double Strom = 0;                  // A, of one sub-conductor
-    double Temp = 0;                   // °C at the end of the row
-    std::int16_t Min = 0;              // duration, whole minutes and
-    std::int16_t Sec = 0;              // remaining seconds
-    std::int16_t Failed = 0;           // 1 where the row ended the run
-    std::int16_t Direction = at_rest;  // TransientDirection
+    std::int16_t Merker = row_unused;      // TransientKind
+    double Strom = 0;                      // A, of one sub-conductor
+    double Temp = 0;                       // °C at the end of the row
+    std::int16_t Min = 0;                  // duration, whole minutes and
+    std::int16_t Sec = 0;                  // remaining seconds
+    std::int16_t Failed = 0;               // 1 where the row ended the run
+    std::int16_t Direction = row_at_rest;  // TransientDirection
 
     friend bool operator==(const TransientRow&, const TransientRow&) = default;
 };
