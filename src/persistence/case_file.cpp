@@ -83,7 +83,7 @@ private:
         if (!whole) refuse(member.key, "a whole number from -32768 to 32767 is expected");
         if (member.key.starts_with("rechnung_") && *number != 0 && *number != 1)
             refuse(member.key, "1 (selected) or 0 is expected");
-        if (is_kind(member.key) && (*whole < unused_row || *whole > time_sought))
+        if (is_kind(member.key) && (*whole < row_unused || *whole > seeks_time))
             refuse(member.key, "0 (not in use), 1, 2 or 3 is expected");
         field = *whole;
     }

@@ -17,9 +17,9 @@ bool is_in_use(const StateChange& row) {
 
 bool takes_input(std::int16_t kind, StateCell cell) {
     switch (kind) {
-        case current_sought: return cell != &StateChange::Strom;
-        case temperature_sought: return cell != &StateChange::TEMP;
-        case time_sought: return !is_duration(cell);
+        case seeks_current: return cell != &StateChange::Strom;
+        case seeks_temperature: return cell != &StateChange::TEMP;
+        case seeks_time: return !is_duration(cell);
         default: return false;
     }
 }

@@ -14,13 +14,13 @@ namespace zel {
 /// `Zn_merker_db`: which of current, temperature and duration is sought, the other two are given.
 /// Any other number is a row that is not in use.
 enum TransientKind : std::int16_t {
-    unused_row = 0,
-    current_sought = 1,
-    temperature_sought = 2,
-    time_sought = 3,
+    row_unused = 0,
+    seeks_current = 1,
+    seeks_temperature = 2,
+    seeks_time = 3,
 };
 
-inline constexpr std::array transient_kinds = {current_sought, temperature_sought, time_sought};
+inline constexpr std::array transient_kinds = {seeks_current, seeks_temperature, seeks_time};
 
 using StateCell = Entry StateChange::*;
 

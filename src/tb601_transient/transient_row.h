@@ -11,17 +11,17 @@
 namespace zel {
 
 /// `Direction` of a row.
-enum TransientDirection : std::int16_t { at_rest = 0, heating = 1, cooling = 2 };
+enum TransientDirection : std::int16_t { row_at_rest = 0, row_heats = 1, row_cools = 2 };
 
 /// One change of state, given and found.
 struct TransientRow {
-    std::int16_t Merker = unused_row;  // TransientKind
-    double Strom = 0;                  // A, of one sub-conductor
-    double Temp = 0;                   // °C at the end of the row
-    std::int16_t Min = 0;              // duration, whole minutes and
-    std::int16_t Sec = 0;              // remaining seconds
-    std::int16_t Failed = 0;           // 1 where the row ended the run
-    std::int16_t Direction = at_rest;  // TransientDirection
+    std::int16_t Merker = row_unused;      // TransientKind
+    double Strom = 0;                      // A, of one sub-conductor
+    double Temp = 0;                       // °C at the end of the row
+    std::int16_t Min = 0;                  // duration, whole minutes and
+    std::int16_t Sec = 0;                  // remaining seconds
+    std::int16_t Failed = 0;               // 1 where the row ended the run
+    std::int16_t Direction = row_at_rest;  // TransientDirection
 
     friend bool operator==(const TransientRow&, const TransientRow&) = default;
 };
@@ -34,6 +34,8 @@ using Zustand16 = std::array<TransientRow, state_change_count>;
 struct TransientStart {
     double current = 0;      // A
     double temperature = 0;  // °C
+
+    friend bool operator==(const TransientStart&, const TransientStart&) = default;
 };
 
 /// Seconds of a row as it shows: 60 times its minutes plus its seconds.

@@ -111,7 +111,7 @@ std::optional<Method> transient_method(const CalcCase& c) {
 std::size_t TransientRunResult::rows_run() const {
     std::size_t count = 0;
     for (const TransientRow& row : rows) {
-        if (row.Merker == unused_row) break;
+        if (row.Merker == row_unused) break;
         ++count;
         if (row.Failed == 1) break;
     }

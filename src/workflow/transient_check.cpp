@@ -43,9 +43,9 @@ constexpr const Quantity* needed_for_time[] = {&current, &temperature};
 
 std::span<const Quantity* const> needed_for(std::int16_t kind) {
     switch (kind) {
-        case current_sought: return needed_for_current;
-        case temperature_sought: return needed_for_temperature;
-        case time_sought: return needed_for_time;
+        case seeks_current: return needed_for_current;
+        case seeks_temperature: return needed_for_temperature;
+        case seeks_time: return needed_for_time;
         default: return {};
     }
 }
