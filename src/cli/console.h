@@ -48,4 +48,8 @@ private:
 /// Writes `text` to standard output; false where it could not all be written.
 [[nodiscard]] bool print(std::string_view text);
 
+/// Writes a command's `document` to standard output and gives its exit status: `status`, and at
+/// least that of a failure where it could not all be written, which is told.
+[[nodiscard]] int print_or_fail(std::string_view document, int status);
+
 }  // namespace zel

@@ -1,5 +1,6 @@
 #include <nlohmann/json.hpp>
 
+#include "cli/json_document.h"
 #include "cli/steady_output.h"
 
 namespace zel {
@@ -7,23 +8,7 @@ namespace {
 
 using nlohmann::ordered_json;
 
-ordered_json json_of(const std::optional<double>& value) {
-    return value ? ordered_json(*value) : ordered_json(nullptr);
-}
-
-ordered_json json_of(const std::vector<Message>& messages) {
-    ordered_json list = ordered_json::array();
-    for (const Message& message : messages) {
-        ordered_json entry = {{"icon", name_of(message.box.icon)},
-                              {"title", message.box.title},
-                              {"lines", message.box.lines}};
-        if (!message.field.empty()) entry["field"] = message.field;
-        list.push_back(std::move(entry));
-    }
-    return list;
-}
-
-ordered_json json_of(const MethodResult& line) {
+ordered_json method_entry(const MethodResult& line) {
     const MethodOutcome& outcome = line.outcome;
     ordered_json entry = {{"method", key_of(line.method)},
                           {"status", outcome.fault.empty() ? outcome.status : outcome.fault},
@@ -50,14 +35,12 @@ ordered_json json_of(const MethodResult& line) {
     return entry;
 }
 
-std::string text_of(const ordered_json& document) { return document.dump(2) + "\n"; }
-
 }  // namespace
 
 std::string steady_document(const SteadyRunResult& result, const std::vector<Message>& messages,
                             std::string_view program_end) {
     ordered_json methods = ordered_json::array();
-    for (const MethodResult& line : result.methods) methods.push_back(json_of(line));
+    for (const MethodResult& line : result.methods) methods.push_back(method_entry(line));
     ordered_json start = nullptr;
     if (result.transient_start)
         start = {{"current_A", result.transient_start->current},
@@ -73,10 +56,6 @@ std::string steady_document(const SteadyRunResult& result, const std::vector<Mes
                              {"transient_start", std::move(start)}};
     if (!program_end.empty()) document["program_end"] = program_end;
     return text_of(document);
-}
-
-std::string refusal_document(const std::vector<Message>& messages) {
-    return text_of({{"input_valid", false}, {"messages", json_of(messages)}});
 }
 
 }  // namespace zel

@@ -172,10 +172,9 @@ const std::vector<CaseField>& case_fields() {
 std::vector<std::string> all_field_names() {
     std::vector<std::string> names;
     for (const CaseField& field : case_fields()) names.emplace_back(field.name);
-    for (std::size_t row = 1; row <= state_change_count; ++row) {
-        const std::string head = "Z" + std::to_string(row) + "_";
-        names.push_back(head + std::string(kind_name));
-        for (const NamedCell& cell : named_cells) names.push_back(head + std::string(cell.name));
+    for (std::size_t row = 0; row < state_change_count; ++row) {
+        names.push_back(name_of(row, nullptr));
+        for (const NamedCell& named : named_cells) names.push_back(name_of(row, named.cell));
     }
     return names;
 }
@@ -199,6 +198,13 @@ std::optional<StateCellPlace> find_state_cell(std::string_view name) {
     for (const NamedCell& cell : named_cells)
         if (cell.name == place->field) return StateCellPlace{place->row, cell.cell};
     return std::nullopt;
+}
+
+std::string name_of(std::size_t row, StateCell cell) {
+    std::string_view field = kind_name;
+    for (const NamedCell& named : named_cells)
+        if (named.cell == cell) field = named.name;
+    return "Z" + std::to_string(row + 1) + "_" + std::string(field);
 }
 
 std::string_view name_of(Entry CalcCase::*field) {

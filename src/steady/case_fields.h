@@ -47,6 +47,9 @@ struct StateCellPlace {
 /// The cell that bears the numbered name `name` (`Z3_TEMP_db`: row 2).
 [[nodiscard]] std::optional<StateCellPlace> find_state_cell(std::string_view name);
 
+/// The numbered name of a cell, or of the kind of row `row` (0 to 5) for a null `cell`.
+[[nodiscard]] std::string name_of(std::size_t row, StateCell cell);
+
 /// The name of a numeric field; empty where it is none of a case.
 [[nodiscard]] std::string_view name_of(Entry CalcCase::*field);
 

@@ -125,12 +125,12 @@ void RunTransient(CalcCase& c, const TransientBasis& basis, const Session& sessi
     if (!refusal) refusal = S_Eingabepruefung_transient(c, result.rows, session.lang);
     if (refusal) {
         result.refusal = *refusal;
-        session.tell(refusal->box);
         return;
     }
     result.input_valid = true;
     result.method = *transient_method(c);
     result.start = *basis.start;
+    result.cigre_TKW_merker = session.cigre_TKW_merker;
     result.end = run_rows(c, basis, session, observer, result);
     if (result.end == TransientEnd::Cancelled) return;
     result.texts = TS_ShowResults(result.rows, sharing_conductors(c), session.separator);

@@ -38,9 +38,10 @@ void take_over(TransientBasis& basis, const SteadyRunResult& steady, const CalcC
 /// What a transient run leaves behind.
 struct TransientRunResult {
     bool input_valid = false;
-    TransientRefusal refusal;  // why not
+    TransientRefusal refusal;  // why not; to be told by the caller
     Method method = Method::TB207;
     TransientStart start;
+    std::int16_t cigre_TKW_merker = 0;  // the option of heat capacity in force
     TransientEnd end = TransientEnd::Completed;
     Zustand16 rows;
     std::array<TransientRowTexts, state_change_count> texts;
