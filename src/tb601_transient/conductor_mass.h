@@ -3,7 +3,8 @@
 #include <cstdint>
 
 #include "steady/calc_case.h"
-#include "steady/steady_solver.h"
+#include "steady/constants.h"
+#include "steady/heat_balance.h"
 
 // The heat capacity of one metre of conductor.
 
@@ -37,6 +38,35 @@ enum class HeatCapacityOption : std::int16_t { WithTemperature = 1, At20Degrees 
 struct HeatCapacity {
     double value = 0;
     bool unknown_type = false;
+};
+
+/// The heat capacity of one conductor at many temperatures: its masses are worked out once.
+class ConductorHeat {
+public:
+    /// By TB 207 or the busbar method; `Theta` of the record is not read.
+    ConductorHeat(const ConductorMass& record, HeatTermMethod method,
+                  HeatCapacityOption cigre_TKW_merker);
+
+    [[nodiscard]] HeatCapacity at(double Theta) const {
+        const double rise = Theta - reference_temperature;
+        switch (law_) {
+            case Law::OneMaterial: return {m_ * ((rise * beta_ + 1) * c20_)};
+            case Law::TwoMaterials:
+                return {m_ * ((rise * beta_ + 1) * c20_) +
+                        m_core_ * ((rise * beta_core_ + 1) * c20_core_)};
+            case Law::Constant: return {m_ * c20_ + m_core_ * c20_core_};
+            case Law::UnknownType: return {0, true};
+            case Law::NoMethod: break;
+        }
+        return {0};
+    }
+
+private:
+    enum class Law : std::uint8_t { NoMethod, UnknownType, OneMaterial, TwoMaterials, Constant };
+    Law law_ = Law::NoMethod;
+    double m_ = 0, m_core_ = 0;        // kg/m
+    double beta_ = 0, beta_core_ = 0;  // 1/K
+    double c20_ = 0, c20_core_ = 0;    // J/(kg·K)
 };
 
 /// The heat capacity by TB 207 (types 1, 2 and 4) or of a tube by the busbar method, whatever its

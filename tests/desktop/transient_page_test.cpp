@@ -6,7 +6,7 @@
 #include <QToolButton>
 
 #include "desktop/desktop_fixture.h"
-#include "fakes/transient_cases.h"
+#include "fakes/typed_rows.h"
 #include "persistence/case_file.h"
 #include "workflow/page_change.h"
 #include "workflow/transient.h"
@@ -87,8 +87,9 @@ TEST_F(TransientPageTest, typed_rows_give_what_the_run_without_windows_gives) {
     type("Text34(3)", "30");
     calculate();
     EXPECT_THAT(dialogs.shown, IsEmpty());
-    const TransientRunResult result = headless(bundle_with_rows(
-        {temperature_row(1600, 10, 0), time_row(1000, 85.5), current_row(90, 5, 30)}));
+    const TransientRunResult result =
+        headless(bundle_with_rows({typed_temperature_row(1600, 10, 0), typed_time_row(1000, 85.5),
+                                   typed_current_row(90, 5, 30)}));
     ASSERT_EQ(result.end, TransientEnd::Completed);
     EXPECT_EQ(typed_in("Text32(1)"), result.texts[0].Temp);
     EXPECT_EQ(typed_in("Text33(2)"), result.texts[1].Min);
@@ -112,7 +113,7 @@ TEST_F(TransientPageTest, start_is_the_state_of_the_last_run) {
 }
 
 TEST_F(TransientPageTest, number_beyond_the_limit_is_told_emptied_and_keeps_the_focus) {
-    open_page(bundle_with_rows({temperature_row(1600, 10, 0)}));
+    open_page(bundle_with_rows({typed_temperature_row(1600, 10, 0)}));
     type("Text32(3)", "59.5", Qt::Key_Return);
     ASSERT_THAT(dialogs.shown, SizeIs(1));
     EXPECT_EQ(dialogs.shown[0].lines.front(), "Maximum input value for seconds");
@@ -123,7 +124,7 @@ TEST_F(TransientPageTest, number_beyond_the_limit_is_told_emptied_and_keeps_the_
 }
 
 TEST_F(TransientPageTest, keys_are_filtered) {
-    open_page(bundle_with_rows({temperature_row(1600, 10, 0)}));
+    open_page(bundle_with_rows({typed_temperature_row(1600, 10, 0)}));
     type("Text32(0)", "1a2x");
     EXPECT_EQ(typed_in("Text32(0)"), "12");
     type("Text32(0)", "1,5");
@@ -152,8 +153,8 @@ TEST_F(TransientPageTest, refused_page_moves_the_focus_to_what_lacks) {
 
 TEST_F(TransientPageTest, failed_row_leaves_those_before_it) {
     // The conductor heats up, and the target of row 2 is below.
-    open_page(bundle_with_rows(
-        {temperature_row(1600, 10, 0), time_row(1700, 20), temperature_row(1600, 10, 0)}));
+    open_page(bundle_with_rows({typed_temperature_row(1600, 10, 0), typed_time_row(1700, 20),
+                                typed_temperature_row(1600, 10, 0)}));
     calculate();
     ASSERT_THAT(dialogs.shown, SizeIs(1));
     EXPECT_EQ(dialogs.shown[0].title, "TS_S01_CigreTB207_temp_strom_transient_state");
@@ -165,7 +166,7 @@ TEST_F(TransientPageTest, failed_row_leaves_those_before_it) {
 }
 
 TEST_F(TransientPageTest, changed_input_makes_the_result_stale_until_it_is_changed_back) {
-    open_page(bundle_with_rows({temperature_row(1600, 10, 0)}));
+    open_page(bundle_with_rows({typed_temperature_row(1600, 10, 0)}));
     calculate();
     auto& notice = control<QLabel>("stale_notice");
     type("Text32(2)", "11");
@@ -182,7 +183,7 @@ TEST_F(TransientPageTest, changed_input_makes_the_result_stale_until_it_is_chang
 }
 
 TEST_F(TransientPageTest, is_entered_with_the_steady_state_of_the_present_inputs) {
-    open_page(bundle_with_rows({temperature_row(1600, 10, 0)}));
+    open_page(bundle_with_rows({typed_temperature_row(1600, 10, 0)}));
     const std::string former = shown("start_current");
     go_to(input_page);
     type("Text11", "2");
@@ -201,7 +202,7 @@ TEST_F(TransientPageTest, is_entered_with_the_steady_state_of_the_present_inputs
 }
 
 TEST_F(TransientPageTest, stale_result_is_copied_only_after_a_new_calculation) {
-    open_page(bundle_with_rows({temperature_row(1600, 10, 0)}));
+    open_page(bundle_with_rows({typed_temperature_row(1600, 10, 0)}));
     auto& copy = *form1().findChild<QAction*>("copy_result");
     EXPECT_FALSE(copy.isEnabled());
     calculate();
@@ -223,7 +224,7 @@ TEST_F(TransientPageTest, stale_result_is_copied_only_after_a_new_calculation) {
 }
 
 TEST_F(TransientPageTest, another_number_of_sub_conductors_keeps_the_typed_current) {
-    open_page(bundle_with_rows({temperature_row(1600, 10, 0)}));
+    open_page(bundle_with_rows({typed_temperature_row(1600, 10, 0)}));
     go_to(input_page);
     choose("Combo3", 3);
     EXPECT_EQ(calc_case().Z[0].Strom, (Entry{"1600", 400}));
@@ -232,17 +233,17 @@ TEST_F(TransientPageTest, another_number_of_sub_conductors_keeps_the_typed_curre
 }
 
 TEST_F(TransientPageTest, language_switch_keeps_what_is_shown) {
-    open_page(bundle_with_rows({temperature_row(1600, 10, 0)}));
+    open_page(bundle_with_rows({typed_temperature_row(1600, 10, 0)}));
     calculate();
     const std::string found = typed_in("Text32(1)");
-    form_main->findChild<QAction*>("LangId_1")->trigger();
+    choose_language(LangId::German);
     EXPECT_EQ(typed_in("Text32(1)"), found);
     EXPECT_EQ(control<QRadioButton>("Z1_merker_db(2)").text(), "Temperatur");
     EXPECT_FALSE(control<QLabel>("stale_notice").isVisible());
 }
 
 TEST_F(TransientPageTest, cancelled_run_leaves_all_as_it_was) {
-    open(bundle_with_rows({temperature_row(1600, 10, 0), current_row(150, 60, 0)}));
+    open(bundle_with_rows({typed_temperature_row(1600, 10, 0), typed_current_row(150, 60, 0)}));
     state->patience_ms = 0;
     go_to(result_page);
     go_to(transient_page);
@@ -291,7 +292,7 @@ TEST_F(TransientPageTest, rows_live_in_the_file_of_the_case) {
 }
 
 TEST_F(TransientPageTest, minus_key_on_the_choice_switches_the_row_off) {
-    open_page(bundle_with_rows({temperature_row(1600, 10, 0)}));
+    open_page(bundle_with_rows({typed_temperature_row(1600, 10, 0)}));
     press(control<QRadioButton>("Z1_merker_db(2)"), Qt::Key_Minus, "-");
     EXPECT_EQ(calc_case().Z[0].merker, row_unused);
     EXPECT_FALSE(control<QRadioButton>("Z1_merker_db(2)").isChecked());

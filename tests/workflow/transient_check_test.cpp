@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "fakes/transient_cases.h"
+#include "fakes/typed_rows.h"
 
 namespace zel {
 namespace {
@@ -33,7 +33,7 @@ void expect_refusal(const CalcCase& c, const Lines& german, const Lines& english
 
 TEST(TransientCheck, first_row_must_be_in_use) {
     CalcCase c = bundle_with_rows({});
-    c.Z[1] = temperature_row(800, 5, 0);
+    c.Z[1] = typed_temperature_row(800, 5, 0);
     expect_refusal(c,
                    {"Es wurden keine Angaben zur Zustandsänderung 1 gemacht. ",
                     "Zur Berechnung des transienten Zustandes muß mindestens eine "
@@ -54,17 +54,17 @@ struct Missing {
 
 // The quantities that each kind needs, the first one missing first.
 const Missing missing_rows[] = {
-    {current_row(80, 5, 0), &StateChange::TEMP, "Es wurden keine Angaben zur Temperatur neu",
+    {typed_current_row(80, 5, 0), &StateChange::TEMP, "Es wurden keine Angaben zur Temperatur neu",
      "Temperature (new)  "},
-    {current_row(80, 5, 0), &StateChange::min, "Es wurden keine Angaben zur Zeitdauer",
+    {typed_current_row(80, 5, 0), &StateChange::min, "Es wurden keine Angaben zur Zeitdauer",
      "Period ( min/ sec) "},
-    {temperature_row(800, 5, 0), &StateChange::Strom, "Es wurden keine Angaben zur Stromstärke neu",
-     "Current (new)  "},
-    {temperature_row(800, 5, 0), &StateChange::min, "Es wurden keine Angaben zur Zeitdauer",
+    {typed_temperature_row(800, 5, 0), &StateChange::Strom,
+     "Es wurden keine Angaben zur Stromstärke neu", "Current (new)  "},
+    {typed_temperature_row(800, 5, 0), &StateChange::min, "Es wurden keine Angaben zur Zeitdauer",
      "Period ( min/ sec) "},
-    {time_row(800, 80), &StateChange::Strom, "Es wurden keine Angaben zur Stromstärke neu",
+    {typed_time_row(800, 80), &StateChange::Strom, "Es wurden keine Angaben zur Stromstärke neu",
      "Current (new)  "},
-    {time_row(800, 80), &StateChange::TEMP, "Es wurden keine Angaben zur Temperatur neu",
+    {typed_time_row(800, 80), &StateChange::TEMP, "Es wurden keine Angaben zur Temperatur neu",
      "Temperature (new)  "},
 };
 
@@ -87,7 +87,8 @@ TEST(TransientCheck, missing_cell_of_the_first_row_is_named) {
 TEST(TransientCheck, missing_cell_of_a_later_row_can_be_mended_by_the_minus_button) {
     for (const auto& [row, cell, german, english] : missing_rows)
         expect_refusal(
-            bundle_with_rows({time_row(800, 80), temperature_row(1, 1, 1), without(row, cell)}),
+            bundle_with_rows(
+                {typed_time_row(800, 80), typed_temperature_row(1, 1, 1), without(row, cell)}),
             {german, "der Zustandsänderung 3 gemacht.", "Bitte vervollständigen Sie ihre Eingabe",
              "oder setzen Sie die Zustandsänderung", "mit der ' - ' Schaltfläche inaktiv !"},
             {"There is not input for:  ", english, "of the change-of-state 3. ",
@@ -105,13 +106,13 @@ TEST(TransientCheck, of_two_missing_quantities_the_first_is_told) {
 }
 
 TEST(TransientCheck, either_half_of_the_duration_is_enough) {
-    StateChange row = current_row(80, 0, 30);
+    StateChange row = typed_current_row(80, 0, 30);
     row.min = {};
     EXPECT_FALSE(check(bundle_with_rows({row})));
-    row = current_row(80, 5, 0);
+    row = typed_current_row(80, 5, 0);
     row.sec = {};
     EXPECT_FALSE(check(bundle_with_rows({row})));
-    EXPECT_FALSE(check(bundle_with_rows({current_row(80, 0, 0)})));
+    EXPECT_FALSE(check(bundle_with_rows({typed_current_row(80, 0, 0)})));
 }
 
 struct GapRow {
@@ -145,7 +146,7 @@ TEST(TransientCheck, rows_in_use_must_not_follow_an_empty_one) {
     };
     for (const auto& [unused, told, german, english] : gaps) {
         CalcCase c = bundle_with_rows({});
-        c.Z.fill(time_row(800, 80));
+        c.Z.fill(typed_time_row(800, 80));
         for (const std::size_t row : unused) c.Z[row].merker = row_unused;
         const std::string& in_use = german[2];
         expect_refusal(c,
@@ -164,21 +165,21 @@ TEST(TransientCheck, rows_in_use_must_not_follow_an_empty_one) {
 TEST(TransientCheck, gap_is_told_before_the_cells_of_its_row_and_after_those_before) {
     StateChange bare;
     bare.merker = seeks_time;
-    CalcCase c = bundle_with_rows({time_row(800, 80), {}, bare});
+    CalcCase c = bundle_with_rows({typed_time_row(800, 80), {}, bare});
     EXPECT_EQ(check(c)->cell, nullptr);
     EXPECT_EQ(check(c)->row, 1);
-    c = bundle_with_rows({time_row(800, 80), bare, {}, time_row(800, 80)});
+    c = bundle_with_rows({typed_time_row(800, 80), bare, {}, typed_time_row(800, 80)});
     EXPECT_EQ(check(c)->row, 1);
     EXPECT_EQ(check(c)->cell, &StateChange::Strom);
 }
 
 TEST(TransientCheck, row_that_passes_is_copied_with_whole_minutes_and_seconds) {
-    StateChange row = temperature_row(800, 5, 0);
+    StateChange row = typed_temperature_row(800, 5, 0);
     row.min = {"2.5", 2.5};  // ties to even
     row.sec = {"59.4", 59.4};
     Zustand16 rows;
     rows[5].Failed = 1;
-    const CalcCase c = bundle_with_rows({row, time_row(1000, 90)});
+    const CalcCase c = bundle_with_rows({row, typed_time_row(1000, 90)});
     EXPECT_FALSE(S_Eingabepruefung_transient(c, rows, LangId::English));
     EXPECT_EQ(rows[0], (TransientRow{seeks_temperature, 400, 0, 2, 59}));
     EXPECT_EQ(rows[1], (TransientRow{seeks_time, 500, 90}));
@@ -190,14 +191,14 @@ TEST(TransientCheck, refusal_leaves_the_rows_as_far_as_they_came) {
     bare.merker = seeks_time;
     Zustand16 rows;
     rows[2].Strom = 1;
-    const CalcCase c = bundle_with_rows({time_row(800, 80), bare});
+    const CalcCase c = bundle_with_rows({typed_time_row(800, 80), bare});
     EXPECT_TRUE(S_Eingabepruefung_transient(c, rows, LangId::English));
     EXPECT_EQ(rows[0].Merker, seeks_time);
     EXPECT_EQ(rows[2], TransientRow{});
 }
 
 TEST(TransientCheck, unknown_kind_is_a_row_that_is_not_in_use) {
-    CalcCase c = bundle_with_rows({time_row(800, 80)});
+    CalcCase c = bundle_with_rows({typed_time_row(800, 80)});
     c.Z[1].merker = empty_mark;
     EXPECT_FALSE(check(c));
     c.Z[0].merker = 4;
@@ -205,7 +206,7 @@ TEST(TransientCheck, unknown_kind_is_a_row_that_is_not_in_use) {
 }
 
 TEST(TransientCheck, duration_beyond_16_bits_is_an_overflow_where_it_counts) {
-    StateChange row = current_row(80, 0, 0);
+    StateChange row = typed_current_row(80, 0, 0);
     row.min = {"40000", 40000};
     const auto refusal = check(bundle_with_rows({row}));
     ASSERT_TRUE(refusal);
