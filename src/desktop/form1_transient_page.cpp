@@ -37,6 +37,8 @@ constexpr Heading headings[] = {
     {cell_column + 2, 2, {"Zeitdauer", "duration"}, ""},
     {total_column, 1, {"Zeit ab t 0", "time from t 0"}, ""},
 };
+constexpr int button_width = 180;  // pixels
+constexpr int button_height = 36;
 constexpr int quantity_line = 0;
 constexpr int unit_line = 1;
 constexpr int first_line = 2;
@@ -107,7 +109,7 @@ QGroupBox* TransientPage::make_rows() {
     auto* group = new QGroupBox;
     auto* grid = new QGridLayout(inside_of(*group));
     grid->setHorizontalSpacing(12);
-    grid->setVerticalSpacing(8);
+    grid->setVerticalSpacing(10);
     for (const Heading& heading : headings) {
         auto* label = new QLabel;
         label->setAlignment(heading.column == total_column ? Qt::AlignLeft : Qt::AlignHCenter);
@@ -136,6 +138,10 @@ QWidget* TransientPage::make_actions() {
     layout->setSpacing(24);
     button_->setObjectName("calculate_transient");
     button_->setAutoDefault(true);
+    button_->setMinimumSize(button_width, button_height);
+    QFont font = notice_->font();
+    font.setBold(true);
+    notice_->setFont(font);
     connect(button_, &QPushButton::clicked, this, [this] { press_button(); });
     layout->addWidget(button_);
     layout->addWidget(notice_);

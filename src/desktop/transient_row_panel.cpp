@@ -57,9 +57,10 @@ void set_look(QLineEdit& edit, bool found, bool stale) {
     font.setItalic(found && stale);
     edit.setFont(font);
     QPalette palette;
-    if (found && !stale)
-        palette.setColor(QPalette::Disabled, QPalette::Text,
-                         palette.color(QPalette::Active, QPalette::Text));
+    if (found)
+        palette.setColor(
+            QPalette::Disabled, QPalette::Text,
+            palette.color(stale ? QPalette::Disabled : QPalette::Active, QPalette::WindowText));
     edit.setPalette(palette);
 }
 
@@ -78,7 +79,6 @@ TransientRowPanel::TransientRowPanel(std::size_t index, DesktopState& state, Ref
     make_kinds(grid, line);
     make_cells(grid, line);
     total_->setObjectName(named("total", index_));
-    total_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     grid.addWidget(total_, line, total_column);
 }
 

@@ -105,6 +105,53 @@ TEST_F(TransientPageTest, typed_rows_give_what_the_run_without_windows_gives) {
     EXPECT_DOUBLE_EQ(calc_case().Z[2].Strom.value, std::stod(result.texts[2].Strom) / 2);
 }
 
+TEST_F(TransientPageTest, can_be_typed_by_keys_alone) {
+    open(bundle_with_rows({}));
+    const auto here = [] { return QApplication::focusWidget()->objectName().toStdString(); };
+    const auto key = [&](int code, const QString& text = {}, Qt::KeyboardModifiers modifiers = {}) {
+        press(*QApplication::focusWidget(), code, text, modifiers);
+        QKeyEvent up(QEvent::KeyRelease, code, modifiers, text);
+        QApplication::sendEvent(QApplication::focusWidget(), &up);
+        QApplication::processEvents();
+    };
+    const auto number = [&](const char* digits) {
+        for (const char* digit = digits; *digit != '\0'; ++digit) key(0, QString(QChar(*digit)));
+        key(Qt::Key_Return, "\r");
+    };
+    for (int page = input_page; page < transient_page; ++page)
+        key(Qt::Key_Tab, {}, Qt::ControlModifier);
+    ASSERT_EQ(here(), "Z1_merker_db(1)");
+    key(Qt::Key_Right);
+    key(Qt::Key_Space, " ");  // the temperature is sought
+    key(Qt::Key_Return, "\r");
+    ASSERT_EQ(here(), "Text32(0)");
+    number("1600");
+    ASSERT_EQ(here(), "Text32(2)");
+    number("10");
+    number("30");
+    ASSERT_EQ(here(), "Z2_merker_db(1)");
+    key(Qt::Key_Space, " ");  // the current is sought
+    key(Qt::Key_Return, "\r");
+    ASSERT_EQ(here(), "Text33(1)");
+    number("70");
+    number("20");
+    number("");
+    for (int row = 3; row <= 6; ++row) {
+        ASSERT_EQ(here(), "Z" + std::to_string(row) + "_merker_db(1)");
+        key(Qt::Key_Return, "\r");
+    }
+    ASSERT_EQ(here(), "calculate_transient");
+    key(Qt::Key_Space, " ");
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+    StateChange second = typed_current_row(70, 20, 0);
+    second.sec = {};
+    const TransientRunResult result =
+        headless(bundle_with_rows({typed_temperature_row(1600, 10, 30), second}));
+    EXPECT_EQ(typed_in("Text32(1)"), result.texts[0].Temp);
+    EXPECT_EQ(typed_in("Text33(0)"), result.texts[1].Strom);
+    EXPECT_EQ(shown("total(1)"), "t 0-2 = 30 min 30 sec");
+}
+
 TEST_F(TransientPageTest, start_is_the_state_of_the_last_run) {
     open_page(bundle_with_rows({}));
     EXPECT_EQ(shown("start_current"), control<QLabel>("result_TB207").text().toStdString());
@@ -236,7 +283,7 @@ TEST_F(TransientPageTest, language_switch_keeps_what_is_shown) {
     open_page(bundle_with_rows({typed_temperature_row(1600, 10, 0)}));
     calculate();
     const std::string found = typed_in("Text32(1)");
-    choose_language(LangId::German);
+    form1().findChild<QAction*>("m_userinterface_german")->trigger();
     EXPECT_EQ(typed_in("Text32(1)"), found);
     EXPECT_EQ(control<QRadioButton>("Z1_merker_db(2)").text(), "Temperatur");
     EXPECT_FALSE(control<QLabel>("stale_notice").isVisible());
