@@ -123,7 +123,8 @@ void GeneralPage::make_mode_list() {
     for (std::size_t i = 0; i < given_value_rows().size(); ++i) mode_->addItem(QString());
     connect(mode_, &QComboBox::activated, this, [this](int index) {
         set_given_value(state().calc_case,
-                        given_value_rows()[static_cast<std::size_t>(index)].value);
+                        given_value_rows()[static_cast<std::size_t>(index)].value,
+                        state().session.separator);
         open_given_box();
         state().case_changed();
     });

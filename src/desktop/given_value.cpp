@@ -29,10 +29,14 @@ GivenValue given_value(const MethodSelection& c) {
     return c.Stromstaerkebuendel_Merker_db ? GivenValue::BundleCurrent : GivenValue::Current;
 }
 
-void set_given_value(MethodSelection& c, GivenValue value) {
+void set_given_value(CalcCase& c, GivenValue value, DecimalSeparator separator) {
+    const bool was_derived = c.Stromstaerkebuendel_Merker_db;
     c.Leitertemp_Merker_db = value == GivenValue::Temperature;
     c.Stromstaerkebuendel_Merker_db = value == GivenValue::BundleCurrent;
     c.Stromstaerke_Merker_db = value == GivenValue::Current || value == GivenValue::BundleCurrent;
+    if (!was_derived || c.Stromstaerkebuendel_Merker_db) return;
+    if (const auto shown = parse_number(c.Stromstaerke_db.text, separator))
+        c.Stromstaerke_db.value = *shown;
 }
 
 }  // namespace zel

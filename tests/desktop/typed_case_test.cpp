@@ -94,6 +94,19 @@ TEST_F(TypedCase, bundle_current_shows_its_share_with_two_decimals) {
     EXPECT_EQ(shown("result_TB207"), "80,0 °C");
 }
 
+TEST_F(TypedCase, share_of_the_bundle_counts_as_shown_once_it_is_the_given_current) {
+    open({}, LangId::German, DecimalSeparator::Comma);
+    type_case(GivenValue::BundleCurrent, "Text39", "1331,05");
+    EXPECT_EQ(calc_case().Stromstaerke_db, (Entry{"665,53", 665.525}));
+    go_to(input_page);
+    choose("Combo1", static_cast<int>(GivenValue::Current));
+    EXPECT_EQ(typed_in("Text18"), "665,53");
+    EXPECT_EQ(calc_case().Stromstaerke_db, (Entry{"665,53", 665.53}));
+    go_to(result_page);
+    EXPECT_EQ(typed_in("Text39"), "1331,06");
+    expect_result_of(twin_264_34_at(665.53));
+}
+
 TEST_F(TypedCase, given_current_shows_that_of_the_bundle) {
     open();
     type_case(GivenValue::Current, "Text18", "600");
