@@ -46,10 +46,10 @@ QWidget* InputPage::column_of(const std::vector<std::size_t>& indexes) {
     layout->setContentsMargins(0, 0, 0, 0);
     auto& members = columns_.emplace_back();
     for (const std::size_t index : indexes) {
-        layout->addWidget(panels_[index]);
+        // The last panel reaches down to the end of the neighbouring columns.
+        layout->addWidget(panels_[index], index == indexes.back() ? 1 : 0);
         members.push_back(panels_[index]);
     }
-    layout->addStretch();
     return column;
 }
 
@@ -100,13 +100,13 @@ GeneralPage::GeneralPage(DesktopState& state, FieldPanel::Refused refused)
     auto* content = new QWidget;
     auto* columns = new QHBoxLayout;
     columns->setSpacing(gap);
-    columns->addWidget(column_of({project, geography}));
-    columns->addWidget(column_of({date, surroundings}));
-    columns->addWidget(column_of({line, given}));
+    columns->addWidget(column_of({project, geography}), 1);
+    columns->addWidget(column_of({date, surroundings}), 1);
+    columns->addWidget(column_of({line, given}), 1);
     auto* layout = new QVBoxLayout(content);
     layout->addLayout(columns);
     layout->addWidget(methods_);
-    layout->addStretch();
+    layout->addStretch(1);
     set_content(content);
     // The mode opens one of the given values. The button stands last, out of the way of return.
     setTabOrder(panel(line).inputs().back(), mode_);
@@ -216,8 +216,7 @@ ConductorPage::ConductorPage(DesktopState& state, FieldPanel::Refused refused)
     materials->addWidget(column_of({core}));
     auto* right = new QVBoxLayout;
     right->addLayout(materials);
-    right->addWidget(&panel(ac_pairs));
-    right->addStretch();
+    right->addWidget(&panel(ac_pairs), 1);
     auto* columns = new QHBoxLayout;
     columns->setSpacing(gap);
     columns->addWidget(column_of({geometry, resistance, conductivity}), 3);
@@ -227,7 +226,7 @@ ConductorPage::ConductorPage(DesktopState& state, FieldPanel::Refused refused)
     layout->addWidget(&panel(designation));
     layout->addWidget(&panel(kind));
     layout->addLayout(columns);
-    layout->addStretch();
+    layout->addStretch(1);
     set_content(content);
     // The chain of the conductivities is a ring, and the equivalent radius leads into it.
     tab_through({designation, kind, geometry, material, core, ac_pairs, resistance, conductivity});

@@ -8,15 +8,14 @@ constexpr GivenValueRow rows[] = {
     {GivenValue::Temperature,
      "Text16",
      {"Leitertemperatur gegeben: Stromstärke gesucht",
-      "Conductor temperature given: current is sought"}},
+      "Conductor temperature given: current sought"}},
     {GivenValue::Current,
      "Text18",
      {"Strom eines Teilleiters gegeben: Temperatur gesucht",
-      "Current of one sub-conductor given: temperature is sought"}},
+      "Sub-conductor current given: temperature sought"}},
     {GivenValue::BundleCurrent,
      "Text39",
-     {"Strom des Bündels gegeben: Temperatur gesucht",
-      "Current of the bundle given: temperature is sought"}},
+     {"Strom des Bündels gegeben: Temperatur gesucht", "Bundle current given: temperature sought"}},
 };
 
 }  // namespace

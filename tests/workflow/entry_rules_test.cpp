@@ -168,6 +168,12 @@ TEST(EntryRules, takes_a_number_with_the_separator_of_the_session) {
     }
 }
 
+TEST(EntryRules, takes_an_exponent) {
+    CalcCase c;
+    EXPECT_FALSE(enter(c, &CalcCase::Feldlaenge_db, "1e3", Comma, LangId::German));
+    EXPECT_EQ(c.Feldlaenge_db, (Entry{"1e3", 1000}));
+}
+
 TEST(EntryRules, rounds_calendar_and_clock_to_the_even_neighbour_and_shows_it) {
     const struct {
         const char* text;
