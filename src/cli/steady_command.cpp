@@ -3,7 +3,7 @@
 #include "cli/case_source.h"
 #include "cli/commands.h"
 #include "cli/console.h"
-#include "cli/json_document.h"
+#include "cli/messages_json.h"
 #include "cli/steady_output.h"
 #include "platform/program_end.h"
 #include "workflow/steady_run.h"

@@ -1,6 +1,4 @@
-#include <nlohmann/json.hpp>
-
-#include "cli/json_document.h"
+#include "cli/messages_json.h"
 #include "cli/steady_output.h"
 
 namespace zel {
@@ -8,7 +6,11 @@ namespace {
 
 using nlohmann::ordered_json;
 
-ordered_json method_entry(const MethodResult& line) {
+ordered_json json_of(const std::optional<double>& value) {
+    return value ? ordered_json(*value) : ordered_json(nullptr);
+}
+
+ordered_json json_of(const MethodResult& line) {
     const MethodOutcome& outcome = line.outcome;
     ordered_json entry = {{"method", key_of(line.method)},
                           {"status", outcome.fault.empty() ? outcome.status : outcome.fault},
@@ -40,7 +42,7 @@ ordered_json method_entry(const MethodResult& line) {
 std::string steady_document(const SteadyRunResult& result, const std::vector<Message>& messages,
                             std::string_view program_end) {
     ordered_json methods = ordered_json::array();
-    for (const MethodResult& line : result.methods) methods.push_back(method_entry(line));
+    for (const MethodResult& line : result.methods) methods.push_back(json_of(line));
     ordered_json start = nullptr;
     if (result.transient_start)
         start = {{"current_A", result.transient_start->current},

@@ -3,7 +3,7 @@
 #include "cli/case_source.h"
 #include "cli/commands.h"
 #include "cli/console.h"
-#include "cli/json_document.h"
+#include "cli/messages_json.h"
 #include "cli/steady_output.h"
 #include "cli/transient_output.h"
 #include "platform/program_end.h"
@@ -55,8 +55,8 @@ private:
         for (const MethodResult& line : steady_.methods)
             if (!line.outcome.status.empty())
                 Console::tell_reason(std::string(key_of(line.method)) + ": " + line.outcome.status);
-        return print_or_fail(
-            options_.json ? document() : steady_page(loaded_.c, steady_, options_), exit_failed);
+        return print_or_fail(options_.json ? document() : steady_page(loaded_.c, steady_, options_),
+                             exit_failed);
     }
 
     int page_refused(const TransientRefusal& refusal) {
@@ -82,8 +82,9 @@ private:
     }
 
     [[nodiscard]] std::string page() const {
-        std::string text = steady_page(loaded_.c, steady_, options_) + "\n" +
-                           transient_text(report_.run, loaded_.c, options_.lang, options_.separator);
+        std::string text =
+            steady_page(loaded_.c, steady_, options_) + "\n" +
+            transient_text(report_.run, loaded_.c, options_.lang, options_.separator);
         if (report_.series) text += series_text(*report_.series, options_.lang, options_.separator);
         return text;
     }

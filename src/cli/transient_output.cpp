@@ -1,8 +1,6 @@
 #include "cli/transient_output.h"
 
-#include <nlohmann/json.hpp>
-
-#include "cli/json_document.h"
+#include "cli/messages_json.h"
 #include "platform/listing.h"
 #include "workflow/transient_text.h"
 
@@ -42,7 +40,8 @@ std::string transient_document(const TransientReport& report,
                                const std::vector<Message>& messages) {
     ordered_json start = nullptr;
     if (report.start)
-        start = {{"current_A", report.start->current}, {"temperature_C", report.start->temperature}};
+        start = {{"current_A", report.start->current},
+                 {"temperature_C", report.start->temperature}};
     ordered_json rows = ordered_json::array();
     // Rows of a run that ended the program hold no results.
     const std::size_t count = report.program_end.empty() ? report.run.rows_run() : 0;

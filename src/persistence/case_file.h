@@ -35,10 +35,10 @@ using EntryRule =
 using CellRule =
     std::function<std::optional<Box>(CalcCase& c, StateCellPlace place, std::string_view text)>;
 
-/// Makes a case of named values. A number is taken as it stands; a text in a numeric field is the
-/// text as typed. A field of the form takes it by `rule`, a cell of a change of state by
-/// `cell_rule`; a field of the conductor's record has no rule and must be numeric. Missing keys and
-/// empty texts are "no input".
+/// Makes a case of named values. A number is taken as it stands, rounded (ties to even) where the
+/// field holds whole numbers only; a text in a numeric field is the text as typed. A field of the
+/// form takes it by `rule`, a cell of a change of state by `cell_rule`; a field of the conductor's
+/// record has no rule and must be numeric. Missing keys and empty texts are "no input".
 ///
 /// Throws `InputError` naming the key where it is none of a case, where a value is of the wrong
 /// kind, where a whole number is outside -32768 to 32767, and where a flag or the kind of a change

@@ -1,14 +1,8 @@
-#include "cli/json_document.h"
-
-#include <nlohmann/json.hpp>
+#include "cli/messages_json.h"
 
 namespace zel {
 
 using nlohmann::ordered_json;
-
-ordered_json json_of(const std::optional<double>& value) {
-    return value ? ordered_json(*value) : ordered_json(nullptr);
-}
 
 ordered_json json_of(const std::vector<Message>& messages) {
     ordered_json list = ordered_json::array();
