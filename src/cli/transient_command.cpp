@@ -60,7 +60,8 @@ private:
     }
 
     int page_refused(const TransientRefusal& refusal) {
-        if (!options_.silent) console_.show(refusal.box, name_of(refusal.row, refusal.cell));
+        const std::string field = refusal.row ? name_of(*refusal.row, refusal.cell) : std::string();
+        if (!options_.silent) console_.show(refusal.box, field);
         return refused(refusal.box);
     }
 

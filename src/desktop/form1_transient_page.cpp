@@ -219,7 +219,8 @@ void TransientPage::calculate() {
     }
     if (!result.input_valid) {
         state_.session.tell(result.refusal.box);
-        rows_[result.refusal.row]->input(result.refusal.cell)->setFocus();
+        if (result.refusal.row)
+            rows_[*result.refusal.row]->input(result.refusal.cell)->setFocus();
         return;
     }
     if (result.end == TransientEnd::Cancelled) return;

@@ -3,10 +3,12 @@
 #include <algorithm>
 
 #include "platform/number_text.h"
-#include "workflow/bundle.h"
+#include "workflow/steady_check_rows.h"
 
 namespace zel {
 namespace {
+
+using steady_check::incomplete_title;
 
 // Numbers that go through their shown text on the way pass one separator, whichever.
 constexpr DecimalSeparator any_separator = DecimalSeparator::Point;
@@ -24,7 +26,7 @@ double shown_current(const SteadyRunResult& steady, Method method) {
 
 constexpr BoxText no_method = {
     Icon::Stop,
-    {"Unvollständige Eingabe", "Input incomplete !"},
+    incomplete_title,
     {"Zustandsänderungen werden nach Cigre TB 207, Cigre TB 601 oder Puffer berechnet.\n"
      "Bitte wählen Sie eines dieser Berechnungsverfahren aus !",
      "Change-of-states are calculated by Cigre TB 207, Cigre TB 601 or Puffer.\n"
@@ -32,17 +34,19 @@ constexpr BoxText no_method = {
 
 constexpr BoxText no_start = {
     Icon::Stop,
-    {"Unvollständige Eingabe", "Input incomplete !"},
+    incomplete_title,
     {"Es gibt keinen stationären Zustand, von dem die Zustandsänderungen ausgehen können.",
      "There is no steady state from which the change-of-states can start."}};
 
-/// What stands in the way before the rows are looked at.
-std::optional<TransientRefusal> precondition(const CalcCase& c, const TransientBasis& basis,
-                                             LangId lang) {
-    if (!transient_method(c)) return TransientRefusal{box_in(lang, no_method)};
-    if (!basis.start) return TransientRefusal{box_in(lang, no_start)};
-    return std::nullopt;
-}
+constexpr BoxText no_capacity = {
+    Icon::Stop,
+    incomplete_title,
+    {"Die Wärmekapazität des Leiters ist 0. Sie ergibt sich aus Dichte, spez. Wärmekapazität,\n"
+     "Drahtanzahl und Drahtdurchmesser, bei einer Stromschiene aus Durchmesser und Wanddicke.\n"
+     "Bitte vervollständigen Sie ihre Eingabe !",
+     "The heat capacity of the conductor is 0. It follows from density, specific heat,\n"
+     "number and diameter of the wires, for a busbar from its diameter and wall thickness.\n"
+     "Please complete your input !"}};
 
 TransientInput input_of(const CalcCase& c, const TransientBasis& basis, Method method,
                         const Session& session) {
@@ -53,6 +57,30 @@ TransientInput input_of(const CalcCase& c, const TransientBasis& basis, Method m
     input.cigre_TKW_merker = session.cigre_TKW_merker == 2 ? HeatCapacityOption::At20Degrees
                                                            : HeatCapacityOption::WithTemperature;
     return input;
+}
+
+/// The heat capacity at the start; nothing for a type of conductor that the run refuses itself.
+std::optional<double> capacity_at_start(const TransientInput& input, Method method) {
+    ConductorMass mass = input.mass;
+    mass.Theta = input.start.temperature;
+    const HeatTermMethod terms =
+        method == Method::TBB ? HeatTermMethod::TBB : HeatTermMethod::TB207;
+    const HeatCapacity capacity =
+        method == Method::TB601 ? TS_F02_CigreTB601_MC_Theta(mass, input.cigre_TKW_merker)
+                                : TS_F02_CigreTB207_MC_Theta(mass, terms, input.cigre_TKW_merker);
+    if (capacity.unknown_type) return std::nullopt;
+    return capacity.value;
+}
+
+/// What stands in the way before the rows are looked at.
+const BoxText* precondition(const CalcCase& c, const TransientBasis& basis,
+                            const Session& session) {
+    const auto method = transient_method(c);
+    if (!method) return &no_method;
+    if (!basis.start) return &no_start;
+    // Without a heat capacity a conductor would follow every current at once.
+    const auto capacity = capacity_at_start(input_of(c, basis, *method, session), *method);
+    return capacity && !(*capacity > 0) ? &no_capacity : nullptr;
 }
 
 /// A found quantity goes into its cell as it is shown, the number agreeing with the text.
@@ -83,8 +111,8 @@ TransientEnd run_rows(const CalcCase& c, const TransientBasis& basis, const Sess
     if (result.method == Method::TB601)
         return TS_S01_CigreTB601_temp_strom_transient_state_Programm_aktuell(
             result.rows, input, session.memory->tb601, surroundings);
-    return TS_S01_CigreTB207_temp_strom_transient_state(
-        result.rows, input, steady_input(c, basis.angle), surroundings);
+    return TS_S01_CigreTB207_temp_strom_transient_state(result.rows, input,
+                                                        steady_input(c, basis.angle), surroundings);
 }
 
 }  // namespace
@@ -121,9 +149,11 @@ std::size_t TransientRunResult::rows_run() const {
 void RunTransient(CalcCase& c, const TransientBasis& basis, const Session& session,
                   const TransientObserver& observer, TransientRunResult& result) {
     result = {};
-    auto refusal = precondition(c, basis, session.lang);
-    if (!refusal) refusal = S_Eingabepruefung_transient(c, result.rows, session.lang);
-    if (refusal) {
+    if (const BoxText* missing = precondition(c, basis, session)) {
+        result.refusal.box = box_in(session.lang, *missing);
+        return;
+    }
+    if (auto refusal = S_Eingabepruefung_transient(c, result.rows, session.lang)) {
         result.refusal = *refusal;
         return;
     }

@@ -174,7 +174,7 @@ std::optional<TransientRefusal> copy(const CalcCase& c, std::size_t row, Transie
 std::optional<TransientRefusal> S_Eingabepruefung_transient(const CalcCase& c, Zustand16& rows,
                                                             LangId lang) {
     rows = {};
-    if (!is_in_use(c.Z[0])) return TransientRefusal{box_in(lang, row_1_unused)};
+    if (!is_in_use(c.Z[0])) return TransientRefusal{box_in(lang, row_1_unused), 0};
     for (std::size_t row = 0; row < c.Z.size(); ++row) {
         if (!is_in_use(c.Z[row])) continue;
         auto refusal = gap_before(c, row, lang);

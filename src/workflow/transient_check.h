@@ -12,8 +12,8 @@ namespace zel {
 /// Why the changes of state cannot be calculated, and the input that is to be mended.
 struct TransientRefusal {
     Box box;
-    std::size_t row = 0;       // 0 to 5
-    StateCell cell = nullptr;  // null: the kind of the row
+    std::optional<std::size_t> row;  // 0 to 5; nothing where it is about the case as a whole
+    StateCell cell = nullptr;        // null: the kind of the row
 };
 
 /// The check of the transient page. Row 1 must be in use, the rows in use must follow each other

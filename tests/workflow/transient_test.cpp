@@ -181,10 +181,24 @@ TEST_F(TransientTest, without_method_or_start_nothing_is_calculated) {
     TransientRunResult result = run(c);
     EXPECT_FALSE(result.input_valid);
     EXPECT_THAT(result.refusal.box.lines.front(), HasSubstr("no steady state"));
+    EXPECT_FALSE(result.refusal.row);
     select(c, {Method::Webs});
     result = run(c);
     EXPECT_FALSE(result.input_valid);
     EXPECT_THAT(result.refusal.box.lines.front(), HasSubstr("TB 207"));
+}
+
+TEST_F(TransientTest, conductor_without_heat_capacity_is_refused) {
+    for (const Method method : {Method::TB207, Method::TB601}) {
+        CalcCase c = line_with_rows({typed_temperature_row(1600, 10, 0)});
+        select(c, {method});
+        c.Dichte_Leiterwerkstoff1_db = {};
+        EXPECT_TRUE(run_from_steady(c).input_valid);  // the core still has one
+        c.Dichte_traegerwerkstoff1_db = {};
+        const TransientRunResult result = run_from_steady(c);
+        EXPECT_FALSE(result.input_valid);
+        EXPECT_THAT(result.refusal.box.lines.front(), HasSubstr("heat capacity"));
+    }
 }
 
 TEST_F(TransientTest, no_box_comes_up_in_the_silent_mode) {
