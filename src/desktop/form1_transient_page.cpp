@@ -21,6 +21,9 @@ constexpr Text rows_caption = {"Zustandsänderungen", "Change-of-states"};
 constexpr Text method_caption = {"Berechnungsverfahren :", "Calculation method :"};
 constexpr Text button_caption = {"Bere&chnen", "C&alculate"};
 constexpr Text no_state = {"-", "-"};
+constexpr Text former_start = {
+    "Dieser Zustand ist der einer früheren Berechnung: die letzte ergab keinen.",
+    "This state is that of a former calculation: the last one found none."};
 
 /// A heading above columns of the grid, in two lines: the quantity and its unit.
 struct Heading {
@@ -50,6 +53,14 @@ QLabel* make_label(const char* name) {
     return label;
 }
 
+QLabel* make_notice(const char* name) {
+    QLabel* label = make_label(name);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    return label;
+}
+
 QLabel* unit_label(const char* unit) {
     auto* label = new QLabel(qt(unit));
     label->setAlignment(Qt::AlignHCenter);
@@ -67,8 +78,9 @@ TransientPage::TransientPage(DesktopState& state, TransientRowPanel::Refused ref
       start_current_(make_label("start_current")),
       start_temperature_caption_(make_label("caption_start_temperature")),
       start_temperature_(make_label("start_temperature")),
+      former_notice_(make_notice("former_start_notice")),
       button_(new QPushButton),
-      notice_(make_label("stale_notice")),
+      notice_(make_notice("stale_notice")),
       start_group_(make_start()),
       rows_group_(make_rows()),
       actions_(make_actions()) {
@@ -101,6 +113,7 @@ QGroupBox* TransientPage::make_start() {
         grid->addWidget(caption, line, 0);
         grid->addWidget(value, line++, 1);
     }
+    grid->addWidget(former_notice_, line, 0, 1, 3);
     grid->setColumnStretch(2, 1);
     return group;
 }
@@ -139,9 +152,6 @@ QWidget* TransientPage::make_actions() {
     button_->setObjectName("calculate_transient");
     button_->setAutoDefault(true);
     button_->setMinimumSize(button_width, button_height);
-    QFont font = notice_->font();
-    font.setBold(true);
-    notice_->setFont(font);
     connect(button_, &QPushButton::clicked, this, [this] { press_button(); });
     layout->addWidget(button_);
     layout->addWidget(notice_);
@@ -175,6 +185,7 @@ void TransientPage::recaption() {
     start_temperature_caption_->setText(qt(start_temperature_label, lang).trimmed());
     button_->setText(qt(button_caption, lang));
     notice_->setText(qt(lines_of(stale_question.lines.in(lang)).front()));
+    former_notice_->setText(qt(former_start, lang));
     for (const auto& row : rows_) row->recaption();
 }
 
@@ -192,6 +203,7 @@ void TransientPage::load() {
                                   : qt(no_state, lang));
     start_temperature_->setText(start ? qt(start_temperature_text(*start, separator))
                                       : qt(no_state, lang));
+    former_notice_->setVisible(state_.transient.start_is_former());
     const bool stale = is_stale();
     for (const auto& row : rows_) row->load(stale);
     notice_->setVisible(stale);
@@ -219,8 +231,7 @@ void TransientPage::calculate() {
     }
     if (!result.input_valid) {
         state_.session.tell(result.refusal.box);
-        if (result.refusal.row)
-            rows_[*result.refusal.row]->input(result.refusal.cell)->setFocus();
+        if (result.refusal.row) rows_[*result.refusal.row]->input(result.refusal.cell)->setFocus();
         return;
     }
     if (result.end == TransientEnd::Cancelled) return;

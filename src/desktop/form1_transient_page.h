@@ -56,6 +56,7 @@ private:
     QLabel* start_current_;
     QLabel* start_temperature_caption_;
     QLabel* start_temperature_;
+    QLabel* former_notice_;  // the start is that of a former run
     QPushButton* button_;
     QLabel* notice_;
     QGroupBox* start_group_;

@@ -40,6 +40,7 @@ void TransientMemory::keep(const SteadyRunResult& steady, const CalcCase& c) {
     if (!steady.input_valid) return;
     take_over(basis_, steady, c);
     basis_inputs_ = steady_inputs(c);
+    start_is_former_ = basis_.start && !steady.transient_start;
 }
 
 void TransientMemory::keep(const TransientRunResult& transient, const CalcCase& c) {
@@ -53,9 +54,8 @@ bool TransientMemory::basis_is_stale(const CalcCase& c) const {
 }
 
 bool TransientMemory::result_is_stale(const CalcCase& c, const Session& session) const {
-    return result_ &&
-           (result_basis_ != basis_ || transient_inputs(c) != result_inputs_ ||
-            result_->cigre_TKW_merker != session.cigre_TKW_merker);
+    return result_ && (result_basis_ != basis_ || transient_inputs(c) != result_inputs_ ||
+                       result_->cigre_TKW_merker != session.cigre_TKW_merker);
 }
 
 }  // namespace zel

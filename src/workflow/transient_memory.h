@@ -16,6 +16,8 @@ public:
     void forget() { *this = {}; }
 
     [[nodiscard]] const TransientBasis& basis() const { return basis_; }
+    /// The last steady run gave no start: that of a former one still stands.
+    [[nodiscard]] bool start_is_former() const { return start_is_former_; }
     /// The steady start is that of other inputs than those of `c`.
     [[nodiscard]] bool basis_is_stale(const CalcCase& c) const;
 
@@ -27,6 +29,7 @@ public:
 private:
     TransientBasis basis_;
     CalcCase basis_inputs_;
+    bool start_is_former_ = false;
     std::optional<TransientRunResult> result_;
     TransientBasis result_basis_;
     CalcCase result_inputs_;

@@ -159,6 +159,22 @@ TEST_F(TransientPageTest, start_is_the_state_of_the_last_run) {
     EXPECT_EQ(shown("transient_method"), "Cigre TB 207");
 }
 
+TEST_F(TransientPageTest, start_of_a_former_run_says_so) {
+    open_page(bundle_with_rows({}));
+    auto& notice = control<QLabel>("former_start_notice");
+    const std::string start = shown("start_current");
+    EXPECT_FALSE(notice.isVisible());
+    go_to(input_page);
+    type("Text19", "90");  // warmer than the conductor may get: no current is found
+    go_to(transient_page);
+    EXPECT_TRUE(notice.isVisible());
+    EXPECT_EQ(shown("start_current"), start);
+    go_to(input_page);
+    type("Text19", "35");
+    go_to(transient_page);
+    EXPECT_FALSE(notice.isVisible());
+}
+
 TEST_F(TransientPageTest, number_beyond_the_limit_is_told_emptied_and_keeps_the_focus) {
     open_page(bundle_with_rows({typed_temperature_row(1600, 10, 0)}));
     type("Text32(3)", "59.5", Qt::Key_Return);
