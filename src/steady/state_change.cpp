@@ -12,7 +12,8 @@ bool is_duration(StateCell cell) { return cell == &StateChange::min || cell == &
 }  // namespace
 
 bool is_in_use(const StateChange& row) {
-    return std::find(transient_kinds.begin(), transient_kinds.end(), row.merker) != transient_kinds.end();
+    return std::find(transient_kinds.begin(), transient_kinds.end(), row.merker) !=
+           transient_kinds.end();
 }
 
 bool takes_input(std::int16_t kind, StateCell cell) {

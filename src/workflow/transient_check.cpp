@@ -32,8 +32,8 @@ struct Quantity {
 
 constexpr Quantity temperature = {
     {&StateChange::TEMP}, {"Es wurden keine Angaben zur Temperatur neu", "Temperature (new)  "}};
-constexpr Quantity current = {
-    {&StateChange::Strom}, {"Es wurden keine Angaben zur Stromstärke neu", "Current (new)  "}};
+constexpr Quantity current = {{&StateChange::Strom},
+                              {"Es wurden keine Angaben zur Stromstärke neu", "Current (new)  "}};
 constexpr Quantity period = {{&StateChange::min, &StateChange::sec},
                              {"Es wurden keine Angaben zur Zeitdauer", "Period ( min/ sec) "}};
 
@@ -152,9 +152,9 @@ std::optional<TransientRefusal> round_cell(const CalcCase& c, std::size_t row, S
     const auto rounded = round_to_int16(number_in(c.Z[row].*cell));
     whole = rounded.value_or(0);
     if (rounded || !takes_input(c.Z[row].merker, cell)) return std::nullopt;
-    return TransientRefusal{arithmetic_error(ArithmeticFault::Overflow, "Form1",
-                                             "S_Eingabepruefung_transient", lang),
-                            row, cell};
+    return TransientRefusal{
+        arithmetic_error(ArithmeticFault::Overflow, "Form1", "S_Eingabepruefung_transient", lang),
+        row, cell};
 }
 
 std::optional<TransientRefusal> copy(const CalcCase& c, std::size_t row, TransientRow& to,
