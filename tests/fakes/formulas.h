@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -35,12 +36,22 @@ nlohmann::json value_of(const Value& value) {
     return value;
 }
 
+/// The argument that `json` holds; a text lives as long as its row.
+template <class Argument>
+Argument argument(const nlohmann::json& json) {
+    if constexpr (std::is_same_v<Argument, std::string_view>)
+        return json.get_ref<const std::string&>();
+    else
+        return json.get<Argument>();
+}
+
 /// The value of `function` for the arguments of `row`, or the numeric fault that it meets.
 template <class Result, class... Arguments>
 nlohmann::json evaluated(Result (*function)(Arguments...), const nlohmann::json& row) {
     const auto call = [&]<std::size_t... i>(std::index_sequence<i...>)->nlohmann::json {
         const ArithmeticScope arithmetic;
-        nlohmann::json value = value_of(function(row[i].get<std::remove_cvref_t<Arguments>>()...));
+        nlohmann::json value =
+            value_of(function(argument<std::remove_cvref_t<Arguments>>(row[i])...));
         if (arithmetic.fault() != ArithmeticFault::None) return name_of(arithmetic.fault());
         return value;
     };

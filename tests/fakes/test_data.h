@@ -5,11 +5,16 @@
 #include <vector>
 
 #include "platform/message_box.h"
+#include "platform/number_text.h"
 #include "steady/calc_case.h"
 
 // Tests by data: documents of tests/data/, and what their rows need.
 
 namespace zel {
+
+NLOHMANN_JSON_SERIALIZE_ENUM(LangId, {{LangId::German, "de"}, {LangId::English, "en"}})
+NLOHMANN_JSON_SERIALIZE_ENUM(DecimalSeparator, {{DecimalSeparator::Comma, "comma"},
+                                                {DecimalSeparator::Point, "point"}})
 
 /// The document tests/data/`name`.json.
 [[nodiscard]] nlohmann::json test_data(const std::string& name);
