@@ -38,7 +38,7 @@ nlohmann::json value_of(const Value& value) {
 
 /// The argument that `json` holds; a text lives as long as its row.
 template <class Argument>
-Argument argument(const nlohmann::json& json) {
+Argument argument_of(const nlohmann::json& json) {
     if constexpr (std::is_same_v<Argument, std::string_view>)
         return json.get_ref<const std::string&>();
     else
@@ -51,7 +51,7 @@ nlohmann::json evaluated(Result (*function)(Arguments...), const nlohmann::json&
     const auto call = [&]<std::size_t... i>(std::index_sequence<i...>)->nlohmann::json {
         const ArithmeticScope arithmetic;
         nlohmann::json value =
-            value_of(function(argument<std::remove_cvref_t<Arguments>>(row[i])...));
+            value_of(function(argument_of<std::remove_cvref_t<Arguments>>(row[i])...));
         if (arithmetic.fault() != ArithmeticFault::None) return name_of(arithmetic.fault());
         return value;
     };

@@ -37,6 +37,17 @@ TEST(SteadyRun, keeps_the_former_current_of_kirn_where_no_heat_flows) {
     EXPECT_EQ(session.run(balanced, true).current_A, 0);
 }
 
+TEST(SteadyRun, counts_no_emptied_field_with_its_former_number) {
+    Silent session;
+    CalcCase c = line_264_34();
+    c.GMR_Merker_db = 1;
+    const auto without = session.run(c, true).current_A;
+    c.GMR_db = {"", 1.5};
+    EXPECT_EQ(session.run(c, true).current_A, without);
+    c.GMR_db = typed(1.5);
+    EXPECT_NE(session.run(c, true).current_A, without);
+}
+
 TEST(SteadyRun, leaves_what_the_other_resistance_option_set) {
     Silent session;
     CalcCase c = line_264_34();
