@@ -19,12 +19,13 @@ using testing::ElementsAre;
 /// 264-AL1/34-ST1A at 35 °C, 0.6 m/s across, 900 W/m².
 SteadyInputBlock strand() { return steady_input(twin_264_34(), 90); }
 
-double residual(const HeatTerms& terms) { return (terms.PJ + terms.PS) - (terms.PC + terms.PR); }
-
 double residual_at(const SteadyInputBlock& in, double current, double temperature) {
     SteadyStateBlock state = {current, temperature, {}};
     EXPECT_EQ(ST_F00_heat_terms_eval(state, in).cause, None);
-    return residual(state.terms);
+    HeatTerms at_one_current;
+    EXPECT_EQ(SteadyBalance(in, current).evaluate(temperature, at_one_current).cause, None);
+    EXPECT_EQ(net_power(at_one_current), net_power(state.terms));
+    return net_power(state.terms);
 }
 
 TEST(SteadyInput, takes_each_field_of_the_case) {
@@ -92,15 +93,15 @@ TEST(SteadyState, balances_in_both_modes_and_comes_back_to_the_temperature) {
                     in.Ta = Ta;
                     const auto [at, failure] = solve_current(in, T);
                     ASSERT_EQ(failure.cause, None);
-                    EXPECT_EQ(residual(at.terms), residual_at(in, at.current, T));
-                    if (std::abs(residual(at.terms)) > 0.001) {
+                    EXPECT_EQ(net_power(at.terms), residual_at(in, at.current, T));
+                    if (std::abs(net_power(at.terms)) > 0.001) {
                         EXPECT_LT(residual_at(in, at.current - 1, T), 0);
                         EXPECT_GT(residual_at(in, at.current + 1, T), 0);
                     }
                     const auto [back, no_way_back] = solve_temperature(in, at.current);
                     ASSERT_EQ(no_way_back.cause, None);
-                    EXPECT_LE(std::abs(residual(back.terms)), 0.001);
-                    EXPECT_EQ(residual(back.terms), residual_at(in, at.current, back.temperature));
+                    EXPECT_LE(std::abs(net_power(back.terms)), 0.001);
+                    EXPECT_EQ(net_power(back.terms), residual_at(in, at.current, back.temperature));
                     EXPECT_NEAR(back.temperature, T, 0.02);
                 }
 }
