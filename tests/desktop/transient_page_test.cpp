@@ -159,6 +159,18 @@ TEST_F(TransientPageTest, start_is_the_state_of_the_last_run) {
     EXPECT_EQ(shown("transient_method"), "Cigre TB 207");
 }
 
+TEST_F(TransientPageTest, tb601_follows_the_rows_where_it_alone_is_selected) {
+    CalcCase c = with_masses(line_264_34());
+    c.Z[0] = typed_temperature_row(1600, 10, 0);
+    open_page(c);
+    EXPECT_EQ(shown("transient_method"), "Cigre TB 601");
+    calculate();
+    EXPECT_EQ(typed_in("Text32(1)"), headless(c).texts[0].Temp);
+    const std::string first = typed_in("Text32(1)");
+    calculate();  // starts from the steady state again, and not from where the first run ended
+    EXPECT_EQ(typed_in("Text32(1)"), first);
+}
+
 TEST_F(TransientPageTest, start_of_a_former_run_says_so) {
     open_page(bundle_with_rows({}));
     auto& notice = control<QLabel>("former_start_notice");
