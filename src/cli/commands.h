@@ -11,6 +11,8 @@ namespace zel {
 
 int steady_command(const std::string& case_path, const CommonOptions& options);
 
+int short_circuit_command(const std::string& case_path, const CommonOptions& options);
+
 /// `case_path` may be empty: the windows then open without a case.
 int desktop_command(int& argc, char** argv, const std::string& case_path,
                     const CommonOptions& options);

@@ -15,6 +15,14 @@ inline constexpr Text long_title = {
     "Stromstärke- / Temperaturberechnung von Seilen und Stromschienen",
     "Current and temperature calculations of overhead conductors and busbars"};
 
+// The second program area: thermal short-circuit strength.
+inline constexpr Text short_circuit_name = {"QUV V.3.0", "JOL V.3.0"};
+/// The name after a switch of the language keeps this lower number.
+inline constexpr Text short_circuit_name_after_switch = {"QUV V.2.0", "JOL V.2.0"};
+inline constexpr Text short_circuit_title = {
+    "Thermische Kurzschlußfestigkeit nach IEC 865-1",
+    "Short-circuit current - Thermal effect on bare conductors and equipment"};
+
 /// Asked by `mBeenden` and by closing the start window; No is the default.
 inline constexpr BoxText exit_question = {
     Icon::Question,
