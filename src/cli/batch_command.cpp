@@ -3,9 +3,8 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/batch_progress.h"
-#include "cli/commands.h"
 #include "cli/console.h"
-#include "cli/steady_output.h"
+#include "cli/messages_json.h"
 #include "cli/xlsx_store.h"
 #include "excel_batch/steady_batch.h"
 #include "platform/output_error.h"
@@ -37,7 +36,7 @@ std::string document(const BatchResult& result, const Console& console, double s
                                    {"active", result.active},
                                    {"inactive", result.inactive},
                                    {"errors", result.errors},
-                                   {"messages", messages_json(console.messages())},
+                                   {"messages", json_of(console.messages())},
                                    {"seconds", seconds}};
     return document.dump(2) + "\n";
 }

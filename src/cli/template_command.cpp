@@ -25,9 +25,8 @@ constexpr std::array kind_names = {KindName{"steady-fix", WorkbookKind::SteadyFi
 }  // namespace
 
 int template_command(const TemplateOptions& wanted, const CommonOptions& options) {
-    const auto* const row =
-        std::find_if(kind_names.begin(), kind_names.end(),
-                     [&](const KindName& k) { return k.name == wanted.kind; });
+    const auto* const row = std::find_if(kind_names.begin(), kind_names.end(),
+                                         [&](const KindName& k) { return k.name == wanted.kind; });
     const WorkbookKind kind = row->kind;
     try {
         write_text_file(wanted.path,
