@@ -6,7 +6,7 @@
 #include "cli/console.h"
 #include "cli/messages_json.h"
 #include "cli/xlsx_store.h"
-#include "excel_batch/steady_batch.h"
+#include "excel_batch/batch_by_kind.h"
 #include "platform/output_error.h"
 #include "platform/program_end.h"
 
@@ -65,13 +65,13 @@ int batch_command(const BatchOptions& batch, const CommonOptions& options) {
     BatchDialogs dialogs(console, progress);
     const Session session = {options.lang, options.separator, options.Meldung_merker(), dialogs};
     XlsxStore store;
-    BatchJob job = {store, batch.workbook, session, progress};
+    BatchJob job = {&store, batch.workbook, session, progress};
     if (batch.conductor_columns) job.Excel_Leiterdaten_Merker = *batch.conductor_columns ? 1 : 2;
     if (batch.write_by_cell) job.Excel_Zelle_Array_Schreiben_Merker = *batch.write_by_cell ? 1 : 2;
     BatchResult result;
     int status = exit_program_ended;
     try {
-        result = S_00_io_excel_gesamt_rahmen_stat(job);
+        result = run_batch(job);
         status = status_of(result);
     } catch (const ProgramEnd& end) {
         progress.clear();

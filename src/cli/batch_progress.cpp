@@ -20,7 +20,7 @@ constexpr const char* take_line_away = "\r\x1B[K";
 }  // namespace
 
 BatchProgress::BatchProgress(const CommonOptions& options)
-    : lang_(options.lang), shown_(!options.json && ::isatty(STDERR_FILENO) == 1) {}
+    : shown_(!options.json && ::isatty(STDERR_FILENO) == 1) {}
 
 double BatchProgress::seconds() const {
     return std::chrono::duration<double>(Clock::now() - begin_).count();
@@ -53,7 +53,7 @@ void BatchProgress::draw() {
     const int filled = static_cast<int>(std::lround(percent_ / 100 * bar_width));
     const std::string bar = std::string(static_cast<std::size_t>(filled), '#') +
                             std::string(static_cast<std::size_t>(bar_width - filled), '.');
-    const std::string time = excel_batch::duration_text(seconds());
+    const std::string time = excel_batch::duration_text(seconds()) + suffix_;
     std::fprintf(stderr, "%s[%s] %6.2f %%  %s  %.60s", take_line_away, bar.c_str(), percent_,
                  time.c_str(), printable(status_).c_str());
     std::fflush(stderr);

@@ -20,6 +20,7 @@ public:
     void status(const std::string& line) override;
     void percent(double percent) override;
     void active_rows(int count, const std::string& line) override;
+    void time_suffix(std::string_view suffix) override { suffix_ = suffix; }
     bool stop_after_row() override;
 
     /// Takes the line away, so that something else can be told.
@@ -32,12 +33,12 @@ private:
 
     void draw();
 
-    LangId lang_;
     bool shown_;
     Clock::time_point begin_ = Clock::now();
     Clock::time_point drawn_;
     double percent_ = 0;
     std::string status_;
+    std::string suffix_;
 };
 
 }  // namespace zel

@@ -20,7 +20,7 @@ public:
         }
         status(opening, name_);
         job_.observer.percent(1);
-        workbook_ = job_.store.open(job_.path);
+        workbook_ = job_.store->open(job_.path);
         if (!read_fixed_input()) return result_;
         status(sheet_finished, fixed_sheet);
         job_.observer.percent(3);
@@ -57,11 +57,17 @@ private:
     }
 
     void finish(PassEnd end) {
+        if (end == PassEnd::Stopped && !steps_.keeps_rows_before_a_stop) {
+            result_.end = BatchEnd::Stopped;
+            job_.observer.percent(0);
+            return;
+        }
         const bool wrong = end == PassEnd::Wrong;
         if (wrong && !steps_.keeps_rows_before_a_wrong_one) return fail();
         status(rows_finished, rows_sheet);
         job_.observer.percent(99);
         workbook_->save();
+        result_.saved = true;
         result_.end = wrong                     ? BatchEnd::Broken
                       : end == PassEnd::Stopped ? BatchEnd::Stopped
                                                 : BatchEnd::Done;

@@ -19,6 +19,8 @@ struct BatchSteps {
     std::function<PassEnd(Workbook&, const SheetOrigin&, BatchResult&)> work_rows;
     /// A wrong row leaves the rows before it in the workbook.
     bool keeps_rows_before_a_wrong_one = false;
+    /// So does a stop on demand.
+    bool keeps_rows_before_a_stop = true;
 };
 
 /// Opens the workbook, walks through the steps and saves it. Throws `WorkbookError` and

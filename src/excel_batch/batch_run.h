@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "excel_batch/workbook_contract.h"
@@ -21,13 +22,15 @@ public:
     virtual void percent(double percent) = 0;
     /// How many rows are to be calculated, as a number and as a line.
     virtual void active_rows(int count, const std::string& line) = 0;
+    /// What follows the elapsed time wherever it is shown.
+    virtual void time_suffix(std::string_view suffix) = 0;
     /// After each row: time to show the elapsed time and to let the windows live. True where the
     /// run is to stop behind this row.
     virtual bool stop_after_row() = 0;
 };
 
 struct BatchJob {
-    WorkbookStore& store;
+    WorkbookStore* store = nullptr;
     std::string path;
     /// Language, and the message mode of the batch's own boxes; its methods are always silent.
     const Session& session;
@@ -42,7 +45,7 @@ struct BatchJob {
 
 enum class BatchEnd : std::uint8_t {
     Done,     // every row, saved
-    Stopped,  // on demand; what was written until then is saved
+    Stopped,  // on demand
     Refused,  // wrong input; the workbook is as it was
     Broken,   // wrong input in a row; the rows before it are saved
 };
@@ -52,10 +55,9 @@ struct BatchResult {
     int rows = 0;  // that were read: active and inactive ones
     int active = 0;
     int inactive = 0;
-    int errors = 0;  // results that could not be calculated
-    std::vector<std::string> summary;
-
-    [[nodiscard]] bool saved() const { return end != BatchEnd::Refused; }
+    int errors = 0;                    // results that could not be calculated
+    bool saved = false;                // otherwise the workbook is as it was
+    std::vector<std::string> summary;  // what was read, and where the results stand
 };
 
 }  // namespace zel::excel_batch

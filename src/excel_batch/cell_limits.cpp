@@ -135,7 +135,7 @@ const Limits conductor_shape_codes = {1, 2, {}, {}};
 const Limits resistance_codes = {1, 2, {}, {}};
 
 Box limit_box(const Limits& limits, LangId lang) {
-    Box box = {Icon::Stop, std::string(limit_title.in(lang)), {}};
+    Box box = {Icon::Stop, std::string(limits.title.in(lang)), {}};
     for (const Text& line : {limits.highest, limits.lowest})
         if (!line.de.empty()) box.lines.emplace_back(line.in(lang));
     return box;

@@ -17,6 +17,11 @@ struct Limits {
     double high;
     Text highest;  // empty where there is no upper bound
     Text lowest;
+    Text title = limit_title;
+
+    [[nodiscard]] constexpr bool is_told() const {
+        return !highest.de.empty() || !lowest.de.empty();
+    }
 };
 
 [[nodiscard]] inline bool holds(const Limits& limits, double number) {

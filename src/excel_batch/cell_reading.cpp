@@ -117,38 +117,39 @@ void CellReading::refuse(Box box, const CellText& cell) {
     refusals_.push_back(std::move(box));
 }
 
-std::optional<double> CellReading::sound_number(const InputCell& input, const CellText& cell,
-                                                unsigned methods) {
+std::optional<double> CellReading::sound_number(const CellText& cell, const Limits* limits,
+                                                CellKind kind) {
     const auto number = parse_number(cell.text, DecimalSeparator::Comma);
-    const bool fits = number && (input.kind != CellKind::Whole || std::floor(*number) == *number);
-    const bool outside = number && input.limits != nullptr && !holds(*input.limits, *number);
-    if (!fits || (outside && input.limits->highest.de.empty())) {
+    const bool fits = number && (kind != CellKind::Whole || std::floor(*number) == *number);
+    const bool inside = fits && (limits == nullptr || holds(*limits, *number));
+    if (inside) return number;
+    if (fits && limits->is_told())
+        refuse(limit_box(*limits, origin_.lang), cell);
+    else
         refuse(cell);
-        return std::nullopt;
-    }
-    if (outside) {
-        refuse(limit_box(*input.limits, origin_.lang), cell);
-        return std::nullopt;
-    }
-    if (input.check != nullptr)
-        if (auto box = input.check(*number, methods, origin_.lang)) {
-            refuse(std::move(*box), cell);
-            return std::nullopt;
-        }
-    return number;
+    return std::nullopt;
+}
+
+std::optional<double> CellReading::take_number(const Limits& limits, const CellText& cell) {
+    return sound_number(cell, &limits, CellKind::Number);
 }
 
 void CellReading::take(const InputCell& input, const CellText& cell, CalcCase& c,
                        unsigned methods) {
     if ((input.methods & methods) == 0 || (!input.required && cell.text.empty())) return;
-    const auto number = sound_number(input, cell, methods);
+    auto number = sound_number(cell, input.limits, input.kind);
+    if (number && input.check != nullptr)
+        if (auto box = input.check(*number, methods, origin_.lang)) {
+            refuse(std::move(*box), cell);
+            number.reset();
+        }
     if (const auto* entry = std::get_if<Entry CalcCase::*>(&input.field)) {
         c.*(*entry) = number ? Entry{std::string(cell.text), *number} : Entry{};
-    } else if (number) {
-        const auto whole = round_to_int16(*number);
-        if (!whole) refuse(cell);
-        c.*std::get<std::int16_t CalcCase::*>(input.field) = whole.value_or(0);
+        return;
     }
+    const auto whole = number ? round_to_int16(*number) : 0;
+    if (!whole) refuse(cell);
+    c.*std::get<std::int16_t CalcCase::*>(input.field) = whole.value_or(0);
 }
 
 std::optional<int> CellReading::take_choice(const CellText& cell,

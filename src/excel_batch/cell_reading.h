@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "excel_batch/input_cells.h"
+#include "excel_batch/workbook_contract.h"
 #include "platform/message_box.h"
+#include "platform/workbook.h"
 #include "steady/calc_case.h"
 
 namespace zel::excel_batch {
@@ -26,6 +28,20 @@ struct CellText {
     std::string_view text;
 };
 
+/// A cell of the sheet `fixed_input` with its text, until the next one is asked for.
+class FixedCells {
+public:
+    explicit FixedCells(Workbook& workbook) : workbook_(workbook) {}
+    [[nodiscard]] CellText at(int row) {
+        text_ = workbook_.text(row, input_column);
+        return {row, input_column, text_};
+    }
+
+private:
+    Workbook& workbook_;
+    std::string text_;
+};
+
 /// Takes cells into a case. A wrong one is told by a box and leaves its field without input; the
 /// reading goes on, so that every wrong cell is told.
 class CellReading {
@@ -35,6 +51,9 @@ public:
     /// The number of `cell` goes to its field, unless no active method reads it. A number has a
     /// decimal comma; a point makes the text no number.
     void take(const InputCell& input, const CellText& cell, CalcCase& c, unsigned methods);
+
+    /// The number of `cell` where it is within `limits`.
+    std::optional<double> take_number(const Limits& limits, const CellText& cell);
 
     /// The text must be one of `texts`; gives its place among them.
     std::optional<int> take_choice(const CellText& cell, std::initializer_list<const char*> texts,
@@ -61,8 +80,8 @@ public:
     [[nodiscard]] std::vector<Box> take_refusals() { return std::move(refusals_); }
 
 private:
-    [[nodiscard]] std::optional<double> sound_number(const InputCell& input, const CellText& cell,
-                                                     unsigned methods);
+    [[nodiscard]] std::optional<double> sound_number(const CellText& cell, const Limits* limits,
+                                                     CellKind kind);
 
     const SheetOrigin& origin_;
     std::vector<Box> refusals_;

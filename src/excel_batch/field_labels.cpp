@@ -119,7 +119,7 @@ constexpr FieldLabel labels[] = {
     {&CalcCase::beta_leiter20_db,
      {"Temperaturkoeffizient der Wärmekapazität Leiter",
       "Temperature coefficient of the specific heat, conductor"},
-     "1/K"},
+     "1/(1000 K)"},
     {&CalcCase::Dichte_Leiterwerkstoff1_db,
      {"Dichte Leiterwerkstoff", "Density of the conductor material"},
      "kg/m³"},
@@ -135,7 +135,7 @@ constexpr FieldLabel labels[] = {
     {&CalcCase::beta_traeger20_db,
      {"Temperaturkoeffizient der Wärmekapazität Kern",
       "Temperature coefficient of the specific heat, core"},
-     "1/K"},
+     "1/(1000 K)"},
 };
 
 }  // namespace

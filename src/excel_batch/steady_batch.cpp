@@ -2,6 +2,8 @@
 
 #include "excel_batch/batch_frame.h"
 #include "excel_batch/batch_texts.h"
+#include "excel_batch/missing_data.h"
+#include "excel_batch/silent_session.h"
 #include "excel_batch/steady_input.h"
 #include "platform/arithmetic_fault.h"
 #include "platform/program_end.h"
@@ -13,12 +15,6 @@ namespace {
 
 // Long enough for all processors, short enough to stop at once.
 constexpr std::size_t rows_of_a_block = 256;
-
-/// Shows nothing: methods in a batch are silent.
-class NoDialogs : public Dialogs {
-public:
-    Answer show(const Box& box) override { return box.unattended; }
-};
 
 /// A conductor, and what is not read from a workbook.
 CalcCase start_case(const CalcCase& preset) {
@@ -57,13 +53,11 @@ private:
         const double angle = computed(S_Winkel_Wind_Leiter(c));
         S_Stromstaerke_buendel(c, DecimalSeparator::Comma);
         const bool sound = arithmetic.fault() == ArithmeticFault::None;
-        NoDialogs dialogs;
-        Session session = {job_.session.lang, DecimalSeparator::Comma, RunMode::Silent, dialogs};
-        session.wi_v_wi_merker = job_.session.wi_v_wi_merker;
+        const SilentSession silent(job_.session);
         for (const ResultColumns& columns : steady_results)
             if (is_selected(c, columns.method))
                 add(columns, c,
-                    sound ? find_method(columns.method)->run(c, angle, session)
+                    sound ? find_method(columns.method)->run(c, angle, silent.session())
                           : MethodOutcome{std::string(failed_result), {}, {}, {}, {}},
                     outcome);
     }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "excel_batch/field_labels.h"
 #include "excel_batch/identifier_check.h"
 
 namespace zel::excel_batch {
@@ -19,30 +18,6 @@ constexpr BoxText busbar_beside_line = {
      "The calculation for tubular busbars can not be carried out\n"
      "parallel to the calculation of overhead conductors.\n"
      "Please set the calculation method for tubular busbars in cell C7 to 0"}};
-
-constexpr BoxText missing_data = {
-    Icon::Warning,
-    {"Fehlende Leiterdaten", "Missing conductor data"},
-    {"Beim Leiter {3}erfolgte keine Angabe zu: {0}\n"
-     "Der Wert wird gelesen von: {1}\n"
-     "Bitte füllen Sie {2} aus oder wählen Sie vor der Berechnung einen Leiter.",
-     "The conductor {3}hasn't a value for: {0}\n"
-     "It is read by: {1}\n"
-     "Please fill in {2}, or choose a conductor before the calculation."}};
-
-/// A cell of `fixed_input` with its text, which must stay until the cell is read.
-class FixedCells {
-public:
-    explicit FixedCells(Workbook& workbook) : workbook_(workbook) {}
-    CellText at(int row) {
-        text_ = workbook_.text(row, input_column);
-        return {row, input_column, text_};
-    }
-
-private:
-    Workbook& workbook_;
-    std::string text_;
-};
 
 bool take_methods(FixedCells& cells, WorkbookKind kind, LangId lang, CalcCase& c,
                   CellReading& reading) {
@@ -79,47 +54,6 @@ std::vector<InputCell> conductor_columns() {
     std::sort(cells.begin(), cells.end(),
               [](const InputCell& a, const InputCell& b) { return a.column < b.column; });
     return cells;
-}
-
-struct MissingField {
-    Entry CalcCase::*field;
-    unsigned methods;  // that read it
-    bool (*reads)(const CalcCase&);
-};
-
-constexpr MissingField fields_that_may_miss[] = {
-    {&CalcCase::DrahtdurchmesserLeiter_db, TB601 | TB207 | TBB,
-     [](const CalcCase&) { return true; }},
-    {&CalcCase::DC_Resist_Leiter_db, TB601 | TBB | Webs, [](const CalcCase&) { return true; }},
-    {&CalcCase::KerndurchmesserTraeger_db, TB601,
-     [](const CalcCase& c) {
-         return c.conductor_type_db == steel_cored_conductor ||
-                c.conductor_type_db == composite_core_conductor;
-     }},
-};
-
-std::string names_of(unsigned methods) {
-    std::string names;
-    for (const Method method : all_methods) {
-        if ((bit(method) & methods) == 0) continue;
-        if (!names.empty()) names += ", ";
-        names += find_method(method)->name;
-    }
-    return names;
-}
-
-const InputCell& conductor_cell(const FieldKey& field) {
-    const auto cells = conductor_cells();
-    return *std::find_if(cells.begin(), cells.end(),
-                         [&](const InputCell& cell) { return cell.field == field; });
-}
-
-std::string place_of(const InputCell& cell, WorkbookKind kind, LangId lang) {
-    if (kind == WorkbookKind::SteadyFix)
-        return fill(Text{"Zelle C{0} in Arbeitsblatt {1}", "cell C{0} of worksheet {1}"}.in(lang),
-                    {std::to_string(cell.fixed_row), fixed_sheet});
-    return fill(Text{"Spalte {0} in Arbeitsblatt {1}", "column {0} of worksheet {1}"}.in(lang),
-                {std::to_string(cell.column), rows_sheet});
 }
 
 }  // namespace
@@ -173,37 +107,6 @@ void take_row(const RowTexts& row, WorkbookKind kind, CalcCase& c, CellReading& 
     if (!var) return;
     for (const InputCell& cell : conductor) reading.take(cell, row.cell(cell.column), c, methods);
     reading.check_conductor(c, methods);
-}
-
-CalcCase with_conductor_of(Workbook& workbook, int row, const CalcCase& fixed) {
-    CalcCase c = fixed;
-    const SheetOrigin nowhere;
-    CellReading passed_over(nowhere);
-    const auto take = [&](const FieldKey& field) {
-        const InputCell& cell = conductor_cell(field);
-        const std::string text = workbook.text(row, cell.column);
-        passed_over.take(cell, {row, cell.column, text}, c, selected(c));
-    };
-    take(&CalcCase::conductor_type_db);
-    for (const MissingField& missing : fields_that_may_miss) take(missing.field);
-    return c;
-}
-
-std::vector<Box> missing_conductor_data(const CalcCase& c, WorkbookKind kind, int row,
-                                        LangId lang) {
-    std::vector<Box> boxes;
-    const unsigned methods = selected(c);
-    const std::string of_row =
-        row == 0 ? std::string()
-                 : fill(Text{"in Zeile {0} ", "in row {0} "}.in(lang), {std::to_string(row)});
-    for (const auto& [field, readers, reads] : fields_that_may_miss) {
-        if ((readers & methods) == 0 || !reads(c) || (c.*field).value != 0) continue;
-        const InputCell& cell = conductor_cell(field);
-        boxes.push_back(box_in(lang, missing_data,
-                               {label_of(cell.field).label.in(lang), names_of(readers & methods),
-                                place_of(cell, kind, lang), of_row}));
-    }
-    return boxes;
 }
 
 }  // namespace zel::excel_batch

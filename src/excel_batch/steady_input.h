@@ -36,13 +36,4 @@ struct RowTexts {
 /// of it.
 void take_row(const RowTexts& row, WorkbookKind kind, CalcCase& c, CellReading& reading);
 
-/// `fixed` with what the checks below read of the conductor in `row`; wrong cells are passed over.
-[[nodiscard]] CalcCase with_conductor_of(Workbook& workbook, int row, const CalcCase& fixed);
-
-/// The boxes about a conductor whose cells for one of the fields that the older workbooks do not
-/// have are empty, where an active method reads it. `row` is the row it stands in, 0 for the
-/// sheet `fixed_input`.
-[[nodiscard]] std::vector<Box> missing_conductor_data(const CalcCase& c, WorkbookKind kind, int row,
-                                                      LangId lang);
-
 }  // namespace zel::excel_batch

@@ -177,11 +177,13 @@ public:
     }
 
     void add_head(int column, const Text& label, std::string_view unit, std::string limits) {
-        const int last = kind_.first_row - 1;
+        // The headers of the TATL stand in the same row as those of the inputs.
+        const bool room_below = kind_.first_row > header_row + 2;
+        const int limit_row = room_below ? header_row + 2 : header_row - 1;
         sheet_.cells.push_back(
-            {last - 2, column, std::string(label.in(lang_)), CellLook::ColumnHead});
-        sheet_.cells.push_back({last - 1, column, std::string(unit), CellLook::Note});
-        sheet_.cells.push_back({last, column, std::move(limits), CellLook::Note});
+            {header_row, column, std::string(label.in(lang_)), CellLook::ColumnHead});
+        sheet_.cells.push_back({header_row + 1, column, std::string(unit), CellLook::Note});
+        sheet_.cells.push_back({limit_row, column, std::move(limits), CellLook::Note});
     }
 
     void add_rule(int column, double low, double high, bool whole) {

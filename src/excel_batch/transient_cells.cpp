@@ -117,7 +117,8 @@ const Limits percent_limits = {1,
                                99,
                                {"Eingabewert liegt nicht im Bereich 1 - 99 ( Prozent)",
                                 "Input value is not in the range 1 - 99 (percent)"},
-                               {}};
+                               {},
+                               percent_limits_title};
 
 constexpr Text shortest_time = {"Minimalwert für TATL-Zeitdauer beträgt 1 sec",
                                 "Minimum value for TATL-time is 1 sec"};

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "excel_batch/cell_limits.h"
 #include "platform/text.h"
 
@@ -13,6 +15,7 @@ inline constexpr int first_conductor_row = 21;
 /// The preloads in percent of the PATL, down to the first empty cell.
 inline constexpr int first_percent_row = 64;
 inline constexpr int most_percent_values = 21;
+inline constexpr Text percent_limits_title = {"PATL EingabeProzent", "PATL EingabeProzent"};
 extern const Limits percent_limits;
 
 /// The time of the TATL, s.

@@ -46,11 +46,6 @@ constexpr ChoiceCell formulas[] = {
 
 }  // namespace
 
-const KindRow& row_of(WorkbookKind kind) {
-    return *std::find_if(kinds.begin(), kinds.end(),
-                         [kind](const KindRow& row) { return row.kind == kind; });
-}
-
 std::optional<WorkbookKind> kind_of(std::string_view identifier) {
     for (const KindRow& row : kinds)
         if (identifier == row.german || identifier == row.english) return row.kind;

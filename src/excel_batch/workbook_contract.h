@@ -47,7 +47,9 @@ inline constexpr std::array kinds = {
             "DS81a_E_Conductor_fix_transient", 4, 13, 34},
 };
 
-[[nodiscard]] const KindRow& row_of(WorkbookKind kind);
+[[nodiscard]] constexpr const KindRow& row_of(WorkbookKind kind) {
+    return kinds[static_cast<std::size_t>(kind)];
+}
 
 /// The kind that a text in cell B2 names, or nothing.
 [[nodiscard]] std::optional<WorkbookKind> kind_of(std::string_view identifier);
