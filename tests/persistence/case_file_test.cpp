@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "platform/input_error.h"
+#include "fakes/refusal.h"
 #include "steady/case_fields.h"
 #include "workflow/entry_rules.h"
 
@@ -23,12 +23,7 @@ CaseFile read(const FlatObject& values, DecimalSeparator separator = DecimalSepa
 }
 
 std::string refusal(const std::string& key, const FlatValue& value) {
-    try {
-        (void)read({{key, value}});
-    } catch (const InputError& error) {
-        return error.what();
-    }
-    return "taken";
+    return refusal_of([&] { return read({{key, value}}); });
 }
 
 TEST(CaseFile, of_nothing_is_a_case_with_its_defaults) {
