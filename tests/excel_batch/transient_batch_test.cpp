@@ -1,4 +1,5 @@
 #include "excel_batch/batch_fixture.h"
+#include "fakes/transient_cases.h"
 #include "platform/rounding.h"
 #include "tb601_transient/tb601_solver.h"
 #include "tb601_transient/transient_excel.h"
@@ -53,20 +54,7 @@ constexpr CodeAt fixed_codes[] = {
     {&CalcCase::DrahtzahlTraeger_db, 46},
 };
 
-/// 264-AL1/34-ST1A (EN 50182) with the masses and specific heats of its materials.
-CalcCase line_with_mass() {
-    CalcCase c = line_264_34();
-    c.DrahtzahlTraeger_db = 7;
-    c.DrahtdurchmesserTraeger_db = typed(2.49);
-    c.KernquerschnittTraeger_db = typed(34.1);
-    c.Dichte_Leiterwerkstoff1_db = typed(2703);
-    c.c_leiter20_db = typed(897);
-    c.beta_leiter20_db = typed(0.38);
-    c.Dichte_traegerwerkstoff1_db = typed(7780);
-    c.c_traeger20_db = typed(481);
-    c.beta_traeger20_db = typed(0.1);
-    return c;
-}
+CalcCase line_with_mass() { return with_masses(line_264_34()); }
 
 class TransientBatch : public Batch {
 protected:
