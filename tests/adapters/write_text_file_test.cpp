@@ -7,7 +7,7 @@
 #include <fstream>
 
 #include "adapters/posix/text_file.h"
-#include "platform/output_error.h"
+#include "fakes/refusal.h"
 
 namespace zel {
 namespace {
@@ -46,12 +46,7 @@ protected:
     }
 
     static std::string refusal(const fs::path& path) {
-        try {
-            write_text_file(path, "new");
-        } catch (const OutputError& error) {
-            return error.what();
-        }
-        return "written";
+        return refusal_of([&] { write_text_file(path, "new"); });
     }
     [[nodiscard]] int files() const {
         return static_cast<int>(std::distance(fs::directory_iterator(folder), {}));
