@@ -2,9 +2,11 @@
 #include <exception>
 #include <functional>
 #include <map>
+#include <memory>
 #include <sstream>
 #include <string>
 
+#include "cli/batch_command.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "platform/input_error.h"
@@ -20,9 +22,9 @@ constexpr const char* about =
     "piece of equipment withstands a short circuit thermally.\n";
 
 constexpr const char* exit_statuses =
-    "Exit status: 0 done; 1 a selected method failed, or a typed text was refused and\n"
-    "counts as no input; 2 the input was refused, nothing was calculated; 3 the\n"
-    "calculation had to end the program.";
+    "Exit status: 0 done; 1 a selected method or a change of state failed, or a typed\n"
+    "text was refused and counts as no input; 2 the input was refused, nothing was\n"
+    "calculated; 3 the calculation had to end the program.";
 
 constexpr const char* steady_notes =
     "\n"
@@ -39,6 +41,16 @@ constexpr const char* steady_notes =
     "\n"
     "With --json standard output is one JSON document with full precision and with all\n"
     "messages; without it, messages go to standard error.\n";
+
+constexpr const char* transient_notes =
+    "\n"
+    "The case is rated as by \"zel steady\"; from that steady state its changes of state\n"
+    "are followed, one after the other: Z1_merker_db to Z6_merker_db say what is sought\n"
+    "in each (1 the current, 2 the temperature, 3 the time), Zn_Strom_db (A, of one\n"
+    "sub-conductor), Zn_TEMP_db (°C), Zn_min_db and Zn_sec_db give the other two. By\n"
+    "Cigre TB 207 or the busbar method where one of them is selected, else by TB 601.\n"
+    "\n"
+    "See examples/transient-twin-264-34.json. Output and messages are as of \"zel steady\".\n";
 
 constexpr const char* short_circuit_notes =
     "\n"
@@ -85,6 +97,61 @@ void add_output(CLI::App& command, CommonOptions& options) {
 /// The command that the words of the user choose, ready to be carried out.
 using Command = std::function<int()>;
 
+constexpr const char* batch_notes =
+    "\n"
+    "Calculates each active row of an xlsx workbook and writes the results beside it, in place.\n"
+    "Cell B2 of its sheet fixed_input says what it is; \"zel template\" makes an empty one, and\n"
+    "docs/workbooks.md tells what each cell holds. A workbook that is refused, and one whose run\n"
+    "breaks off, is left as it was. It must not be open in a spreadsheet program meanwhile.\n"
+    "\n"
+    "Exit status: 0 done; 1 a result could not be calculated, or not all rows were; 2 the workbook\n"
+    "was refused and is as it was; 3 a calculation had to end the program.";
+
+constexpr const char* template_notes =
+    "\n"
+    "KIND is steady-fix (all rows have the conductor of the sheet fixed_input), steady-var (each\n"
+    "row has its own conductor; run it with --conductor-columns on) or transient (PATL and TATL).\n"
+    "The workbook is labelled in the language of --lang. A file of that name is replaced.";
+
+/// `chosen` becomes the command of the workbooks that the command line has.
+void add_workbooks(CLI::App& app, CommonOptions& options, Command& chosen) {
+    CLI::App* batch = app.add_subcommand("batch", "Calculate the rows of a workbook in place");
+    const auto job = std::make_shared<BatchOptions>();
+    batch->add_option("WORKBOOK", job->workbook, "Workbook (xlsx)")->required();
+    batch
+        ->add_option_function<std::string>(
+            "--conductor-columns",
+            [job](const std::string& choice) { job->conductor_columns = choice == "on"; },
+            "Whether each row of a steady workbook has its own conductor (default: the setting)")
+        ->check(CLI::IsMember({"on", "off"}))
+        ->option_text("on|off");
+    batch
+        ->add_option_function<std::string>(
+            "--write", [job](const std::string& choice) { job->write_by_cell = choice == "cell"; },
+            "Whether a wrong row of a transient workbook keeps the results of the rows before it "
+            "(cell) or none (array) (default: the setting)")
+        ->check(CLI::IsMember({"cell", "array"}))
+        ->option_text("cell|array");
+    batch->footer(batch_notes);
+    add_output(*batch, options);
+    add_language(*batch, options);
+    batch->callback([&, job] { chosen = [&, job] { return batch_command(*job, options); }; });
+
+    CLI::App* empty = app.add_subcommand("template", "Write an empty workbook to fill in");
+    const auto wanted = std::make_shared<TemplateOptions>();
+    empty->add_option("KIND", wanted->kind, "What it is for")
+        ->required()
+        ->check(CLI::IsMember({"steady-fix", "steady-var", "transient"}))
+        ->option_text("steady-fix|steady-var|transient REQUIRED");
+    empty->add_option("-o", wanted->path, "File to be written")
+        ->required()
+        ->option_text("FILE.xlsx REQUIRED");
+    empty->footer(template_notes);
+    add_language(*empty, options);
+    empty->callback(
+        [&, wanted] { chosen = [&, wanted] { return template_command(*wanted, options); }; });
+}
+
 /// Reads the command line. A wrong one is told on standard error, help is printed; both give the
 /// exit status through `command`.
 Command read_command_line(int& argc, char** argv, CommonOptions& options) {
@@ -102,6 +169,16 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
     add_output(*steady, options);
     add_language(*steady, options);
 
+    bool series = false;
+    CLI::App* transient =
+        app.add_subcommand("transient", "Follow a case through its changes of state");
+    transient->add_option("CASE", case_path, "Case file (JSON), or - for standard input")
+        ->required();
+    transient->add_flag("--series", series, "Tell the temperature over time too");
+    transient->footer(transient_notes + std::string("\n") + exit_statuses);
+    add_output(*transient, options);
+    add_language(*transient, options);
+
     CLI::App* short_circuit =
         app.add_subcommand("short-circuit", "Judge a case: thermal short-circuit strength");
     short_circuit->add_option("CASE", case_path, "Case file (JSON), or - for standard input")
@@ -116,6 +193,9 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
     desktop->footer(
         "\nEnds with 0 when the windows are closed, with 1 without a display, with 2 where the case\n"
         "is refused, and with 3 where a calculation had to end the program.");
+
+    Command chosen;
+    add_workbooks(app, options, chosen);
 
     try {
         app.parse(argc, argv);
@@ -132,7 +212,10 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
             Console::tell_reason("a command is needed\n\n" + help);
             return exit_refused;
         };
+    if (chosen) return chosen;
     if (steady->parsed()) return [=, &options] { return steady_command(case_path, options); };
+    if (transient->parsed())
+        return [=, &options] { return transient_command(case_path, series, options); };
     if (short_circuit->parsed())
         return [=, &options] { return short_circuit_command(case_path, options); };
     return [=, &argc, &options] { return desktop_command(argc, argv, case_path, options); };

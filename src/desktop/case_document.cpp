@@ -9,6 +9,7 @@
 #include "shell/program_texts.h"
 #include "workflow/bundle.h"
 #include "workflow/entry_rules.h"
+#include "workflow/transient_cells.h"
 
 namespace zel {
 namespace {
@@ -45,7 +46,7 @@ constexpr BoxText not_written = {
 CaseDocument::CaseDocument(DesktopState& state) : state_(state), stored_(entered()) {}
 
 FlatObject CaseDocument::entered() const {
-    return values_of(without_derived_current(state_.calc_case));
+    return values_of(without_found_values(without_derived_current(state_.calc_case)));
 }
 
 bool CaseDocument::modified() const { return entered() != stored_; }
@@ -93,8 +94,11 @@ bool CaseDocument::read(const std::string& path) {
     const EntryRule rule = [&](Entry& field, Entry CalcCase::*key, std::string_view text) {
         return enter(field, key, text, session.separator, session.lang);
     };
+    const CellRule cell_rule = [&](CalcCase& c, StateCellPlace place, std::string_view text) {
+        return read_cell(c, place, text, session.separator, session.lang);
+    };
     try {
-        CaseFile file = read_case(values, session.separator, rule);
+        CaseFile file = read_case(values, session.separator, rule, cell_rule);
         replace(std::move(file.c), path);
         for (RefusedText& refused : file.refused) {
             refused.box.lines.insert(refused.box.lines.begin(), refused.field + " :");

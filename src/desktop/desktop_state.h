@@ -8,6 +8,7 @@
 #include "shell/session.h"
 #include "steady/calc_case.h"
 #include "workflow/steady_methods.h"
+#include "workflow/transient_memory.h"
 
 namespace zel {
 
@@ -21,6 +22,8 @@ struct DesktopState {
     std::string case_path{};                     // the file of the case; empty where there is none
     std::function<void()> case_changed = [] {};  // called by whoever changes the case
     MethodMemory memory{};                       // the session of a started program points to it
+    TransientMemory transient{};                 // where a transient starts, and the last one
+    int patience_ms = 300;                       // a longer run shows its progress
 };
 
 }  // namespace zel

@@ -30,6 +30,7 @@ protected:
         form_main.reset();
         state = std::make_unique<DesktopState>(DesktopState{
             case_for_form(c), {lang, separator, RunMode::Messages, dialogs}, store, chooser});
+        state->session.memory = &state->memory;
         form_main = std::make_unique<FormMain>(*state);
         form_main->show();
         form1().show();
