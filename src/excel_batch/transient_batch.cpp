@@ -47,7 +47,7 @@ public:
           c_(c),
           seconds_(static_cast<float>(seconds)),
           mass_(conductor_mass(c)),
-          heat_option_(static_cast<HeatCapacityOption>(job.cigre_TKW_merker)),
+          heat_option_(static_cast<HeatCapacityOption>(job.session.cigre_TKW_merker)),
           angle_(S_Winkel_Wind_Leiter(c)),
           silent_(job.session, &memory_) {}
 
