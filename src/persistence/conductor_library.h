@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,14 +30,15 @@ public:
     /// where the name is taken, figures contradict each other without being `confirmed`, or
     /// something does not fit into a record, and `OutputError` where the file cannot be written;
     /// nothing is changed then.
-    void keep(LibraryConductor conductor, const LibraryConductor* former = nullptr);
+    void keep(const LibraryConductor& conductor, const LibraryConductor* former = nullptr);
 
     /// Takes `conductor` out of the user's file. Throws as `keep`.
     void remove(const LibraryConductor& conductor);
 
 private:
+    [[nodiscard]] std::vector<LibraryConductor> own_in(const std::string& table) const;
     [[nodiscard]] std::vector<LibraryConductor> read_own();
-    void write_own(const std::vector<LibraryConductor>& own);
+    void change_own(const std::function<void(std::vector<LibraryConductor>&)>& change);
 
     Files& files_;
     LibraryPlaces places_;

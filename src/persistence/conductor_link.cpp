@@ -56,7 +56,7 @@ std::optional<Box> wrong_kind(const MethodSelection& methods, std::int16_t condu
 std::optional<Box> take_over_conductor(CalcCase& c, Files& files, const std::string& exchange_file,
                                        DecimalSeparator separator, LangId lang) {
     const std::string bytes =
-        files.exists(exchange_file) ? files.read(exchange_file) : std::string();
+        files.exists(exchange_file) ? files.content(exchange_file) : std::string();
     if (bytes.empty()) return box_in(lang, nothing_selected);
     const ConductorData conductor = read_record(bytes, separator);
     if (auto box = wrong_kind(c, conductor.conductor_type_db, lang)) return box;
@@ -64,14 +64,16 @@ std::optional<Box> take_over_conductor(CalcCase& c, Files& files, const std::str
     return std::nullopt;
 }
 
-std::string exchange_file_in(const std::string& folder) { return folder + "/einseil1.dat"; }
+std::string exchange_file_in(const std::string& companion_folder) {
+    return companion_folder + "/einseil1.dat";
+}
 
-void create_companion_files(Files& files, const CompanionPlaces& places, const KeyWriter& write) {
-    const std::string exchange_file = exchange_file_in(places.folder);
-    files.make_folder(places.folder);
-    if (!files.exists(exchange_file)) files.write(exchange_file, {});
-    write(link_section, program_key, places.program);
-    write(link_section, exchange_key, exchange_file);
+void create_companion_files(Files& files, const std::string& companion_folder,
+                            const std::string& program_file, SettingsStore& shared_settings) {
+    const std::string exchange_file = exchange_file_in(companion_folder);
+    files.update(exchange_file, [](const std::string& present) { return present; });
+    shared_settings.write(link_section, program_key, program_file);
+    shared_settings.write(link_section, exchange_key, exchange_file);
 }
 
 }  // namespace zel

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/message_box.h"
 #include "platform/number_text.h"
+#include "platform/settings_store.h"
 #include "steady/calc_case.h"
 
 // The link to the conductor database: it writes the conductor that the user chose there as one
@@ -29,27 +29,18 @@ namespace zel {
                                                      const std::string& exchange_file,
                                                      DecimalSeparator separator, LangId lang);
 
-/// Where the conductor database of this program keeps its link.
-struct CompanionPlaces {
-    std::string folder;   // that of the shared settings file
-    std::string program;  // the file that is started to choose a conductor
-};
-
 /// Section and keys of the link in the shared settings file.
 inline constexpr std::string_view link_section = "Seildatei";
 inline constexpr std::string_view program_key = "Seildatenbanknamepluspfad";
 inline constexpr std::string_view exchange_key = "Einseil1_dat";
 
-/// Writes one key of the shared settings file.
-using KeyWriter =
-    std::function<void(std::string_view section, std::string_view key, std::string_view value)>;
-
 /// The exchange file in the folder of the conductor database.
-[[nodiscard]] std::string exchange_file_in(const std::string& folder);
+[[nodiscard]] std::string exchange_file_in(const std::string& companion_folder);
 
-/// What the conductor database does at its first start: makes its folder and an exchange file
-/// without a conductor, and writes program and exchange file into the shared settings. An exchange
-/// file that is there stays. Throws `OutputError`.
-void create_companion_files(Files& files, const CompanionPlaces& places, const KeyWriter& write);
+/// What the conductor database does at its first start: makes an exchange file without a conductor
+/// in its folder, and writes its program file and the exchange file into the shared settings. An
+/// exchange file that is there stays. Throws `OutputError`.
+void create_companion_files(Files& files, const std::string& companion_folder,
+                            const std::string& program_file, SettingsStore& shared_settings);
 
 }  // namespace zel

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <map>
-#include <set>
 
 #include "platform/files.h"
 #include "platform/input_error.h"
@@ -13,7 +12,7 @@ namespace zel {
 class MemoryFiles : public Files {
 public:
     bool exists(const std::string& path) override { return files.contains(path); }
-    std::string read(const std::string& path) override {
+    std::string content(const std::string& path) override {
         const auto found = files.find(path);
         if (found == files.end()) throw InputError(path + ": No such file or directory");
         return found->second;
@@ -22,10 +21,16 @@ public:
         if (path.starts_with("/locked/")) throw OutputError(path + ": Permission denied");
         files[path] = bytes;
     }
-    void make_folder(const std::string& path) override { folders.insert(path); }
+    std::optional<std::string> read(const std::string& path) const override {
+        const auto found = files.find(path);
+        return found == files.end() ? std::nullopt : std::optional(found->second);
+    }
+    void update(const std::string& path,
+                const std::function<std::string(const std::string&)>& edit) override {
+        write(path, edit(files[path]));
+    }
 
     std::map<std::string, std::string> files;
-    std::set<std::string> folders;
 };
 
 }  // namespace zel

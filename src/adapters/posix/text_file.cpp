@@ -48,7 +48,7 @@ std::string read_text_file(const std::string& path) {
         if (count < 0) refuse(path, std::strerror(errno));
         if (count == 0) return content;
         content.append(buffer.data(), static_cast<std::size_t>(count));
-        if (content.size() > size_limit) refuse(path, "larger than 16 MiB, so no case file");
+        if (content.size() > size_limit) refuse(path, "larger than 16 MiB");
     }
 }
 
