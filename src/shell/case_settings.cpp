@@ -62,7 +62,7 @@ constexpr Text summer_time_lines = {"Die Einstellung <Berücksichtigung der Somm
                                     "is set on: {0}\n"
                                     "The currently used setting for\n"
                                     "consideration of summertime / wintertime\n"
-                                    "{1}\n"
+                                    "is set on: {1}\n"
                                     "Will you take over the setting\n"
                                     "of the read-in data file ?"};
 
