@@ -11,6 +11,8 @@ namespace zel {
 
 int steady_command(const std::string& case_path, const CommonOptions& options);
 
+int short_circuit_command(const std::string& case_path, const CommonOptions& options);
+
 int settings_list_command(const CommonOptions& options);
 int settings_get_command(const std::string& key, const CommonOptions& options);
 int settings_set_command(const std::string& key, const std::string& value,

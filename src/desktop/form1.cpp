@@ -82,7 +82,10 @@ void Form1::load() {
     conductor_->load();
 }
 
-void Form1::apply_settings() { settings_menu_.refresh(); }
+void Form1::apply_settings() {
+    settings_menu_.refresh();
+    general_->show_measured();
+}
 
 bool Form1::commit() {
     general_->commit();

@@ -16,7 +16,16 @@ namespace zel {
 /// `value` as held in 32 bits, widened again. Beyond the range of a float it is infinite and an
 /// overflow fault.
 [[nodiscard]] inline double narrowed_to_single(double value) {
-    return static_cast<double>(static_cast<float>(value));
+    auto single = static_cast<float>(value);
+    // Where two values are narrowed side by side, g++ 12 drops both conversions at -O2 (it takes a
+    // pair of them for a move of a vector), unless it cannot see through one of them.
+#if defined(__SSE2__)
+    asm("" : "+x"(single));
+#else
+    volatile float kept = single;
+    single = kept;
+#endif
+    return static_cast<double>(single);
 }
 
 }  // namespace zel

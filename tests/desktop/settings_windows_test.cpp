@@ -68,6 +68,19 @@ TEST_F(SettingsWindows, options_reach_case_and_session) {
     EXPECT_FALSE(form1().isWindowModified());
 }
 
+TEST_F(SettingsWindows, fields_of_measured_values_are_shown_where_wanted) {
+    english();
+    auto& field = control("Messwert_Strom_db");
+    EXPECT_FALSE(field.isVisible());
+    FrmProgConfig form(nullptr, *state);
+    in<QRadioButton>(form, "Option15").click();
+    EXPECT_TRUE(field.isVisible());
+    type("Messwert_Strom_db", "620.5");
+    EXPECT_EQ(calc_case().Messwert_Strom_db, (Entry{"620.5", 620.5}));
+    in<QRadioButton>(form, "Option14").click();
+    EXPECT_FALSE(field.isVisible());
+}
+
 TEST_F(SettingsWindows, heat_capacity_without_coefficient_is_told_and_not_kept) {
     english();
     FrmProgConfig form(nullptr, *state);

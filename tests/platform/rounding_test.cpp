@@ -44,5 +44,20 @@ TEST(NarrowedToSingle, keeps_what_a_32_bit_float_holds) {
     EXPECT_EQ(narrowed_to_single(1e-60), 0);
 }
 
+struct Pair {
+    double first, second;
+};
+[[gnu::noinline]] void narrow_both(Pair& pair, double first, double second) {
+    pair.first = narrowed_to_single(first);
+    pair.second = narrowed_to_single(second);
+}
+
+TEST(NarrowedToSingle, narrows_two_neighbours) {
+    Pair pair{};
+    narrow_both(pair, 4.03, 0.1);
+    EXPECT_EQ(pair.first, 4.03000020980834961);
+    EXPECT_EQ(pair.second, 0.100000001490116119);
+}
+
 }  // namespace
 }  // namespace zel
