@@ -22,6 +22,7 @@ struct CommonOptions {
     LangId lang = LangId::English;
     DecimalSeparator separator = DecimalSeparator::Point;
     bool silent = false;
+    std::string conductor{};  // record or name of the one that the case takes; empty for its own
 
     [[nodiscard]] RunMode Meldung_merker() const {
         return silent ? RunMode::Silent : RunMode::Messages;

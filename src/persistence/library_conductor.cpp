@@ -61,14 +61,17 @@ std::string list_of(const std::vector<const LibraryConductor*>& conductors) {
 std::vector<const LibraryConductor*> nearest(std::span<const LibraryConductor> library,
                                              const std::string& name) {
     const std::string wanted = plain(name);
+    if (wanted.empty()) return {};
     std::vector<std::pair<std::size_t, const LibraryConductor*>> all;
     for (const LibraryConductor& conductor : library)
         all.emplace_back(distance_to(conductor, wanted), &conductor);
     std::stable_sort(all.begin(), all.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });
+    // Where some hold the name, those that are only alike are left out.
+    const std::size_t most = !all.empty() && all.front().first == 0 ? 0 : wanted.size() / 2;
     std::vector<const LibraryConductor*> near;
     for (const auto& [far, conductor] : all)
-        if (near.size() < most_near && far <= wanted.size() / 2) near.push_back(conductor);
+        if (near.size() < most_near && far <= most) near.push_back(conductor);
     return near;
 }
 
