@@ -1,5 +1,6 @@
 #include "cli/console.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace zel {
@@ -54,6 +55,12 @@ void Console::tell_reason(std::string_view reason) { print_error("zel: " + std::
 bool print(std::string_view text) {
     const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
     return std::fflush(stdout) == 0 && written;
+}
+
+int print_or_fail(std::string_view document, int status) {
+    if (print(document)) return status;
+    Console::tell_reason("standard output cannot be written");
+    return std::max<int>(status, exit_failed);
 }
 
 }  // namespace zel

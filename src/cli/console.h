@@ -48,4 +48,8 @@ private:
 /// Writes `text` to standard output; false where it could not all be written.
 [[nodiscard]] bool print(std::string_view text);
 
+/// Writes `document` to standard output and gives `status`; where it could not all be written, that
+/// is told and the status is a failure.
+[[nodiscard]] int print_or_fail(std::string_view document, int status);
+
 }  // namespace zel

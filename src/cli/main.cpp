@@ -19,7 +19,8 @@ namespace {
 constexpr const char* about =
     "Thermal rating of bare overhead-line conductors and tubular busbars:\n"
     "the current that a conductor may carry at a given temperature, or the\n"
-    "temperature that it takes at a given current.\n";
+    "temperature that it takes at a given current. And whether a bare conductor or a\n"
+    "piece of equipment withstands a short circuit thermally.\n";
 
 constexpr const char* exit_statuses =
     "Exit status: 0 done; 1 a selected method failed, or a typed text was refused and\n"
@@ -41,6 +42,23 @@ constexpr const char* steady_notes =
     "\n"
     "With --json standard output is one JSON document with full precision and with all\n"
     "messages; without it, messages go to standard error.\n";
+
+constexpr const char* short_circuit_notes =
+    "\n"
+    "Judges by IEC 865-1 / EN 60865-1 whether a bare conductor or a piece of electrical\n"
+    "equipment withstands a short circuit. The currents are given (with current-limiting\n"
+    "switchgear: Strombegrenzschalter_ks 2, with Ith and T_k) or computed (1, with IK2,\n"
+    "Kappa, Anzahl_KS_fluesse, Tk1 to Tk3, and IK near the generator).\n"
+    "\n"
+    "A case file is one JSON object, such as\n"
+    "  {\"Frequenz_ks\": 50, \"Strombegrenzschalter_ks\": 1, \"IK2\": \"12.5\", ...}\n"
+    "Numbers and texts go through the limits of their boxes; a Leitermaterial_ks of 1 to 7\n"
+    "fills the values of the material that are not given. See examples/ for whole cases and\n"
+    "docs/short-circuit.md for every field and formula.\n"
+    "\n"
+    "With --json standard output is one JSON document with full precision and with all\n"
+    "messages; without it, messages go to standard error. The texts of the checks and the\n"
+    "result are German in both languages.\n";
 
 void add_language(CLI::App& command, CommonOptions& options) {
     const std::map<std::string, LangId> languages = {{"de", LangId::German},
@@ -185,6 +203,14 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
     add_language(*steady, options);
     add_conductor_option(*steady, options);
 
+    CLI::App* short_circuit =
+        app.add_subcommand("short-circuit", "Judge a case: thermal short-circuit strength");
+    short_circuit->add_option("CASE", case_path, "Case file (JSON), or - for standard input")
+        ->required();
+    short_circuit->footer(short_circuit_notes + std::string("\n") + exit_statuses);
+    add_output(*short_circuit, options);
+    add_language(*short_circuit, options);
+
     CLI::App* desktop = app.add_subcommand("desktop", "Open the windows");
     desktop->add_option("CASE", case_path, "Case file (JSON) to start with");
     add_language(*desktop, options);
@@ -213,6 +239,8 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
         };
     if (chosen) return chosen;
     if (steady->parsed()) return [=, &options] { return steady_command(case_path, options); };
+    if (short_circuit->parsed())
+        return [=, &options] { return short_circuit_command(case_path, options); };
     return [=, &argc, &options] { return desktop_command(argc, argv, case_path, options); };
 }
 

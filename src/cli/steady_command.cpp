@@ -3,18 +3,13 @@
 #include "cli/case_source.h"
 #include "cli/commands.h"
 #include "cli/console.h"
+#include "cli/messages_json.h"
 #include "cli/steady_output.h"
 #include "platform/program_end.h"
 #include "workflow/steady_run.h"
 
 namespace zel {
 namespace {
-
-int print_or_fail(const std::string& document, int status) {
-    if (print(document)) return status;
-    Console::tell_reason("standard output cannot be written");
-    return std::max<int>(status, exit_failed);
-}
 
 int status_of(const SteadyRunResult& result, const LoadedCase& loaded) {
     const bool sound = std::all_of(result.methods.begin(), result.methods.end(),

@@ -1,5 +1,4 @@
-#include <nlohmann/json.hpp>
-
+#include "cli/messages_json.h"
 #include "cli/steady_output.h"
 
 namespace zel {
@@ -9,18 +8,6 @@ using nlohmann::ordered_json;
 
 ordered_json json_of(const std::optional<double>& value) {
     return value ? ordered_json(*value) : ordered_json(nullptr);
-}
-
-ordered_json json_of(const std::vector<Message>& messages) {
-    ordered_json list = ordered_json::array();
-    for (const Message& message : messages) {
-        ordered_json entry = {{"icon", name_of(message.box.icon)},
-                              {"title", message.box.title},
-                              {"lines", message.box.lines}};
-        if (!message.field.empty()) entry["field"] = message.field;
-        list.push_back(std::move(entry));
-    }
-    return list;
 }
 
 ordered_json json_of(const MethodResult& line) {
@@ -50,8 +37,6 @@ ordered_json json_of(const MethodResult& line) {
     return entry;
 }
 
-std::string text_of(const ordered_json& document) { return document.dump(2) + "\n"; }
-
 }  // namespace
 
 std::string steady_document(const SteadyRunResult& result, const std::vector<Message>& messages,
@@ -73,10 +58,6 @@ std::string steady_document(const SteadyRunResult& result, const std::vector<Mes
                              {"transient_start", std::move(start)}};
     if (!program_end.empty()) document["program_end"] = program_end;
     return text_of(document);
-}
-
-std::string refusal_document(const std::vector<Message>& messages) {
-    return text_of({{"input_valid", false}, {"messages", json_of(messages)}});
 }
 
 }  // namespace zel

@@ -15,9 +15,6 @@ namespace zel {
                                           const std::vector<Message>& messages,
                                           std::string_view program_end = {});
 
-/// The JSON document of a refused input.
-[[nodiscard]] std::string refusal_document(const std::vector<Message>& messages);
-
 /// Inputs and results for a terminal.
 [[nodiscard]] std::string steady_page(const CalcCase& c, const SteadyRunResult& result,
                                       const CommonOptions& options);

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 #include <system_error>
 
 namespace zel {
@@ -153,6 +154,17 @@ std::optional<double> parse_number(std::string_view text, DecimalSeparator separ
     if (error == std::errc::result_out_of_range)
         return is_tiny(*form) ? std::optional<double>(0) : std::nullopt;
     return value;
+}
+
+std::optional<float> parse_single(std::string_view text, DecimalSeparator separator) {
+    const auto form = normal_form(trimmed(text), character(separator));
+    if (!form) return std::nullopt;
+    float value = 0;
+    const auto [end, error] = std::from_chars(form->data(), form->data() + form->size(), value);
+    if (error != std::errc::result_out_of_range) return value;
+    if (is_tiny(*form)) return 0.0F;
+    const float beyond = std::numeric_limits<float>::infinity();
+    return form->front() == '-' ? -beyond : beyond;
 }
 
 std::string masked(double value, std::string_view mask, DecimalSeparator separator) {

@@ -124,8 +124,8 @@ TEST_F(ConductorCommand, refuses_an_own_file_by_its_line) {
 
 // 35 °C, 0.6 m/s across, 900 W/m² across the line, emissivity 0.6, conductor at 80 °C, 50 Hz.
 constexpr const char* rating_case = R"({
-    "Leitertemp_Merker_db": -1, "Leitertemp_db": 80, "Hoehe_ueber_NN_db": 0, "Winkel_S_S_db": 0,
-    "Windgeschwindigkeit_db": 0.6, "Winkel_W_S_db": 90, "Umgebungstemperatur_db": 35,
+    "Leitertemp_Merker_db": -1, "Leitertemp_db": 80, "Hoehe_ueber_NN_db": 0, "Winkel_S_S_db": 90,
+    "Windgeschwindigkeit_db": 0.6, "Winkel_W_S_db": 0, "Umgebungstemperatur_db": 35,
     "Globalstrahlung_db": 900, "Netzfrequenz_db": 50, "Emissionsverhaeltnis_db": 0.6,
     "Absorptionsverhaeltnis_db": 0.6, "Anzahl_Teilleiter_db": 1,
     "geogr_Breite_db": 51, "geo_laeng_db": -10, "geo_laeng_zeit_db": -15,

@@ -62,6 +62,24 @@ TEST(ParseNumber, beyond_the_range_of_a_double_is_none_and_too_small_is_zero) {
         EXPECT_EQ(parse_number(text, point), 0) << text;
 }
 
+TEST(ParseSingle, rounds_once_from_the_digits) {
+    EXPECT_EQ(parse_single("0.1", point), 0.1F);
+    EXPECT_EQ(parse_single(" -2,5e1 ", comma), -25.0F);
+    EXPECT_EQ(parse_single("16777217", point), 16777216.0F);
+    // A little above the middle of two floats, but the middle itself when rounded to a double.
+    EXPECT_EQ(parse_single("1.0000000596046447754", point), 1.00000011920928955F);
+}
+
+TEST(ParseSingle, beyond_the_range_of_a_float_is_infinite_and_too_small_is_zero) {
+    constexpr float beyond = std::numeric_limits<float>::infinity();
+    EXPECT_EQ(parse_single("1e39", point), beyond);
+    EXPECT_EQ(parse_single("-1e999", point), -beyond);
+    EXPECT_EQ(parse_single("3.4028234e38", point), std::numeric_limits<float>::max());
+    EXPECT_EQ(parse_single("1e-60", point), 0.0F);
+    for (const char* text : {"", "-", "1,5", "abc", "1e", "inf"})
+        EXPECT_EQ(parse_single(text, point), std::nullopt) << text;
+}
+
 TEST(Masked, shows_as_many_digits_as_each_mask_asks_for) {
     const struct {
         std::vector<const char*> masks;

@@ -1,0 +1,36 @@
+#include "cli/messages_json.h"
+#include "cli/short_circuit_output.h"
+
+namespace zel {
+
+using nlohmann::ordered_json;
+
+std::string short_circuit_document(const ShortCircuitRun& run,
+                                   const std::vector<Message>& messages) {
+    const ShortCircuitResult& result = run.result;
+    ordered_json document = {{"input_valid", true},
+                             {"messages", json_of(messages)},
+                             {"I_th", result.I_th},
+                             {"T_k", result.T_k}};
+    for (std::size_t i = 0; i < flow_count; ++i)
+        document["I_th" + std::to_string(i + 1)] = result.flows[i].I_th;
+    for (std::size_t i = 0; i < flow_count; ++i) {
+        document["m" + std::to_string(i + 1)] = result.flows[i].m;
+        document["n" + std::to_string(i + 1)] = result.flows[i].n;
+    }
+    document["K"] = result.K;
+    document["S_thr"] = result.S_thr;
+    document["S_th"] = result.S_th;
+    document["S_zul"] = result.S_zul;
+    document["verdict_Betriebsmittel"] = result.verdict_Betriebsmittel;
+    document["verdict_Leiter"] = result.verdict_Leiter;
+    document["verdict"] = run.page.verdict;
+    ordered_json lines = ordered_json::array();
+    for (const KsResultGroup& group : run.page.groups)
+        for (const auto& [label, value, unit] : group.rows)
+            lines.push_back({{"label", label}, {"value", value}, {"unit", unit}});
+    document["lines"] = std::move(lines);
+    return text_of(document);
+}
+
+}  // namespace zel

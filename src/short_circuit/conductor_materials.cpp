@@ -1,0 +1,22 @@
+#include "short_circuit/conductor_materials.h"
+
+namespace zel {
+namespace {
+
+// name, c in J/(kg·K), alpha20 in 1/K, conductivity at 20 °C in m/(ohm·mm²), density in kg/m³
+constexpr ConductorMaterial materials[] = {
+    {" Benutzerdefinierte Werteeingabe oder aus Seildatenbank eingelesen", "", "", "", ""},
+    {" Kupfer", "390", "0,0039", "56", "8900"},
+    {" Aluminium, Aluminiumlegierung (AlMgSi),Al/St, AlMgSi/St", "910", "0,004", "34,8", "2700"},
+    {" Stahl", "480", "0,0045", "7,25", "7850"},
+    {" Aluminium ummantelter Stahl 20 SA", "518", "0,0036", "11,79", "6590"},
+    {" Aluminium ummantelter Stahl 27 SA", "551", "0,0036", "15,66", "5910"},
+    {" Aluminium ummantelter Stahl 30 SA", "566", "0,0038", "17,4", "5610"},
+    {" Aluminium ummantelter Stahl 40 SA", "630", "0,004", "23,2", "4640"},
+};
+
+}  // namespace
+
+std::span<const ConductorMaterial> conductor_materials() { return materials; }
+
+}  // namespace zel

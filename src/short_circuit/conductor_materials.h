@@ -1,0 +1,22 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace zel {
+
+/// An entry of the material list with the texts that choosing it writes into the boxes. They have a
+/// decimal comma, whatever the separator of the session is.
+struct ConductorMaterial {
+    std::string_view name;  // with its leading blank
+    std::string_view waermekapaz;
+    std::string_view Tk20_ks;
+    std::string_view kappa20_ks;
+    std::string_view Dichte_rho;
+};
+
+/// The list by its index. Index 0 stands for values that are typed or come from a conductor's
+/// record, and has no texts.
+[[nodiscard]] std::span<const ConductorMaterial> conductor_materials();
+
+}  // namespace zel

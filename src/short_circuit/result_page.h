@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/number_text.h"
+#include "short_circuit/modul_iec865.h"
+
+// The result page as texts. They are German in every language.
+
+namespace zel {
+
+/// A row of the intermediate results. The value of a flow beyond N is empty.
+struct KsResultRow {
+    std::string_view label;
+    std::string value;
+    std::string_view unit;
+};
+
+/// The intermediate results of one section of EN 60865-1.
+struct KsResultGroup {
+    std::string_view caption;
+    std::vector<KsResultRow> rows;
+};
+
+struct KsResultPage {
+    std::string_view verdict;
+    bool withstands = false;  // the verdict shows green, otherwise red
+    std::vector<KsResultGroup> groups;
+};
+
+struct Colour {
+    int red, green, blue;
+};
+inline constexpr Colour colour_of_weak = {255, 0, 0};
+inline constexpr Colour colour_of_strong = {0, 192, 0};
+inline constexpr Colour colour_of_empty = {192, 192, 192};  // cells of flows beyond N
+
+/// What is shown of the result of `c`; numbers have the session's separator.
+[[nodiscard]] KsResultPage KS_Ergebnisanzeige(const ShortCircuitCase& c,
+                                              const ShortCircuitResult& result,
+                                              DecimalSeparator separator);
+
+}  // namespace zel

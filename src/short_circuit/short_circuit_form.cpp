@@ -1,0 +1,143 @@
+#include "short_circuit/short_circuit_form.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "platform/rounding.h"
+#include "short_circuit/conductor_materials.h"
+
+namespace zel {
+namespace {
+
+using C = ShortCircuitCase;
+
+constexpr std::array<KsBox, 4> material_boxes = {&C::waermekapaz, &C::kappa20_ks, &C::Tk20_ks,
+                                                 &C::Dichte_rho};
+
+bool is_material(KsBox box) {
+    return std::find(material_boxes.begin(), material_boxes.end(), box) != material_boxes.end();
+}
+
+template <class Member>
+bool has(const std::vector<Member>& members, Member member) {
+    return std::find(members.begin(), members.end(), member) != members.end();
+}
+
+}  // namespace
+
+bool ShortCircuitForm::is_open(KsBox box) const { return !has(state_.closed_boxes, box); }
+
+bool ShortCircuitForm::is_open(KsList list) const { return !has(state_.closed_lists, list); }
+
+void ShortCircuitForm::choose(KsList list, std::int16_t index) {
+    content_.*list = index;
+    apply_choice(content_, state_, list, index);
+    if (list == &C::Leitermaterial_ks) write_material(index);
+}
+
+void ShortCircuitForm::write_material(std::int16_t index) {
+    typed_into_.reset();
+    if (index == 0) return;
+    const ConductorMaterial& material = conductor_materials()[static_cast<std::size_t>(index)];
+    const auto set = [&](KsBox box, std::string_view text) {
+        // No material breaks a limit.
+        enter(content_.*box, box, text, DecimalSeparator::Comma, LangId::German);
+    };
+    set(&C::waermekapaz, material.waermekapaz);
+    set(&C::Tk20_ks, material.Tk20_ks);
+    set(&C::kappa20_ks, material.kappa20_ks);
+    set(&C::Dichte_rho, material.Dichte_rho);
+}
+
+void ShortCircuitForm::typed_into(KsBox box) {
+    if (is_material(box)) typed_into_ = box;
+}
+
+std::optional<KsEntryRefusal> ShortCircuitForm::change(KsBox box, std::string_view text,
+                                                       DecimalSeparator separator, LangId lang) {
+    if (typed_into_ == box) {
+        content_.Leitermaterial_ks = 0;
+        typed_into_.reset();
+    }
+    return enter(content_.*box, box, text, separator, lang);
+}
+
+std::vector<KsRefusedText> ShortCircuitForm::take_over(const ConductorData& record,
+                                                       DecimalSeparator separator, LangId lang) {
+    content_.werkstoff_ks = without_outer_blanks(record.Bezeichnung1_db);
+    content_.Nennquerschnitt_ks = without_outer_blanks(record.Bezeichnung2_db);
+    content_.Norm_ks = without_outer_blanks(record.Norm_db);
+    content_.Normjahr_ks = record.Normjahr_db;
+    content_.Normmonat_ks = record.Normmonat_db;
+    content_.Seilquerschnitt_ks = narrowed_to_single(record.Seilquerschnitt_db.value);
+    content_.Mantelquerschnitt_ks = narrowed_to_single(record.Mantelquerschnitt_db.value);
+    choose(&C::Leitermaterial_ks, 0);
+    const double resistivity = narrowed_to_single(record.DC_Resist_Leiter_db.value);
+    const struct {
+        KsBox box;
+        double value;
+    } values[] = {
+        // The record of a one-material conductor holds its section as that of the layers.
+        {&C::A_Leiter, content_.Mantelquerschnitt_ks},
+        {&C::waermekapaz, record.c_leiter20_db.value},
+        {&C::kappa20_ks, (1 / resistivity) * 1000},  // infinite at 0, which shows as no text
+        {&C::Tk20_ks, record.T_Koeff_DC_Resist_Leiter_linear_db.value / 1000},
+        {&C::Dichte_rho, record.Dichte_Leiterwerkstoff1_db.value},
+    };
+    std::vector<KsRefusedText> refused;
+    for (const auto& [box, value] : values)
+        if (auto refusal = change(box, masked(value, mask_of(box), separator), separator, lang))
+            refused.push_back({box, std::move(*refusal)});
+    return refused;
+}
+
+std::string_view mask_of(KsBox box) {
+    constexpr struct {
+        KsBox box;
+        std::string_view mask;
+    } masks[] = {{&C::A_Leiter, "####0.0###"},
+                 {&C::waermekapaz, "####0"},
+                 {&C::kappa20_ks, "####0.0#"},
+                 {&C::Tk20_ks, "#0.0###"},
+                 {&C::Dichte_rho, "#####0"}};
+    const auto* const row = std::find_if(std::begin(masks), std::end(masks),
+                                         [&](const auto& r) { return r.box == box; });
+    return row == std::end(masks) ? std::string_view{} : row->mask;
+}
+
+std::string label_text(const ShortCircuitCase& c, KsKey field, DecimalSeparator separator) {
+    if (const auto* text = std::get_if<KsText>(&field)) return c.**text;
+    constexpr std::string_view section_mask = "####0.0###";
+    const C none;
+    const bool there = c.werkstoff_ks != none.werkstoff_ks ||
+                       c.Nennquerschnitt_ks != none.Nennquerschnitt_ks ||
+                       c.Norm_ks != none.Norm_ks || c.Normjahr_ks != none.Normjahr_ks ||
+                       c.Normmonat_ks != none.Normmonat_ks || c.Seilquerschnitt_ks != 0 ||
+                       c.Mantelquerschnitt_ks != 0;
+    if (!there) return {};
+    if (field == KsKey(&C::Normjahr_ks)) return masked(c.Normjahr_ks, "0000", separator);
+    if (field == KsKey(&C::Normmonat_ks)) return masked(c.Normmonat_ks, "00", separator);
+    if (field == KsKey(&C::Seilquerschnitt_ks))
+        return masked(c.Seilquerschnitt_ks, section_mask, separator);
+    if (field == KsKey(&C::Mantelquerschnitt_ks))
+        return c.Mantelquerschnitt_ks == 0
+                   ? " - "
+                   : masked(c.Mantelquerschnitt_ks, section_mask, separator);
+    return {};
+}
+
+Box new_case_question(LangId lang) {
+    constexpr BoxText question = {
+        Icon::Question,
+        {"Neu", "New"},
+        {"Alle ungespeicherten Daten der aktuellen Berechnung gehen verloren! \n"
+         "Wollen Sie wirklich eine neue Berechnung durchfuehren ?",
+         "All unsaved input data of this calculation will be lost! \n"
+         "Do you really want to start new calculation ?"},
+        Buttons::YesNo,
+        Answer::No};
+    return box_in(lang, question);
+}
+
+}  // namespace zel

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <string>
+
+#include "short_circuit/short_circuit_form.h"
+
+// Cases of the short-circuit area, filled in as a user does.
+
+namespace zel {
+
+/// Fills a form with typed texts; a refused one ends up empty.
+class KsTyping {
+public:
+    KsTyping& type(KsBox box, const std::string& text) {
+        form.change(box, text, DecimalSeparator::Point, LangId::English);
+        return *this;
+    }
+    KsTyping& choose(KsList list, std::int16_t index) {
+        form.choose(list, index);
+        return *this;
+    }
+    ShortCircuitForm form;
+};
+
+/// A copper conductor far from the generator: one flow of a second.
+inline ShortCircuitForm copper_far() {
+    using C = ShortCircuitCase;
+    return KsTyping()
+        .choose(&C::Strombegrenzschalter_ks, without_limiter)
+        .choose(&C::generatornah, generator_far)
+        .choose(&C::Anzahl_KS_fluesse, 1)
+        .choose(&C::Leiter_Bmittel, bare_conductor)
+        .choose(&C::Leitermaterial_ks, 1)
+        .type(&C::Frequenz_ks, "50")
+        .type(&C::IK2, "20")
+        .type(&C::Kappa, "1.8")
+        .type(&C::Tk1, "1")
+        .type(&C::Tkr, "1")
+        .type(&C::theta_b, "80")
+        .type(&C::theta_e, "200")
+        .type(&C::A_Leiter, "185")
+        .form;
+}
+
+/// An aluminium conductor near the generator: three flows.
+inline ShortCircuitForm aluminium_near() {
+    using C = ShortCircuitCase;
+    return KsTyping()
+        .choose(&C::Strombegrenzschalter_ks, without_limiter)
+        .choose(&C::generatornah, generator_near)
+        .choose(&C::Anzahl_KS_fluesse, 3)
+        .choose(&C::Leiter_Bmittel, bare_conductor)
+        .choose(&C::Leitermaterial_ks, 2)
+        .type(&C::Frequenz_ks, "50")
+        .type(&C::IK2, "30")
+        .type(&C::IK, "12")
+        .type(&C::Kappa, "1.6")
+        .type(&C::Tk1, "0.1")
+        .type(&C::Tk2, "0.3")
+        .type(&C::Tk3, "0.6")
+        .type(&C::Tkr, "1")
+        .type(&C::theta_b, "80")
+        .type(&C::theta_e, "200")
+        .type(&C::A_Leiter, "240")
+        .form;
+}
+
+/// Equipment behind current-limiting switchgear.
+inline ShortCircuitForm limited_equipment() {
+    using C = ShortCircuitCase;
+    return KsTyping()
+        .choose(&C::Strombegrenzschalter_ks, with_limiter)
+        .choose(&C::Leiter_Bmittel, equipment)
+        .type(&C::Frequenz_ks, "50")
+        .type(&C::Ith, "16")
+        .type(&C::T_k, "3")
+        .type(&C::Tkr, "1")
+        .type(&C::Ithr, "25")
+        .form;
+}
+
+}  // namespace zel
