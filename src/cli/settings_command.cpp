@@ -86,7 +86,7 @@ int settings_set_command(const std::string& key, const std::string& value,
     try {
         settings.write(row, entered);
     } catch (const OutputError& error) {
-        throw InputError(error.what());
+        throw InputError(error.what(), error.fault());
     }
     return options.json ? print_all(text_of(json_of(row, settings))) : exit_done;
 }

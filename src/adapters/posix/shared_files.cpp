@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <thread>
 
+#include "adapters/posix/posix_fault.h"
 #include "adapters/posix/text_file.h"
 #include "platform/input_error.h"
 #include "platform/output_error.h"
@@ -28,10 +29,10 @@ public:
     explicit Lock(const fs::path& path) {
         const fs::path beside = path.parent_path() / ("." + path.filename().string() + ".lock");
         number_ = ::open(beside.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-        if (number_ < 0) refuse(path, std::strerror(errno));
+        if (number_ < 0) refuse(path, errno);
         for (int attempt = 1; ::flock(number_, LOCK_EX | LOCK_NB) != 0; ++attempt) {
             if (attempt == most_attempts || (errno != EWOULDBLOCK && errno != EINTR)) {
-                const std::string reason = std::strerror(errno);
+                const int reason = errno;
                 ::close(number_);
                 refuse(path, reason);
             }
@@ -43,8 +44,9 @@ public:
     Lock& operator=(const Lock&) = delete;
 
 private:
-    [[noreturn]] static void refuse(const fs::path& path, const std::string& reason) {
-        throw OutputError(path.string() + ": cannot be locked: " + reason);
+    [[noreturn]] static void refuse(const fs::path& path, int error_number) {
+        throw OutputError(path.string() + ": cannot be locked: " + std::strerror(error_number),
+                          posix_fault(error_number));
     }
 
     int number_ = -1;
@@ -65,14 +67,15 @@ void SharedFiles::update(const std::string& path,
     const fs::path file(path);
     std::error_code failed;
     if (file.has_parent_path()) fs::create_directories(file.parent_path(), failed);
-    if (failed) throw OutputError(path + ": " + failed.message());
+    if (failed) throw OutputError(path + ": " + failed.message(), posix_fault(failed.value()));
     const Lock lock(file);
     const bool exists = file_exists(path);
     std::string former;
     try {
         if (exists) former = read_text_file(path);
     } catch (const InputError& error) {
-        throw OutputError(error.what());  // what cannot be read must not be overwritten
+        throw OutputError(error.what(),
+                          error.fault());  // what cannot be read must not be overwritten
     }
     const std::string text = edit(former);
     if (!exists || text != former) write_text_file(path, text);
