@@ -198,7 +198,7 @@ ConductorData conductor_of_fragment(const std::string& path, const CommonOptions
 
 int conductor_list_command(const ConductorListing& wanted, const CommonOptions& options) {
     PosixFiles files;
-    const ConductorLibrary library(files, library_places(), options.separator);
+    const ConductorLibrary library = open_library(files, options.separator);
     std::vector<const LibraryConductor*> list;
     for (const LibraryConductor& conductor : library.conductors())
         if (matches(conductor, wanted.find)) list.push_back(&conductor);
@@ -219,7 +219,7 @@ std::vector<std::string> conductor_sort_keys() {
 int conductor_pick_command(const std::string& name, const std::string& record,
                            const CommonOptions& options) {
     PosixFiles files;
-    const ConductorLibrary library(files, library_places(), options.separator);
+    const ConductorLibrary library = open_library(files, options.separator);
     const LibraryConductor& found = find_conductor(library.conductors(), name);
     const std::string path =
         record.empty() ? ProgramStores().settings().now().Einseil1_dat : record;

@@ -20,9 +20,15 @@ LibraryPlaces library_places() {
             ProgramStores().paths.data_folder + "/conductors.csv"};
 }
 
+ConductorLibrary open_library(Files& files, DecimalSeparator separator) {
+    ConductorLibrary library(files, library_places(), separator);
+    if (!library.refusal_of_own().empty()) throw InputError(library.refusal_of_own());
+    return library;
+}
+
 ChosenConductor choose_conductor(const std::string& record_or_name, DecimalSeparator separator) {
     PosixFiles files;
-    const ConductorLibrary library(files, library_places(), separator);
+    const ConductorLibrary library = open_library(files, separator);
     if (!files.exists(record_or_name)) {
         const LibraryConductor& found = find_conductor(library.conductors(), record_or_name);
         return {read_record(written_record(found.c), separator), found};

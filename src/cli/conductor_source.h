@@ -13,6 +13,9 @@ namespace zel {
 /// the program (of a build as of an installation), the user's own in the data folder.
 [[nodiscard]] LibraryPlaces library_places();
 
+/// The library. Throws `InputError` where either of its files is refused.
+[[nodiscard]] ConductorLibrary open_library(Files& files, DecimalSeparator separator);
+
 /// A conductor as an exchange record gives it. One of the library has its 32-bit figures too, so
 /// that it rates the same whether it is named or picked first.
 struct ChosenConductor {

@@ -229,6 +229,16 @@ TEST_F(Library, an_own_conductor_comes_before_a_shipped_one_of_the_same_name) {
     EXPECT_TRUE(find_conductor(library.conductors(), "265/35").own);
 }
 
+TEST_F(Library, tells_a_refused_own_file_and_does_not_write_it) {
+    files.files[own_file] = "Bezeichnung1_db,colour\nA,red\n";
+    auto library = open();
+    EXPECT_THAT(library.refusal_of_own(), HasSubstr("unknown column \"colour\""));
+    EXPECT_THAT(library.conductors(), SizeIs(99));
+    const LibraryConductor mine = library.conductors().front();
+    EXPECT_THROW(library.keep(mine), InputError);
+    EXPECT_EQ(files.files[own_file], "Bezeichnung1_db,colour\nA,red\n");
+}
+
 TEST_F(Library, refuses_a_missing_library_by_its_path) {
     files.files.erase("/shipped/conductors.csv");
     EXPECT_THAT(refusal([&] { open(); }), HasSubstr("/shipped/conductors.csv"));

@@ -1,0 +1,227 @@
+#include "desktop/conductor_sheet.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollArea>
+#include <QTabWidget>
+
+#include "desktop/group.h"
+#include "desktop/qt_text.h"
+#include "workflow/conductor_needs.h"
+
+namespace zel {
+namespace {
+
+// The sections of a conductor in the tables of the forms, by their order there.
+enum Section : std::size_t {
+    designation,
+    kind,
+    geometry,
+    resistance,
+    conductivity,
+    material,
+    core,
+    ac_pairs
+};
+
+constexpr int one_column = 1;
+constexpr int pair_columns = 2;  // a resistance and its temperature
+
+constexpr Text tab_captions[] = {
+    {"&Leiter", "C&onductor"}, {"&Werkstoffe", "&Materials"}, {"Wi&derstände", "&Resistances"}};
+constexpr Text source_caption = {"Quelle :", "Source :"};
+constexpr Text mass_text = {"Masse {0} kg/km", "Mass {0} kg/km"};
+constexpr Text strength_text = {"Bruchkraft {0} kN", "Rated strength {0} kN"};
+constexpr Text methods_caption = {"Berechnungsverfahren mit diesem Leiter",
+                                  "Calculation methods with this conductor"};
+constexpr Text can_run = {"kann rechnen", "can run"};
+constexpr Text wrong_kind_text = {"nicht für diese Leiterart", "not for this type of conductor"};
+constexpr Text missing_text = {"es fehlt: {0}", "missing: {0}"};
+constexpr const char* good_mark = "✓";
+constexpr const char* bad_mark = "✗";
+constexpr const char* no_mark = "–";
+
+QLabel* plain_label() {
+    auto* label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QWidget* scrolling(QWidget* content) {
+    auto* area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidget(content);
+    return area;
+}
+
+}  // namespace
+
+ConductorSheet::ConductorSheet(const DesktopState& program)
+    : state_(program), sections_(conductor_sections().begin(), conductor_sections().end()) {
+    state_.case_changed = [this] { judge(); };
+    sections_[designation].columns = one_column;
+    sections_[ac_pairs].columns = pair_columns;
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(make_tabs(), 1);
+    layout->addWidget(make_source());
+    layout->addWidget(methods_ = make_methods());
+    show_conductor({}, false);
+    recaption(state_.session.lang);
+}
+
+FieldPanel* ConductorSheet::make_panel(std::size_t section) {
+    auto* panel =
+        new FieldPanel(sections_[section], state_, [this](QWidget* input) { refused(input); });
+    panels_.push_back(panel);
+    return panel;
+}
+
+QWidget* ConductorSheet::make_tabs() {
+    tabs_ = new QTabWidget;
+    using Columns = std::vector<std::vector<std::size_t>>;
+    const auto add_tab = [&](const Columns& columns) {
+        auto* page = new QWidget;
+        auto* across = new QHBoxLayout(page);
+        for (const auto& column : columns) {
+            auto* down = new QVBoxLayout;
+            std::vector<FieldPanel*> aligned;
+            for (const std::size_t section : column) {
+                aligned.push_back(make_panel(section));
+                down->addWidget(aligned.back());
+            }
+            align(aligned);
+            down->addStretch();
+            across->addLayout(down, 1);
+        }
+        tabs_->addTab(scrolling(page), QString());
+    };
+    add_tab(Columns{{designation, kind, geometry}});
+    add_tab(Columns{{std::size_t{material}}, {std::size_t{core}}});
+    add_tab(Columns{{resistance, conductivity, ac_pairs}});
+    return tabs_;
+}
+
+QWidget* ConductorSheet::make_source() {
+    source_ = new QLineEdit;
+    source_->setObjectName("source");
+    source_label_ = plain_label();
+    source_label_->setBuddy(source_);
+    figures_ = plain_label();
+    figures_->setObjectName("figures");
+    auto* line = new QWidget;
+    auto* layout = new QHBoxLayout(line);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(source_label_);
+    layout->addWidget(source_, 1);
+    layout->addWidget(figures_);
+    return line;
+}
+
+QGroupBox* ConductorSheet::make_methods() {
+    auto* group = new QGroupBox;
+    auto* grid = new QGridLayout(inside_of(*group));
+    grid->setVerticalSpacing(2);
+    grid->setColumnStretch(2, 1);
+    for (const Method method : all_methods) {
+        const int row = grid->rowCount();
+        MethodLine line{method, plain_label(), plain_label()};
+        line.text->setObjectName("runs_" + qt(key_of(method)));
+        line.text->setWordWrap(true);
+        line.text->setAlignment(Qt::AlignTop);
+        auto* name = plain_label();
+        const SteadyMethod* known = find_method(method);
+        name->setText(qt(known != nullptr ? known->name : key_of(method)));
+        grid->addWidget(line.mark, row, 0, Qt::AlignTop);
+        grid->addWidget(name, row, 1, Qt::AlignTop);
+        grid->addWidget(line.text, row, 2);
+        lines_.push_back(line);
+    }
+    return group;
+}
+
+void ConductorSheet::show_conductor(const LibraryConductor& conductor, bool open) {
+    conductor_ = conductor;
+    static_cast<ConductorData&>(state_.calc_case) = conductor.c;
+    state_.calc_case.GMR_Merker_db = conductor.c.GMR_Merker_db;
+    state_.calc_case.ACDC_R_Option_Merker_db = conductor.c.ACDC_R_Option_Merker_db;
+    for (FieldPanel* panel : panels_) panel->load();
+    source_->setText(qt(conductor.source));
+    source_->setCursorPosition(0);
+    open_inputs(open);
+    judge();
+}
+
+void ConductorSheet::open_inputs(bool open) {
+    source_->setReadOnly(!open);
+    for (FieldPanel* panel : panels_)
+        for (QWidget* input : panel->inputs()) {
+            if (auto* edit = qobject_cast<QLineEdit*>(input))
+                edit->setReadOnly(!open);
+            else
+                input->setEnabled(open);
+        }
+}
+
+bool ConductorSheet::commit() {
+    for (FieldPanel* panel : panels_) panel->commit();
+    return refused_.isNull();
+}
+
+const LibraryConductor& ConductorSheet::conductor() {
+    static_cast<ConductorData&>(conductor_.c) = state_.calc_case;
+    conductor_.c.GMR_Merker_db = state_.calc_case.GMR_Merker_db;
+    conductor_.c.ACDC_R_Option_Merker_db = state_.calc_case.ACDC_R_Option_Merker_db;
+    conductor_.source = source_->text().toStdString();
+    return conductor_;
+}
+
+void ConductorSheet::focus_first() {
+    tabs_->setCurrentIndex(0);
+    panels_.front()->inputs().front()->setFocus();
+}
+
+void ConductorSheet::judge() {
+    const LangId lang = state_.session.lang;
+    for (const MethodLine& line : lines_) {
+        const bool fits = is_for_kind(state_.calc_case, line.method);
+        const auto missing = missing_for(state_.calc_case, line.method, lang);
+        const bool runs = fits && missing.empty();
+        line.mark->setText(runs ? good_mark : fits ? bad_mark : no_mark);
+        const QString told = !fits  ? qt(wrong_kind_text, lang)
+                             : runs ? qt(can_run, lang)
+                                    : qt(fill(missing_text.in(lang), {joined(missing, "; ")}));
+        line.text->setText(told);
+        line.text->setEnabled(fits);
+    }
+    QStringList figures;
+    if (conductor_.mass.given()) figures << qt(fill(mass_text.in(lang), {conductor_.mass.text}));
+    if (conductor_.strength.given())
+        figures << qt(fill(strength_text.in(lang), {conductor_.strength.text}));
+    figures_->setText(figures.join("   "));
+}
+
+void ConductorSheet::recaption(LangId lang) {
+    state_.session.lang = lang;
+    for (FieldPanel* panel : panels_) panel->recaption();
+    for (int i = 0; i < tabs_->count(); ++i) tabs_->setTabText(i, qt(tab_captions[i], lang));
+    source_label_->setText(qt(source_caption, lang));
+    methods_->setTitle(qt(methods_caption, lang));
+    judge();
+}
+
+void ConductorSheet::refused(QWidget* input) {
+    refused_ = input;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (refused_) refused_->setFocus();
+            refused_.clear();
+        },
+        Qt::QueuedConnection);
+}
+
+}  // namespace zel
