@@ -67,14 +67,21 @@ void add_language(CLI::App& command, CommonOptions& options) {
                                                                 {"comma", DecimalSeparator::Comma}};
     command
         .add_option_function<std::string>(
-            "--lang", [=, &options](const std::string& name) { options.lang = languages.at(name); },
+            "--lang",
+            [=, &options](const std::string& name) {
+                options.lang = languages.at(name);
+                options.lang_given = true;
+            },
             "Language of texts and messages (default: en)")
         ->check(CLI::IsMember({"de", "en"}))
         ->option_text("de|en");
     command
         .add_option_function<std::string>(
             "--decimal",
-            [=, &options](const std::string& name) { options.separator = separators.at(name); },
+            [=, &options](const std::string& name) {
+                options.separator = separators.at(name);
+                options.separator_given = true;
+            },
             "Decimal separator of typed and shown numbers (default: point)")
         ->check(CLI::IsMember({"point", "comma"}))
         ->option_text("point|comma");

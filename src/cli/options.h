@@ -23,6 +23,8 @@ struct CommonOptions {
     DecimalSeparator separator = DecimalSeparator::Point;
     bool silent = false;
     std::string conductor{};  // record or name of the one that the case takes; empty for its own
+    bool lang_given = false;  // on the command line
+    bool separator_given = false;
 
     [[nodiscard]] RunMode Meldung_merker() const {
         return silent ? RunMode::Silent : RunMode::Messages;

@@ -19,4 +19,9 @@ struct ProgramStores {
     [[nodiscard]] Settings settings() { return {shared, user, paths.data_folder}; }
 };
 
+/// Stands in for the first start of the conductor database, which makes the shared settings file
+/// with its two keys and the exchange file, and makes the folder for the user's data. Does nothing
+/// where the settings file is there. Throws `OutputError`.
+void start_companion_once(ProgramStores& stores);
+
 }  // namespace zel

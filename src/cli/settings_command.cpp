@@ -84,6 +84,7 @@ int settings_set_command(const std::string& key, const std::string& value,
     ProgramStores stores;
     Settings settings = stores.settings();
     try {
+        start_companion_once(stores);  // a file without its keys would keep the windows shut
         settings.write(row, entered);
     } catch (const OutputError& error) {
         throw InputError(error.what(), error.fault());

@@ -82,8 +82,8 @@ FieldPanel* ConductorSheet::make_panel(std::size_t section) {
 
 QWidget* ConductorSheet::make_tabs() {
     tabs_ = new QTabWidget;
-    using Columns = std::vector<std::vector<std::size_t>>;
-    const auto add_tab = [&](const Columns& columns) {
+    using Column = std::vector<std::size_t>;
+    const auto add_tab = [&](const std::vector<Column>& columns) {
         auto* page = new QWidget;
         auto* across = new QHBoxLayout(page);
         for (const auto& column : columns) {
@@ -99,9 +99,9 @@ QWidget* ConductorSheet::make_tabs() {
         }
         tabs_->addTab(scrolling(page), QString());
     };
-    add_tab(Columns{{designation, kind, geometry}});
-    add_tab(Columns{{std::size_t{material}}, {std::size_t{core}}});
-    add_tab(Columns{{resistance, conductivity, ac_pairs}});
+    add_tab({Column{designation, kind, geometry}});
+    add_tab({Column{material}, Column{core}});
+    add_tab({Column{resistance, conductivity, ac_pairs}});
     return tabs_;
 }
 

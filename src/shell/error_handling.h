@@ -15,6 +15,12 @@ namespace zel {
 
 /// What the handling keeps between calls, and what it needs of the program around it.
 struct ErrorHandling {
+    /// The messages follow `program_lang` as it changes.
+    ErrorHandling(const LangId& program_lang, Dialogs& program_dialogs)
+        : lang(program_lang), dialogs(program_dialogs) {}
+    ErrorHandling(const ErrorHandling&) = delete;
+    ErrorHandling& operator=(const ErrorHandling&) = delete;
+
     const LangId& lang;
     Dialogs& dialogs;
     std::function<void()> close_workbook = [] {};  // of a batch, so that nobody touches it again

@@ -65,9 +65,7 @@ std::optional<std::string> SharedFiles::read(const std::string& path) const {
 void SharedFiles::update(const std::string& path,
                          const std::function<std::string(const std::string&)>& edit) {
     const fs::path file(path);
-    std::error_code failed;
-    if (file.has_parent_path()) fs::create_directories(file.parent_path(), failed);
-    if (failed) throw OutputError(path + ": " + failed.message(), posix_fault(failed.value()));
+    if (file.has_parent_path()) make_folder(file.parent_path());
     const Lock lock(file);
     const bool exists = file_exists(path);
     std::string former;
@@ -79,6 +77,12 @@ void SharedFiles::update(const std::string& path,
     }
     const std::string text = edit(former);
     if (!exists || text != former) write_text_file(path, text);
+}
+
+void make_folder(const std::string& path) {
+    std::error_code failed;
+    fs::create_directories(path, failed);
+    if (failed) throw OutputError(path + ": " + failed.message(), posix_fault(failed.value()));
 }
 
 }  // namespace zel

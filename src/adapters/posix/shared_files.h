@@ -13,4 +13,7 @@ public:
                 const std::function<std::string(const std::string&)>& edit) override;
 };
 
+/// Makes the folder at `path` and those above it, where they are missing. Throws `OutputError`.
+void make_folder(const std::string& path);
+
 }  // namespace zel
