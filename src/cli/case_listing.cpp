@@ -19,6 +19,8 @@ constexpr Entry CalcCase::*nothing_at_0[] = {&CalcCase::GMR_db,   &CalcCase::ACR
                                              &CalcCase::TACR5_db, &CalcCase::TACR6_db};
 
 bool says_nothing(const CalcCase& c, const FormRow& row) {
+    if (const auto* whole = std::get_if<std::int16_t CalcCase::*>(&row.field))
+        return row.choices == nullptr && c.**whole == 0;
     const auto* field = std::get_if<Entry CalcCase::*>(&row.field);
     return field != nullptr && (c.**field).value == 0 &&
            std::find(std::begin(nothing_at_0), std::end(nothing_at_0), *field) !=

@@ -89,7 +89,7 @@ void sort_by(std::vector<const LibraryConductor*>& list, const std::string& key,
     std::stable_sort(list.begin(), list.end(), [&](const auto* a, const auto* b) {
         return column->number
                    ? number_in(*column, *a, separator) < number_in(*column, *b, separator)
-                   : column->text(*a) < column->text(*b);
+                   : text_before(column->text(*a), column->text(*b));
     });
 }
 

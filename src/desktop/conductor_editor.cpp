@@ -28,10 +28,12 @@ struct ConductorEditor::ButtonRow {
 
 namespace {
 
+constexpr int list_width = 600;  // pixels, of a window that is opened
+constexpr int sheet_width = 640;
+
 constexpr Text window_title = {"Leiterdatenbank", "Conductor database"};
 constexpr Text find_caption = {"&Suchen :", "&Find :"};
-constexpr Text find_hint = {"Wörter der Bezeichnung, der Norm oder der Bemerkung",
-                            "Words of the designation, the standard or the remark"};
+constexpr Text find_hint = {"Bezeichnung, Norm oder Bemerkung", "Designation, standard or remark"};
 constexpr Text count_text = {"{0} von {1} Leitern", "{0} of {1} conductors"};
 constexpr Text copied_name = {"{0} - Kopie", "{0} - copy"};
 constexpr Text copied_source = {"Kopie von {0}: {1}", "Copy of {0}: {1}"};
@@ -96,12 +98,10 @@ constexpr BoxText discard_question = {
 }  // namespace
 
 ConductorEditor::ConductorEditor(QWidget* parent, const DesktopState& program,
-                                 ConductorPlaces places, std::function<void()> take_over)
+                                 std::function<void()> take_over)
     : QDialog(parent, Qt::Window),
       program_(program),
-      places_(std::move(places)),
       take_over_(std::move(take_over)),
-      library_(*places_.files, places_.library, program.session.separator),
       table_(program.session),
       found_(table_),
       find_label_(new QLabel),
@@ -116,6 +116,7 @@ ConductorEditor::ConductorEditor(QWidget* parent, const DesktopState& program,
     split->addWidget(sheet_);
     split->setStretchFactor(0, 1);
     split->setStretchFactor(1, 1);
+    split->setSizes({list_width, sheet_width});
     auto* buttons = new QHBoxLayout;
     make_buttons(*buttons);
     auto* layout = new QVBoxLayout(this);
@@ -125,14 +126,33 @@ ConductorEditor::ConductorEditor(QWidget* parent, const DesktopState& program,
         find_->setFocus();
         find_->selectAll();
     });
-    table_.show(library_.conductors());
+    read_library();
     view_->resizeColumnsToContents();
     recaption();
     enter(Mode::Looking);
     view_->selectRow(0);
-    find_->setFocus();
     resize(1260, 740);
-    if (!library_.refusal_of_own().empty()) (void)tell(own_refused, {library_.refusal_of_own()});
+}
+
+void ConductorEditor::read_library() {
+    library_.emplace(*program_.conductors.files, program_.conductors.library,
+                     program_.session.separator);
+    table_.show(library_->conductors());
+}
+
+void ConductorEditor::open_anew() {
+    if (!isVisible()) {
+        const auto former = selected();
+        read_library();  // another program may have changed the user's file, or the separator
+        if (former) select(*former);
+        enter(Mode::Looking);
+        find_->setFocus();
+        show();
+        if (!library_->refusal_of_own().empty())
+            (void)tell(own_refused, {library_->refusal_of_own()});
+    }
+    raise();
+    activateWindow();
 }
 
 QWidget* ConductorEditor::make_list() {
@@ -218,7 +238,7 @@ std::optional<LibraryConductor> ConductorEditor::selected() const {
 }
 
 void ConductorEditor::select(const LibraryConductor& conductor) {
-    table_.show(library_.conductors());
+    table_.show(library_->conductors());
     if (!matches(conductor, find_->text().toStdString())) find_->clear();
     for (int row = 0; row < found_.rowCount(); ++row) {
         const LibraryConductor& candidate = found_.conductor(found_.index(row, 0));
@@ -282,7 +302,7 @@ void ConductorEditor::change() {
 void ConductorEditor::remove() {
     const LibraryConductor conductor = *selected();
     if (tell(remove_question, {full_name(conductor)}) != Answer::Yes) return;
-    if (carried_out([&] { library_.remove(conductor); }, not_kept)) select(conductor);
+    if (carried_out([&] { library_->remove(conductor); }, not_kept)) select(conductor);
 }
 
 void ConductorEditor::keep() {
@@ -291,12 +311,12 @@ void ConductorEditor::keep() {
     const CalcCase& c = conductor.c;
     if (without_outer_blanks(c.Bezeichnung1_db).empty()) return (void)tell(no_name);
     if (c.conductor_type_db == 0 || c.conductor_shape_db == 0) return (void)tell(no_kind);
-    for (const LibraryConductor& other : library_.conductors())
+    for (const LibraryConductor& other : library_->conductors())
         if (other.own && same_name(other, conductor) && !(before_ && same_name(other, *before_)))
             return (void)tell(name_taken, {full_name(conductor)});
     if (!confirmed(conductor)) return;
     const LibraryConductor* former = before_ ? &*before_ : nullptr;
-    if (!carried_out([&] { library_.keep(conductor, former); }, not_kept)) return;
+    if (!carried_out([&] { library_->keep(conductor, former); }, not_kept)) return;
     conductor.own = true;
     enter(Mode::Looking);
     select(conductor);
@@ -337,13 +357,13 @@ void ConductorEditor::reject() {
 bool ConductorEditor::write_record() {
     const auto conductor = selected();
     if (!conductor || mode_ != Mode::Looking) return false;
-    const std::string path = places_.exchange_file();
+    const std::string path = program_.settings.now().Einseil1_dat;
     if (path.empty()) {
         (void)tell(no_exchange_file);
         return false;
     }
-    return carried_out([&] { places_.files->write(path, written_record(conductor->c)); },
-                       not_written);
+    return carried_out(
+        [&] { program_.conductors.files->write(path, written_record(conductor->c)); }, not_written);
 }
 
 void ConductorEditor::choose() {

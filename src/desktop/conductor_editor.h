@@ -15,21 +15,16 @@ class QTableView;
 
 namespace zel {
 
-/// Where the conductor editor finds the conductors and puts the chosen one.
-struct ConductorPlaces {
-    Files* files = nullptr;
-    LibraryPlaces library{};
-    std::function<std::string()> exchange_file{};  // as the settings name it now
-};
-
 /// The conductor database of this program: shows the shipped and the user's own conductors, finds,
 /// sorts, and keeps own ones; the chosen one is written as a record into the exchange file.
 class ConductorEditor : public QDialog {
 public:
     /// `take_over` is called after a record was written that shall be taken over at once. Throws
     /// `InputError` where the shipped library is missing.
-    ConductorEditor(QWidget* parent, const DesktopState& program, ConductorPlaces places,
-                    std::function<void()> take_over);
+    ConductorEditor(QWidget* parent, const DesktopState& program, std::function<void()> take_over);
+
+    /// Comes up, to look at and choose from the conductors as they are now.
+    void open_anew();
 
     /// Captions in the language of the program's session.
     void recaption();
@@ -42,6 +37,7 @@ private:
     struct ButtonRow;
     enum class Mode : std::uint8_t { Looking, Adding, Changing };
 
+    void read_library();
     [[nodiscard]] QWidget* make_list();
     void make_buttons(QLayout& layout);
     [[nodiscard]] std::optional<LibraryConductor> selected() const;
@@ -63,9 +59,8 @@ private:
     Answer tell(const BoxText& text, std::initializer_list<std::string_view> values = {}) const;
 
     const DesktopState& program_;
-    ConductorPlaces places_;
     std::function<void()> take_over_;
-    ConductorLibrary library_;
+    std::optional<ConductorLibrary> library_;
     ConductorTable table_;
     FoundConductors found_;
     QLabel* find_label_;

@@ -1,5 +1,6 @@
 #include "desktop/conductor_sheet.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -15,19 +16,12 @@ namespace zel {
 namespace {
 
 // The sections of a conductor in the tables of the forms, by their order there.
-enum Section : std::size_t {
-    designation,
-    kind,
-    geometry,
-    resistance,
-    conductivity,
-    material,
-    core,
-    ac_pairs
-};
+namespace section {
+constexpr std::size_t designation = 0, kind = 1, geometry = 2, resistance = 3, conductivity = 4,
+                      material = 5, core = 6, ac_pairs = 7;
+}  // namespace section
 
-constexpr int one_column = 1;
-constexpr int pair_columns = 2;  // a resistance and its temperature
+constexpr int side_by_side = 2;
 
 constexpr Text tab_captions[] = {
     {"&Leiter", "C&onductor"}, {"&Werkstoffe", "&Materials"}, {"Wi&derstände", "&Resistances"}};
@@ -38,7 +32,7 @@ constexpr Text methods_caption = {"Berechnungsverfahren mit diesem Leiter",
                                   "Calculation methods with this conductor"};
 constexpr Text can_run = {"kann rechnen", "can run"};
 constexpr Text wrong_kind_text = {"nicht für diese Leiterart", "not for this type of conductor"};
-constexpr Text missing_text = {"es fehlt: {0}", "missing: {0}"};
+constexpr Text cannot_run = {"kann nicht rechnen: {0}", "cannot run: {0}"};
 constexpr const char* good_mark = "✓";
 constexpr const char* bad_mark = "✗";
 constexpr const char* no_mark = "–";
@@ -47,6 +41,19 @@ QLabel* plain_label() {
     auto* label = new QLabel;
     label->setTextFormat(Qt::PlainText);
     return label;
+}
+
+/// A closed input is as good to read as an open one, and looks as if nothing can be typed.
+void open_input(QWidget& input, bool open) {
+    QPalette palette = QApplication::palette();
+    if (!open) palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    for (const auto role : {QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
+    input.setPalette(palette);
+    if (auto* edit = qobject_cast<QLineEdit*>(&input))
+        edit->setReadOnly(!open);
+    else
+        input.setEnabled(open);
 }
 
 QWidget* scrolling(QWidget* content) {
@@ -60,10 +67,12 @@ QWidget* scrolling(QWidget* content) {
 }  // namespace
 
 ConductorSheet::ConductorSheet(const DesktopState& program)
-    : state_(program), sections_(conductor_sections().begin(), conductor_sections().end()) {
+    : state_{CalcCase{},      program.session,  program.store,
+             program.chooser, program.settings, program.launcher},
+      sections_(conductor_sections().begin(), conductor_sections().end()) {
     state_.case_changed = [this] { judge(); };
-    sections_[designation].columns = one_column;
-    sections_[ac_pairs].columns = pair_columns;
+    for (const std::size_t wide : {section::designation, section::geometry, section::ac_pairs})
+        sections_[wide].columns = side_by_side;
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(make_tabs(), 1);
@@ -89,8 +98,8 @@ QWidget* ConductorSheet::make_tabs() {
         for (const auto& column : columns) {
             auto* down = new QVBoxLayout;
             std::vector<FieldPanel*> aligned;
-            for (const std::size_t section : column) {
-                aligned.push_back(make_panel(section));
+            for (const std::size_t member : column) {
+                aligned.push_back(make_panel(member));
                 down->addWidget(aligned.back());
             }
             align(aligned);
@@ -99,9 +108,9 @@ QWidget* ConductorSheet::make_tabs() {
         }
         tabs_->addTab(scrolling(page), QString());
     };
-    add_tab({Column{designation, kind, geometry}});
-    add_tab({Column{material}, Column{core}});
-    add_tab({Column{resistance, conductivity, ac_pairs}});
+    add_tab({Column{section::designation, section::kind, section::geometry}});
+    add_tab({Column{section::material}, Column{section::core}});
+    add_tab({Column{section::resistance, section::conductivity, section::ac_pairs}});
     return tabs_;
 }
 
@@ -151,19 +160,18 @@ void ConductorSheet::show_conductor(const LibraryConductor& conductor, bool open
     for (FieldPanel* panel : panels_) panel->load();
     source_->setText(qt(conductor.source));
     source_->setCursorPosition(0);
+    // What is longer than its box can be read all the same.
+    source_->setToolTip(qt(conductor.source));
+    if (auto* remark = findChild<QLineEdit*>("Anmerkung_db"))
+        remark->setToolTip(qt(conductor.c.Anmerkung_db));
     open_inputs(open);
     judge();
 }
 
 void ConductorSheet::open_inputs(bool open) {
-    source_->setReadOnly(!open);
+    open_input(*source_, open);
     for (FieldPanel* panel : panels_)
-        for (QWidget* input : panel->inputs()) {
-            if (auto* edit = qobject_cast<QLineEdit*>(input))
-                edit->setReadOnly(!open);
-            else
-                input->setEnabled(open);
-        }
+        for (QWidget* input : panel->inputs()) open_input(*input, open);
 }
 
 bool ConductorSheet::commit() {
@@ -193,7 +201,7 @@ void ConductorSheet::judge() {
         line.mark->setText(runs ? good_mark : fits ? bad_mark : no_mark);
         const QString told = !fits  ? qt(wrong_kind_text, lang)
                              : runs ? qt(can_run, lang)
-                                    : qt(fill(missing_text.in(lang), {joined(missing, "; ")}));
+                                    : qt(fill(cannot_run.in(lang), {joined(missing, "; ")}));
         line.text->setText(told);
         line.text->setEnabled(fits);
     }

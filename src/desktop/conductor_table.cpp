@@ -90,11 +90,7 @@ QVariant ConductorTable::headerData(int section, Qt::Orientation orientation, in
     return qt(column_at(section).head, session_.lang);
 }
 
-FoundConductors::FoundConductors(ConductorTable& table) : table_(table) {
-    collator_.setNumericMode(true);
-    collator_.setCaseSensitivity(Qt::CaseInsensitive);
-    setSourceModel(&table);
-}
+FoundConductors::FoundConductors(ConductorTable& table) : table_(table) { setSourceModel(&table); }
 
 void FoundConductors::find(const std::string& typed) {
     typed_ = typed;
@@ -113,7 +109,7 @@ bool FoundConductors::lessThan(const QModelIndex& left, const QModelIndex& right
     const QVariant a = table_.data(left, ConductorTable::sort_role);
     const QVariant b = table_.data(right, ConductorTable::sort_role);
     if (a.typeId() == QMetaType::Double) return a.toDouble() < b.toDouble();
-    return collator_.compare(a.toString(), b.toString()) < 0;
+    return text_before(a.toString().toStdString(), b.toString().toStdString());
 }
 
 }  // namespace zel

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QCollator>
 #include <QSortFilterProxyModel>
 #include <vector>
 
@@ -36,8 +35,7 @@ private:
     std::vector<LibraryConductor> conductors_;
 };
 
-/// The rows of a `ConductorTable` that have the typed words, in the order of a column. Numbers in
-/// names count as numbers: 34-AL1 comes before 122-AL1.
+/// The rows of a `ConductorTable` that have the typed words, in the order of a column.
 class FoundConductors : public QSortFilterProxyModel {
 public:
     explicit FoundConductors(ConductorTable& table);
@@ -51,7 +49,6 @@ protected:
 
 private:
     ConductorTable& table_;
-    QCollator collator_;
     std::string typed_;
 };
 

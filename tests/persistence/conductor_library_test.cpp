@@ -137,6 +137,25 @@ TEST_F(Library, lists_the_near_ones_of_an_unknown_or_ambiguous_name) {
     EXPECT_EQ(refused(""), "\"\": no conductor of the library has this name");
 }
 
+TEST(ConductorNames, come_in_the_order_of_letters_and_numbers) {
+    const std::pair<const char*, const char*> ordered[] = {
+        {"34-AL1", "122-AL1"},
+        {"122-AL1/20", "122-AL1/71"},
+        {"122-AL1", "122-al1/20"},
+        {"Horse", "moose"},
+        {"", "a"},
+        {"122-AL1", "MOOSE"},
+        {"TUBE 80x5", "tube 80x06"},
+        {"a9b2", "a10b1"},
+    };
+    for (const auto& [first, second] : ordered) {
+        EXPECT_TRUE(text_before(first, second)) << first;
+        EXPECT_FALSE(text_before(second, first)) << first;
+        EXPECT_FALSE(text_before(first, first)) << first;
+    }
+    EXPECT_FALSE(text_before("Moose", "moose"));
+}
+
 TEST_F(Library, matches_words_in_any_order) {
     const auto library = open();
     const auto count = [&](const char* typed) {
