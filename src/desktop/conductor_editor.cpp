@@ -344,7 +344,7 @@ bool ConductorEditor::may_be_left() {
     if (mode_ == Mode::Looking) return true;
     (void)sheet_->commit();
     const LibraryConductor& conductor = sheet_->conductor();
-    if (before_ && conductor.c == before_->c && conductor.source == before_->source) return true;
+    if (before_ && conductor_table({&conductor, 1}) == conductor_table({&*before_, 1})) return true;
     return tell(discard_question, {full_name(conductor)}) == Answer::Yes;
 }
 

@@ -9,8 +9,10 @@
 #include <QTabWidget>
 
 #include "desktop/group.h"
+#include "desktop/number_keys.h"
 #include "desktop/qt_text.h"
 #include "workflow/conductor_needs.h"
+#include "workflow/entry_rules.h"
 
 namespace zel {
 namespace {
@@ -23,11 +25,24 @@ constexpr std::size_t designation = 0, kind = 1, geometry = 2, resistance = 3, c
 
 constexpr int side_by_side = 2;
 
-constexpr Text tab_captions[] = {
-    {"&Leiter", "C&onductor"}, {"&Werkstoffe", "&Materials"}, {"Wi&derstände", "&Resistances"}};
+struct Tab {
+    Text caption;
+    std::vector<std::size_t> sections;
+};
+
+const std::vector<Tab>& tabs_of_sheet() {
+    static const std::vector<Tab> tabs = {
+        {{"&Leiter", "C&onductor"}, {section::designation, section::kind, section::geometry}},
+        {{"Leiter&werkstoff", "Conductor &material"}, {section::material}},
+        {{"Ke&rn", "Cor&e"}, {section::core}},
+        {{"Wi&derstand", "&Resistance"}, {section::resistance, section::conductivity}},
+        {{"AC-Wert&epaare", "AC &pairs"}, {section::ac_pairs}},
+    };
+    return tabs;
+}
+
 constexpr Text source_caption = {"Quelle :", "Source :"};
-constexpr Text mass_text = {"Masse {0} kg/km", "Mass {0} kg/km"};
-constexpr Text strength_text = {"Bruchkraft {0} kN", "Rated strength {0} kN"};
+constexpr int figure_width = 80;  // pixels
 constexpr Text methods_caption = {"Berechnungsverfahren mit diesem Leiter",
                                   "Calculation methods with this conductor"};
 constexpr Text can_run = {"kann rechnen", "can run"};
@@ -71,7 +86,7 @@ ConductorSheet::ConductorSheet(const DesktopState& program)
              program.chooser, program.settings, program.launcher},
       sections_(conductor_sections().begin(), conductor_sections().end()) {
     state_.case_changed = [this] { judge(); };
-    for (const std::size_t wide : {section::designation, section::geometry, section::ac_pairs})
+    for (const std::size_t wide : {section::designation, section::ac_pairs})
         sections_[wide].columns = side_by_side;
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -91,26 +106,18 @@ FieldPanel* ConductorSheet::make_panel(std::size_t section) {
 
 QWidget* ConductorSheet::make_tabs() {
     tabs_ = new QTabWidget;
-    using Column = std::vector<std::size_t>;
-    const auto add_tab = [&](const std::vector<Column>& columns) {
+    for (const Tab& tab : tabs_of_sheet()) {
         auto* page = new QWidget;
-        auto* across = new QHBoxLayout(page);
-        for (const auto& column : columns) {
-            auto* down = new QVBoxLayout;
-            std::vector<FieldPanel*> aligned;
-            for (const std::size_t member : column) {
-                aligned.push_back(make_panel(member));
-                down->addWidget(aligned.back());
-            }
-            align(aligned);
-            down->addStretch();
-            across->addLayout(down, 1);
+        auto* down = new QVBoxLayout(page);
+        std::vector<FieldPanel*> panels;
+        for (const std::size_t member : tab.sections) {
+            panels.push_back(make_panel(member));
+            down->addWidget(panels.back());
         }
+        align(panels);
+        down->addStretch();
         tabs_->addTab(scrolling(page), QString());
-    };
-    add_tab({Column{section::designation, section::kind, section::geometry}});
-    add_tab({Column{section::material}, Column{section::core}});
-    add_tab({Column{section::resistance, section::conductivity, section::ac_pairs}});
+    }
     return tabs_;
 }
 
@@ -119,14 +126,25 @@ QWidget* ConductorSheet::make_source() {
     source_->setObjectName("source");
     source_label_ = plain_label();
     source_label_->setBuddy(source_);
-    figures_ = plain_label();
-    figures_->setObjectName("figures");
     auto* line = new QWidget;
     auto* layout = new QHBoxLayout(line);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(source_label_);
     layout->addWidget(source_, 1);
-    layout->addWidget(figures_);
+    for (FigureLine& figure : figures_) {
+        figure.label = plain_label();
+        figure.edit = new QLineEdit;
+        figure.edit->setObjectName(figure.name);
+        figure.edit->setAlignment(Qt::AlignRight);
+        figure.edit->setFixedWidth(figure_width);
+        figure.edit->installEventFilter(new NumberKeys(figure.edit, state_.session));
+        figure.label->setBuddy(figure.edit);
+        layout->addWidget(figure.label);
+        layout->addWidget(figure.edit);
+        auto* unit = plain_label();
+        unit->setText(figure.unit);
+        layout->addWidget(unit);
+    }
     return line;
 }
 
@@ -164,18 +182,30 @@ void ConductorSheet::show_conductor(const LibraryConductor& conductor, bool open
     source_->setToolTip(qt(conductor.source));
     if (auto* remark = findChild<QLineEdit*>("Anmerkung_db"))
         remark->setToolTip(qt(conductor.c.Anmerkung_db));
+    for (const FigureLine& figure : figures_)
+        figure.edit->setText(qt((conductor.*figure.value).text));
     open_inputs(open);
     judge();
 }
 
 void ConductorSheet::open_inputs(bool open) {
     open_input(*source_, open);
+    for (const FigureLine& figure : figures_) open_input(*figure.edit, open);
     for (FieldPanel* panel : panels_)
         for (QWidget* input : panel->inputs()) open_input(*input, open);
 }
 
 bool ConductorSheet::commit() {
     for (FieldPanel* panel : panels_) panel->commit();
+    for (const FigureLine& figure : figures_) {
+        const auto refusal =
+            enter(conductor_.*figure.value, nullptr, figure.edit->text().toStdString(),
+                  state_.session.separator, state_.session.lang);
+        if (!refusal) continue;
+        figure.edit->clear();
+        state_.session.tell(*refusal);
+        refused(figure.edit);
+    }
     return refused_.isNull();
 }
 
@@ -205,18 +235,15 @@ void ConductorSheet::judge() {
         line.text->setText(told);
         line.text->setEnabled(fits);
     }
-    QStringList figures;
-    if (conductor_.mass.given()) figures << qt(fill(mass_text.in(lang), {conductor_.mass.text}));
-    if (conductor_.strength.given())
-        figures << qt(fill(strength_text.in(lang), {conductor_.strength.text}));
-    figures_->setText(figures.join("   "));
 }
 
 void ConductorSheet::recaption(LangId lang) {
     state_.session.lang = lang;
     for (FieldPanel* panel : panels_) panel->recaption();
-    for (int i = 0; i < tabs_->count(); ++i) tabs_->setTabText(i, qt(tab_captions[i], lang));
+    int index = 0;
+    for (const Tab& tab : tabs_of_sheet()) tabs_->setTabText(index++, qt(tab.caption, lang));
     source_label_->setText(qt(source_caption, lang));
+    for (const FigureLine& figure : figures_) figure.label->setText(qt(figure.caption, lang));
     methods_->setTitle(qt(methods_caption, lang));
     judge();
 }

@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <array>
 #include <vector>
 
 #include "desktop/field_panel.h"
@@ -34,6 +35,16 @@ private:
         QLabel* text;
     };
 
+    /// A figure of the library that no field of a case stands for.
+    struct FigureLine {
+        const char* name;
+        Text caption;
+        const char* unit;
+        Entry LibraryConductor::*value;
+        QLabel* label = nullptr;
+        QLineEdit* edit = nullptr;
+    };
+
     [[nodiscard]] QWidget* make_tabs();
     [[nodiscard]] QWidget* make_source();
     [[nodiscard]] QGroupBox* make_methods();
@@ -50,7 +61,9 @@ private:
     QTabWidget* tabs_ = nullptr;
     QLineEdit* source_ = nullptr;
     QLabel* source_label_ = nullptr;
-    QLabel* figures_ = nullptr;  // mass and strength
+    std::array<FigureLine, 2> figures_ = {
+        FigureLine{"mass", {"Masse :", "Mass :"}, "kg/km", &LibraryConductor::mass},
+        FigureLine{"strength", {"Bruchkraft :", "Strength :"}, "kN", &LibraryConductor::strength}};
     QGroupBox* methods_ = nullptr;
     QPointer<QWidget> refused_;
 };

@@ -204,11 +204,13 @@ TEST_F(ConductorEditorTest, copies_changes_and_deletes_a_conductor_of_ones_own) 
     EXPECT_EQ(in_box("Bezeichnung1_db"), "264-AL1/34-ST1A - Kopie");
     fill_in("Bezeichnung1_db", "Hausseil");
     fill_in("Text7", "95,5");
+    fill_in("mass", "1000,5");
     EXPECT_EQ(told("runs_TB601"), "kann rechnen");
     click("keep");
     EXPECT_THAT(dialogs.shown, IsEmpty());
     EXPECT_EQ(in_box("Bezeichnung1_db"), "Hausseil");
-    EXPECT_THAT(disk.files[own_file], AllOf(HasSubstr("Hausseil"), HasSubstr(",95.5,")));
+    EXPECT_THAT(disk.files[own_file],
+                AllOf(HasSubstr("Hausseil"), HasSubstr(",95.5,"), HasSubstr(",1000.5,")));
     EXPECT_EQ(told("count"), "2 von 100 Leitern");
 
     click("change");
@@ -287,6 +289,16 @@ TEST_F(ConductorEditorTest, asks_before_changes_are_lost) {
     editor().reject();
     EXPECT_FALSE(editor().isVisible());
     EXPECT_THAT(dialogs.shown, SizeIs(2));
+}
+
+TEST_F(ConductorEditorTest, does_not_ask_where_nothing_was_changed) {
+    open_editor();
+    click("copy");
+    click("keep");
+    click("change");
+    click("discard");
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+    EXPECT_FALSE(part<QPushButton>("keep").isVisible());
 }
 
 TEST_F(ConductorEditorTest, tells_a_refused_own_file_and_leaves_it) {
