@@ -25,12 +25,15 @@ int conductor_show_command(const std::string& record_or_name, const CommonOption
 int conductor_write_command(const std::string& fragment_path, const std::string& record,
                             const CommonOptions& options);
 
+/// With `series` the course of the temperature is told too.
+int transient_command(const std::string& case_path, bool series, const CommonOptions& options);
+
+int short_circuit_command(const std::string& case_path, const CommonOptions& options);
+
 int settings_list_command(const CommonOptions& options);
 int settings_get_command(const std::string& key, const CommonOptions& options);
 int settings_set_command(const std::string& key, const std::string& value,
                          const CommonOptions& options);
-
-int short_circuit_command(const std::string& case_path, const CommonOptions& options);
 
 /// `case_path` may be empty: the windows then open without a case.
 int desktop_command(int& argc, char** argv, const std::string& case_path,

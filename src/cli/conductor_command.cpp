@@ -13,6 +13,7 @@
 #include "platform/input_error.h"
 #include "workflow/conductor_needs.h"
 #include "workflow/entry_rules.h"
+#include "workflow/transient_cells.h"
 
 namespace zel {
 namespace {
@@ -177,8 +178,11 @@ ConductorData conductor_of_fragment(const std::string& path, const CommonOptions
         return std::any_of(record_fields().begin(), record_fields().end(),
                            [&](const RecordField& row) { return name_of(row.field) == name; });
     };
+    const CellRule cell_rule = [&](CalcCase& c, StateCellPlace place, std::string_view typed) {
+        return read_cell(c, place, typed, options.separator, options.lang);
+    };
     try {
-        CaseFile file = read_case(values, options.separator, rule);
+        CaseFile file = read_case(values, options.separator, rule, cell_rule);
         std::string left_out;
         for (const FlatMember& member : values)
             if (!in_record(member.key)) left_out += (left_out.empty() ? "" : ", ") + member.key;

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <utility>
 
 #include "adapters/posix/posix_files.h"
@@ -43,7 +44,7 @@ int desktop_command(int& argc, char** argv, const std::string& case_path,
         if (case_path != "-") desktop.start_path = case_path;
     }
     JsonCaseStore store;
-    const std::string documents = program_folder() + "/../share/doc/zel";
+    const auto documents = std::filesystem::path(program_folder()).parent_path() / "share/doc/zel";
     PosixFiles files;
     return run_desktop(argc, argv, std::move(desktop),
                        {store,

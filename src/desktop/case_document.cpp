@@ -11,6 +11,7 @@
 #include "shell/program_texts.h"
 #include "workflow/bundle.h"
 #include "workflow/entry_rules.h"
+#include "workflow/transient_cells.h"
 
 namespace zel {
 namespace {
@@ -54,7 +55,7 @@ constexpr std::pair<std::string_view, std::int16_t CalcCase::*> case_settings[] 
 CaseDocument::CaseDocument(DesktopState& state) : state_(state), stored_(entered()) {}
 
 FlatObject CaseDocument::entered() const {
-    CalcCase c = without_derived_current(state_.calc_case);
+    CalcCase c = without_found_values(without_derived_current(state_.calc_case));
     // What a setting changes is no input of the user.
     for (const auto& [key, member] : case_settings) c.*member = CalcCase().*member;
     return values_of(c);
@@ -107,8 +108,11 @@ bool CaseDocument::read(const std::string& path) {
     const EntryRule rule = [&](Entry& field, Entry CalcCase::*key, std::string_view text) {
         return enter(field, key, text, session.separator, session.lang);
     };
+    const CellRule cell_rule = [&](CalcCase& c, StateCellPlace place, std::string_view text) {
+        return read_cell(c, place, text, session.separator, session.lang);
+    };
     try {
-        CaseFile file = read_case(values, session.separator, rule);
+        CaseFile file = read_case(values, session.separator, rule, cell_rule);
         take_missing_settings(file.c, values);
         adopt_settings(file.c, state_.settings, session);
         state_.settings_changed();

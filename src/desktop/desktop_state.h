@@ -14,6 +14,7 @@
 #include "shell/session.h"
 #include "steady/calc_case.h"
 #include "workflow/steady_methods.h"
+#include "workflow/transient_memory.h"
 
 namespace zel {
 
@@ -29,7 +30,9 @@ struct DesktopState {
     std::string case_path{};                     // the file of the case; empty where there is none
     std::function<void()> case_changed = [] {};  // called by whoever changes the case
     std::function<void()> settings_changed = [] {};  // called by whoever changes a setting
-    MethodMemory memory{};  // the session of a started program points to it
+    MethodMemory memory{};        // the session of a started program points to it
+    TransientMemory transient{};  // where a transient starts, and the last one
+    int patience_ms = 300;        // a longer run shows its progress
     ProgramState program{};
     std::vector<std::string> help_folders{};     // where the help documents lie
     std::function<void()> open_short_circuit{};  // shows KS_Form1; empty where there is none

@@ -5,14 +5,18 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/group.h"
 #include "desktop/qt_text.h"
 
 namespace zel {
 namespace {
+
+constexpr std::size_t longest_short = 20;  // characters: such options stand side by side
 
 constexpr Text title = {"Berechnungs-u. Anzeige-Einstellungen festlegen",
                         "Specify calculation- and display settings..."};
@@ -52,16 +56,23 @@ FrmProgConfig::FrmProgConfig(QWidget* parent, DesktopState& state)
     connect(standard, &QPushButton::clicked, this, [this] { set_standard(); });
     connect(back, &QPushButton::clicked, this, &QDialog::accept);
     show_present();
-    resize(content->sizeHint().width() + 60, 700);
+    // As high as the options need, where the screen has room for it.
+    const int most = screen()->availableGeometry().height() - 60;
+    resize(content->sizeHint().width() + 60, std::min(content->sizeHint().height() + 80, most));
 }
 
 QGroupBox* FrmProgConfig::make_group(const ConfigGroup& group) {
     const LangId lang = state_.session.lang;
     auto* box = new QGroupBox(qt(group.caption, lang));
     QWidget* inside = inside_of(*box);
-    auto* layout = new QVBoxLayout(inside);
+    const bool short_options =
+        std::all_of(group.options.begin(), group.options.end(), [](const ConfigOption& option) {
+            return option.caption.de.size() < longest_short;
+        });
+    auto* layout =
+        new QBoxLayout(short_options ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, inside);
     layout->setContentsMargins(10, 2, 10, 4);
-    layout->setSpacing(2);
+    layout->setSpacing(short_options ? 24 : 2);
     if (!group.line.de.empty()) layout->addWidget(new QLabel(qt(group.line, lang)));
     for (const ConfigOption& option : group.options) {
         auto* button = new QRadioButton(qt(option.caption, lang));
@@ -70,6 +81,7 @@ QGroupBox* FrmProgConfig::make_group(const ConfigGroup& group) {
         layout->addWidget(button);
         options_.emplace_back(&option, button);
     }
+    if (short_options) layout->addStretch();
     return box;
 }
 

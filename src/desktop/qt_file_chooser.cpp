@@ -25,6 +25,7 @@ constexpr Caption captions[] = {
     {QFileDialog::Reject, {"Abbrechen", "Cancel"}},
 };
 constexpr Text open_caption = {"Öffnen", "Open"};
+constexpr Text select_caption = {"Auswählen", "Select"};
 constexpr Text save_caption = {"Speichern", "Save"};
 
 }  // namespace
@@ -75,6 +76,8 @@ std::optional<std::string> QtFileChooser::path_to_select(const PathQuestion& que
     window.setDefaultSuffix(qt(question.suffix));
     window.setDirectory(qt(question.folder));
     recaption(window);
+    const LangId lang = lang_ != nullptr ? *lang_ : LangId::English;
+    window.setLabelText(QFileDialog::Accept, qt(select_caption, lang));
     if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty()) return std::nullopt;
     return window.selectedFiles().constFirst().toStdString();
 }

@@ -18,6 +18,7 @@ inline constexpr Text long_title_2 = {
     "Stromstärke- /Temperaturberechnung von Seilen und Stromschienen",
     "Current and temperature calculations of overhead conductors and busbars"};
 
+// The second program area: thermal short-circuit strength.
 inline constexpr Text short_circuit_title = {
     "Thermische Kurzschlußfestigkeit nach IEC 865-1",
     "Short-circuit current - Thermal effect on bare conductors and equipment"};

@@ -44,6 +44,7 @@ protected:
                                      settings,
                                      launcher});
         state->conductors = {&disk, {"/shipped", "/data/conductors.csv"}};
+        state->session.memory = &state->memory;
         form_main = std::make_unique<FormMain>(*state);
         form_main->show();
         form1().show();

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "desktop/application.h"
 #include "desktop/config_options.h"
 #include "desktop/desktop_fixture.h"
 #include "desktop/frm_languageselect.h"
@@ -66,6 +67,19 @@ TEST_F(SettingsWindows, options_reach_case_and_session) {
     EXPECT_EQ(calc_case().wzsz_merker_db, 1);
     EXPECT_FALSE(state->session.wi_v_wi_merker);
     EXPECT_FALSE(form1().isWindowModified());
+}
+
+TEST_F(SettingsWindows, fields_of_measured_values_are_shown_where_wanted) {
+    english();
+    auto& field = control("Messwert_Strom_db");
+    EXPECT_FALSE(field.isVisible());
+    FrmProgConfig form(nullptr, *state);
+    in<QRadioButton>(form, "Option15").click();
+    EXPECT_TRUE(field.isVisible());
+    type("Messwert_Strom_db", "620.5");
+    EXPECT_EQ(calc_case().Messwert_Strom_db, (Entry{"620.5", 620.5}));
+    in<QRadioButton>(form, "Option14").click();
+    EXPECT_FALSE(field.isVisible());
 }
 
 TEST_F(SettingsWindows, heat_capacity_without_coefficient_is_told_and_not_kept) {
@@ -315,6 +329,19 @@ TEST_F(SettingsWindows, an_opened_case_asks_before_it_changes_a_setting) {
     EXPECT_THAT(dialogs.shown, SizeIs(2));
     trigger(form1(), "new_case");
     EXPECT_EQ(calc_case().Gravi_merker1_db, 2);
+}
+
+TEST_F(SettingsWindows, an_error_out_of_a_handler_is_told_and_the_program_goes_on) {
+    english();
+    auto& application = dynamic_cast<Application&>(*QApplication::instance());
+    application.tell_errors_by(&state->errors);
+    auto& button = in<QPushButton>(*form_main, "open_Form1");
+    QObject::connect(&button, &QPushButton::pressed, &button,
+                     [] { throw PlatformError(PlatformFault::PathMissing, "/x"); });
+    press(button, Qt::Key_Space);
+    application.tell_errors_by(nullptr);
+    ASSERT_THAT(dialogs.shown, SizeIs(1));
+    EXPECT_EQ(dialogs.shown[0].lines.at(0), "Error 76 in form_main.open_Form1");
 }
 
 TEST_F(SettingsWindows, a_setting_that_cannot_be_written_holds_for_the_run) {
