@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <string>
 
@@ -202,6 +203,27 @@ void add_conductor(CLI::App& app, CommonOptions& options, Command& chosen) {
     });
 }
 
+/// Reads the words of the user. Gives what is done instead of a command where they are wrong or
+/// want help.
+std::optional<Command> parse(CLI::App& app, int argc, char** argv) {
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        std::ostringstream help;
+        std::ostringstream refusal;
+        const bool wanted = app.exit(error, help, refusal) == 0;
+        if (!wanted) Console::tell_reason(refusal.str());
+        if (wanted && !print(help.str())) return [] { return exit_failed; };
+        return [wanted] { return wanted ? exit_done : exit_refused; };
+    }
+    if (app.get_subcommands().empty())
+        return [help = app.help()] {
+            Console::tell_reason("a command is needed\n\n" + help);
+            return exit_refused;
+        };
+    return std::nullopt;
+}
+
 /// Reads the command line. A wrong one is told on standard error, help is printed; both give the
 /// exit status through `command`.
 Command read_command_line(int& argc, char** argv, CommonOptions& options) {
@@ -250,21 +272,7 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
     add_settings(app, options, chosen);
     add_conductor(app, options, chosen);
 
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        std::ostringstream help;
-        std::ostringstream refusal;
-        const bool wanted = app.exit(error, help, refusal) == 0;
-        if (!wanted) Console::tell_reason(refusal.str());
-        if (wanted && !print(help.str())) return [] { return exit_failed; };
-        return [wanted] { return wanted ? exit_done : exit_refused; };
-    }
-    if (app.get_subcommands().empty())
-        return [help = app.help()] {
-            Console::tell_reason("a command is needed\n\n" + help);
-            return exit_refused;
-        };
+    if (auto instead = parse(app, argc, argv)) return *instead;
     if (chosen) return chosen;
     if (steady->parsed()) return [=, &options] { return steady_command(case_path, options); };
     if (transient->parsed())

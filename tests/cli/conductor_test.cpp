@@ -187,6 +187,19 @@ TEST_F(ConductorCommand, a_conductor_of_the_wrong_kind_is_refused) {
     EXPECT_EQ(run({"steady", "-", "--conductor", "none such"}, rating("")).exit_status, 2);
 }
 
+TEST_F(ConductorCommand, a_named_conductor_follows_its_changes_of_state) {
+    // 434.3 mm² of aluminium and 56.3 mm² of steel hold 1.27 kJ/(K m).
+    const std::string input = rating(R"(, "rechnung_cigre207_merker_db": 1, "Z1_merker_db": 2,
+        "Z1_Strom_db": 1200, "Z1_min_db": 1, "Z1_sec_db": 0)");
+    const json document = run_json({"transient", "-", "--conductor", "435/55"}, input);
+    const double first = document.at("start").at("temperature_C");
+    const double last = document.at("rows").at(0).at("Temp_C");
+    // The balance at 80 °C stands at some 950 A: 1200 A surpass it by some 45 W/m at first, which
+    // is 2.1 K in a minute, less what the rising temperature gives off.
+    EXPECT_GT(last, first + 1);
+    EXPECT_LT(last, first + 4);
+}
+
 TEST_F(ConductorCommand, a_tube_of_the_library_runs_by_the_busbar_method) {
     const json document = run_json({"steady", "-", "--conductor", "120/8"},
                                    rating(R"(, "rechnung_TBB_merker_db": 1)"));

@@ -148,6 +148,7 @@ TEST_F(ConductorEditorTest, writes_the_record_and_takes_it_over_on_wish) {
     EXPECT_EQ(typed_in("T_Koeff_DC_Resist_Leiter_quadrat_db"), "0.00");
     EXPECT_EQ(typed_in("Normjahr_db"), "2001");
     EXPECT_EQ(typed_in("Normmonat_db"), "00");
+    EXPECT_EQ(typed_in("DrahtzahlLeiter_db"), "54");
     // What the record lacks and the case has not is filled from the library, and told.
     EXPECT_EQ(typed_in("Text23"), "1.5");
     ASSERT_THAT(dialogs.shown, SizeIs(1));
