@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/qt_language.h"
 #include "desktop/qt_text.h"
 #include "desktop/window_icon.h"
 #include "shell/case_settings.h"
@@ -84,7 +85,12 @@ QWidget* FormMain::make_content() {
     open_form1_->setObjectName("open_Form1");
     open_form1_->setDefault(true);
     open_short_circuit_->setObjectName("open_KS_Form1");
+    auto* areas = new QWidget;  // gives both the width of the wider one
+    auto* column = new QVBoxLayout(areas);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(14);
     for (QPushButton* area : {open_form1_, open_short_circuit_}) {
+        column->addWidget(area);
         area->setMinimumSize(460, 56);
         QFont font = area->font();
         font.setPointSizeF(font.pointSizeF() * 1.2);
@@ -98,8 +104,7 @@ QWidget* FormMain::make_content() {
     for (QWidget* widget : std::initializer_list<QWidget*>{picture, name_, title_})
         layout->addWidget(widget);
     layout->addSpacing(16);
-    layout->addWidget(open_form1_, 0, Qt::AlignHCenter);
-    layout->addWidget(open_short_circuit_, 0, Qt::AlignHCenter);
+    layout->addWidget(areas, 0, Qt::AlignHCenter);
     layout->addStretch();
     layout->addWidget(version_);
     return content;
@@ -115,6 +120,7 @@ void FormMain::switch_language(LangId lang) {
 
 void FormMain::recaption() {
     const LangId lang = state_.session.lang;
+    set_qt_language(lang);
     setWindowTitle(qt(short_name, lang));
     name_->setText(qt(short_name, lang));
     title_->setText(qt(long_title, lang));

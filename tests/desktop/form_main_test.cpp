@@ -1,6 +1,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QGroupBox>
+#include <QKeySequence>
 #include <QTimer>
 
 #include "desktop/desktop.h"
@@ -30,6 +31,8 @@ protected:
                   german ? "&Beenden" : "E&xit");
         EXPECT_EQ(pages().tabText(input_page).toStdString(),
                   german ? "&Eingabedaten" : "&Input data");
+        EXPECT_EQ(QKeySequence("Ctrl+Q").toString(QKeySequence::NativeText).toStdString(),
+                  german ? "Strg+Q" : "Ctrl+Q");
         for (QWidget* window :
              {static_cast<QWidget*>(form_main.get()), static_cast<QWidget*>(&form1())}) {
             EXPECT_EQ(action(*window, "m_userinterface_german").isChecked(), german);
@@ -54,6 +57,12 @@ TEST_F(FormMainTest, language_switch_changes_both_windows_at_once) {
     expect_language(false);
     action(form1(), "m_userinterface_english").trigger();  // chosen again, the mark stays
     expect_language(false);
+}
+
+TEST_F(FormMainTest, buttons_of_both_areas_have_one_width) {
+    open();
+    EXPECT_EQ(form_main->findChild<QAbstractButton*>("open_Form1")->width(),
+              form_main->findChild<QAbstractButton*>("open_KS_Form1")->width());
 }
 
 TEST_F(FormMainTest, shown_result_is_told_in_the_new_language) {
