@@ -46,7 +46,8 @@ void set_look() {
     QApplication::setFont(font);
     // The style's own grey is hard to read.
     QPalette palette = QApplication::palette();
-    for (const QPalette::ColorRole text : {QPalette::WindowText, QPalette::ButtonText})
+    for (const QPalette::ColorRole text :
+         {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
         palette.setColor(QPalette::Disabled, text, greyed);
     QApplication::setPalette(palette);
     QApplication::setWindowIcon(window_icon());

@@ -7,7 +7,9 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/qt_language.h"
 #include "desktop/qt_text.h"
@@ -144,11 +146,23 @@ void FormMain::recaption() {
 
 void FormMain::open_form1() {
     if (!form1_.isVisible()) {
-        form1_.move(pos() + beside);
+        place_beside(form1_);
         full_screen() ? form1_.showMaximized() : form1_.showNormal();
     }
     form1_.raise();
     form1_.activateWindow();
+}
+
+/// Down and to the right of this window, and whole on its screen.
+void FormMain::place_beside(QWidget& window) const {
+    const QRect room = screen()->availableGeometry();
+    const QSize frame = frameGeometry().size() - size();
+    window.resize(window.size().boundedTo(room.size() - frame));
+    const QPoint last = room.bottomRight() + QPoint(1, 1) -
+                        QPoint(window.width() + frame.width(), window.height() + frame.height());
+    const QPoint wanted = pos() + beside;
+    window.move(std::max(room.left(), std::min(wanted.x(), last.x())),
+                std::max(room.top(), std::min(wanted.y(), last.y())));
 }
 
 bool FormMain::full_screen() const { return state_.settings.now().Vollbildmodus == 1; }

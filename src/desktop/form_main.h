@@ -36,6 +36,7 @@ private:
     void switch_language(LangId lang);
     void recaption();
     void open_form1();
+    void place_beside(QWidget& window) const;
     void apply_settings();
     void apply_separator();
     void apply_window_mode();

@@ -2,6 +2,7 @@
 #include <QAction>
 #include <QGroupBox>
 #include <QKeySequence>
+#include <QScreen>
 #include <QTimer>
 
 #include "desktop/desktop.h"
@@ -63,6 +64,22 @@ TEST_F(FormMainTest, buttons_of_both_areas_have_one_width) {
     open();
     EXPECT_EQ(form_main->findChild<QAbstractButton*>("open_Form1")->width(),
               form_main->findChild<QAbstractButton*>("open_KS_Form1")->width());
+}
+
+TEST_F(FormMainTest, form1_opens_whole_on_the_screen) {
+    open();
+    state->change(&ProgramSettings::Vollbildmodus, 2);
+    const QRect room = form_main->screen()->availableGeometry();
+    for (const QPoint corner : {room.topLeft(), room.center(), room.bottomRight()}) {
+        form1().close();
+        form1().resize(1260, 2000);
+        form_main->move(corner);
+        form_main->findChild<QAbstractButton*>("open_Form1")->click();
+        QApplication::processEvents();
+        EXPECT_TRUE(room.contains(form1().frameGeometry().topLeft()));
+        EXPECT_LE(form1().width(), std::max(room.width(), form1().minimumSizeHint().width()));
+        EXPECT_LE(form1().frameGeometry().bottom(), room.bottom());
+    }
 }
 
 TEST_F(FormMainTest, shown_result_is_told_in_the_new_language) {
