@@ -3,8 +3,8 @@
 # root of the repository. All it says goes to stderr, so that stdout belongs to the program.
 
 # shellcheck disable=SC2034 # used by those who source this
-build_packages=(g++ cmake ninja-build ccache nlohmann-json3-dev
-    libcli11-dev qt6-base-dev fonts-liberation)
+build_packages=(g++ cmake ninja-build ccache pkg-config nlohmann-json3-dev
+    libcli11-dev libpugixml-dev libzip-dev libxlsxwriter-dev qt6-base-dev fonts-liberation)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev clang-format)
 tidy_packages=(clang-tidy)
 

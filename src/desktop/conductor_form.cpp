@@ -4,11 +4,16 @@
 namespace zel {
 namespace {
 
+constexpr MethodSet nobody = 0;
 constexpr MethodSet TB601 = methods(Method::TB601);
+constexpr MethodSet Kirn = methods(Method::Kirn);
 constexpr MethodSet line_conductors =
     methods(Method::TB601, Method::TB207, Method::Webs, Method::Kirn);
 constexpr MethodSet wire_layers = methods(Method::TB601, Method::TB207);
 constexpr MethodSet wire_diameter = methods(Method::TB601, Method::TB207, Method::TBB);
+// The heat capacity of wires and tube, which the transients of these methods read.
+constexpr MethodSet capacity = methods(Method::TB601, Method::TB207, Method::TBB);
+constexpr MethodSet capacity_of_core = wire_layers;
 constexpr MethodSet resistivity = methods(Method::TB601, Method::TBB, Method::Webs);
 
 constexpr FormRow designation[] = {
@@ -41,7 +46,8 @@ constexpr FormRow geometry[] = {
     {"Seilquerschnitt_db",
      &CalcCase::Seilquerschnitt_db,
      {"Gesamtquerschnitt :", "Total cross-section :"},
-     "mm²"},
+     "mm²",
+     nobody},
     {"Seildurchmesser_db",
      &CalcCase::Seildurchmesser_db,
      {"Leiterdurchmesser :", "Conductor diameter :"},
@@ -49,11 +55,13 @@ constexpr FormRow geometry[] = {
     {"Dauerstrombelastbarkeit_db",
      &CalcCase::Dauerstrombelastbarkeit_db,
      {"Dauerstrombelastbarkeit :", "Rated continuous current :"},
-     "A"},
+     "A",
+     Kirn},
     {"Seiltemperatur_max_db",
      &CalcCase::Seiltemperatur_max_db,
      {"Max. Leitertemperatur :", "Max. conductor temperature :"},
-     "°C"},
+     "°C",
+     nobody},
 };
 
 constexpr FormRow resistance[] = {
@@ -66,7 +74,7 @@ constexpr FormRow resistance[] = {
      &CalcCase::ACR_Frequenz_Remox_db,
      {"Frequenz AC-Widerstände :", "Frequency AC resistances :"},
      "Hz",
-     TB601},
+     nobody},
     {"ACDC_R_Option_Merker_db",
      &CalcCase::ACDC_R_Option_Merker_db,
      {"Rechnen mit Widerstand :", "Calculate with resistance :"},
@@ -89,7 +97,11 @@ constexpr FormRow resistance[] = {
 };
 
 constexpr FormRow conductor_material[] = {
-    {"DrahtzahlLeiter_db", &CalcCase::DrahtzahlLeiter_db, {"Drahtanzahl :", "Number of wires :"}},
+    {"DrahtzahlLeiter_db",
+     &CalcCase::DrahtzahlLeiter_db,
+     {"Drahtanzahl :", "Number of wires :"},
+     "",
+     wire_layers},
     {"DrahtdurchmesserLeiter_db",
      &CalcCase::DrahtdurchmesserLeiter_db,
      {"Drahtdurchmesser :", "Wire diameter :"},
@@ -109,15 +121,18 @@ constexpr FormRow conductor_material[] = {
     {"Dichte_Leiterwerkstoff1_db",
      &CalcCase::Dichte_Leiterwerkstoff1_db,
      {"Materialdichte :", "Density :"},
-     "kg/m³"},
+     "kg/m³",
+     capacity},
     {"c_leiter20_db",
      &CalcCase::c_leiter20_db,
      {"Spez. Wärmekapazität :", "Specific heat at 20 °C :"},
-     "J/(kg·K)"},
+     "J/(kg·K)",
+     capacity},
     {"beta_leiter20_db",
      &CalcCase::beta_leiter20_db,
      {"T-Koeff. Wärmekapazität :", "Temp. coeff. specific heat :"},
-     "1/K"},
+     "1/1000 K",
+     capacity},
     {"DC_Resist_Leiter_db",
      &CalcCase::DC_Resist_Leiter_db,
      {"DC-Resistivität bei 20 °C :", "DC resistivity at 20 °C :"},
@@ -135,12 +150,16 @@ constexpr FormRow conductor_material[] = {
 };
 
 constexpr FormRow core[] = {
-    {"DrahtzahlTraeger_db", &CalcCase::DrahtzahlTraeger_db, {"Drahtanzahl :", "Number of wires :"}},
+    {"DrahtzahlTraeger_db",
+     &CalcCase::DrahtzahlTraeger_db,
+     {"Drahtanzahl :", "Number of wires :"},
+     "",
+     capacity_of_core},
     {"DrahtdurchmesserTraeger_db",
      &CalcCase::DrahtdurchmesserTraeger_db,
      {"Drahtdurchmesser :", "Wire diameter :"},
      "mm",
-     TB601},
+     capacity_of_core},
     {"KerndurchmesserTraeger_db",
      &CalcCase::KerndurchmesserTraeger_db,
      {"Kerndurchmesser :", "Core diameter :"},
@@ -150,31 +169,37 @@ constexpr FormRow core[] = {
      &CalcCase::KernquerschnittTraeger_db,
      {"Kernquerschnitt :", "Core cross-section :"},
      "mm²",
-     TB601},
+     nobody},
     {"Dichte_traegerwerkstoff1_db",
      &CalcCase::Dichte_traegerwerkstoff1_db,
      {"Materialdichte :", "Density :"},
-     "kg/m³"},
+     "kg/m³",
+     capacity_of_core},
     {"c_traeger20_db",
      &CalcCase::c_traeger20_db,
      {"Spez. Wärmekapazität :", "Specific heat at 20 °C :"},
-     "J/(kg·K)"},
+     "J/(kg·K)",
+     capacity_of_core},
     {"beta_traeger20_db",
      &CalcCase::beta_traeger20_db,
      {"T-Koeff. Wärmekapazität :", "Temp. coeff. specific heat :"},
-     "1/K"},
+     "1/1000 K",
+     capacity_of_core},
     {"DC_Resist_traeger_db",
      &CalcCase::DC_Resist_traeger_db,
      {"DC-Resistivität bei 20 °C :", "DC resistivity at 20 °C :"},
-     "Ω·mm²/km"},
+     "Ω·mm²/km",
+     nobody},
     {"T_Koeff_DC_Resist_traeger_linear_db",
      &CalcCase::T_Koeff_DC_Resist_traeger_linear_db,
      {"T-Koeffizient, linear :", "Temp. coeff., linear :"},
-     "1/1000 K"},
+     "1/1000 K",
+     nobody},
     {"T_Koeff_DC_Resist_traeger_quadrat_db",
      &CalcCase::T_Koeff_DC_Resist_traeger_quadrat_db,
      {"T-Koeffizient, quadratisch :", "Temp. coeff., quadratic :"},
-     "10⁻⁷/K²"},
+     "10⁻⁷/K²",
+     nobody},
 };
 
 // NOLINTNEXTLINE(cppcoreguidelines-macro-usage): the six pairs differ in their number only.

@@ -56,6 +56,7 @@ FieldPanel::FieldPanel(const FormSection& section, DesktopState& state, Refused 
     grid_->setVerticalSpacing(section.page == conductor_page ? 6 : 10);
     int index = 0;
     for (const FormRow& row : section.rows) add_row(row, index++);
+    grid_->setRowStretch(grid_->rowCount(), 1);  // a panel taller than its rows has them on top
     for (int column = 0; column < section.columns; ++column) {
         const int first = column * grid_columns_per_field;
         grid_->setColumnStretch(first + 1, 1);

@@ -46,10 +46,10 @@ QWidget* InputPage::column_of(const std::vector<std::size_t>& indexes) {
     layout->setContentsMargins(0, 0, 0, 0);
     auto& members = columns_.emplace_back();
     for (const std::size_t index : indexes) {
-        layout->addWidget(panels_[index]);
+        // The last panel reaches down to the end of the neighbouring columns.
+        layout->addWidget(panels_[index], index == indexes.back() ? 1 : 0);
         members.push_back(panels_[index]);
     }
-    layout->addStretch();
     return column;
 }
 
@@ -100,13 +100,13 @@ GeneralPage::GeneralPage(DesktopState& state, FieldPanel::Refused refused)
     auto* content = new QWidget;
     auto* columns = new QHBoxLayout;
     columns->setSpacing(gap);
-    columns->addWidget(column_of({project, geography}));
-    columns->addWidget(column_of({date, surroundings}));
-    columns->addWidget(column_of({line, given}));
+    columns->addWidget(column_of({project, geography}), 1);
+    columns->addWidget(column_of({date, surroundings}), 1);
+    columns->addWidget(column_of({line, given}), 1);
     auto* layout = new QVBoxLayout(content);
     layout->addLayout(columns);
     layout->addWidget(methods_);
-    layout->addStretch();
+    layout->addStretch(1);
     set_content(content);
     // The mode opens one of the given values. The button stands last, out of the way of return.
     setTabOrder(panel(line).inputs().back(), mode_);
@@ -123,7 +123,8 @@ void GeneralPage::make_mode_list() {
     for (std::size_t i = 0; i < given_value_rows().size(); ++i) mode_->addItem(QString());
     connect(mode_, &QComboBox::activated, this, [this](int index) {
         set_given_value(state().calc_case,
-                        given_value_rows()[static_cast<std::size_t>(index)].value);
+                        given_value_rows()[static_cast<std::size_t>(index)].value,
+                        state().session.separator);
         open_given_box();
         state().case_changed();
     });
@@ -215,8 +216,7 @@ ConductorPage::ConductorPage(DesktopState& state, FieldPanel::Refused refused)
     materials->addWidget(column_of({core}));
     auto* right = new QVBoxLayout;
     right->addLayout(materials);
-    right->addWidget(&panel(ac_pairs));
-    right->addStretch();
+    right->addWidget(&panel(ac_pairs), 1);
     auto* columns = new QHBoxLayout;
     columns->setSpacing(gap);
     columns->addWidget(column_of({geometry, resistance, conductivity}), 3);
@@ -226,7 +226,7 @@ ConductorPage::ConductorPage(DesktopState& state, FieldPanel::Refused refused)
     layout->addWidget(&panel(designation));
     layout->addWidget(&panel(kind));
     layout->addLayout(columns);
-    layout->addStretch();
+    layout->addStretch(1);
     set_content(content);
     // The chain of the conductivities is a ring, and the equivalent radius leads into it.
     tab_through({designation, kind, geometry, material, core, ac_pairs, resistance, conductivity});

@@ -54,7 +54,6 @@ ResultPage::ResultPage()
     setFrameShape(QFrame::NoFrame);
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
-    layout->setContentsMargins(16, 16, 16, 16);
     layout->setSpacing(14);
     layout->addWidget(head_line_);
     layout->addWidget(methods_line_);

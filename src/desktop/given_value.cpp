@@ -8,15 +8,14 @@ constexpr GivenValueRow rows[] = {
     {GivenValue::Temperature,
      "Text16",
      {"Leitertemperatur gegeben: Stromstärke gesucht",
-      "Conductor temperature given: current is sought"}},
+      "Conductor temperature given: current sought"}},
     {GivenValue::Current,
      "Text18",
      {"Strom eines Teilleiters gegeben: Temperatur gesucht",
-      "Current of one sub-conductor given: temperature is sought"}},
+      "Sub-conductor current given: temperature sought"}},
     {GivenValue::BundleCurrent,
      "Text39",
-     {"Strom des Bündels gegeben: Temperatur gesucht",
-      "Current of the bundle given: temperature is sought"}},
+     {"Strom des Bündels gegeben: Temperatur gesucht", "Bundle current given: temperature sought"}},
 };
 
 }  // namespace
@@ -29,10 +28,14 @@ GivenValue given_value(const MethodSelection& c) {
     return c.Stromstaerkebuendel_Merker_db ? GivenValue::BundleCurrent : GivenValue::Current;
 }
 
-void set_given_value(MethodSelection& c, GivenValue value) {
+void set_given_value(CalcCase& c, GivenValue value, DecimalSeparator separator) {
+    const bool was_derived = c.Stromstaerkebuendel_Merker_db;
     c.Leitertemp_Merker_db = value == GivenValue::Temperature;
     c.Stromstaerkebuendel_Merker_db = value == GivenValue::BundleCurrent;
     c.Stromstaerke_Merker_db = value == GivenValue::Current || value == GivenValue::BundleCurrent;
+    if (!was_derived || c.Stromstaerkebuendel_Merker_db) return;
+    if (const auto shown = parse_number(c.Stromstaerke_db.text, separator))
+        c.Stromstaerke_db.value = *shown;
 }
 
 }  // namespace zel

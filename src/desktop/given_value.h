@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 
+#include "platform/number_text.h"
 #include "platform/text.h"
 #include "steady/calc_case.h"
 
@@ -24,7 +25,9 @@ struct GivenValueRow {
 /// What the mode flags of `c` say is given. Flags that contradict each other give `Nothing`.
 [[nodiscard]] GivenValue given_value(const MethodSelection& c);
 
-/// Sets the three mode flags.
-void set_given_value(MethodSelection& c, GivenValue value);
+/// Sets the three mode flags. Where the current of the bundle is no longer the given one,
+/// `Stromstaerke_db` is read anew from its text: what the box shows, and no longer the unrounded
+/// share that was derived from the bundle.
+void set_given_value(CalcCase& c, GivenValue value, DecimalSeparator separator);
 
 }  // namespace zel

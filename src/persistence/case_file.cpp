@@ -40,13 +40,14 @@ private:
     }
 
     void set(Entry& field, const FlatMember& member) {
-        if (const auto* number = std::get_if<double>(&member.value)) {
-            field = {plain_number(*number, separator_), *number};
+        const CaseField* row = find_case_field(member.key);
+        if (const auto* given = std::get_if<double>(&member.value)) {
+            const double number = row != nullptr && row->whole ? round_half_even(*given) : *given;
+            field = {plain_number(number, separator_), number};
             return;
         }
         const auto* text = std::get_if<std::string>(&member.value);
         if (text == nullptr) refuse(member.key, "a number is expected");
-        const CaseField* row = find_case_field(member.key);
         if (row != nullptr && row->of_record) {
             if (!text->empty()) field = {*text, number_of(*text, member.key)};
         } else if (auto box = rule_(field, key_of(row), *text)) {

@@ -29,7 +29,8 @@ struct CaseFile {
 using EntryRule =
     std::function<std::optional<Box>(Entry& field, Entry CalcCase::*key, std::string_view text)>;
 
-/// Makes a case of named values. A number is taken as it stands; a text in a numeric field is the
+/// Makes a case of named values. A number is taken as it stands, rounded (ties to
+/// even) where the field holds whole numbers only; a text in a numeric field is the
 /// text as typed. A field of the form takes it by `rule`; one of the conductor's record has no rule
 /// and must be numeric. Missing keys and empty texts are "no input".
 ///

@@ -102,7 +102,7 @@ struct ConductorData {
     Entry Mantelquerschnitt_db;                 // mm², cross-section of the conductor layers
     Entry Dichte_Leiterwerkstoff1_db;           // kg/m³
     Entry c_leiter20_db;                        // J/(kg·K) at 20 °C
-    Entry beta_leiter20_db;                     // 1/K
+    Entry beta_leiter20_db;                     // 1/1000 K
     Entry DC_Resist_Leiter_db;                  // ohm·mm²/km at 20 °C
     Entry T_Koeff_DC_Resist_Leiter_linear_db;   // 1/(1000 K)
     Entry T_Koeff_DC_Resist_Leiter_quadrat_db;  // no input is told apart from a given 0
@@ -112,7 +112,7 @@ struct ConductorData {
     Entry KernquerschnittTraeger_db;            // mm²
     Entry Dichte_traegerwerkstoff1_db;          // kg/m³
     Entry c_traeger20_db;                       // J/(kg·K) at 20 °C
-    Entry beta_traeger20_db;                    // 1/K
+    Entry beta_traeger20_db;                    // 1/1000 K
     Entry DC_Resist_traeger_db;                 // ohm·mm²/km at 20 °C
     Entry T_Koeff_DC_Resist_traeger_linear_db;  // 1/(1000 K)
     Entry T_Koeff_DC_Resist_traeger_quadrat_db;

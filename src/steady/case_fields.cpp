@@ -7,10 +7,13 @@ namespace {
 
 // NOLINTNEXTLINE(cppcoreguidelines-macro-usage): a field's name and its member stand once.
 #define FIELD(name) \
-    { #name, &CalcCase::name, false }
+    { #name, &CalcCase::name, false, false }
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage)
+#define WHOLE(name) \
+    { #name, &CalcCase::name, false, true }
 // NOLINTNEXTLINE(cppcoreguidelines-macro-usage)
 #define RECORD(name) \
-    { #name, &CalcCase::name, true }
+    { #name, &CalcCase::name, true, false }
 
 std::vector<CaseField> make_fields() {
     return {
@@ -28,10 +31,10 @@ std::vector<CaseField> make_fields() {
         FIELD(geogr_Breite_db),
         FIELD(geo_laeng_db),
         FIELD(geo_laeng_zeit_db),
-        FIELD(Tag_db),
-        FIELD(Monat_db),
-        FIELD(Stunden_db),
-        FIELD(Minuten_db),
+        WHOLE(Tag_db),
+        WHOLE(Monat_db),
+        WHOLE(Stunden_db),
+        WHOLE(Minuten_db),
         FIELD(Windgeschwindigkeit_db),
         FIELD(Winkel_W_S_db),
         FIELD(Umgebungstemperatur_db),
@@ -128,6 +131,7 @@ std::vector<CaseField> make_fields() {
 }
 
 #undef FIELD
+#undef WHOLE
 #undef RECORD
 
 /// `name` as "Z3_TEMP_db": the row and what follows "Zn_".
@@ -165,6 +169,21 @@ const CaseField* find_case_field(std::string_view name) {
     const auto row = std::find_if(fields.begin(), fields.end(),
                                   [&](const CaseField& field) { return field.name == name; });
     return row == fields.end() ? nullptr : &*row;
+}
+
+bool holds_whole_numbers(Entry CalcCase::*key) {
+    const auto& fields = case_fields();
+    return std::any_of(fields.begin(), fields.end(), [key](const CaseField& field) {
+        return field.whole && field.key == FieldKey(key);
+    });
+}
+
+void forget_emptied(CalcCase& c) {
+    const CalcCase fresh;
+    for (const CaseField& field : case_fields()) {
+        const auto* key = std::get_if<Entry CalcCase::*>(&field.key);
+        if (key != nullptr && !(c.**key).given()) (c.**key).value = (fresh.**key).value;
+    }
 }
 
 std::optional<FieldRef> find_field(CalcCase& c, std::string_view name) {

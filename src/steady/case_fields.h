@@ -22,6 +22,7 @@ struct CaseField {
     std::string_view name;
     FieldKey key;
     bool of_record;  // comes with the record of a conductor and is not typed into the form
+    bool whole;      // a numeric field that holds whole numbers only
 };
 
 /// Every field of a case but the six changes of state, each with its name.
@@ -32,6 +33,15 @@ struct CaseField {
 
 /// The row of the field `name`, or null where it is none or one of a change of state.
 [[nodiscard]] const CaseField* find_case_field(std::string_view name);
+
+/// Whether the numeric field `key` holds whole numbers only, to which what is entered is rounded,
+/// ties to even: the calendar and the clock. A null `key` has no row and holds any number.
+[[nodiscard]] bool holds_whole_numbers(Entry CalcCase::*key);
+
+/// Brings the doubles of `c` into line with the texts: a field without text is no input, and its
+/// double, which may still be a former value, becomes that of a new case. (The changes of state are
+/// left alone.)
+void forget_emptied(CalcCase& c);
 
 /// The field `name` of `c`; the changes of state have their numbered names here (`Z3_TEMP_db`).
 /// Nothing where no field bears the name.

@@ -3,94 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/arithmetic_fault.h"
-#include "platform/rounding.h"
-#include "steady/constants.h"
-#include "steady/tb207_terms.h"
-#include "steady/tbb_terms.h"
-
 namespace zel {
 namespace {
 
 constexpr double residual_tolerance = 0.001;  // W/m
 constexpr int iteration_limit = 50;
-
-/// Takes the terms of one evaluation as they come. A numeric fault of a term goes before its own
-/// failure.
-class TermTaker {
-public:
-    SteadyFailure take(double& place, const Term& term, SteadyCause fault_cause) const {
-        place = computed(term.value);
-        ArithmeticFault fault = arithmetic_.fault();
-        // An input that overflowed before this evaluation leaves no flag here.
-        if (fault == ArithmeticFault::None && !std::isfinite(place))
-            fault = ArithmeticFault::Overflow;
-        return fault != ArithmeticFault::None ? SteadyFailure{fault_cause, fault}
-                                              : SteadyFailure{term.failure};
-    }
-
-private:
-    const ArithmeticScope arithmetic_;
-};
-
-SteadyFailure tb207_terms(SteadyStateBlock& state, const SteadyInputBlock& in) {
-    const TermTaker evaluation;
-    const double D = thousandth(in.outer_diameter);
-    const double d = thousandth(in.wire_diameter);
-    const double Ts = state.temperature;
-    HeatTerms& terms = state.terms;
-
-    const Tb207Conductor conductor = {thousandth(in.DCR20), in.a20, in.conductor_type, in.layers,
-                                      in.conductor_section};
-    const Term PJ = ST_F01_CigreTB207_PJ_steady(state.current, conductor, Ts);
-    if (const auto failure = evaluation.take(terms.PJ, PJ, SteadyCause::JouleFault)) return failure;
-
-    const Term PS = {ST_F02_CigreTB207_PS_steady(in.absorptivity, in.global_radiation, D)};
-    if (const auto failure = evaluation.take(terms.PS, PS, SteadyCause::SolarFault)) return failure;
-
-    const Tb207Flow flow = {in.V, in.delta, in.altitude, D, d, in.g};
-    const Term PC = ST_F03_CigreTB207_PC_steady(flow, Ts, in.Ta);
-    if (const auto failure = evaluation.take(terms.PC, PC, SteadyCause::ConvectionFault))
-        return failure;
-
-    const Term PR = {ST_F04_CigreTB207_PR_steady(D, in.emissivity, Ts, in.Ta)};
-    return evaluation.take(terms.PR, PR, SteadyCause::RadiationFault);
-}
-
-SteadyFailure tbb_terms(SteadyStateBlock& state, const SteadyInputBlock& in) {
-    const TermTaker evaluation;
-    const double D = thousandth(in.outer_diameter);
-    const double Ts = state.temperature;
-    HeatTerms& terms = state.terms;
-
-    double R = 0;
-    const Term tube = {tube_resistance(in.resistivity, in.outer_diameter_again, in.inner_diameter)};
-    if (const auto failure = evaluation.take(R, tube, SteadyCause::BusbarJouleFault))
-        return failure;
-
-    const Term PJ = ST_F01_TBB_PJ_steady(state.current, in.frequency, R, in.a20, Ts);
-    if (const auto failure = evaluation.take(terms.PJ, PJ, SteadyCause::BusbarJouleFault))
-        return failure;
-
-    const Term PS = {ST_F02_CigreTBB_PS_steady(in.absorptivity, in.global_radiation, D)};
-    if (const auto failure = evaluation.take(terms.PS, PS, SteadyCause::BusbarSolarFault))
-        return failure;
-
-    const BusbarFlow flow = {in.V, in.delta, in.altitude, D, in.g};
-    const Term PC = {ST_F03_TBB_PC_steady(flow, Ts, in.Ta)};
-    if (const auto failure = evaluation.take(terms.PC, PC, SteadyCause::BusbarConvectionFault))
-        return failure;
-
-    const Term PR = {ST_F04_TBB_PR_steady(D, in.emissivity, Ts, in.Ta)};
-    return evaluation.take(terms.PR, PR, SteadyCause::BusbarRadiationFault);
-}
-
-/// B = (PJ + PS) - (PC + PR) in W/m: above 0 the conductor gets hotter.
-double residual(const HeatTerms& terms) {
-    const double heating = terms.PJ + terms.PS;
-    const double cooling = terms.PC + terms.PR;
-    return heating - cooling;
-}
 
 /// Three points on the way from low to high, of currents (A) or temperatures (°C).
 struct Points {
@@ -173,7 +90,7 @@ SteadySolution solve(const SteadyInputBlock& input, SteadyStateBlock state, cons
     const auto evaluate = [&](double point, double& B) {
         state.*search.variable = point;
         const SteadyFailure failure = ST_F00_heat_terms_eval(state, input);
-        B = residual(state.terms);
+        B = net_power(state.terms);
         return failure;
     };
     Points p = search.start;
@@ -197,41 +114,6 @@ SteadySolution solve(const SteadyInputBlock& input, SteadyStateBlock state, cons
 }
 
 }  // namespace
-
-SteadyInputBlock steady_input(const CalcCase& c, double delta) {
-    SteadyInputBlock in;
-    in.Ta = c.Umgebungstemperatur_db.value;
-    in.V = c.Windgeschwindigkeit_db.value;
-    in.delta = delta;
-    in.altitude = c.Hoehe_ueber_NN_db.value;
-    in.global_radiation = c.Globalstrahlung_db.value;
-    in.g = gravity(c.Gravi_merker1_db);
-    in.frequency = c.Netzfrequenz_db.value;
-    in.emissivity = c.Emissionsverhaeltnis_db.value;
-    in.absorptivity = c.Absorptionsverhaeltnis_db.value;
-    in.layers = c.DrahtlagenzahlLeiter_db;
-    in.conductor_section = c.Mantelquerschnitt_db.value;
-    in.outer_diameter = c.Seildurchmesser_db.value;
-    in.outer_diameter_again = c.Seildurchmesser_db.value;
-    in.wire_diameter = c.DrahtdurchmesserLeiter_db.value;
-    in.inner_diameter = in.outer_diameter - 2 * in.wire_diameter;
-    in.DCR20 = c.DCR_20_db.value;
-    in.conductor_type = c.conductor_type_db;
-    in.resistivity = c.DC_Resist_Leiter_db.value;
-    in.a20 = thousandth(narrowed_to_single(c.T_Koeff_DC_Resist_Leiter_linear_db.value));
-    if (c.rechnung_TBB_merker_db == 1) in.method = HeatTermMethod::TBB;
-    if (c.rechnung_cigre207_merker_db == 1) in.method = HeatTermMethod::TB207;
-    return in;
-}
-
-SteadyFailure ST_F00_heat_terms_eval(SteadyStateBlock& state, const SteadyInputBlock& input) {
-    switch (input.method) {
-        case HeatTermMethod::TB207: return tb207_terms(state, input);
-        case HeatTermMethod::TBB: return tbb_terms(state, input);
-        case HeatTermMethod::None: break;
-    }
-    return {};
-}
 
 SteadySolution solve_current(const SteadyInputBlock& input, double temperature) {
     return solve(input, {0, temperature, {}}, current_search);

@@ -143,51 +143,85 @@ double low_wind_cooling(double P45, double Pcor, double Pnat) {
 
 }  // namespace
 
-Term ST_F01_CigreTB207_PJ_steady(double I, const Tb207Conductor& conductor, double Ts) {
+Tb207Joule::Tb207Joule(double I, const Tb207Conductor& conductor) : a20_(conductor.a20) {
     const auto& [R20, a20, kind, N, A] = conductor;
-    if (I == 0) return {0};
-    const double temperature_factor = 1 + a20 * (Ts - reference_temperature);
-    if (kind == homogeneous_conductor || kind == composite_core_conductor)
-        return {square(I) * 1.0123 * R20 * temperature_factor};
-    if (kind != steel_cored_conductor) return {0};
-    const auto [Ieff, failure] = steel_cored_current(I, N, A);
-    return {square(Ieff) * R20 * temperature_factor, failure};
+    if (I == 0) {
+        none_ = true;
+    } else if (kind == homogeneous_conductor || kind == composite_core_conductor) {
+        I2R_ = computed(square(I) * 1.0123 * R20);
+    } else if (kind == steel_cored_conductor) {
+        const auto [Ieff, failure] = steel_cored_current(I, N, A);
+        I2R_ = computed(square(Ieff) * R20);
+        failure_ = failure;
+    } else {
+        none_ = true;
+    }
+}
+
+Term Tb207Joule::at(double Ts) const {
+    if (none_) return {0};
+    return {I2R_ * (1 + a20_ * (Ts - reference_temperature)), failure_};
+}
+
+Term ST_F01_CigreTB207_PJ_steady(double I, const Tb207Conductor& conductor, double Ts) {
+    return Tb207Joule(I, conductor).at(Ts);
 }
 
 double ST_F02_CigreTB207_PS_steady(double alpha_s, double S, double D) { return alpha_s * S * D; }
 
-Term ST_F03_CigreTB207_PC_steady(const Tb207Flow& flow, double Ts, double Ta) {
+Tb207Convection::Tb207Convection(const Tb207Flow& flow, double Ta)
+    : V_(flow.V), Ta_(Ta), g_(flow.g), angle_factor_(0) {
     const auto& [V, delta, y, D, d, g] = flow;
-    const double Tf = (Ts + Ta) / 2;
+    const double rho_r = std::exp((1e-4 * -1.16) * y);  // relative air density
+    flow_ = computed(rho_r * V * D);
+    Rs_ = computed(d / (2 * (D - d)));
+    D3_ = computed(cube(D));
+    if (V >= 0.5)
+        angle_factor_ = computed(angle_factor(delta));
+    else if (V > 0)
+        angle_factor_ = 0.42 + 0.58 * std::pow(std::abs(std::sin(radians(45))), 0.90);
+}
+
+Term Tb207Convection::at(double Ts) const {
+    const double Tf = (Ts + Ta_) / 2;
     const double nu_f = 1e-5 * 1.32 + (1e-8 * 9.5) * Tf;      // m²/s, kinematic viscosity
     const double lambda_f = 1e-2 * 2.42 + (1e-5 * 7.2) * Tf;  // W/(m·K)
     const double Pr = 0.715 - (1e-4 * 2.5) * Tf;
-    const double rho_r = std::exp((1e-4 * -1.16) * y);  // relative air density
-    const double Re = computed(rho_r * V * D / nu_f);
-    const double Rs = computed(d / (2 * (D - d)));
-    const double Gr = computed(cube(D) * (Ts - Ta) * g / (square(nu_f) * (Tf + kelvin)));
-    const auto cooling = [&](double Nu) { return (Ts - Ta) * lambda_f * pi * Nu; };
+    const double Re = computed(flow_ / nu_f);
+    const double Gr = computed(D3_ * (Ts - Ta_) * g_ / (square(nu_f) * (Tf + kelvin)));
+    const auto cooling = [&](double Nu) { return (Ts - Ta_) * lambda_f * pi * Nu; };
 
     double Nu90 = 0;
-    if (V > 0) {
-        const Term across = nusselt_across(Re, Rs);
+    if (V_ > 0) {
+        const Term across = nusselt_across(Re, Rs_);
         if (across.failure != SteadyCause::None) return across;
         Nu90 = across.value;
     }
-    if (V >= 0.5) return {cooling(Nu90 * angle_factor(delta))};
+    if (V_ >= 0.5) return {cooling(Nu90 * angle_factor_)};
 
     const Term natural = nusselt_natural(Gr * Pr);
     if (natural.failure != SteadyCause::None) return natural;
     const double Pnat = cooling(natural.value);
-    if (V == 0) return {Pnat};
-    if (V < 0) return {0};
-    const double Nu45 = Nu90 * (0.42 + 0.58 * std::pow(std::abs(std::sin(radians(45))), 0.90));
+    if (V_ == 0) return {Pnat};
+    if (V_ < 0) return {0};
+    const double Nu45 = Nu90 * angle_factor_;
     return {low_wind_cooling(cooling(Nu45), cooling(0.55 * Nu90), Pnat)};
 }
 
+Term ST_F03_CigreTB207_PC_steady(const Tb207Flow& flow, double Ts, double Ta) {
+    return Tb207Convection(flow, Ta).at(Ts);
+}
+
+Tb207Radiation::Tb207Radiation(double D, double epsilon, double Ta)
+    : per_K4_(computed(stefan_boltzmann * pi * D * epsilon)),
+      air_K4_(computed(square(square(Ta + kelvin)))) {}
+
+double Tb207Radiation::at(double Ts) const {
+    return per_K4_ * (square(square(Ts + kelvin)) - air_K4_);
+}
+
 double ST_F04_CigreTB207_PR_steady(double D, double epsilon, double Ts, double Ta) {
-    return stefan_boltzmann * pi * D * epsilon *
-           (square(square(Ts + kelvin)) - square(square(Ta + kelvin)));
+    return Tb207Radiation(D, epsilon, Ta).at(Ts);
 }
 
 }  // namespace zel

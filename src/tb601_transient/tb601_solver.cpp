@@ -3,22 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "tb601_transient/tb601_joule.h"
-#include "tb601_transient/tb601_radial.h"
-#include "tb601_transient/tb601_terms.h"
+#include "steady/heat_balance.h"
 
 namespace zel {
 namespace {
 
 constexpr double residual_tolerance = 0.01;  // W/m
 constexpr int round_limit = 50;
-
-/// F = (PJ + PS) - (PC + PR) in W/m: above 0 the conductor gets hotter.
-double residual(const HeatTerms& terms) {
-    const double heating = terms.PJ + terms.PS;
-    const double cooling = terms.PC + terms.PR;
-    return heating - cooling;
-}
 
 /// Three points on the way from low to high, of currents (A) or temperatures (°C).
 struct Points {
@@ -100,10 +91,11 @@ Tb601Cause step(Points& p, Points& F, Best& best, const Search& search) {
 
 Tb601Failure solve(const TB601Params& params, TB601State& state, Points p, const Search& search) {
     const ArithmeticScope arithmetic;
+    const Tb601Balance balance(params);
     const auto evaluate = [&](double point, double& F) -> Tb601Failure {
         state.*search.variable = point;
-        if (const auto failure = ST_CigreTB601_Heat_Balance(params, state)) return failure;
-        F = computed(residual(state.terms));
+        if (const auto failure = balance.evaluate(state)) return failure;
+        F = computed(net_power(state.terms));
         return fault_in(Tb601Procedure::SteadyState, arithmetic);
     };
     Points F{};
@@ -121,36 +113,6 @@ Tb601Failure solve(const TB601Params& params, TB601State& state, Points p, const
 }
 
 }  // namespace
-
-Tb601Failure ST_CigreTB601_Heat_Balance(const TB601Params& params, TB601State& state) {
-    const ArithmeticScope arithmetic;
-    HeatTerms& terms = state.terms;
-
-    const Tb601Term PJ = ST_F01_CigreTB601_PJ_steady(params, state, arithmetic);
-    if (PJ.failure) return PJ.failure;
-    terms.PJ = PJ.value;
-
-    const double PS = computed(ST_F02_CigreTB601_PS_steady(params));
-    if (const auto failure = fault_in(Tb601Procedure::SolarHeating, arithmetic)) return failure;
-    terms.PS = PS;
-
-    if (const auto failure = ST_S09_CigreTB601_Tsurface_conductor_temperature_distribution(
-            params, state, PJ.value, arithmetic))
-        return failure;
-
-    const Tb601Term PC = ST_F03_CigreTB601_PC_steady(
-        params.V, params.Delta, state.TSurface, params.Ta, params.Y, params.D, params.DWire,
-        params.G, params.ConductorType, params.ConductorShape);
-    const double cooling = computed(PC.value);
-    if (const auto failure = fault_in(Tb601Procedure::Convection, arithmetic)) return failure;
-    if (PC.failure) return PC.failure;
-    terms.PC = cooling;
-
-    const double PR = computed(ST_F04_CigreTB601_PR_steady(params, state));
-    if (const auto failure = fault_in(Tb601Procedure::Radiation, arithmetic)) return failure;
-    terms.PR = PR;
-    return {};
-}
 
 Tb601Failure solve_current(const TB601Params& params, TB601State& state, double T) {
     state.T = T;

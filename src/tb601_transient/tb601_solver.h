@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tb601_transient/tb601_balance.h"
 #include "tb601_transient/tb601_cause.h"
 #include "tb601_transient/tb601_params.h"
 
@@ -8,10 +9,6 @@
 // sub-conductor. Nothing is kept but in the state handed in, so that calculations run side by side.
 
 namespace zel {
-
-/// Evaluates the heat terms and the radial temperatures at `I` and `T` of the state, in the order
-/// PJ, PS, radial, PC, PR, and stops at the first failure; what comes after it keeps its value.
-[[nodiscard]] Tb601Failure ST_CigreTB601_Heat_Balance(const TB601Params& params, TB601State& state);
 
 /// The current (0 to 99999 A) at which the conductor has the mean temperature `T` (°C), as `I` of
 /// the state. A balance within 0.01 W/m ends the search; after 50 rounds a bracket below 1 A is

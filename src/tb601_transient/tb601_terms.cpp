@@ -14,24 +14,13 @@ constexpr double sigma = 1e-8 * 5.66697;  // W/(m²·K⁴)
 double square(double x) { return x * x; }
 double cube(double x) { return x * x * x; }
 
-enum class Surface { Smooth, Stranded, Unknown };
+using Surface = Tb601Surface;
 
 Surface surface_of(std::int16_t type, std::int16_t shape) {
     if (type == tubular_busbar || shape == smooth_surface) return Surface::Smooth;
     const bool stranded = type == homogeneous_conductor || type == steel_cored_conductor ||
                           type == composite_core_conductor;
     return stranded && shape == round_wires ? Surface::Stranded : Surface::Unknown;
-}
-
-FilmAir film_air(double Tf, double Y) {
-    FilmAir air;
-    air.lambda = 1e-2 * 2.368 + (1e-5 * 7.23) * Tf - (1e-8 * 2.763) * square(Tf);
-    air.mu = 1e-6 * (17.239 + (1e-2 * 4.635) * Tf - (1e-5 * 2.03) * square(Tf));
-    const double gamma =  // kg/m³
-        (1.293 - (1e-4 * 1.525) * Y + (1e-9 * 6.379) * square(Y)) / (1 + 0.00367 * Tf);
-    air.nu = computed(air.mu / gamma);
-    air.Pr = computed(air.mu * 1005 / air.lambda);
-    return air;
 }
 
 /// A Nusselt number, or why it is refused.
@@ -91,27 +80,48 @@ double ST_F02_CigreTB601_PS_steady(const TB601Params& params) {
     return params.AlphaS * params.Ig * params.D;
 }
 
-Tb601Convection tb601_convection(const Tb601Flow& flow) {
-    const auto& [V, Delta, Ts, Ta, Y, D, DWire, G, type, shape] = flow;
-    Tb601Convection c;
-    const double Tf = (Ts + Ta) * 0.5;
-    c.air = film_air(Tf, Y);
-    c.Re = computed(D * V / c.air.nu);
-    c.Gr = std::abs(computed(cube(D) * (Ts - Ta) * G / (square(c.air.nu) * (Tf + kelvin))));
+Tb601Cooling::Tb601Cooling(const Tb601Flow& flow)
+    : V_(flow.V),
+      Ta_(flow.Ta),
+      G_(flow.G),
+      surface_(surface_of(flow.ConductorType, flow.ConductorShape)),
+      angle_factor_(0) {
+    const auto& [V, Delta, TSurface, Ta, Y, D, DWire, G, type, shape] = flow;
+    density_ = computed(1.293 - (1e-4 * 1.525) * Y + (1e-9 * 6.379) * square(Y));
+    DV_ = computed(D * V);
+    D3_ = computed(cube(D));
     // A massive wire of the whole diameter divides by zero here, whatever its surface is.
-    const double Rf = computed(DWire / (2 * (D - DWire)));
-    const double per_nusselt = pi * c.air.lambda * (Ts - Ta);
+    Rf_ = computed(DWire / (2 * (D - DWire)));
+    if (V > 0) angle_factor_ = computed(angle_factor(surface_, Delta));
+}
 
-    if (V > 0) {
-        const Surface surface = surface_of(type, shape);
-        const Nusselt across = nusselt_across(surface, c.Re, Rf);
+FilmAir Tb601Cooling::film_air(double Tf) const {
+    FilmAir air;
+    air.lambda = 1e-2 * 2.368 + (1e-5 * 7.23) * Tf - (1e-8 * 2.763) * square(Tf);
+    air.mu = 1e-6 * (17.239 + (1e-2 * 4.635) * Tf - (1e-5 * 2.03) * square(Tf));
+    const double gamma = density_ / (1 + 0.00367 * Tf);  // kg/m³
+    air.nu = computed(air.mu / gamma);
+    air.Pr = computed(air.mu * 1005 / air.lambda);
+    return air;
+}
+
+Tb601Convection Tb601Cooling::at(double TSurface) const {
+    Tb601Convection c;
+    const double Tf = (TSurface + Ta_) * 0.5;
+    c.air = film_air(Tf);
+    c.Re = computed(DV_ / c.air.nu);
+    c.Gr = std::abs(computed(D3_ * (TSurface - Ta_) * G_ / (square(c.air.nu) * (Tf + kelvin))));
+    const double per_nusselt = pi * c.air.lambda * (TSurface - Ta_);
+
+    if (V_ > 0) {
+        const Nusselt across = nusselt_across(surface_, c.Re, Rf_);
         c.refusal = across.refusal;
         if (c.refusal != Tb601Cause::None) return c;
         c.Nu90 = across.value;
-        c.Nu = c.Nu90 * angle_factor(surface, Delta);
+        c.Nu = c.Nu90 * angle_factor_;
         c.Pforced = per_nusselt * c.Nu;
     }
-    if (V <= 1) {
+    if (V_ <= 1) {
         const Nusselt natural = natural_nusselt(c.Gr * c.air.Pr);
         c.refusal = natural.refusal;
         if (c.refusal != Tb601Cause::None) return c;
@@ -120,17 +130,31 @@ Tb601Convection tb601_convection(const Tb601Flow& flow) {
     return c;
 }
 
-Tb601Term ST_F03_CigreTB601_PC_steady(double V, double Delta, double TSurface, double Ta, double Y,
-                                      double D, double DWire, double G, std::int16_t ConductorType,
-                                      std::int16_t ConductorShape) {
-    const auto c =
-        tb601_convection({V, Delta, TSurface, Ta, Y, D, DWire, G, ConductorType, ConductorShape});
+Tb601Convection tb601_convection(const Tb601Flow& flow) {
+    return Tb601Cooling(flow).at(flow.TSurface);
+}
+
+Tb601Term convective_cooling(const Tb601Convection& c) {
     return {std::max(c.Pforced, c.Pnat), {c.refusal, Tb601Procedure::Convection}};
 }
 
+Tb601Term ST_F03_CigreTB601_PC_steady(double V, double Delta, double TSurface, double Ta, double Y,
+                                      double D, double DWire, double G, std::int16_t ConductorType,
+                                      std::int16_t ConductorShape) {
+    return convective_cooling(
+        tb601_convection({V, Delta, TSurface, Ta, Y, D, DWire, G, ConductorType, ConductorShape}));
+}
+
+Tb601Radiation::Tb601Radiation(const TB601Params& params)
+    : per_K4_(computed(pi * params.D * params.Eps * sigma)),
+      air_K4_(computed(square(square(params.Ta + kelvin)))) {}
+
+double Tb601Radiation::at(double TSurface) const {
+    return per_K4_ * (square(square(TSurface + kelvin)) - air_K4_);
+}
+
 double ST_F04_CigreTB601_PR_steady(const TB601Params& params, const TB601State& state) {
-    return pi * params.D * params.Eps * sigma *
-           (square(square(state.TSurface + kelvin)) - square(square(params.Ta + kelvin)));
+    return Tb601Radiation(params).at(state.TSurface);
 }
 
 }  // namespace zel

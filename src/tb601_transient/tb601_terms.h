@@ -53,4 +53,40 @@ struct Tb601Convection {
 
 [[nodiscard]] Tb601Convection tb601_convection(const Tb601Flow& flow);
 
+/// The cooling that these steps come to.
+[[nodiscard]] Tb601Term convective_cooling(const Tb601Convection& convection);
+
+// The same for many temperatures of the surface: what these do not change is worked out once, in
+// the order of the formula, so that every result is the same to the last bit.
+
+enum class Tb601Surface : std::uint8_t { Smooth, Stranded, Unknown };
+
+class Tb601Cooling {
+public:
+    /// `TSurface` of the flow is not read.
+    explicit Tb601Cooling(const Tb601Flow& flow);
+    [[nodiscard]] Tb601Convection at(double TSurface) const;
+
+private:
+    [[nodiscard]] FilmAir film_air(double Tf) const;
+
+    double V_, Ta_, G_;
+    Tb601Surface surface_;
+    double density_;       // kg/m³ at this altitude and 0 °C
+    double DV_;            // m²/s, diameter times wind speed
+    double D3_;            // m³
+    double Rf_;            // roughness
+    double angle_factor_;  // by which an oblique wind cools less than one across
+};
+
+class Tb601Radiation {
+public:
+    explicit Tb601Radiation(const TB601Params& params);
+    [[nodiscard]] double at(double TSurface) const;
+
+private:
+    double per_K4_;  // W/(m·K⁴)
+    double air_K4_;
+};
+
 }  // namespace zel

@@ -12,8 +12,7 @@ constexpr std::string_view conductor_en =
     "or the selected conductor hasn't a value for: \n"
     "{0}\n"
     "Please check and complete your selected conductor \n"
-    "within the conductor database application R-MOX \n"
-    "Please complete your input !";
+    "within the conductor database application R-MOX ";
 
 constexpr BoxText conductor = {Icon::Stop,
                                incomplete_title,
@@ -23,8 +22,7 @@ constexpr BoxText conductor = {Icon::Stop,
                                 "{0}\n"
                                 "Bitte überprüfen Sie mit\n"
                                 "- Aus Seildatenbank auswählen -\n"
-                                "ihr gewähltes Seil !\n"
-                                "Bitte vervollständigen Sie ihre Eingabe !",
+                                "ihr gewähltes Seil !",
                                 conductor_en}};
 
 // In German some items are a sentence of their own.
@@ -36,8 +34,7 @@ constexpr BoxText conductor_sentence = {
      "{0}\n"
      "Bitte überprüfen Sie mit\n"
      "- Aus Seildatenbank auswählen -\n"
-     "ihr gewähltes Seil !\n"
-     "Bitte vervollständigen Sie ihre Eingabe !",
+     "ihr gewähltes Seil !",
      conductor_en}};
 
 constexpr BoxText not_admissible = {

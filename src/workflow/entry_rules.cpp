@@ -4,6 +4,9 @@
 #include <iterator>
 #include <limits>
 
+#include "platform/rounding.h"
+#include "steady/case_fields.h"
+
 namespace zel {
 namespace {
 
@@ -142,7 +145,13 @@ std::optional<Box> enter(Entry& field, Entry CalcCase::*key, std::string_view te
                          DecimalSeparator separator, LangId lang) {
     field.text = text;
     if (text.empty()) return std::nullopt;
-    const auto number = parse_number(text, separator);
+    auto number = parse_number(text, separator);
+    if (number && holds_whole_numbers(key)) {
+        const double typed = *number;
+        number = round_half_even(typed);
+        // The box shows the number that counts.
+        if (*number != typed) field.text = plain_number(*number, separator);
+    }
     const Range* range = range_of(key);
     if (range != nullptr)
         if (const auto told = refusal(number, *range)) {

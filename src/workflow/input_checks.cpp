@@ -109,11 +109,7 @@ constexpr Check checks[] = {
     {{24, Webs | Kirn, outside<&CalcCase::Minuten_db, 0, 59>, &incorrect},
      {"Die Angabe zur Minute muss zwischen 0 und 59 liegen ! ",
       "The input for the minutes of daytime isn't between the range of 0 to 59 !"}},
-    {{25, Kirn,
-      [](const CalcCase& c) {
-          return missing<&CalcCase::Feldlaenge_db>(c) || not_positive<&CalcCase::Feldlaenge_db>(c);
-      },
-      &incomplete},
+    {{25, Kirn, not_positive<&CalcCase::Feldlaenge_db>, &incomplete},
      {"Geben Sie bitte einen Wert für die Feldlaenge bzw. einen Wert groesser 0 m an !",
       "You havn't made an input for the span length !"}},
     {{26, Kirn, missing<&CalcCase::Hoehendifferenz_db>, &incomplete},

@@ -78,9 +78,13 @@ bool outside(const CalcCase& c) {
     return number(c.*field) < low || number(c.*field) > high;
 }
 
+/// An emptied field is no input, whatever its double still holds.
+inline bool positive(const Entry& field) { return field.given() && field.value > 0; }
+inline bool positive(std::int16_t field) { return field > 0; }
+
 template <auto field>
 bool not_positive(const CalcCase& c) {
-    return number(c.*field) <= 0;
+    return !positive(c.*field);
 }
 
 }  // namespace zel::steady_check

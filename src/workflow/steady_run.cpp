@@ -6,6 +6,7 @@
 #include "platform/arithmetic_fault.h"
 #include "platform/program_end.h"
 #include "shell/error_text.h"
+#include "steady/case_fields.h"
 #include "workflow/advice.h"
 #include "workflow/bundle.h"
 #include "workflow/steady_check.h"
@@ -86,7 +87,10 @@ std::optional<double> Kirn_temperature(const SteadyRunResult& result) {
 void RunSteady(CalcCase& c, const Session& session, SteadyRunResult& result) {
     result = {};
     auto refusal = S_Eingabepruefung_steady(c, session.lang);
-    if (!refusal) refusal = prepare(c, session, result);
+    if (!refusal) {
+        forget_emptied(c);
+        refusal = prepare(c, session, result);
+    }
     if (refusal) {
         result.refusal = *refusal;
         session.tell(*refusal);

@@ -6,6 +6,7 @@
 
 #include "shell/session.h"
 #include "steady/calc_case.h"
+#include "tb601_transient/transient_row.h"
 #include "workflow/steady_methods.h"
 
 namespace zel {
@@ -16,12 +17,6 @@ struct MethodResult {
     std::string caption;  // "2-conductor-bundle by Cigre TB 207 :"
     std::string result;   // "1360 A", "80.0 °C" or " Error"
     MethodOutcome outcome;
-};
-
-/// The state from which a transient starts: current of one sub-conductor and temperature.
-struct TransientStart {
-    double current = 0;      // A
-    double temperature = 0;  // °C
 };
 
 /// A label of the result page and what stands behind it.

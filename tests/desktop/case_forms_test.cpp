@@ -204,6 +204,22 @@ TEST(NeededRows, leave_out_what_only_other_methods_ask_for) {
         {"DC_Resist_Leiter_db", {Method::TB601, Method::TBB, Method::Webs}},
         {"T_Koeff_DC_Resist_Leiter_quadrat_db", {Method::TB601}},
         {"KerndurchmesserTraeger_db", {Method::TB601}},
+        {"Dauerstrombelastbarkeit_db", {Method::Kirn}},  // the advice reads it
+        // The heat capacity, for the transients.
+        {"DrahtzahlLeiter_db", {Method::TB601, Method::TB207}},
+        {"Dichte_Leiterwerkstoff1_db", {Method::TB601, Method::TB207, Method::TBB}},
+        {"c_leiter20_db", {Method::TB601, Method::TB207, Method::TBB}},
+        {"beta_leiter20_db", {Method::TB601, Method::TB207, Method::TBB}},
+        {"DrahtzahlTraeger_db", {Method::TB601, Method::TB207}},
+        {"DrahtdurchmesserTraeger_db", {Method::TB601, Method::TB207}},
+        {"Dichte_traegerwerkstoff1_db", {Method::TB601, Method::TB207}},
+        {"c_traeger20_db", {Method::TB601, Method::TB207}},
+        {"beta_traeger20_db", {Method::TB601, Method::TB207}},
+        {"Seilquerschnitt_db", {}},
+        {"Seiltemperatur_max_db", {}},
+        {"ACR_Frequenz_Remox_db", {}},
+        {"KernquerschnittTraeger_db", {}},
+        {"DC_Resist_traeger_db", {}},
         {"Text23", {Method::TB601}},
     };
     for (const auto& [control, needed_by] : rows)
@@ -233,15 +249,39 @@ TEST(FocusChain, leads_along_the_fields_and_ends) {
 }
 
 TEST(GivenValue, flags_and_mode_say_the_same) {
-    MethodSelection c;
+    CalcCase c;
     for (const GivenValueRow& row : given_value_rows()) {
-        set_given_value(c, row.value);
+        set_given_value(c, row.value, DecimalSeparator::Point);
         EXPECT_EQ(given_value(c), row.value);
     }
     EXPECT_TRUE(c.Stromstaerke_Merker_db);  // a bundle current is a given current
     EXPECT_TRUE(c.Stromstaerkebuendel_Merker_db);
     c.Leitertemp_Merker_db = true;
     EXPECT_EQ(given_value(c), GivenValue::Nothing);
+}
+
+TEST(GivenValue, share_of_the_bundle_is_read_anew_from_what_is_shown) {
+    for (const GivenValue next : {GivenValue::Current, GivenValue::Temperature}) {
+        CalcCase c;
+        set_given_value(c, GivenValue::BundleCurrent, DecimalSeparator::Comma);
+        c.Stromstaerke_db = {"333,33", 1000.0 / 3};
+        set_given_value(c, GivenValue::BundleCurrent, DecimalSeparator::Comma);
+        EXPECT_EQ(c.Stromstaerke_db.value, 1000.0 / 3);
+        set_given_value(c, next, DecimalSeparator::Comma);
+        EXPECT_EQ(c.Stromstaerke_db, (Entry{"333,33", 333.33}));
+    }
+    CalcCase never_run;
+    set_given_value(never_run, GivenValue::BundleCurrent, DecimalSeparator::Comma);
+    set_given_value(never_run, GivenValue::Current, DecimalSeparator::Comma);
+    EXPECT_FALSE(never_run.Stromstaerke_db.given());
+}
+
+TEST(GivenValue, given_current_stays_as_exact_as_it_came) {
+    CalcCase c;
+    c.Stromstaerke_db = {"0,3", 0.1 + 0.2};
+    set_given_value(c, GivenValue::Temperature, DecimalSeparator::Comma);
+    set_given_value(c, GivenValue::Current, DecimalSeparator::Comma);
+    EXPECT_EQ(c.Stromstaerke_db.value, 0.1 + 0.2);
 }
 
 }  // namespace

@@ -98,6 +98,16 @@ TEST_F(Form1Test, refused_input_shows_nothing_new) {
     EXPECT_EQ(shown("balance_line"), "");
 }
 
+TEST_F(Form1Test, emptied_diameter_is_asked_for_and_not_computed_with) {
+    open(twin_264_34());
+    go_to(conductor_page);
+    type("Seildurchmesser_db", "");
+    go_to(result_page);
+    ASSERT_THAT(dialogs.shown, SizeIs(1));
+    EXPECT_THAT(dialogs.shown[0].lines, testing::Contains("Conductor diameter "));
+    EXPECT_FALSE(control<QLabel>("result_TB207").isVisible());
+}
+
 TEST_F(Form1Test, transient_page_opens_with_the_first_result) {
     open();
     go_to(result_page);

@@ -107,6 +107,16 @@ TEST_F(Keys, pasted_text_is_judged_when_the_box_is_left) {
     }
 }
 
+TEST_F(Keys, typed_day_and_time_show_the_whole_number_that_counts) {
+    open({}, LangId::German, DecimalSeparator::Comma);
+    for (const char* box : {"Text30", "Text29", "Text28", "Text15"}) {
+        type(box, "6,5");
+        EXPECT_EQ(typed_in(box), "6") << box;
+    }
+    EXPECT_EQ(calc_case().Stunden_db, (Entry{"6", 6}));
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
 TEST_F(Keys, typed_number_beyond_its_limit_is_told_and_emptied) {
     open();
     choose("Combo1", 1);

@@ -77,6 +77,20 @@ TEST(CaseFile, rounds_whole_numbers_to_even_as_a_table_does) {
     EXPECT_EQ(read({{"DrahtzahlLeiter_db", -32768.0}}).c.DrahtzahlLeiter_db, -32768);
 }
 
+TEST(CaseFile, rounds_calendar_and_clock_whether_typed_or_not) {
+    const auto [c, refused] = read({{"Tag_db", 20.5},
+                                    {"Monat_db", "6.5"},
+                                    {"Stunden_db", 23.5},
+                                    {"Minuten_db", "0.5"},
+                                    {"Netzfrequenz_db", 16.5}});
+    EXPECT_THAT(refused, IsEmpty());
+    EXPECT_EQ(c.Tag_db, (Entry{"20", 20}));
+    EXPECT_EQ(c.Monat_db, (Entry{"6", 6}));
+    EXPECT_EQ(c.Stunden_db, (Entry{"24", 24}));
+    EXPECT_EQ(c.Minuten_db, (Entry{"0", 0}));
+    EXPECT_EQ(c.Netzfrequenz_db, (Entry{"16.5", 16.5}));
+}
+
 TEST(CaseFile, names_the_key_that_it_refuses) {
     const struct {
         const char* key;
@@ -129,8 +143,10 @@ CalcCase full_case(DecimalSeparator separator) {
         if (auto* const* flag = std::get_if<bool*>(&*field)) **flag = true;
         if (auto* const* whole = std::get_if<std::int16_t*>(&*field))
             **whole = static_cast<std::int16_t>(name.starts_with("rechnung_") ? 1 : 10 + n);
+        const CaseField* row = find_case_field(name);
+        const double number = row != nullptr && row->whole ? n : n + 0.25;
         if (auto* const* entry = std::get_if<Entry*>(&*field))
-            **entry = {plain_number(n + 0.25, separator), n + 0.25};
+            **entry = {plain_number(number, separator), number};
     }
     return c;
 }

@@ -26,6 +26,16 @@ TEST(RoundToInt16, gives_nothing_beyond_sixteen_bits) {
         EXPECT_EQ(round_to_int16(value), std::nullopt) << value;
 }
 
+TEST(RoundHalfEven, keeps_on_beyond_sixteen_bits) {
+    EXPECT_EQ(round_half_even(40000.5), 40000);
+    EXPECT_EQ(round_half_even(-40001.5), -40002);
+    EXPECT_EQ(round_half_even(9007199254740993.0), 9007199254740993.0);
+    EXPECT_EQ(round_half_even(1e300), 1e300);
+    EXPECT_EQ(round_half_even(-INFINITY), -INFINITY);
+    EXPECT_TRUE(std::isnan(round_half_even(NAN)));
+    EXPECT_FALSE(std::signbit(round_half_even(-0.25)));
+}
+
 TEST(NarrowedToSingle, keeps_what_a_32_bit_float_holds) {
     EXPECT_EQ(narrowed_to_single(4.03), 4.03000020980834961);
     EXPECT_EQ(narrowed_to_single(0.1), 0.100000001490116119);

@@ -86,6 +86,29 @@ TEST(CaseFields, are_not_found_by_any_other_name) {
     EXPECT_EQ(find_case_field("Z1_Strom_db"), nullptr);
 }
 
+TEST(CaseFields, hold_whole_numbers_for_calendar_and_clock) {
+    std::set<std::string_view> whole;
+    for (const CaseField& field : case_fields()) {
+        if (field.whole) whole.insert(field.name);
+        const auto* entry = std::get_if<Entry CalcCase::*>(&field.key);
+        EXPECT_EQ(entry != nullptr && holds_whole_numbers(*entry), field.whole) << field.name;
+    }
+    EXPECT_EQ(whole,
+              (std::set<std::string_view>{"Tag_db", "Monat_db", "Stunden_db", "Minuten_db"}));
+    EXPECT_FALSE(holds_whole_numbers(nullptr));
+}
+
+TEST(CaseFields, without_text_are_as_new_once_forgotten) {
+    CalcCase c;
+    c.GMR_db = {"", 8.7};
+    c.Messwert_Strom_db = {"", 620};
+    c.Windgeschwindigkeit_db = {"0,6", 0.6};
+    forget_emptied(c);
+    EXPECT_EQ(c.GMR_db, Entry{});
+    EXPECT_EQ(c.Messwert_Strom_db, (Entry{"", empty_mark}));
+    EXPECT_EQ(c.Windgeschwindigkeit_db, (Entry{"0,6", 0.6}));
+}
+
 TEST(CaseFields, tell_what_comes_with_the_record_of_a_conductor) {
     for (const char* name : {"Seildurchmesser_db", "DCR_20_db", "conductor_type_db", "ACR6_db"})
         EXPECT_TRUE(find_case_field(name)->of_record) << name;

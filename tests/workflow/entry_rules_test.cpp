@@ -168,6 +168,46 @@ TEST(EntryRules, takes_a_number_with_the_separator_of_the_session) {
     }
 }
 
+TEST(EntryRules, takes_an_exponent) {
+    CalcCase c;
+    EXPECT_FALSE(enter(c, &CalcCase::Feldlaenge_db, "1e3", Comma, LangId::German));
+    EXPECT_EQ(c.Feldlaenge_db, (Entry{"1e3", 1000}));
+}
+
+TEST(EntryRules, rounds_calendar_and_clock_to_the_even_neighbour_and_shows_it) {
+    const struct {
+        const char* text;
+        const char* shown;
+        double value;
+    } rows[] = {
+        {"14", "14", 14},
+        {" 7 ", " 7 ", 7},
+        {"6,0", "6,0", 6},
+        {"14,5", "14", 14},
+        {"15,5", "16", 16},
+        {"23,51", "24", 24},
+        {"0,5", "0", 0},
+        {"-0,5", "0", 0},
+        {"-1,5", "-2", -2},
+        {"1,2e1", "1,2e1", 12},
+        {"125e-2", "1", 1},
+        {"0,4999", "0", 0},
+        {"40000,5", "40000", 40000},
+    };
+    for (const Field field :
+         {&CalcCase::Tag_db, &CalcCase::Monat_db, &CalcCase::Stunden_db, &CalcCase::Minuten_db}) {
+        for (const auto& [text, shown, value] : rows) {
+            CalcCase c;
+            EXPECT_FALSE(enter(c, field, text, Comma, LangId::German));
+            EXPECT_EQ(c.*field, (Entry{shown, value})) << name_of(field) << " " << text;
+        }
+        EXPECT_TRUE(entered(field, "abc"));
+    }
+    CalcCase c;
+    EXPECT_FALSE(enter(c, &CalcCase::Netzfrequenz_db, "16.7", Point, LangId::English));
+    EXPECT_EQ(c.Netzfrequenz_db, (Entry{"16.7", 16.7}));
+}
+
 TEST(EntryRules, empties_a_refused_text_and_keeps_the_former_double) {
     for (const char* text : {"abc", "-", "1.5", "1,5,0", " ", "80,1"}) {
         CalcCase c;

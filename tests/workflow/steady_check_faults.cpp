@@ -23,11 +23,9 @@ constexpr Ending incorrect = {
 
 constexpr Text conductor_after = {"\nBitte überprüfen Sie mit\n"
                                   "- Aus Seildatenbank auswählen -\n"
-                                  "ihr gewähltes Seil !\n"
-                                  "Bitte vervollständigen Sie ihre Eingabe !",
+                                  "ihr gewähltes Seil !",
                                   "\nPlease check and complete your selected conductor \n"
-                                  "within the conductor database application R-MOX \n"
-                                  "Please complete your input !"};
+                                  "within the conductor database application R-MOX "};
 
 constexpr Ending conductor = {
     incomplete_title,

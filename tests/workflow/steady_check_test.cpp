@@ -259,6 +259,36 @@ TEST(SteadyCheck, counts_and_kinds_hold_on_both_sides) {
     }
 }
 
+TEST(SteadyCheck, emptied_field_of_the_conductor_is_no_input) {
+    const struct {
+        Method method;
+        Entry CalcCase::*field;
+        int number;
+    } emptied[] = {
+        {TB207, &CalcCase::Seildurchmesser_db, 43},
+        {Kirn, &CalcCase::DCR_20_db, 44},
+        {TBB, &CalcCase::DrahtdurchmesserLeiter_db, 45},
+        {TB207, &CalcCase::DrahtdurchmesserLeiter_db, 46},
+        {TB207, &CalcCase::Mantelquerschnitt_db, 48},
+        {Webs, &CalcCase::DC_Resist_Leiter_db, 49},
+        {Kirn, &CalcCase::T_Koeff_DC_Resist_Leiter_linear_db, 50},
+        {TB601, &CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db, 51},
+        {TB601, &CalcCase::KerndurchmesserTraeger_db, 52},
+        {TB601, &CalcCase::radialthermalconductivity_unter_KPT_db, 57},
+        {TB601, &CalcCase::KniepunktTemperatur_db, 58},
+        {TB601, &CalcCase::radialthermalconductivity_ueber_KPT_db, 59},
+    };
+    for (const auto& [method, field, number] : emptied) {
+        CalcCase c = complete({method});
+        (c.*field).text.clear();  // the double still stands
+        EXPECT_EQ(refused_by(c), number) << name_of(field);
+    }
+    CalcCase c = complete({TB601});
+    c.conductor_type_db = 1;
+    c.radialthermalconductivity_unter_KPT_db.text.clear();
+    EXPECT_EQ(refused_by(c), 56);
+}
+
 TEST(SteadyCheck, tb601_reads_the_dc_resistance_by_choice_only) {
     CalcCase c = complete({TB601});
     set(c.DCR_20_db, 0);

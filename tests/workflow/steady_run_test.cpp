@@ -29,6 +29,19 @@ Run run(CalcCase c, LangId lang = LangId::English,
     return done;
 }
 
+TEST(SteadyRun, emptied_field_does_not_count_with_its_former_number) {
+    CalcCase c = line_264_34();
+    c.GMR_Merker_db = 1;
+    const auto without = run(c).result;
+    c.GMR_db = {"", 1.5};
+    const auto emptied = run(c).result;
+    c.GMR_db = typed(1.5);
+    const auto given = run(c).result;
+    ASSERT_TRUE(without.input_valid && emptied.input_valid && given.input_valid);
+    EXPECT_EQ(emptied.methods[0].outcome.current_A, without.methods[0].outcome.current_A);
+    EXPECT_NE(emptied.methods[0].outcome.current_A, given.methods[0].outcome.current_A);
+}
+
 // 665.524 A by hand: PC 56.9468, PR 15.6511, PS 12.0960 W/m, R(80 °C) 1.359774e-4 ohm/m, and
 // x / sqrt(1.0045 + 9e-8 x) for x = 667.040 A. The method finds x within 0.01 % only.
 TEST(SteadyRun, shows_the_current_of_the_bundle_in_english) {

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/workbook.h"
+
+namespace zel::xlsx {
+
+/// "AH" of 34.
+[[nodiscard]] std::string column_letters(int column);
+
+/// "AH5"
+[[nodiscard]] std::string cell_name(int row, int column);
+
+struct CellPlace {
+    int row;
+    int column;
+};
+
+/// The place of "AH5", or of "$AH$5"; nothing for another text.
+[[nodiscard]] std::optional<CellPlace> cell_place(std::string_view name);
+
+/// The area of "A1:AH5", or of a single cell; nothing for another text.
+[[nodiscard]] std::optional<CellArea> cell_area(std::string_view reference);
+
+[[nodiscard]] std::string area_name(const CellArea& area);
+
+}  // namespace zel::xlsx

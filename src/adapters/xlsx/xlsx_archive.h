@@ -1,0 +1,38 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <string_view>
+
+struct zip;
+struct zip_source;
+
+namespace zel::xlsx {
+
+/// The parts of an xlsx file, a zip archive held in memory. Parts that are not replaced keep their
+/// compressed bytes, their order and their dates. Throws `WorkbookError` (`Damaged`).
+class Archive {
+public:
+    explicit Archive(std::string_view bytes);
+    ~Archive();
+    Archive(const Archive&) = delete;
+    Archive& operator=(const Archive&) = delete;
+
+    [[nodiscard]] bool has(const std::string& part) const;
+
+    /// The content of a part. A part that is missing, broken or larger than 2 GiB is a damage.
+    [[nodiscard]] std::string read(const std::string& part) const;
+
+    void replace(const std::string& part, std::string content);
+    void remove(const std::string& part);
+
+    /// The bytes of the changed archive, which is closed then.
+    [[nodiscard]] std::string close();
+
+private:
+    std::deque<std::string> replaced_;  // read when the archive is closed
+    zip* zip_ = nullptr;
+    zip_source* source_ = nullptr;
+};
+
+}  // namespace zel::xlsx

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/input_error.h"
+
+// Workbooks of a spreadsheet program, changed in place. Rows and columns count from 1.
+
+namespace zel {
+
+enum class WorkbookFault : std::uint8_t {
+    Missing,   // nothing stands under the name
+    Denied,    // no right to read or to replace it
+    Locked,    // open in another program
+    Changed,   // another program wrote it after it was read
+    Damaged,   // no workbook, or none that can be understood
+    NoSheet,   // a worksheet is missing
+    Entwined,  // a formula reaches from a cell to be overwritten into others
+};
+
+/// A workbook that cannot be read or changed. `what()` names it, the place in it and the reason.
+class WorkbookError : public InputError {
+public:
+    WorkbookError(WorkbookFault fault, const std::string& reason)
+        : InputError(reason), fault_(fault) {}
+    [[nodiscard]] WorkbookFault fault() const { return fault_; }
+
+private:
+    WorkbookFault fault_;
+};
+
+struct CellArea {
+    int first_row;
+    int first_column;
+    int last_row;
+    int last_column;
+
+    [[nodiscard]] bool holds(int row, int column) const {
+        return row >= first_row && row <= last_row && column >= first_column &&
+               column <= last_column;
+    }
+};
+
+/// An open workbook. Nothing of what is set reaches the file before `save`.
+class Workbook {
+public:
+    virtual ~Workbook() = default;
+
+    /// The cells of this worksheet are meant from now on. Throws `WorkbookError` (`NoSheet`).
+    virtual void select(std::string_view sheet) = 0;
+
+    /// What the cell holds, as text: a number with a decimal comma and at most 15 digits, a date as
+    /// "31.12.2026" or "31.12.2026 23:59:59", a truth value as "TRUE" or "FALSE", an error as
+    /// "#N/A", a formula as its last result. Empty where there is no cell. Reading is fastest row
+    /// by row.
+    [[nodiscard]] virtual std::string text(int row, int column) = 0;
+
+    /// The cell becomes a number or a text; its format stays.
+    virtual void set_number(int row, int column, double value) = 0;
+    virtual void set_text(int row, int column, std::string_view text) = 0;
+
+    /// Empties the cells of the area; their formats stay.
+    virtual void clear(const CellArea& area) = 0;
+
+    /// Replaces the file, whole or not at all, and ends the use of this workbook. What was not set
+    /// or cleared stays as it was. Throws `WorkbookError` (`Changed`, `Locked`, `Entwined`) and
+    /// `OutputError`; the former file is then unharmed.
+    virtual void save() = 0;
+};
+
+/// Where workbooks are found by their name.
+class WorkbookStore {
+public:
+    virtual ~WorkbookStore() = default;
+
+    /// Opens a workbook to be changed. Throws `WorkbookError`.
+    [[nodiscard]] virtual std::unique_ptr<Workbook> open(const std::string& path) = 0;
+};
+
+}  // namespace zel

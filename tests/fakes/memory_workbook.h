@@ -1,0 +1,78 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <variant>
+
+#include "platform/number_text.h"
+#include "platform/workbook.h"
+
+namespace zel {
+
+/// Cells by row and column.
+using MemorySheet = std::map<std::pair<int, int>, std::variant<double, std::string>>;
+using MemorySheets = std::map<std::string, MemorySheet, std::less<>>;
+
+/// Keeps workbooks in memory.
+class MemoryWorkbookStore : public WorkbookStore {
+public:
+    std::unique_ptr<Workbook> open(const std::string& path) override;
+
+    std::map<std::string, MemorySheets> files;
+    int saved = 0;                          // how often a workbook was saved
+    std::function<void()> at_save = [] {};  // may throw
+};
+
+class MemoryWorkbook : public Workbook {
+public:
+    MemoryWorkbook(MemoryWorkbookStore& store, std::string path)
+        : store_(store), path_(std::move(path)), sheets_(store.files.at(path_)) {}
+
+    void select(std::string_view sheet) override {
+        const auto found = sheets_.find(sheet);
+        if (found == sheets_.end())
+            throw WorkbookError(WorkbookFault::NoSheet,
+                                path_ + ": has no worksheet " + std::string(sheet));
+        selected_ = &found->second;
+    }
+    std::string text(int row, int column) override {
+        const auto cell = selected_->find({row, column});
+        if (cell == selected_->end()) return {};
+        if (const auto* number = std::get_if<double>(&cell->second))
+            return plain_number(*number, DecimalSeparator::Comma);
+        return std::get<std::string>(cell->second);
+    }
+    void set_number(int row, int column, double value) override {
+        (*selected_)[{row, column}] = value;
+    }
+    void set_text(int row, int column, std::string_view text) override {
+        (*selected_)[{row, column}] = std::string(text);
+    }
+    void clear(const CellArea& area) override {
+        std::erase_if(*selected_, [&](const auto& cell) {
+            return area.holds(cell.first.first, cell.first.second);
+        });
+    }
+    void save() override {
+        store_.at_save();
+        store_.files[path_] = sheets_;
+        ++store_.saved;
+    }
+
+private:
+    MemoryWorkbookStore& store_;
+    std::string path_;
+    MemorySheets sheets_;
+    MemorySheet* selected_ = nullptr;
+};
+
+inline std::unique_ptr<Workbook> MemoryWorkbookStore::open(const std::string& path) {
+    if (!files.contains(path))
+        throw WorkbookError(WorkbookFault::Missing, path + ": No such file or directory");
+    return std::make_unique<MemoryWorkbook>(*this, path);
+}
+
+}  // namespace zel
