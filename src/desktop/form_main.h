@@ -4,6 +4,7 @@
 
 #include "desktop/desktop_state.h"
 #include "desktop/form1.h"
+#include "desktop/ks_form1.h"
 #include "desktop/language_menu.h"
 
 class QAction;
@@ -20,6 +21,7 @@ public:
     explicit FormMain(DesktopState& state);
 
     [[nodiscard]] Form1& form1() { return form1_; }
+    [[nodiscard]] KsForm1& ks_form1() { return ks_form1_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -28,10 +30,13 @@ private:
     [[nodiscard]] QWidget* make_content();
     void switch_language(LangId lang);
     void recaption();
-    void open_form1();
+    static void open(QWidget& form);
 
     DesktopState& state_;
+    Text short_circuit_name_;
     Form1 form1_;
+    KsState ks_state_;
+    KsForm1 ks_form1_;
     QMenu* file_menu_;
     QAction* exit_;
     LanguageMenu language_menu_;
@@ -39,6 +44,7 @@ private:
     QLabel* title_;
     QLabel* version_;
     QPushButton* open_form1_;
+    QPushButton* open_ks_form1_;
 };
 
 }  // namespace zel
