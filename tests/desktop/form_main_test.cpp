@@ -1,6 +1,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QGroupBox>
+#include <QPushButton>
 #include <QTimer>
 
 #include "desktop/desktop.h"
@@ -78,6 +79,35 @@ TEST_F(FormMainTest, shown_result_is_told_anew_but_not_computed_anew) {
     EXPECT_EQ(shown("caption_Webs"), "Doppel-Leiter nach Webs :");
     EXPECT_EQ(shown("result_Webs"), with_low_wind);
     EXPECT_THAT(dialogs.shown, SizeIs(1));
+}
+
+TEST_F(FormMainTest, opens_the_short_circuit_area_which_keeps_a_lower_number_after_a_switch) {
+    open();
+    auto& button = *form_main->findChild<QPushButton*>("open_KS_Form1");
+    EXPECT_FALSE(form_main->ks_form1().isVisible());
+    button.click();
+    EXPECT_TRUE(form_main->ks_form1().isVisible());
+    EXPECT_EQ(
+        button.text().toStdString(),
+        "Short-circuit current - Thermal effect on bare conductors and equipment\n(JOL V.3.0)");
+    action(form_main->ks_form1(), "m_userinterface_german").trigger();
+    EXPECT_EQ(button.text().toStdString(),
+              "Thermische Kurzschlußfestigkeit nach IEC 865-1\n(QUV V.2.0)");
+    EXPECT_THAT(form_main->ks_form1().windowTitle().toStdString(), HasSubstr("QUV V.2.0"));
+    action(*form_main, "m_userinterface_english").trigger();
+    EXPECT_THAT(form_main->ks_form1().windowTitle().toStdString(), HasSubstr("JOL V.2.0"));
+}
+
+TEST_F(FormMainTest, end_asks_for_changes_of_the_short_circuit_case_too) {
+    open();
+    auto& form = form_main->ks_form1();
+    form.show();
+    form.activateWindow();
+    form.findChild<QLineEdit*>("Text3")->setText("50");
+    dialogs.answers = {Answer::No};
+    EXPECT_FALSE(form_main->close());
+    ASSERT_THAT(dialogs.shown, SizeIs(1));
+    EXPECT_THAT(dialogs.shown[0].lines.at(0), HasSubstr("changed and is not saved"));
 }
 
 TEST_F(FormMainTest, both_ways_out_ask_and_no_keeps_the_program) {
