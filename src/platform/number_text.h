@@ -21,8 +21,8 @@ enum class DecimalSeparator : std::int16_t { Comma = 1, Point = 2 };
 /// double is 0.
 [[nodiscard]] std::optional<double> parse_number(std::string_view text, DecimalSeparator separator);
 
-/// The same at 32-bit precision, rounded once from the digits of the text. A number beyond the range
-/// of a float is infinite; the text is none only where it has not the form of a number.
+/// The same at 32-bit precision, rounded once from the digits of the text. A number beyond the
+/// range of a float is infinite; the text is none only where it has not the form of a number.
 [[nodiscard]] std::optional<float> parse_single(std::string_view text, DecimalSeparator separator);
 
 /// `value` written by a display mask such as "##0.0#".
