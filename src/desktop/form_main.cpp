@@ -11,7 +11,9 @@
 
 #include "desktop/qt_text.h"
 #include "desktop/window_icon.h"
+#include "shell/case_settings.h"
 #include "shell/program_texts.h"
+#include "steady/respell.h"
 
 namespace zel {
 namespace {
@@ -34,28 +36,41 @@ QLabel* make_label(double scale, bool bold) {
     return label;
 }
 
+constexpr QPoint beside(40, 40);  // of a window that is not maximised, from this one
+
 }  // namespace
 
 FormMain::FormMain(DesktopState& state)
     : state_(state),
-      short_circuit_name_(short_circuit_name),
       form1_(state, [this](LangId lang) { switch_language(lang); }),
       ks_state_{state.session, state.store, state.chooser},
-      ks_form1_(ks_state_, short_circuit_name_, [this](LangId lang) { switch_language(lang); }),
+      ks_form1_(ks_state_, state.program.short_circuit_short_name,
+                [this](LangId lang) { switch_language(lang); }),
       file_menu_(menuBar()->addMenu(QString())),
+      go_to_form1_(file_menu_->addAction(QString())),
+      go_to_short_circuit_(file_menu_->addAction(QString())),
       exit_(file_menu_->addAction(QString())),
+      settings_menu_(*menuBar(), *this, state, MenuWindow::FormMain),
       language_menu_(*menuBar(), [this](LangId lang) { switch_language(lang); }),
+      help_menu_(*menuBar(), *this, state, state.help_folders),
       name_(make_label(2.4, true)),
       title_(make_label(1.3, false)),
       version_(make_label(1, false)),
       open_form1_(new QPushButton),
-      open_ks_form1_(new QPushButton) {
+      open_short_circuit_(new QPushButton),
+      shown_full_screen_(full_screen()) {
     setObjectName("form_main");
+    go_to_form1_->setObjectName("mForm1");
+    go_to_short_circuit_->setObjectName("mKS_Form1");
+    file_menu_->insertSeparator(exit_);
     exit_->setObjectName("mBeenden");
     exit_->setShortcut(QKeySequence("Ctrl+Q"));
     connect(exit_, &QAction::triggered, this, &QWidget::close);
     connect(open_form1_, &QPushButton::clicked, this, [this] { open(form1_); });
-    connect(open_ks_form1_, &QPushButton::clicked, this, [this] { open(ks_form1_); });
+    connect(go_to_form1_, &QAction::triggered, this, [this] { open(form1_); });
+    connect(open_short_circuit_, &QPushButton::clicked, this, [this] { open(ks_form1_); });
+    connect(go_to_short_circuit_, &QAction::triggered, this, [this] { open(ks_form1_); });
+    state_.settings_changed = [this] { apply_settings(); };
     setCentralWidget(make_content());
     recaption();
     resize(720, 440);
@@ -67,12 +82,12 @@ QWidget* FormMain::make_content() {
     picture->setAlignment(Qt::AlignCenter);
     open_form1_->setObjectName("open_Form1");
     open_form1_->setDefault(true);
-    open_ks_form1_->setObjectName("open_KS_Form1");
-    for (QPushButton* button : {open_form1_, open_ks_form1_}) {
-        button->setMinimumSize(460, 56);
-        QFont font = button->font();
+    open_short_circuit_->setObjectName("open_KS_Form1");
+    for (QPushButton* area : {open_form1_, open_short_circuit_}) {
+        area->setMinimumSize(460, 56);
+        QFont font = area->font();
         font.setPointSizeF(font.pointSizeF() * 1.2);
-        button->setFont(font);
+        area->setFont(font);
     }
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
@@ -83,7 +98,7 @@ QWidget* FormMain::make_content() {
         layout->addWidget(widget);
     layout->addSpacing(16);
     layout->addWidget(open_form1_, 0, Qt::AlignHCenter);
-    layout->addWidget(open_ks_form1_, 0, Qt::AlignHCenter);
+    layout->addWidget(open_short_circuit_, 0, Qt::AlignHCenter);
     layout->addStretch();
     layout->addWidget(version_);
     return content;
@@ -91,7 +106,8 @@ QWidget* FormMain::make_content() {
 
 void FormMain::switch_language(LangId lang) {
     state_.session.lang = lang;
-    short_circuit_name_ = short_circuit_name_after_switch;
+    state_.settings.set(&ProgramSettings::LangId_screen, static_cast<std::int16_t>(lang));
+    state_.program.language_switched();
     recaption();
     form1_.recaption();
     ks_form1_.recaption();
@@ -105,16 +121,71 @@ void FormMain::recaption() {
     version_->setText(qt(fill(version_line.in(lang), {version.in(lang), program_date})));
     file_menu_->setTitle(qt(file_caption, lang));
     exit_->setText(qt(exit_caption, lang));
+    go_to_form1_->setText(qt(form1_caption, lang));
     open_form1_->setText(qt(form1_caption, lang));
-    open_ks_form1_->setText(qt(short_circuit_title, lang) + "\n(" + qt(short_circuit_name_, lang) +
-                            ")");
+    const std::string_view area = state_.program.short_circuit_short_name.in(lang);
+    go_to_short_circuit_->setText(qt(short_circuit_title, lang));
+    open_short_circuit_->setText(qt(short_circuit_title, lang) + "\n(" + qt(area) + ")");
+    settings_menu_.refresh();
     language_menu_.recaption(lang);
+    help_menu_.recaption(lang);
 }
 
 void FormMain::open(QWidget& form) {
-    form.show();
+    if (!form.isVisible()) {
+        form.move(pos() + beside);
+        full_screen() ? form.showMaximized() : form.showNormal();
+    }
     form.raise();
     form.activateWindow();
+}
+
+bool FormMain::full_screen() const { return state_.settings.now().Vollbildmodus == 1; }
+
+void FormMain::show_first() { full_screen() ? showMaximized() : showNormal(); }
+
+void FormMain::apply_settings() {
+    const ProgramSettings& now = state_.settings.now();
+    take_settings(state_.session, now);
+    take_settings(state_.calc_case, now);
+    // Switching the preview on again does not take this back.
+    if (now.Druckvorschau == 2) state_.program.Druck_direkt = true;
+    apply_separator();
+    apply_window_mode();
+    settings_menu_.refresh();
+    form1_.apply_settings();
+}
+
+/// What is typed stays: its texts follow the separator.
+void FormMain::apply_separator() {
+    const auto separator =
+        static_cast<DecimalSeparator>(state_.settings.now().Punkt_Komma_Format_merker);
+    if (separator == state_.session.separator) return;
+    form1_.take_in();
+    ks_form1_.take_in();
+    respell(state_.calc_case, state_.session.separator, separator);
+    ks_state_.form.respell(state_.session.separator, separator);
+    state_.session.separator = separator;
+    form1_.recaption();
+    form1_.load();
+    ks_form1_.load();
+}
+
+void FormMain::apply_window_mode() {
+    if (full_screen() == shown_full_screen_) return;
+    shown_full_screen_ = full_screen();
+    for (QWidget* window : {static_cast<QWidget*>(this), static_cast<QWidget*>(&form1_),
+                            static_cast<QWidget*>(&ks_form1_)})
+        if (window->isVisible() && window->isMaximized() != shown_full_screen_)
+            shown_full_screen_ ? window->showMaximized() : window->showNormal();
+}
+
+/// The user who maximises or restores the window chooses the mode by that.
+void FormMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange || !isVisible() || isMinimized()) return;
+    if (isMaximized() != full_screen())
+        state_.change(&ProgramSettings::Vollbildmodus, isMaximized() ? 1 : 2);
 }
 
 void FormMain::closeEvent(QCloseEvent* event) {

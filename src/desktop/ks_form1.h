@@ -35,8 +35,10 @@ public:
     /// Captions in the language of the session.
     void recaption();
 
-    /// Shows the numbers and results with the separator of the session.
+    /// Shows what stands in the case.
     void load();
+    /// Takes in what is typed but not yet finished.
+    void take_in() { (void)commit(); }
 
     /// Takes in what is typed but not yet finished; false where a text was refused, or where the
     /// user does not want to lose changes that are not stored.

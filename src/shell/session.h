@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "platform/message_box.h"
 #include "platform/number_text.h"
 #include "steady/run_mode.h"
@@ -19,6 +21,8 @@ struct Session {
     /// Null for a calculation that starts from nothing, as one of several side by side does.
     MethodMemory* memory = nullptr;
     bool wi_v_wi_merker = true;  // warn where values fall below the minimum for surveying a span
+    /// 1: the heat capacity of a composite conductor follows its temperature; 2: that at 20 °C.
+    std::int16_t cigre_TKW_merker = 1;
 
     [[nodiscard]] Reporting reporting() const { return {Meldung_merker, lang, dialogs}; }
 

@@ -6,6 +6,8 @@
 
 #include "platform/rounding.h"
 #include "short_circuit/conductor_materials.h"
+#include "short_circuit/short_circuit_fields.h"
+#include "steady/respell.h"
 
 namespace zel {
 namespace {
@@ -61,6 +63,12 @@ std::optional<KsEntryRefusal> ShortCircuitForm::change(KsBox box, std::string_vi
         typed_into_.reset();
     }
     return enter(content_.*box, box, text, separator, lang);
+}
+
+void ShortCircuitForm::respell(DecimalSeparator from, DecimalSeparator to) {
+    for (const KsField& field : short_circuit_fields())
+        if (const auto* box = std::get_if<KsBox>(&field.key))
+            zel::respell(content_.**box, from, to);
 }
 
 std::vector<KsRefusedText> ShortCircuitForm::take_over(const ConductorData& record,

@@ -192,9 +192,9 @@ std::optional<FieldRef> find_field(CalcCase& c, std::string_view name) {
     return std::visit([&](auto member) -> FieldRef { return &(c.*member); }, row->key);
 }
 
-std::string_view name_of(Entry CalcCase::*field) {
+std::string_view name_of(const FieldKey& key) {
     for (const CaseField& row : case_fields())
-        if (row.key == FieldKey(field)) return row.name;
+        if (row.key == key) return row.name;
     return {};
 }
 

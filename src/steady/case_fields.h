@@ -47,7 +47,7 @@ void forget_emptied(CalcCase& c);
 /// Nothing where no field bears the name.
 [[nodiscard]] std::optional<FieldRef> find_field(CalcCase& c, std::string_view name);
 
-/// The name of a numeric field; empty where it is none of a case.
-[[nodiscard]] std::string_view name_of(Entry CalcCase::*field);
+/// The name of a field of any type; empty where it is none of a case.
+[[nodiscard]] std::string_view name_of(const FieldKey& key);
 
 }  // namespace zel

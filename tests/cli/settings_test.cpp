@@ -1,0 +1,77 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "cli/process.h"
+#include "fakes/scratch_folder.h"
+
+namespace zel {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+
+class SettingsCommand : public testing::Test {
+protected:
+    ProcessResult run(std::vector<std::string> words) {
+        words.insert(words.begin(), "settings");
+        return run_zel(words, ".", "", home.path());
+    }
+    static constexpr const char* file = ".local/share/R-MOX V.6.1/flb_8261.ini";
+    ScratchFolder home;
+};
+
+TEST_F(SettingsCommand, lists_every_setting_with_its_value) {
+    home.write(file, "[vor]\n gravi_MERKER = 4\nBerechnungsdaten=/Größe/z.mdb\n");
+    const json list = json::parse(run({"list", "--json"}).output).at("settings");
+    EXPECT_EQ(list.size(), 23U);
+    const auto row_of = [&](const char* key) {
+        return *std::find_if(list.begin(), list.end(),
+                             [&](const json& row) { return row.at("key") == key; });
+    };
+    EXPECT_EQ(row_of("Gravi_merker"),
+              json({{"section", "VOR"}, {"key", "Gravi_merker"}, {"value", 4}, {"stored", true}}));
+    EXPECT_EQ(row_of("Vollbildmodus").at("stored"), false);
+    EXPECT_EQ(row_of("DeviceName").at("value"), "");
+    const std::string page = run({"list", "--lang", "de"}).output;
+    EXPECT_THAT(page, HasSubstr("/Größe/z.mdb"));
+    EXPECT_THAT(page, HasSubstr("Erdbeschleunigung"));
+}
+
+TEST_F(SettingsCommand, sets_one_value_and_gets_it_again) {
+    home.write(file, "; mine\r\n[VOR]\r\nGRAVI_merker = 1\r\n");
+    const ProcessResult set = run({"set", "Gravi_Merker", "3"});
+    EXPECT_EQ(set.exit_status, 0) << set.errors;
+    EXPECT_EQ(set.output, "");
+    EXPECT_EQ(home.read(file), "; mine\r\n[VOR]\r\nGRAVI_merker = 3\r\n");
+    EXPECT_EQ(run({"get", "gravi_merker"}).output, "3\n");
+    EXPECT_EQ(json::parse(run({"set", "wi_v_wi_merker", "-1", "--json"}).output).at("value"), -1);
+    EXPECT_EQ(run({"get", "LangId"}).output, "1\n");
+}
+
+TEST_F(SettingsCommand, refuses_and_writes_nothing) {
+    const std::vector<std::string> words[] = {{"set", "Gravi_merker", "4"},
+                                              {"set", "cigre_TKW_merker", "2"},
+                                              {"get", "nothing"},
+                                              {"set", "Gravi_merker"},
+                                              {"get"},
+                                              {}};
+    for (const auto& refused : words) {
+        const ProcessResult result = run(refused);
+        EXPECT_EQ(result.exit_status, 2);
+        EXPECT_EQ(result.output, "");
+        EXPECT_NE(result.errors, "");
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(home.path()));
+}
+
+TEST_F(SettingsCommand, a_file_that_cannot_be_written_is_told) {
+    home.write(".local/share/R-MOX V.6.1", "a file in the place of the folder");
+    const ProcessResult result = run({"set", "Gravi_merker", "2"});
+    EXPECT_EQ(result.exit_status, 2);
+    EXPECT_THAT(result.errors, HasSubstr("flb_8261.ini: "));
+}
+
+}  // namespace
+}  // namespace zel
