@@ -45,7 +45,7 @@ std::string FileDocument::name() const { return path_.substr(path_.find_last_of(
 
 void FileDocument::mark_stored(std::string path) {
     path_ = std::move(path);
-    stored_ = values();
+    stored_ = entered();
 }
 
 bool FileDocument::may_be_left() const {

@@ -21,7 +21,7 @@ public:
     FileDocument& operator=(const FileDocument&) = delete;
 
     /// Whether the file would be another one if the case were written now.
-    [[nodiscard]] bool modified() const { return values() != stored_; }
+    [[nodiscard]] bool modified() const { return entered() != stored_; }
     /// The name of the file without its folders; empty where there is none yet.
     [[nodiscard]] std::string name() const;
 
@@ -40,7 +40,11 @@ protected:
     /// `program` is the title of questions.
     FileDocument(const Session& session, CaseStore& store, FileChooser& chooser, Text program);
 
+    /// What is written.
     [[nodiscard]] virtual FlatObject values() const = 0;
+    /// What the user has made of the case: where it differs from what stood there when the case was
+    /// stored, there are changes.
+    [[nodiscard]] virtual FlatObject entered() const { return values(); }
     /// Makes `values` the case and gives back what was refused of it. Throws `InputError`, with the
     /// case as it was.
     virtual std::vector<RefusedText> take(const FlatObject& values) = 0;
