@@ -43,7 +43,8 @@ constexpr QPoint beside(40, 40);  // of a window that is not maximised, from thi
 FormMain::FormMain(DesktopState& state)
     : state_(state),
       form1_(state, [this](LangId lang) { switch_language(lang); }),
-      ks_state_{state.session, state.store, state.chooser},
+      ks_state_{
+          state.session, state.store, state.chooser, {}, [this] { start_conductor_database(); }},
       ks_form1_(ks_state_, state.program.short_circuit_short_name,
                 [this](LangId lang) { switch_language(lang); }),
       file_menu_(menuBar()->addMenu(QString())),
@@ -138,6 +139,12 @@ void FormMain::open(QWidget& form) {
     }
     form.raise();
     form.activateWindow();
+}
+
+void FormMain::start_conductor_database() {
+    const std::string& program = state_.settings.now().Seildatenbanknamepluspfad;
+    if (program.empty() || !state_.launcher.start_program(program))
+        state_.session.tell(conductor_database_not_started());
 }
 
 bool FormMain::full_screen() const { return state_.settings.now().Vollbildmodus == 1; }

@@ -38,6 +38,7 @@ private:
     void switch_language(LangId lang);
     void recaption();
     void open(QWidget& form);
+    void start_conductor_database();
     void apply_settings();
     void apply_separator();
     void apply_window_mode();

@@ -129,6 +129,7 @@ void KsForm1::load() {
     general_->load_anew();
     conductor_->load_anew();
     case_changed();
+    if (shown_) run();
 }
 
 bool KsForm1::commit() {
@@ -159,6 +160,7 @@ void KsForm1::hide_form() { close(); }
 
 /// A result belongs to the former case.
 void KsForm1::show_new_case() {
+    clear_result();
     load();
     pages_->setCurrentIndex(ks_input_page);
     general_->focus_first();
@@ -169,11 +171,15 @@ void KsForm1::copy_result() {
     if (shown_) QGuiApplication::clipboard()->setText(qt(result_text(*shown_)));
 }
 
-void KsForm1::page_changed(int to) {
-    const bool sound = commit();
+void KsForm1::clear_result() {
     result_->clear();
     shown_.reset();
     copy_->setEnabled(false);
+}
+
+void KsForm1::page_changed(int to) {
+    const bool sound = commit();
+    clear_result();
     if (!sound) {  // the page with the refused input stays
         const QSignalBlocker quiet(pages_);
         pages_->setCurrentIndex(page_);

@@ -35,7 +35,7 @@ public:
     /// Captions in the language of the session.
     void recaption();
 
-    /// Shows what stands in the case.
+    /// Shows what stands in the case, and a shown result, with the separator of the session.
     void load();
     /// Takes in what is typed but not yet finished.
     void take_in() { (void)commit(); }
@@ -59,6 +59,7 @@ private:
     void hide_form();
     void show_new_case();
     void copy_result();
+    void clear_result();
     void page_changed(int to);
     void run();
     void go_to(const KsRefusal& refusal);

@@ -148,4 +148,16 @@ Box new_case_question(LangId lang) {
     return box_in(lang, question);
 }
 
+Box conductor_database_not_started() {
+    constexpr BoxText told = {Icon::Stop,
+                              {" Fehler bei Programmstart..."},
+                              {"Für das Seildatenbank-Programm wurde bisher kein Pfad festgelegt.\n"
+                               "Sie müssen zunächst einen Pfad im Menü festlegen !\n"
+                               " oder :\n"
+                               "Unter dem festgelegten Pfad befindet sich \n"
+                               "kein entsprechendes Programm mehr.\n"
+                               "Legen Sie bitte den Pfad neu fest !"}};
+    return box_in(LangId::German, told);
+}
+
 }  // namespace zel

@@ -83,4 +83,7 @@ private:
 /// Asked before a new case is started; lines and buttons in both languages.
 [[nodiscard]] Box new_case_question(LangId lang);
 
+/// Told where the conductor database cannot be started; German in every language.
+[[nodiscard]] Box conductor_database_not_started();
+
 }  // namespace zel
