@@ -109,7 +109,7 @@ constexpr ConfigGroup groups[] = {
      {"Datenübertragung VOR => Excel    ", "Datenübertragung ZEL => Excel    "}},
 };
 
-// The last line is German in both languages.
+// German words stand in the English wording.
 constexpr BoxText not_kept = {
     Icon::Stop,
     {"Option Temperaturkoeffizient Wärmekapazität", "Option temperature coeffizient heat capacity"},
@@ -123,7 +123,7 @@ constexpr BoxText not_kept = {
      "nach unserer Meinung evtl. anwenden.",
      "This option is a non-permanet setting\n"
      "and will be deleted after finishing the program\n"
-     "and will not be saved in calculated data records.\n"
+     "und will not be saved in calculated data records.\n"
      "\n"
      "This option is only to compare result\n"
      "with results from extern products, who partly  \n"

@@ -113,9 +113,12 @@ int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform 
         take_settings(state.calc_case, state.settings.now());
     else
         adopt_settings(state.calc_case, state.settings, state.session);
+    application.tell_errors_by(&state.errors);
     FormMain form_main(state);
     form_main.show_first();
-    return Application::exec();
+    const int status = Application::exec();
+    application.tell_errors_by(nullptr);
+    return status;
 }
 
 }  // namespace zel

@@ -11,8 +11,9 @@ namespace zel {
 /// written.
 class InputError : public PlatformError {
 public:
-    explicit InputError(const std::string& reason, PlatformFault fault = PlatformFault::Unforeseen)
-        : PlatformError(fault, reason) {}
+    explicit InputError(const std::string& reason, PlatformFault fault = PlatformFault::Unforeseen,
+                        std::string subject = {})
+        : PlatformError(fault, reason, std::move(subject)) {}
 };
 
 }  // namespace zel

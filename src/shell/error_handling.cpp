@@ -46,6 +46,18 @@ std::int16_t Fehlerbehandlung(ErrorHandling& program, const ErrorObject& error, 
     return row.action;
 }
 
+std::int16_t handle_caught(ErrorHandling& program, std::string_view module,
+                           std::string_view procedure) {
+    const std::int16_t action =
+        Fehlerbehandlung(program, caught(), program.Zeile, module, procedure);
+    switch (action) {
+        case leave_procedure:
+        case next_statement:
+        case leave_procedure_told: return action;
+        default: throw ProgramEnd(program.message.substr(0, program.message.find("\r\n")));
+    }
+}
+
 std::int16_t trap(ErrorHandling& program, std::string_view module, std::string_view procedure,
                   const std::function<void()>& body) {
     program.Fehler_Modulname = module;
@@ -58,16 +70,10 @@ std::int16_t trap(ErrorHandling& program, std::string_view module, std::string_v
     } catch (const ProgramEnd&) {
         throw;
     } catch (const std::exception&) {
-        action = Fehlerbehandlung(program, caught(), program.Zeile, module, procedure);
+        action = handle_caught(program, module, procedure);
     }
     program.Zeile = Zeile_of_caller;
-    switch (action) {
-        case 0:
-        case leave_procedure:
-        case next_statement:
-        case leave_procedure_told: return action;
-        default: throw ProgramEnd(program.message.substr(0, program.message.find("\r\n")));
-    }
+    return action;
 }
 
 }  // namespace zel

@@ -37,6 +37,10 @@ struct ErrorHandling {
 std::int16_t Fehlerbehandlung(ErrorHandling& program, const ErrorObject& error, std::int16_t Zeile,
                               std::string_view module, std::string_view procedure);
 
+/// What `trap` does with the exception that is being caught now.
+std::int16_t handle_caught(ErrorHandling& program, std::string_view module,
+                           std::string_view procedure);
+
 /// Runs `body` as the work of `procedure` of `module`. A `PlatformError` out of it goes to
 /// `Fehlerbehandlung`; so does every other exception but `ProgramEnd`. Gives the action code, 0
 /// where nothing failed: after `next_statement` the caller goes on, after the others it leaves.

@@ -12,7 +12,7 @@ TEST(Program, tells_its_version_and_its_commands) {
     EXPECT_EQ(run_zel({"--version"}, ".").output, "ZEL V.8.2\n");
     const ProcessResult help = run_zel({"--help"}, ".");
     EXPECT_EQ(help.exit_status, 0);
-    for (const char* command : {"steady", "short-circuit", "desktop"})
+    for (const char* command : {"steady", "short-circuit", "settings", "desktop"})
         EXPECT_THAT(help.output, HasSubstr(command));
 }
 

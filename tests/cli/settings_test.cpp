@@ -50,6 +50,32 @@ TEST_F(SettingsCommand, sets_one_value_and_gets_it_again) {
     EXPECT_EQ(run({"get", "LangId"}).output, "1\n");
 }
 
+TEST_F(SettingsCommand, first_write_starts_the_conductor_database_once) {
+    EXPECT_EQ(run({"set", "Druckvorschau", "2"}).exit_status, 0);
+    EXPECT_EQ(run({"get", "Einseil1_dat"}).output,
+              home.file(".local/share/R-MOX V.6.1/einseil1.dat") + "\n");
+    EXPECT_EQ(home.read(".local/share/R-MOX V.6.1/einseil1.dat"), "");
+    EXPECT_TRUE(std::filesystem::is_directory(home.file(".local/share/ZEL V.8.2")));
+    home.write(file, "[VOR]\n");  // another program's file stays as it is
+    EXPECT_EQ(run({"set", "Druckvorschau", "1"}).exit_status, 0);
+    EXPECT_EQ(home.read(file), "[VOR]\nDruckvorschau=1\n");
+}
+
+TEST_F(SettingsCommand, warning_below_the_minima_reaches_a_rating) {
+    const std::string folder =
+        ZEL_SOURCE_DIR "/tests/cases/steady/all_overhead_methods_temperature_with_advice";
+    const auto messages = [&] {
+        const ProcessResult rated =
+            run_zel({"steady", "case.json", "--json"}, folder, "", home.path());
+        return json::parse(rated.output).at("messages").size();
+    };
+    const std::size_t with_advice = messages();
+    run({"set", "wi_v_wi_merker", "0"});
+    EXPECT_LT(messages(), with_advice);
+    EXPECT_EQ(run({"set", "wi_v_wi_merker", "-1"}).exit_status, 0);
+    EXPECT_EQ(messages(), with_advice);
+}
+
 TEST_F(SettingsCommand, refuses_and_writes_nothing) {
     const std::vector<std::string> words[] = {{"set", "Gravi_merker", "4"},
                                               {"set", "cigre_TKW_merker", "2"},
@@ -70,7 +96,7 @@ TEST_F(SettingsCommand, a_file_that_cannot_be_written_is_told) {
     home.write(".local/share/R-MOX V.6.1", "a file in the place of the folder");
     const ProcessResult result = run({"set", "Gravi_merker", "2"});
     EXPECT_EQ(result.exit_status, 2);
-    EXPECT_THAT(result.errors, HasSubstr("flb_8261.ini: "));
+    EXPECT_THAT(result.errors, HasSubstr("R-MOX V.6.1: "));
 }
 
 }  // namespace

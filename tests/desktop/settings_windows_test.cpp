@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "desktop/application.h"
 #include "desktop/config_options.h"
 #include "desktop/desktop_fixture.h"
 #include "desktop/frm_languageselect.h"
@@ -328,6 +329,19 @@ TEST_F(SettingsWindows, an_opened_case_asks_before_it_changes_a_setting) {
     EXPECT_THAT(dialogs.shown, SizeIs(2));
     trigger(form1(), "new_case");
     EXPECT_EQ(calc_case().Gravi_merker1_db, 2);
+}
+
+TEST_F(SettingsWindows, an_error_out_of_a_handler_is_told_and_the_program_goes_on) {
+    english();
+    auto& application = dynamic_cast<Application&>(*QApplication::instance());
+    application.tell_errors_by(&state->errors);
+    auto& button = in<QPushButton>(*form_main, "open_Form1");
+    QObject::connect(&button, &QPushButton::pressed, &button,
+                     [] { throw PlatformError(PlatformFault::PathMissing, "/x"); });
+    press(button, Qt::Key_Space);
+    application.tell_errors_by(nullptr);
+    ASSERT_THAT(dialogs.shown, SizeIs(1));
+    EXPECT_EQ(dialogs.shown[0].lines.at(0), "Error 76 in form_main.open_Form1");
 }
 
 TEST_F(SettingsWindows, a_setting_that_cannot_be_written_holds_for_the_run) {

@@ -6,6 +6,7 @@
 #include "fakes/scripted_dialogs.h"
 #include "platform/input_error.h"
 #include "platform/program_end.h"
+#include "platform/workbook.h"
 #include "shell/expected_errors.h"
 
 namespace zel {
@@ -114,6 +115,25 @@ TEST_F(ErrorHandlingTest, trap_answers_by_the_row_of_the_fault) {
     EXPECT_EQ(dialogs.shown.at(1).lines.back(), "x.json: no JSON");
     EXPECT_EQ(trapped([] { throw std::bad_alloc(); }), leave_procedure_told);
     EXPECT_EQ(dialogs.shown.at(2).lines.at(0), "Error 7 in Modul.S30_Proc");
+}
+
+TEST_F(ErrorHandlingTest, a_fault_of_a_workbook_has_its_row) {
+    lang = LangId::English;
+    const std::pair<WorkbookFault, int> rows[] = {
+        {WorkbookFault::Missing, 3044}, {WorkbookFault::Denied, 3051}, {WorkbookFault::Locked, 55},
+        {WorkbookFault::Changed, 51},   {WorkbookFault::Damaged, 51},  {WorkbookFault::NoSheet, 9},
+        {WorkbookFault::Entwined, 51}};
+    for (const auto& [fault, number] : rows) {
+        trapped([fault = fault] { throw WorkbookError(fault, "w.xlsx: reason", "fixed_input"); });
+        EXPECT_EQ(dialogs.shown.back().lines.at(0),
+                  "Error " + std::to_string(number) + " in Modul.S30_Proc");
+        if (number == 9) {
+            EXPECT_EQ(dialogs.shown.back().lines.at(3), "   fixed_input   ");
+        }
+        if (number == 51) {
+            EXPECT_EQ(dialogs.shown.back().lines.back(), "w.xlsx: reason");
+        }
+    }
 }
 
 TEST_F(ErrorHandlingTest, trap_names_the_row_that_was_passed_last) {
