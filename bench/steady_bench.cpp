@@ -1,5 +1,6 @@
 #include <benchmark/benchmark.h>
 
+#include "fakes/steady_cases.h"
 #include "steady/steady_solver.h"
 
 // The times a user waits for: one evaluation of the heat balance, and one solution in each mode.
@@ -8,26 +9,12 @@ namespace {
 
 using namespace zel;
 
-/// 264-AL1/34-ST1A at 35 °C, 0.6 m/s across, 900 W/m². `layers` chooses the way to the effective
-/// current, `section` (mm²) that of a two-layer conductor.
+/// `layers` chooses the way to the effective current, `section` (mm²) that of a two-layer
+/// conductor.
 SteadyInputBlock line(std::int16_t layers, double section) {
-    SteadyInputBlock in;
-    in.Ta = 35;
-    in.V = 0.6;
-    in.delta = 90;
-    in.global_radiation = 900;
-    in.g = 9.80665;
-    in.frequency = 50;
-    in.emissivity = 0.6;
-    in.absorptivity = 0.6;
+    SteadyInputBlock in = steady_input(twin_264_34(), 90);
     in.layers = layers;
     in.conductor_section = section;
-    in.outer_diameter = 22.4;
-    in.wire_diameter = 3.74;
-    in.DCR20 = 0.1095;
-    in.conductor_type = 2;
-    in.a20 = 0.00403;
-    in.method = HeatTermMethod::TB207;
     return in;
 }
 

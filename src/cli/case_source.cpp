@@ -4,6 +4,7 @@
 #include "persistence/case_file.h"
 #include "platform/input_error.h"
 #include "workflow/entry_rules.h"
+#include "workflow/transient_cells.h"
 
 namespace zel {
 
@@ -12,8 +13,11 @@ LoadedCase load_case(const std::string& path, const CommonOptions& options, Cons
     const EntryRule rule = [&](Entry& field, Entry CalcCase::*key, std::string_view typed) {
         return enter(field, key, typed, options.separator, options.lang);
     };
+    const CellRule cell_rule = [&](CalcCase& c, StateCellPlace place, std::string_view typed) {
+        return read_cell(c, place, typed, options.separator, options.lang);
+    };
     try {
-        CaseFile file = read_case(values, options.separator, rule);
+        CaseFile file = read_case(values, options.separator, rule, cell_rule);
         for (const RefusedText& refused : file.refused) {
             if (options.silent)
                 Console::tell_reason(path + ": " + refused.field + ": " +

@@ -11,6 +11,9 @@ namespace zel {
 
 int steady_command(const std::string& case_path, const CommonOptions& options);
 
+/// With `series` the course of the temperature is told too.
+int transient_command(const std::string& case_path, bool series, const CommonOptions& options);
+
 int short_circuit_command(const std::string& case_path, const CommonOptions& options);
 
 int settings_list_command(const CommonOptions& options);

@@ -22,9 +22,9 @@ constexpr const char* about =
     "piece of equipment withstands a short circuit thermally.\n";
 
 constexpr const char* exit_statuses =
-    "Exit status: 0 done; 1 a selected method failed, or a typed text was refused and\n"
-    "counts as no input; 2 the input was refused, nothing was calculated; 3 the\n"
-    "calculation had to end the program.";
+    "Exit status: 0 done; 1 a selected method or a change of state failed, or a typed\n"
+    "text was refused and counts as no input; 2 the input was refused, nothing was\n"
+    "calculated; 3 the calculation had to end the program.";
 
 constexpr const char* steady_notes =
     "\n"
@@ -41,6 +41,16 @@ constexpr const char* steady_notes =
     "\n"
     "With --json standard output is one JSON document with full precision and with all\n"
     "messages; without it, messages go to standard error.\n";
+
+constexpr const char* transient_notes =
+    "\n"
+    "The case is rated as by \"zel steady\"; from that steady state its changes of state\n"
+    "are followed, one after the other: Z1_merker_db to Z6_merker_db say what is sought\n"
+    "in each (1 the current, 2 the temperature, 3 the time), Zn_Strom_db (A, of one\n"
+    "sub-conductor), Zn_TEMP_db (°C), Zn_min_db and Zn_sec_db give the other two. By\n"
+    "Cigre TB 207 or the busbar method where one of them is selected, else by TB 601.\n"
+    "\n"
+    "See examples/transient-twin-264-34.json. Output and messages are as of \"zel steady\".\n";
 
 constexpr const char* short_circuit_notes =
     "\n"
@@ -145,6 +155,16 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
     add_output(*steady, options);
     add_language(*steady, options);
 
+    bool series = false;
+    CLI::App* transient =
+        app.add_subcommand("transient", "Follow a case through its changes of state");
+    transient->add_option("CASE", case_path, "Case file (JSON), or - for standard input")
+        ->required();
+    transient->add_flag("--series", series, "Tell the temperature over time too");
+    transient->footer(transient_notes + std::string("\n") + exit_statuses);
+    add_output(*transient, options);
+    add_language(*transient, options);
+
     CLI::App* short_circuit =
         app.add_subcommand("short-circuit", "Judge a case: thermal short-circuit strength");
     short_circuit->add_option("CASE", case_path, "Case file (JSON), or - for standard input")
@@ -180,6 +200,8 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
         };
     if (chosen) return chosen;
     if (steady->parsed()) return [=, &options] { return steady_command(case_path, options); };
+    if (transient->parsed())
+        return [=, &options] { return transient_command(case_path, series, options); };
     if (short_circuit->parsed())
         return [=, &options] { return short_circuit_command(case_path, options); };
     return [=, &argc, &options] { return desktop_command(argc, argv, case_path, options); };

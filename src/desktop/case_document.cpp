@@ -9,6 +9,7 @@
 #include "shell/program_texts.h"
 #include "workflow/bundle.h"
 #include "workflow/entry_rules.h"
+#include "workflow/transient_cells.h"
 
 namespace zel {
 namespace {
@@ -30,7 +31,7 @@ CaseDocument::CaseDocument(DesktopState& state)
 FlatObject CaseDocument::values() const { return values_of(state_.calc_case); }
 
 FlatObject CaseDocument::entered() const {
-    CalcCase c = without_derived_current(state_.calc_case);
+    CalcCase c = without_found_values(without_derived_current(state_.calc_case));
     // What a setting changes is no input of the user.
     for (const auto& [key, member] : case_settings) c.*member = CalcCase().*member;
     return values_of(c);
@@ -50,7 +51,10 @@ std::vector<RefusedText> CaseDocument::take(const FlatObject& values) {
     const EntryRule rule = [&](Entry& field, Entry CalcCase::*key, std::string_view text) {
         return enter(field, key, text, session.separator, session.lang);
     };
-    CaseFile file = read_case(values, session.separator, rule);
+    const CellRule cell_rule = [&](CalcCase& c, StateCellPlace place, std::string_view text) {
+        return read_cell(c, place, text, session.separator, session.lang);
+    };
+    CaseFile file = read_case(values, session.separator, rule, cell_rule);
     take_missing_settings(file.c, values);
     adopt_settings(file.c, state_.settings, session);
     state_.settings_changed();

@@ -13,6 +13,7 @@
 #include "shell/session.h"
 #include "steady/calc_case.h"
 #include "workflow/steady_methods.h"
+#include "workflow/transient_memory.h"
 
 namespace zel {
 
@@ -28,7 +29,9 @@ struct DesktopState {
     std::string case_path{};  // the file that the case comes from at the start; may be empty
     std::function<void()> case_changed = [] {};      // called by whoever changes the case
     std::function<void()> settings_changed = [] {};  // called by whoever changes a setting
-    MethodMemory memory{};  // the session of a started program points to it
+    MethodMemory memory{};        // the session of a started program points to it
+    TransientMemory transient{};  // where a transient starts, and the last one
+    int patience_ms = 300;        // a longer run shows its progress
     ProgramState program{};
     std::vector<std::string> help_folders{};  // where the help documents lie
     ErrorHandling errors{session.lang, session.dialogs};

@@ -9,10 +9,12 @@ namespace zel {
 /// return to the next input by tab order where the chain ends.
 class FocusChain : public QObject {
 public:
-    /// The control behind another; empty at the end of a chain.
+    /// The control behind another; empty at the end of a chain, and everywhere without one.
     using Chain = std::string_view (*)(std::string_view control);
 
-    FocusChain(QObject* parent, Chain chain) : QObject(parent), chain_(chain) {}
+    explicit FocusChain(
+        QObject* parent, Chain chain = [](std::string_view) { return std::string_view{}; })
+        : QObject(parent), chain_(chain) {}
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -8,8 +8,10 @@
 
 #include "desktop/form1_input_pages.h"
 #include "desktop/form1_result_page.h"
+#include "desktop/form1_transient_page.h"
 #include "desktop/qt_text.h"
 #include "shell/program_texts.h"
+#include "steady/state_change.h"
 #include "workflow/page_change.h"
 #include "workflow/steady_texts.h"
 
@@ -36,17 +38,19 @@ Form1::Form1(DesktopState& state, const std::function<void(LangId)>& switch_lang
       general_(new GeneralPage(state, [this](QWidget* input) { refused(input); })),
       conductor_(new ConductorPage(state, [this](QWidget* input) { refused(input); })),
       result_(new ResultPage),
+      transient_(new TransientPage(state, [this](QWidget* input) { refused(input); })),
       pages_(new QTabWidget) {
     setObjectName("Form1");
     pages_->setObjectName("SSTab1");
-    for (QWidget* page : std::initializer_list<QWidget*>{general_, conductor_, result_})
+    for (QWidget* page : std::initializer_list<QWidget*>{general_, conductor_, result_, transient_})
         pages_->addTab(page, QString());
-    pages_->addTab(new QWidget, QString());
     pages_->setTabEnabled(transient_page, false);
     setCentralWidget(pages_);
     make_menus();
     connect(pages_, &QTabWidget::currentChanged, this, [this](int to) { page_changed(to); });
-    state_.case_changed = [this] { setWindowModified(document_.modified()); };
+    sharing_ = sharing_conductors(state_.calc_case);
+    state_.case_changed = [this] { case_changed(); };
+    transient_->calculated = [this] { allow_copy(); };
     recaption();
     general_->focus_first();
     resize(1260, 750);
@@ -61,6 +65,7 @@ void Form1::recaption() {
     general_->recaption();
     conductor_->recaption();
     result_->recaption(lang);
+    transient_->recaption();
     if (!shown_run_) return;
     // The shown result is told again, not computed again.
     write_texts(*shown_run_, lang, state_.session.separator);
@@ -80,6 +85,21 @@ void Form1::recaption_title() {
 void Form1::load() {
     general_->load();
     conductor_->load();
+    transient_->load();
+}
+
+/// Follows every change of the case: what hangs on it is brought into line.
+void Form1::case_changed() {
+    const int sharing = sharing_conductors(state_.calc_case);
+    if (sharing != sharing_) share_bundle_currents(state_.calc_case, state_.session.separator);
+    sharing_ = sharing;
+    transient_->load();
+    setWindowModified(document_.modified());
+}
+
+void Form1::allow_copy() {
+    copy_->setEnabled(page_ == transient_page ? state_.transient.result() != nullptr
+                                              : page_ == result_page && !shown_run_is_stale_);
 }
 
 void Form1::apply_settings() {
@@ -90,6 +110,7 @@ void Form1::apply_settings() {
 bool Form1::commit() {
     general_->commit();
     conductor_->commit();
+    transient_->commit();
     return refused_.isNull();
 }
 
@@ -104,27 +125,35 @@ void Form1::page_changed(int to) {
     }
     const PageChange change = change_page(state_.calc_case, page_, to, state_.session.lang);
     if (change.clears_balance) result_->clear_balance();
+    // A transient starts from the steady state of the inputs as they are now.
+    if (to == transient_page && state_.transient.basis_is_stale(state_.calc_case) && !run()) {
+        pages_->setCurrentIndex(page_);
+        return;
+    }
     page_ = change.page;
     pages_->setCurrentIndex(change.page);
-    copy_->setEnabled(false);
     if (change.refusal) state_.session.tell(*change.refusal);
     if (change.page == conductor_page) conductor_->mark_needed();
     if (change.runs) run();
+    if (change.page == transient_page) transient_->focus_first();
+    allow_copy();
 }
 
-void Form1::run() {
+/// False where the input was refused.
+bool Form1::run() {
     const SteadyRunResult result = RunSteady(state_.calc_case, state_.session);
     shown_run_is_stale_ = !result.input_valid;
     if (!result.input_valid) {
         result_->show_nothing_new();
-        return;
+        return false;
     }
     result_->show_run(result);
     shown_run_ = result;
-    copy_->setEnabled(true);
+    state_.transient.keep(result, state_.calc_case);
     load();  // the run reconciles the currents of sub-conductor and bundle
     pages_->setTabEnabled(transient_page, true);
     for (const Box& box : result.advice) state_.session.tell(box);
+    return true;
 }
 
 void Form1::refused(QWidget* input) {

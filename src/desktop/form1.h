@@ -22,11 +22,13 @@ namespace zel {
 class ConductorPage;
 class GeneralPage;
 class ResultPage;
+class TransientPage;
 
 /// The form of the current and temperature calculation: four pages on the strip `SSTab1`, numbered
-/// from 0. Going to the result page calculates. The menu keeps the case in files; the title tells
-/// the file and whether the case has changes that it lacks. Closing the form hides it, the case
-/// stays.
+/// from 0. Going to the result page calculates; so does going to the transient page where inputs
+/// have changed since, for that is where a transient starts. The menu keeps the case in files; the
+/// title tells the file and whether the case has changes that it lacks. Closing the form hides it,
+/// the case stays.
 class Form1 : public QMainWindow {
 public:
     /// `switch_language` is called by the language menu.
@@ -61,7 +63,9 @@ private:
     void show_new_case();
     void copy_result();
     void page_changed(int to);
-    void run();
+    void case_changed();
+    bool run();
+    void allow_copy();
     void refused(QWidget* input);
     void return_to_refused();
 
@@ -76,10 +80,12 @@ private:
     GeneralPage* general_;
     ConductorPage* conductor_;
     ResultPage* result_;
+    TransientPage* transient_;
     QTabWidget* pages_;
     int page_ = 0;                              // the page that was left, at a change
     std::optional<SteadyRunResult> shown_run_;  // the last valid run
     bool shown_run_is_stale_ = false;           // a refused run came after it
+    int sharing_ = 1;                           // sub-conductors that share the typed currents
     QPointer<QWidget> refused_;  // its text was refused just now, the focus goes back to it
 };
 

@@ -7,7 +7,9 @@
 #include "desktop/form1.h"
 #include "desktop/form1_input_pages.h"
 #include "desktop/form1_result_page.h"
+#include "desktop/form1_transient_page.h"
 #include "desktop/qt_text.h"
+#include "steady/state_change.h"
 #include "workflow/page_change.h"
 #include "workflow/result_text.h"
 
@@ -87,6 +89,8 @@ void Form1::hide_form() { close(); }
 
 /// Results and an opened transient belong to the former case.
 void Form1::show_new_case() {
+    state_.transient.forget();
+    sharing_ = sharing_conductors(state_.calc_case);
     load();
     result_->clear();
     shown_run_.reset();
@@ -97,8 +101,12 @@ void Form1::show_new_case() {
 }
 
 void Form1::copy_result() {
-    if (shown_run_)
-        QGuiApplication::clipboard()->setText(qt(result_text(*shown_run_, state_.session.lang)));
+    std::string text;
+    if (page_ == transient_page)
+        text = transient_->text_to_copy();
+    else if (shown_run_)
+        text = result_text(*shown_run_, state_.session.lang);
+    if (!text.empty()) QGuiApplication::clipboard()->setText(qt(text));
 }
 
 }  // namespace zel

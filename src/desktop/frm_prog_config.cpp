@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -55,7 +56,9 @@ FrmProgConfig::FrmProgConfig(QWidget* parent, DesktopState& state)
     connect(standard, &QPushButton::clicked, this, [this] { set_standard(); });
     connect(back, &QPushButton::clicked, this, &QDialog::accept);
     show_present();
-    resize(content->sizeHint().width() + 60, 700);
+    // As high as the options need, where the screen has room for it.
+    const int most = screen()->availableGeometry().height() - 60;
+    resize(content->sizeHint().width() + 60, std::min(content->sizeHint().height() + 80, most));
 }
 
 QGroupBox* FrmProgConfig::make_group(const ConfigGroup& group) {

@@ -36,8 +36,6 @@ void set_closed_colour(QWidget& input) {
     input.setPalette(palette);
 }
 
-std::string_view no_chain(std::string_view /*control*/) { return {}; }  // return acts as tab
-
 bool is_number(const KsFormRow& row) { return std::holds_alternative<KsBox>(row.field); }
 
 }  // namespace
@@ -96,7 +94,7 @@ QLineEdit* KsPanel::make_edit(const KsFormRow& row) {
     edit->setMinimumWidth(number_width);
     set_closed_colour(*edit);
     edit->installEventFilter(this);
-    edit->installEventFilter(new FocusChain(edit, no_chain));
+    edit->installEventFilter(new FocusChain(edit));
     if (!is_number(row)) return edit;
     edit->setAlignment(Qt::AlignRight);
     connect(edit, &QLineEdit::textEdited, this,
@@ -110,7 +108,7 @@ QComboBox* KsPanel::make_list(const KsFormRow& row) {
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list->setMinimumContentsLength(12);
     for (const std::string_view entry : row.entries()) list->addItem(qt(entry).trimmed());
-    list->installEventFilter(new FocusChain(list, no_chain));
+    list->installEventFilter(new FocusChain(list));
     connect(list, &QComboBox::activated, this, [this, &row](int index) {
         state_.form.choose(std::get<KsList>(row.field), static_cast<std::int16_t>(index));
         notify_.changed();

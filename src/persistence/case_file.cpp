@@ -16,21 +16,43 @@ std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 /// Takes the values of one file, key by key.
 class Reader {
 public:
-    Reader(DecimalSeparator separator, const EntryRule& rule)
-        : separator_(separator), rule_(rule) {}
+    Reader(DecimalSeparator separator, const EntryRule& rule, const CellRule& cell_rule)
+        : separator_(separator), rule_(rule), cell_rule_(cell_rule) {}
 
     void take(const FlatMember& member) {
+        if (const auto place = find_state_cell(member.key)) {
+            cells_.push_back({*place, &member});
+            return;
+        }
         const auto field = find_field(file.c, member.key);
         if (!field) refuse(member.key, "unknown key");
         std::visit([&](auto* place) { set(*place, member); }, *field);
     }
 
+    /// The cells of changes of state come last: their currents are shared by the bundle's size.
+    void take_cells() {
+        for (const auto& [place, member] : cells_) set(place, *member);
+    }
+
     CaseFile file;
 
 private:
-    /// The member that `row` stands for; null without a row, for a change of state.
-    static Entry CalcCase::*key_of(const CaseField* row) {
-        return row == nullptr ? nullptr : std::get<Entry CalcCase::*>(row->key);
+    struct CellMember {
+        StateCellPlace place;
+        const FlatMember* member;
+    };
+
+    void set(StateCellPlace place, const FlatMember& member) {
+        StateChange& row = file.c.Z[place.row];
+        if (const auto* number = std::get_if<double>(&member.value)) {
+            row.*place.cell = {plain_number(*number, separator_), *number};
+            if (place.cell == &StateChange::Strom)
+                show_bundle_current(row, sharing_conductors(file.c), separator_);
+            return;
+        }
+        const auto* text = std::get_if<std::string>(&member.value);
+        if (text == nullptr) refuse(member.key, "a number is expected");
+        if (auto box = cell_rule_(file.c, place, *text)) file.refused.push_back({member.key, *box});
     }
 
     static void set(std::string& field, const FlatMember& member) {
@@ -42,15 +64,15 @@ private:
     void set(Entry& field, const FlatMember& member) {
         const CaseField* row = find_case_field(member.key);
         if (const auto* given = std::get_if<double>(&member.value)) {
-            const double number = row != nullptr && row->whole ? round_half_even(*given) : *given;
+            const double number = row->whole ? round_half_even(*given) : *given;
             field = {plain_number(number, separator_), number};
             return;
         }
         const auto* text = std::get_if<std::string>(&member.value);
         if (text == nullptr) refuse(member.key, "a number is expected");
-        if (row != nullptr && row->of_record) {
+        if (row->of_record) {
             if (!text->empty()) field = {*text, number_of(*text, member.key)};
-        } else if (auto box = rule_(field, key_of(row), *text)) {
+        } else if (auto box = rule_(field, std::get<Entry CalcCase::*>(row->key), *text)) {
             file.refused.push_back({member.key, *box});
         }
     }
@@ -62,8 +84,13 @@ private:
         if (!whole) refuse(member.key, "a whole number from -32768 to 32767 is expected");
         if (member.key.starts_with("rechnung_") && *number != 0 && *number != 1)
             refuse(member.key, "1 (selected) or 0 is expected");
+        if (is_kind(member.key) && (*whole < row_unused || *whole > seeks_time))
+            refuse(member.key, "0 (not in use), 1, 2 or 3 is expected");
         field = *whole;
     }
+
+    /// Whether `key` is the kind of a change of state.
+    static bool is_kind(std::string_view key) { return key.starts_with('Z'); }
 
     void set(bool& field, const FlatMember& member) const {
         if (const auto* flag = std::get_if<bool>(&member.value)) {
@@ -93,6 +120,8 @@ private:
 
     DecimalSeparator separator_;
     const EntryRule& rule_;
+    const CellRule& cell_rule_;
+    std::vector<CellMember> cells_;
 };
 
 std::optional<FlatValue> value_of(const std::string& field, const std::string& /*start*/) {
@@ -123,9 +152,11 @@ std::optional<FlatValue> value_of(bool field, bool start) {
 
 }  // namespace
 
-CaseFile read_case(const FlatObject& values, DecimalSeparator separator, const EntryRule& rule) {
-    Reader reader(separator, rule);
+CaseFile read_case(const FlatObject& values, DecimalSeparator separator, const EntryRule& rule,
+                   const CellRule& cell_rule) {
+    Reader reader(separator, rule, cell_rule);
     for (const FlatMember& member : values) reader.take(member);
+    reader.take_cells();
     return std::move(reader.file);
 }
 

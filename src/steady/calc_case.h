@@ -167,8 +167,8 @@ struct MeasuredData {
 
 /// One change of state of a transient: the fields `Zn_merker_db`, `Zn_Strom_db`, ...
 struct StateChange {
-    std::int16_t merker = 0;  // 0 unused, 1 TEMP and time, 2 Strom and time, 3 Strom and TEMP
-    Entry Strom;              // A, of one sub-conductor
+    std::int16_t merker = 0;  // what is sought, see TransientKind; 0 unused
+    Entry Strom;              // A; the text is the bundle's, the number of one sub-conductor
     Entry TEMP;               // °C
     Entry min;                // duration, minutes and
     Entry sec;                // seconds

@@ -134,17 +134,35 @@ std::vector<CaseField> make_fields() {
 #undef WHOLE
 #undef RECORD
 
-/// `name` as "Z3_TEMP_db": the row and what follows "Zn_".
-std::optional<FieldRef> find_state_field(CalcCase& c, std::string_view name) {
+struct NamedCell {
+    std::string_view name;
+    StateCell cell;
+};
+
+constexpr NamedCell named_cells[] = {
+    {"Strom_db", &StateChange::Strom},
+    {"TEMP_db", &StateChange::TEMP},
+    {"min_db", &StateChange::min},
+    {"sec_db", &StateChange::sec},
+};
+constexpr std::string_view kind_name = "merker_db";
+
+/// What follows "Zn_" in `name`, and the row (0 to 5).
+struct StateName {
+    std::size_t row;
+    std::string_view field;
+};
+
+std::optional<StateName> state_name(std::string_view name) {
     if (name.size() < 4 || name[0] != 'Z' || name[1] < '1' || name[1] > '6' || name[2] != '_')
         return std::nullopt;
-    StateChange& row = c.Z[static_cast<std::size_t>(name[1] - '1')];
-    const std::string_view field = name.substr(3);
-    if (field == "merker_db") return &row.merker;
-    if (field == "Strom_db") return &row.Strom;
-    if (field == "TEMP_db") return &row.TEMP;
-    if (field == "min_db") return &row.min;
-    if (field == "sec_db") return &row.sec;
+    return StateName{static_cast<std::size_t>(name[1] - '1'), name.substr(3)};
+}
+
+std::optional<FieldRef> find_state_field(CalcCase& c, std::string_view name) {
+    if (const auto place = find_state_cell(name)) return &(c.Z[place->row].*place->cell);
+    const auto kind = state_name(name);
+    if (kind && kind->field == kind_name) return &c.Z[kind->row].merker;
     return std::nullopt;
 }
 
@@ -158,9 +176,10 @@ const std::vector<CaseField>& case_fields() {
 std::vector<std::string> all_field_names() {
     std::vector<std::string> names;
     for (const CaseField& field : case_fields()) names.emplace_back(field.name);
-    for (std::size_t row = 1; row <= state_change_count; ++row)
-        for (const char* field : {"merker_db", "Strom_db", "TEMP_db", "min_db", "sec_db"})
-            names.push_back("Z" + std::to_string(row) + "_" + field);
+    for (std::size_t row = 0; row < state_change_count; ++row) {
+        names.push_back(name_of(row, nullptr));
+        for (const NamedCell& named : named_cells) names.push_back(name_of(row, named.cell));
+    }
     return names;
 }
 
@@ -190,6 +209,21 @@ std::optional<FieldRef> find_field(CalcCase& c, std::string_view name) {
     const CaseField* row = find_case_field(name);
     if (row == nullptr) return find_state_field(c, name);
     return std::visit([&](auto member) -> FieldRef { return &(c.*member); }, row->key);
+}
+
+std::optional<StateCellPlace> find_state_cell(std::string_view name) {
+    const auto place = state_name(name);
+    if (!place) return std::nullopt;
+    for (const NamedCell& cell : named_cells)
+        if (cell.name == place->field) return StateCellPlace{place->row, cell.cell};
+    return std::nullopt;
+}
+
+std::string name_of(std::size_t row, StateCell cell) {
+    std::string_view field = kind_name;
+    for (const NamedCell& named : named_cells)
+        if (named.cell == cell) field = named.name;
+    return "Z" + std::to_string(row + 1) + "_" + std::string(field);
 }
 
 std::string_view name_of(const FieldKey& key) {

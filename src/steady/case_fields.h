@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "steady/calc_case.h"
+#include "steady/state_change.h"
 
 namespace zel {
 
@@ -46,6 +47,18 @@ void forget_emptied(CalcCase& c);
 /// The field `name` of `c`; the changes of state have their numbered names here (`Z3_TEMP_db`).
 /// Nothing where no field bears the name.
 [[nodiscard]] std::optional<FieldRef> find_field(CalcCase& c, std::string_view name);
+
+/// A cell of a change of state.
+struct StateCellPlace {
+    std::size_t row;  // 0 to 5
+    StateCell cell;
+};
+
+/// The cell that bears the numbered name `name` (`Z3_TEMP_db`: row 2).
+[[nodiscard]] std::optional<StateCellPlace> find_state_cell(std::string_view name);
+
+/// The numbered name of a cell, or of the kind of row `row` (0 to 5) for a null `cell`.
+[[nodiscard]] std::string name_of(std::size_t row, StateCell cell);
 
 /// The name of a field of any type; empty where it is none of a case.
 [[nodiscard]] std::string_view name_of(const FieldKey& key);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/program_end.h"
+#include "steady/report_texts.h"
 
 namespace zel {
 namespace {
@@ -79,27 +80,7 @@ constexpr BoxText busbar_frequency_box = {
      "for frequencies from 50Hz - 60 Hz and 0 Hz (DC): \n"
      "Please correcht your input for frequency "}};
 
-constexpr BoxText undefined_mode_box = {
-    Icon::Stop,
-    {"Function: ST_00_CigreTB207_temp_strom_steady_state"},
-    {"Berechnungsabbruch 01 -  Berechnungsart undefiniert.\n"
-     "Bitte wenden Sie sich mit den Eingabedaten an den Entwickler des Programms.\n"
-     "Das Programm muß zur Erlangung eines\n"
-     "definierten Zustandes leider beendet werden!",
-     "Berechnungsabbruch 01 -  Berechnungsart undefiniert.\n"
-     "Please contact the developer of the program and enclose your input data.\n"
-     "The application must be cancelled for\n"
-     "having a defined state!"}};
-
-constexpr BoxText iteration_box = {Icon::Warning,
-                                   {"{0}"},
-                                   {"Die Berechnungsiteration nach Cigre TB207\n"
-                                    "ergab kein brauchbares Ergebnis!\n"
-                                    "Bitte überprüfen Sie ihre Eingabedaten auf Plausibilität !\n"
-                                    "und Realitätsnähe !",
-                                    "The calculation by Cigre TB207\n"
-                                    "did not lead to a usable result!\n"
-                                    "Please check your input values for plausibility !"}};
+constexpr BoxText iteration_box = {Icon::Warning, {"{0}"}, no_result_lines};
 
 // No numbered statements are kept: the row in the text is 0.
 constexpr BoxText fault_box = {
@@ -171,7 +152,7 @@ std::string_view report(const SteadyFailure& failure, const Reporting& reporting
 }
 
 void ST_MSG_iteration_failed(std::string_view title, const Reporting& reporting) {
-    reporting.dialogs.show(box_in(reporting.lang, iteration_box, {title}));
+    reporting.dialogs.show(box_in(reporting.lang, iteration_box, {title, "TB207"}));
 }
 
 }  // namespace zel

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/program_end.h"
+#include "steady/report_texts.h"
 
 namespace zel {
 namespace {
@@ -73,27 +74,7 @@ constexpr BoxText single_layer_box = {
      "These kind of conductors are not used in reality for overhead lines with high currents"
      "For this reason the calculation is interrupted !"}};
 
-constexpr BoxText undefined_mode_box = {
-    Icon::Stop,
-    {"Function: ST_00_CigreTB601_temp_strom_steady_state"},
-    {"Berechnungsabbruch 01 -  Berechnungsart undefiniert.\n"
-     "Bitte wenden Sie sich mit den Eingabedaten an den Entwickler des Programms.\n"
-     "Das Programm muß zur Erlangung eines\n"
-     "definierten Zustandes leider beendet werden!",
-     "Berechnungsabbruch 01 -  Berechnungsart undefiniert.\n"
-     "Please contact the developer of the program and enclose your input data.\n"
-     "The application must be cancelled for\n"
-     "having a defined state!"}};
-
-constexpr BoxText no_result_box = {Icon::Stop,
-                                   {"{0}"},
-                                   {"Die Berechnungsiteration nach Cigre TB601\n"
-                                    "ergab kein brauchbares Ergebnis!\n"
-                                    "Bitte überprüfen Sie ihre Eingabedaten auf Plausibilität !\n"
-                                    "und Realitätsnähe !",
-                                    "The calculation by Cigre TB601\n"
-                                    "did not lead to a usable result!\n"
-                                    "Please check your input values for plausibility !"}};
+constexpr BoxText no_result_box = {Icon::Stop, {"{0}"}, no_result_lines};
 
 struct FailureRow {
     Tb601Cause cause;
@@ -117,7 +98,7 @@ constexpr std::array failures = {
     FailureRow{StrandedReynolds, &range_box, above_50000, convection_and_blank, convection},
     FailureRow{RoughReynolds, &rough_reynolds_box, {}, convection_and_blank, convection},
     FailureRow{GrashofPrandtlTooLarge, &range_box, above_10_12, convection_and_blank, convection},
-    FailureRow{ModeUndefined, &undefined_mode_box, {}, undefined_mode, undefined_mode},
+    FailureRow{ModeUndefined, &undefined_mode_box, {solver}, undefined_mode, undefined_mode},
     FailureRow{CurrentAllAbove,
                &no_result_box,
                {"ST_00_CigreTB601_temp_strom_steady_state - 001"},
@@ -177,7 +158,7 @@ FailureRow row_of(const Tb601Failure& failure) {
 }
 
 void show(const FailureRow& row, const Reporting& reporting) {
-    const Box box = box_in(reporting.lang, *row.box, {row.place.in(reporting.lang)});
+    const Box box = box_in(reporting.lang, *row.box, {row.place.in(reporting.lang), "TB601"});
     const Answer answer = reporting.dialogs.show(box);
     if (box.buttons == Buttons::YesNo && answer != Answer::No)
         throw ProgramEnd("ended by the answer to: " + box.lines.front());

@@ -4,20 +4,11 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "steady/calc_case.h"
+#include "steady/state_change.h"
 
 // The rows of a transient: up to six changes of state, one after the other.
 
 namespace zel {
-
-/// `Merker` of a row: which of current, temperature and duration is sought. The other two are
-/// given.
-enum TransientKind : std::int16_t {
-    row_unused = 0,
-    seeks_current = 1,
-    seeks_temperature = 2,
-    seeks_time = 3,
-};
 
 /// `Direction` of a row.
 enum TransientDirection : std::int16_t { row_at_rest = 0, row_heats = 1, row_cools = 2 };
@@ -43,6 +34,8 @@ using Zustand16 = std::array<TransientRow, state_change_count>;
 struct TransientStart {
     double current = 0;      // A
     double temperature = 0;  // °C
+
+    friend bool operator==(const TransientStart&, const TransientStart&) = default;
 };
 
 /// Seconds of a row as it shows: 60 times its minutes plus its seconds.

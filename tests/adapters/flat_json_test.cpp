@@ -5,18 +5,13 @@
 
 #include <cmath>
 
-#include "platform/input_error.h"
+#include "fakes/refusal.h"
 
 namespace zel {
 namespace {
 
 std::string refusal(std::string_view text) {
-    try {
-        (void)parse_flat_json(text);
-    } catch (const InputError& error) {
-        return error.what();
-    }
-    return "taken";
+    return refusal_of([&] { return parse_flat_json(text); });
 }
 
 TEST(FlatJson, keeps_order_kind_and_every_digit) {

@@ -5,18 +5,13 @@
 
 #include <fstream>
 
-#include "platform/input_error.h"
+#include "fakes/refusal.h"
 
 namespace zel {
 namespace {
 
 std::string refusal(const std::string& path) {
-    try {
-        (void)read_text_file(path);
-    } catch (const InputError& error) {
-        return error.what();
-    }
-    return "read";
+    return refusal_of([&] { return read_text_file(path); });
 }
 
 TEST(TextFile, is_read_whole_with_its_line_ends) {

@@ -8,7 +8,7 @@
 
 #include "adapters/posix/text_file.h"
 #include "fakes/as_nobody.h"
-#include "platform/output_error.h"
+#include "fakes/refusal.h"
 
 namespace zel {
 namespace {
@@ -27,12 +27,7 @@ protected:
     }
 
     static std::string refusal(const fs::path& path) {
-        try {
-            write_text_file(path, "new");
-        } catch (const OutputError& error) {
-            return error.what();
-        }
-        return "written";
+        return refusal_of([&] { write_text_file(path, "new"); });
     }
     [[nodiscard]] int files() const {
         return static_cast<int>(std::distance(fs::directory_iterator(folder), {}));

@@ -2,12 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
-#include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <nlohmann/json.hpp>
 
 #include "cli/process.h"
+#include "fakes/test_data.h"
 
 // Runs of the whole program, one per folder of tests/cases/<command>/<name>/. expected.json there:
 //   args         words after the command; "case.json" by default stands first
@@ -26,32 +25,11 @@ namespace fs = std::filesystem;
 
 json read_json(const fs::path& path) { return json::parse(std::ifstream(path)); }
 
-void expect_part(const json& expected, const json& actual, double tolerance,
-                 const std::string& place) {
-    if (expected.is_object()) {
-        ASSERT_TRUE(actual.is_object()) << place;
-        for (const auto& [key, value] : expected.items()) {
-            ASSERT_TRUE(actual.contains(key)) << place << "/" << key;
-            expect_part(value, actual.at(key), tolerance, place + "/" + key);
-        }
-    } else if (expected.is_array()) {
-        ASSERT_EQ(expected.size(), actual.size()) << place << ": " << actual;
-        for (std::size_t i = 0; i < expected.size(); ++i)
-            expect_part(expected[i], actual[i], tolerance, place + "/" + std::to_string(i));
-    } else if (expected.is_number() && actual.is_number()) {
-        const double value = expected;
-        EXPECT_NEAR(actual.get<double>(), value, tolerance * std::max(1.0, std::abs(value)))
-            << place;
-    } else {
-        EXPECT_EQ(expected, actual) << place;
-    }
-}
-
 void expect_output(const json& expected, const std::string& actual, double tolerance) {
     if (expected.is_object()) {
         const json document = json::parse(actual, nullptr, false);
         ASSERT_FALSE(document.is_discarded()) << "no JSON document:\n" << actual;
-        expect_part(expected, document, tolerance, "");
+        expect_part(expected, document, {tolerance, tolerance}, "");
     } else if (expected.is_string() && expected.get<std::string>().empty()) {
         EXPECT_EQ(actual, "");
     } else {

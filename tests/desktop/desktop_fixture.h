@@ -42,6 +42,7 @@ protected:
                                      chooser,
                                      settings,
                                      launcher});
+        state->session.memory = &state->memory;
         form_main = std::make_unique<FormMain>(*state);
         form_main->show();
         form1().show();

@@ -48,4 +48,27 @@ inline CalcCase twin_264_34_at(double current) {
     return c;
 }
 
+/// A tube of 120 mm with a wall of 8 mm at 80 °C, 35 °C ambient, 0.6 m/s across, 300 m, 900 W/m²,
+/// by the busbar method.
+inline CalcCase tube() {
+    CalcCase c;
+    c.rechnung_TBB_merker_db = 1;
+    c.conductor_type_db = tubular_busbar;
+    c.Leitertemp_Merker_db = true;
+    c.Leitertemp_db = typed(80);
+    c.Hoehe_ueber_NN_db = typed(300);
+    c.Windgeschwindigkeit_db = typed(0.6);
+    c.Umgebungstemperatur_db = typed(35);
+    c.Globalstrahlung_db = typed(900);
+    c.Netzfrequenz_db = typed(50);
+    c.Emissionsverhaeltnis_db = typed(0.5);
+    c.Absorptionsverhaeltnis_db = typed(0.6);
+    c.Seildurchmesser_db = typed(120);
+    c.DrahtdurchmesserLeiter_db = typed(8);
+    c.DCR_20_db = typed(99);
+    c.DC_Resist_Leiter_db = typed(29.5);
+    c.T_Koeff_DC_Resist_Leiter_linear_db = typed(3.6);
+    return c;
+}
+
 }  // namespace zel

@@ -5,9 +5,10 @@
 
 #include <cmath>
 
-#include "platform/input_error.h"
+#include "fakes/refusal.h"
 #include "steady/case_fields.h"
 #include "workflow/entry_rules.h"
+#include "workflow/transient_cells.h"
 
 namespace zel {
 namespace {
@@ -16,19 +17,18 @@ using testing::IsEmpty;
 using testing::SizeIs;
 
 CaseFile read(const FlatObject& values, DecimalSeparator separator = DecimalSeparator::Point) {
-    return read_case(values, separator,
-                     [separator](Entry& field, Entry CalcCase::*key, std::string_view text) {
-                         return enter(field, key, text, separator, LangId::English);
-                     });
+    return read_case(
+        values, separator,
+        [separator](Entry& field, Entry CalcCase::*key, std::string_view text) {
+            return enter(field, key, text, separator, LangId::English);
+        },
+        [separator](CalcCase& c, StateCellPlace place, std::string_view text) {
+            return read_cell(c, place, text, separator, LangId::English);
+        });
 }
 
 std::string refusal(const std::string& key, const FlatValue& value) {
-    try {
-        (void)read({{key, value}});
-    } catch (const InputError& error) {
-        return error.what();
-    }
-    return "taken";
+    return refusal_of([&] { return read({{key, value}}); });
 }
 
 TEST(CaseFile, of_nothing_is_a_case_with_its_defaults) {
@@ -142,7 +142,9 @@ CalcCase full_case(DecimalSeparator separator) {
         if (auto* const* text = std::get_if<std::string*>(&*field)) **text = "Text " + name;
         if (auto* const* flag = std::get_if<bool*>(&*field)) **flag = true;
         if (auto* const* whole = std::get_if<std::int16_t*>(&*field))
-            **whole = static_cast<std::int16_t>(name.starts_with("rechnung_") ? 1 : 10 + n);
+            **whole = static_cast<std::int16_t>(name.starts_with("rechnung_") ? 1
+                                                : name.starts_with("Z")       ? seeks_time
+                                                                              : 10 + n);
         const CaseField* row = find_case_field(name);
         const double number = row != nullptr && row->whole ? n : n + 0.25;
         if (auto* const* entry = std::get_if<Entry*>(&*field))

@@ -33,12 +33,5 @@ TEST(RecordingDialogs, keep_each_box_and_answer_as_a_run_without_a_user) {
     EXPECT_THAT(dialogs.shown(), ElementsAre(first, second));
 }
 
-TEST(IconNames, are_those_of_the_recorded_output) {
-    EXPECT_EQ(name_of(Icon::None), "none");
-    EXPECT_EQ(name_of(Icon::Stop), "stop");
-    EXPECT_EQ(name_of(Icon::Warning), "warning");
-    EXPECT_EQ(name_of(Icon::Question), "question");
-}
-
 }  // namespace
 }  // namespace zel

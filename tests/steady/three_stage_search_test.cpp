@@ -2,75 +2,61 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace zel {
 namespace {
 
-struct Found {
-    TemperatureResult result;
-    int evaluations = 0;
-};
+using Function = std::function<double(double T)>;
 
-template <class Function>
-Found search(double Iz, Function current) {
-    Found found;
-    found.result = three_stage_search(Iz, [&](double T) {
-        ++found.evaluations;
-        const double I = current(T);
-        return CurrentResult{I, {}};
-    });
-    return found;
+Function same() {
+    return [](double T) { return T; };
+}
+Function step(double at, double below, double above) {
+    return [=](double T) { return T < at ? below : above; };
 }
 
-double ampere_per_degree(double T) { return T; }
+TEST(ThreeStageSearch, tries_its_points_in_their_order_within_its_tolerances) {
+    const struct {
+        const char* what;
+        double Iz;
+        Function current;
+        double temperature;
+        int evaluations;  // three points an iteration
+    } rows[] = {
+        {"the low point before the middle", 7, step(0, 7.05, 7.05), -50, 3},
+        {"the middle before the high point", 7, step(0, 0, 6.95), 225, 3},
+        {"the high point", 7, step(400, 0, 7), 500, 3},
+        {"a target of zero", 0, step(0, 0, 0), -50, 3},
+        {"out of reach, where more points would be the same", -60.1, same(), 500, 9},
+        {"out of reach, where more points would be the same", 510.1, same(), 500, 9},
+        {"allowed by the second stage", -50.1001, same(), -50, 6},
+        {"allowed by the second stage", -50.9, same(), -50, 6},
+        {"allowed by the third stage", -59.9, same(), -50, 9},
+        // A jump at 100 °C leaves no point within 0.1 A. The counter goes on from stage to stage:
+        // 100 iterations, up to 200, up to 400. No stage begins where the last current, that of
+        // the high point, is good enough for it.
+        {"a gap of 1 A", 100, step(100, 99.5, 100.5), 100, 300},
+        {"a gap of 10 A", 100, step(100, 95, 105), 100, 600},
+        {"a gap of 40 A", 100, step(100, 80, 120), 100, 1200},
+    };
+    for (const auto& [what, Iz, current, temperature, evaluations] : rows) {
+        int evaluated = 0;
+        const auto result = three_stage_search(Iz, [&, &f = current](double T) {
+            ++evaluated;
+            return CurrentResult{f(T), {}};
+        });
+        EXPECT_NEAR(result.temperature, temperature, 1e-9) << what;
+        EXPECT_EQ(result.current, current(result.temperature)) << what;
+        EXPECT_EQ(evaluated, evaluations) << what;
+    }
+}
 
 TEST(ThreeStageSearch, finds_a_current_within_a_tenth_of_an_ampere) {
     for (const double Iz : {-49.0, 0.0, 80.0, 224.0, 226.0, 499.0}) {
-        const auto [result, evaluations] = search(Iz, ampere_per_degree);
+        const auto result = three_stage_search(Iz, [](double T) { return CurrentResult{T, {}}; });
         EXPECT_NEAR(result.temperature, Iz, 0.1);
         EXPECT_EQ(result.current, result.temperature);
-    }
-}
-
-TEST(ThreeStageSearch, takes_the_low_point_before_the_middle_and_that_before_the_high_one) {
-    EXPECT_EQ(search(7, [](double) { return 7.05; }).result.temperature, -50);
-    EXPECT_EQ(search(7, [](double T) { return T < 0 ? 0 : 6.95; }).result.temperature, 225);
-    EXPECT_EQ(search(7, [](double T) { return T < 400 ? 0 : 7; }).result.temperature, 500);
-}
-
-TEST(ThreeStageSearch, runs_once_for_a_target_of_zero) {
-    EXPECT_EQ(search(0, [](double) { return 0; }).evaluations, 3);
-}
-
-TEST(ThreeStageSearch, leaves_the_high_point_for_a_current_out_of_reach) {
-    for (const double Iz : {-60.1, 510.1}) {
-        const auto [result, evaluations] = search(Iz, ampere_per_degree);
-        EXPECT_EQ(result.temperature, 500);
-        EXPECT_EQ(result.current, 500);
-        EXPECT_EQ(evaluations, 9);  // three points a stage; more of them would be the same
-    }
-}
-
-// Out of reach by less than a tolerance is found by the stage that allows it.
-TEST(ThreeStageSearch, allows_one_ampere_and_then_ten) {
-    EXPECT_EQ(search(-50.1, ampere_per_degree).result.temperature, -50);
-    EXPECT_EQ(search(-50.9, ampere_per_degree).result.temperature, -50);
-    EXPECT_EQ(search(-59.9, ampere_per_degree).result.temperature, -50);
-}
-
-// A jump at 100 °C leaves no point within 0.1 A. The counter goes on from stage to stage: 100
-// iterations of three points, then up to 200, then up to 400. No stage begins where the last
-// current, that of the high point, is already good enough for it.
-TEST(ThreeStageSearch, ends_after_the_stage_before_the_one_that_the_last_current_satisfies) {
-    struct Row {
-        double half_gap;
-        int evaluations;
-    };
-    for (const auto& [half_gap, evaluations] : {Row{0.5, 300}, Row{5, 600}, Row{20, 1200}}) {
-        const auto found =
-            search(100, [gap = half_gap](double T) { return T < 100 ? 100 - gap : 100 + gap; });
-        EXPECT_EQ(found.evaluations, evaluations);
-        EXPECT_NEAR(found.result.temperature, 100, 1e-9);
-        EXPECT_EQ(found.result.current, 100 + half_gap);
     }
 }
 

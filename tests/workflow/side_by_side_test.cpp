@@ -1,10 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <cmath>
 #include <random>
 #include <thread>
 
-#include "fakes/steady_cases.h"
+#include "fakes/sunny_cases.h"
 #include "platform/program_end.h"
 #include "workflow/steady_run.h"
 
@@ -16,49 +17,54 @@ namespace {
 
 constexpr std::size_t case_count = 3000;
 
+struct Range {
+    Entry CalcCase::*field;
+    double low, high;
+    bool whole = false;
+};
+constexpr Range ranges[] = {{&CalcCase::Leitertemp_db, 20, 150},
+                            {&CalcCase::Stromstaerke_db, 0, 2000},
+                            {&CalcCase::Mantelquerschnitt_db, 100, 600},
+                            {&CalcCase::Seildurchmesser_db, 10, 60},
+                            {&CalcCase::Windgeschwindigkeit_db, 0, 20},
+                            {&CalcCase::Winkel_W_S_db, 0, 359},
+                            {&CalcCase::Winkel_S_S_db, 0, 360},
+                            {&CalcCase::Umgebungstemperatur_db, -20, 60},
+                            {&CalcCase::Globalstrahlung_db, 0, 1300},
+                            {&CalcCase::Bodentemp_db, 0, 40},
+                            {&CalcCase::Bodenart_db, 0, 1},
+                            {&CalcCase::Bewoelkungsgrad_db, 0, 1},
+                            {&CalcCase::geogr_Breite_db, 40, 60},
+                            {&CalcCase::geo_laeng_db, -20, 10},
+                            {&CalcCase::Tag_db, 1, 28, true},
+                            {&CalcCase::Monat_db, 1, 12, true},
+                            {&CalcCase::Stunden_db, 0, 23, true},
+                            {&CalcCase::Minuten_db, 0, 59, true},
+                            {&CalcCase::Feldlaenge_db, 100, 500},
+                            {&CalcCase::Hoehendifferenz_db, 0, 50},
+                            {&CalcCase::KniepunktTemperatur_db, 60, 120}};
+
 /// A line or a tube in any weather, by any method, in either mode; some of them find no solution.
 CalcCase mixed_case(std::mt19937& random) {
-    const auto within = [&](double low, double high) {
-        return typed(std::uniform_real_distribution<double>(low, high)(random));
-    };
     const auto one_of = [&](int low, int high) {
         return static_cast<std::int16_t>(std::uniform_int_distribution<int>(low, high)(random));
     };
-    CalcCase c = one_of(0, 1) == 0 ? twin_264_34() : twin_264_34_at(0);
-    c.Leitertemp_db = within(20, 150);
-    c.Stromstaerke_db = within(0, 2000);
+    CalcCase c = sunny_264_34();
+    c.Stromstaerke_Merker_db = one_of(0, 1) == 0;
+    c.Leitertemp_Merker_db = !c.Stromstaerke_Merker_db;
     const bool tube = one_of(0, 4) == 0;
-    c.rechnung_cigre207_merker_db = tube ? 0 : 1;
-    c.rechnung_cigre601_merker_db = c.rechnung_cigre207_merker_db;
-    c.rechnung_webs_merker_db = c.rechnung_cigre207_merker_db;
-    c.rechnung_kirn_merker_db = c.rechnung_cigre207_merker_db;
-    c.rechnung_TBB_merker_db = tube ? 1 : 0;
+    for (const Method method : all_methods)
+        c.*flag_of(method) = (method == Method::TBB) == tube ? 1 : 0;
     c.conductor_type_db = tube ? one_of(3, 3) : one_of(1, 2);
     c.DrahtlagenzahlLeiter_db = one_of(2, 3);
-    c.Mantelquerschnitt_db = within(100, 600);
-    c.Seildurchmesser_db = within(10, 60);
-    c.Windgeschwindigkeit_db = within(0, 20);
-    c.Winkel_W_S_db = within(0, 359);
-    c.Winkel_S_S_db = within(0, 360);
-    c.Umgebungstemperatur_db = within(-20, 60);
-    c.Globalstrahlung_db = within(0, 1300);
-    c.Bodentemp_db = within(0, 40);
-    c.Bodenart_db = within(0, 1);
-    c.Bewoelkungsgrad_db = within(0, 1);
-    c.geogr_Breite_db = within(40, 60);
-    c.geo_laeng_db = within(-20, 10);
-    c.geo_laeng_zeit_db = typed(-15);
-    c.Tag_db = typed(one_of(1, 28));
-    c.Monat_db = typed(one_of(1, 12));
-    c.Stunden_db = typed(one_of(0, 23));
-    c.Minuten_db = typed(one_of(0, 59));
-    c.Feldlaenge_db = within(100, 500);
-    c.Hoehendifferenz_db = within(0, 50);
+    for (const auto& [field, low, high, whole] : ranges) {
+        const double value = std::uniform_real_distribution<double>(low, high)(random);
+        c.*field = typed(whole ? std::round(value) : value);
+    }
     c.KerndurchmesserTraeger_db = typed(7.47);
     c.ACDC_R_Option_Merker_db = 1;
     c.T_Koeff_DC_Resist_Leiter_quadrat_db = typed(0);
     c.radialthermalconductivity_unter_KPT_db = typed(2);
-    c.KniepunktTemperatur_db = within(60, 120);
     c.radialthermalconductivity_ueber_KPT_db = typed(1.5);
     return c;
 }
@@ -70,11 +76,16 @@ std::string outcome_of(CalcCase c) {
     try {
         const SteadyRunResult result = RunSteady(c, session);
         std::string text = result.input_valid ? "" : "refused " + joined(result.refusal.lines, " ");
-        for (const MethodResult& line : result.methods) {
-            const MethodOutcome& outcome = line.outcome;
-            text += line.result + outcome.status;
-            for (const auto& value : {outcome.current_A, outcome.temperature_C})
-                text += value ? std::to_string(std::bit_cast<std::uint64_t>(*value)) + " " : "-";
+        const auto add = [&](double value) {
+            text += std::to_string(std::bit_cast<std::uint64_t>(value)) + " ";
+        };
+        for (const auto& [method, caption, shown, outcome] : result.methods) {
+            text += shown + outcome.status;
+            add(outcome.current_A.value_or(0));
+            add(outcome.temperature_C.value_or(0));
+            const auto [PJ, PS, PC, PR] = outcome.terms.value_or(HeatTerms{});
+            const auto [TSurface, TCore, K, KSkin, KMag] = outcome.tb601.value_or(Tb601Details{});
+            for (const double value : {PJ, PS, PC, PR, TSurface, TCore, KSkin, KMag}) add(value);
         }
         return text;
     } catch (const ProgramEnd& end) {

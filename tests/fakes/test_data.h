@@ -1,0 +1,44 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "platform/message_box.h"
+#include "platform/number_text.h"
+#include "steady/calc_case.h"
+
+// Tests by data: documents of tests/data/, and what their rows need.
+
+namespace zel {
+
+NLOHMANN_JSON_SERIALIZE_ENUM(LangId, {{LangId::German, "de"}, {LangId::English, "en"}})
+NLOHMANN_JSON_SERIALIZE_ENUM(DecimalSeparator, {{DecimalSeparator::Comma, "comma"},
+                                                {DecimalSeparator::Point, "point"}})
+
+/// The document tests/data/`name`.json.
+[[nodiscard]] nlohmann::json test_data(const std::string& name);
+
+/// How near a number has to be: within the larger of the two; 0 and 0 ask for the very same.
+struct Closeness {
+    double absolute = 0;
+    double relative = 0;
+};
+
+/// The "absolute" and "relative" of a group of rows.
+[[nodiscard]] Closeness closeness(const nlohmann::json& group);
+
+/// Expects `expected` in `actual`: of an object the keys that it names, all else whole. `place` is
+/// told where it fails.
+void expect_part(const nlohmann::json& expected, const nlohmann::json& actual, Closeness near,
+                 const std::string& place);
+
+/// Sets the fields of `c` that `fields` names: numbers, texts and flags; null leaves the double of
+/// a number and empties its text, as a user does who deletes it.
+void set_fields(CalcCase& c, const nlohmann::json& fields);
+
+/// Icon, title and lines of each box, and its buttons and its answer of a run without a user where
+/// it asks something.
+[[nodiscard]] nlohmann::json as_json(const std::vector<Box>& boxes);
+
+}  // namespace zel

@@ -1,0 +1,59 @@
+#include <cmath>
+#include <limits>
+
+#include "fakes/formulas.h"
+#include "platform/number_text.h"
+#include "platform/rounding.h"
+
+namespace zel {
+namespace {
+
+std::string text_in(std::string_view de, std::string_view en, LangId lang) {
+    return std::string(Text{de, en}.in(lang));
+}
+
+std::string filled(std::string_view pattern, std::vector<std::string> values) {
+    return values.size() == 1 ? fill(pattern, {values[0]}) : fill(pattern, {values[0], values[1]});
+}
+
+std::string icon_name(std::int16_t icon) { return std::string(name_of(Icon(icon))); }
+
+TEST(PlatformFormulas, have_the_values_of_their_rows) {
+    expect_formulas("platform_formulas",
+                    {ZEL_FORMULA(parse_number), ZEL_FORMULA(parse_single),
+                     ZEL_FORMULA(round_half_even), ZEL_FORMULA(masked), ZEL_FORMULA(plain_number),
+                     ZEL_FORMULA(round_to_int16), ZEL_FORMULA(narrowed_to_single),
+                     ZEL_FORMULA(text_in), ZEL_FORMULA(filled), ZEL_FORMULA(lines_of),
+                     ZEL_FORMULA(joined), ZEL_FORMULA(icon_name)});
+}
+
+TEST(PlatformFormulas, of_a_value_that_is_no_number) {
+    constexpr double infinite = std::numeric_limits<double>::infinity();
+    for (const double value : {infinite, -infinite, std::nan("")}) {
+        EXPECT_EQ(masked(value, "##0.0 A", DecimalSeparator::Point), "");
+        EXPECT_EQ(plain_number(value, DecimalSeparator::Point), "");
+        EXPECT_EQ(round_to_int16(value), std::nullopt);
+        EXPECT_EQ(std::to_string(round_half_even(value)), std::to_string(value));
+    }
+    EXPECT_FALSE(std::signbit(round_half_even(-0.25)));
+    EXPECT_EQ(parse_single("1e39", DecimalSeparator::Point), INFINITY);
+    EXPECT_EQ(parse_single("-1e999", DecimalSeparator::Point), -INFINITY);
+}
+
+struct Pair {
+    double first, second;
+};
+[[gnu::noinline]] void narrow_both(Pair& pair, double first, double second) {
+    pair.first = narrowed_to_single(first);
+    pair.second = narrowed_to_single(second);
+}
+
+TEST(NarrowedToSingle, narrows_two_neighbours) {
+    Pair pair{};
+    narrow_both(pair, 4.03, 0.1);
+    EXPECT_EQ(pair.first, 4.03000020980834961);
+    EXPECT_EQ(pair.second, 0.100000001490116119);
+}
+
+}  // namespace
+}  // namespace zel

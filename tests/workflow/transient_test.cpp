@@ -1,0 +1,266 @@
+#include "workflow/transient.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "fakes/scripted_dialogs.h"
+#include "fakes/typed_rows.h"
+#include "workflow/transient_memory.h"
+#include "workflow/transient_text.h"
+
+namespace zel {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+
+class TransientTest : public testing::Test {
+protected:
+    void steady(CalcCase& c) { kept.keep(RunSteady(c, session), c); }
+    TransientRunResult run(CalcCase& c, const TransientObserver& observer = {}) {
+        TransientRunResult result;
+        RunTransient(c, kept.basis(), session, observer, result);
+        return result;
+    }
+    TransientRunResult run_from_steady(CalcCase& c) {
+        steady(c);
+        return run(c);
+    }
+
+    ScriptedDialogs dialogs;
+    MethodMemory memory;
+    Session session{LangId::English, DecimalSeparator::Point, RunMode::Messages, dialogs, &memory};
+    TransientMemory kept;
+};
+
+void select(CalcCase& c, std::initializer_list<Method> methods) {
+    for (const Method method : all_methods) c.*flag_of(method) = 0;
+    for (const Method method : methods) c.*flag_of(method) = 1;
+}
+
+/// `bundle_with_rows` with what TB 601 reads.
+CalcCase line_with_rows(std::initializer_list<StateChange> rows) {
+    CalcCase c = bundle_with_rows(rows);
+    const CalcCase line = line_264_34();
+    c.ACDC_R_Option_Merker_db = line.ACDC_R_Option_Merker_db;
+    c.T_Koeff_DC_Resist_Leiter_quadrat_db = line.T_Koeff_DC_Resist_Leiter_quadrat_db;
+    c.KerndurchmesserTraeger_db = line.KerndurchmesserTraeger_db;
+    c.radialthermalconductivity_unter_KPT_db = line.radialthermalconductivity_unter_KPT_db;
+    c.KniepunktTemperatur_db = line.KniepunktTemperatur_db;
+    c.radialthermalconductivity_ueber_KPT_db = line.radialthermalconductivity_ueber_KPT_db;
+    return c;
+}
+
+TEST(TransientMethod, tb207_goes_before_the_busbar_method_and_that_before_tb601) {
+    CalcCase c;
+    EXPECT_FALSE(transient_method(c));
+    select(c, {Method::Webs, Method::Kirn});
+    EXPECT_FALSE(transient_method(c));
+    select(c, {Method::TB601, Method::Webs});
+    EXPECT_EQ(transient_method(c), Method::TB601);
+    select(c, {Method::TB601, Method::TBB});
+    EXPECT_EQ(transient_method(c), Method::TBB);
+    select(c, {Method::TB601, Method::TB207, Method::TBB});
+    EXPECT_EQ(transient_method(c), Method::TB207);
+}
+
+TEST_F(TransientTest, steady_current_is_the_whole_number_shown_shared_by_the_bundle) {
+    CalcCase c = bundle_with_rows({});
+    steady(c);
+    EXPECT_EQ(kept.basis().Is_TB207, 1331.0 / 2);  // the page shows 1331 A
+    EXPECT_EQ(kept.basis().Is_TB601, 0);           // not selected
+    EXPECT_NEAR(kept.basis().start->current, 665.5, 0.1);
+    EXPECT_EQ(kept.basis().start->temperature, 80);
+}
+
+TEST_F(TransientTest, given_current_is_the_steady_current) {
+    CalcCase c = twin_264_34_at(400.25);
+    steady(c);
+    EXPECT_EQ(kept.basis().Is_TB207, 400.25);
+    EXPECT_EQ(kept.basis().start->current, 400.25);
+}
+
+TEST_F(TransientTest, tb207_sets_the_start_last_where_the_current_was_sought) {
+    CalcCase c = line_with_rows({});
+    select(c, {Method::TB601});
+    steady(c);
+    const double by_601 = kept.basis().start->current;
+    select(c, {Method::TB601, Method::TB207});
+    steady(c);
+    EXPECT_GT(kept.basis().start->current, by_601 + 1);  // 1331 A of TB 207 against 1305 A
+}
+
+TEST_F(TransientTest, tb601_sets_the_start_last_where_the_current_was_given) {
+    CalcCase c = line_with_rows({typed_temperature_row(800, 0, 0)});
+    c.Leitertemp_Merker_db = false;
+    c.Stromstaerke_Merker_db = true;
+    c.Stromstaerke_db = typed(665);
+    select(c, {Method::TB601});
+    steady(c);
+    const TransientStart by_601 = *kept.basis().start;
+    select(c, {Method::TB601, Method::TB207});
+    const TransientRunResult result = run_from_steady(c);
+    EXPECT_EQ(result.method, Method::TB207);
+    EXPECT_EQ(result.start, by_601);
+}
+
+TEST_F(TransientTest, refused_or_failed_run_keeps_the_former_start) {
+    CalcCase c = bundle_with_rows({});
+    steady(c);
+    const TransientBasis former = kept.basis();
+    CalcCase refused = c;
+    refused.Windgeschwindigkeit_db = {};
+    steady(refused);
+    EXPECT_EQ(kept.basis(), former);
+    CalcCase hot = c;
+    hot.Umgebungstemperatur_db = typed(90);  // above the conductor: no current to be found
+    steady(hot);
+    EXPECT_EQ(kept.basis().start, former.start);
+    EXPECT_EQ(kept.basis().Is_TB207, 0);  // " Error" is no number
+}
+
+TEST_F(TransientTest, found_values_go_into_the_cells_as_they_are_shown) {
+    CalcCase c = bundle_with_rows({typed_temperature_row(1600, 10, 0), typed_time_row(1000, 85),
+                                   typed_current_row(90, 5, 30)});
+    const TransientRunResult result = run_from_steady(c);
+    ASSERT_EQ(result.end, TransientEnd::Completed);
+    EXPECT_EQ(c.Z[0].TEMP.text, masked(result.rows[0].Temp, "####0.0", session.separator));
+    EXPECT_EQ(c.Z[0].TEMP.value, std::stod(c.Z[0].TEMP.text));
+    EXPECT_EQ(c.Z[1].min.value, result.rows[1].Min);
+    EXPECT_EQ(c.Z[1].sec.value, result.rows[1].Sec);
+    EXPECT_EQ(c.Z[2].Strom.text, masked(2 * result.rows[2].Strom, "####0", session.separator));
+    EXPECT_EQ(c.Z[2].Strom.value, std::stod(c.Z[2].Strom.text) / 2);
+    EXPECT_EQ(c.Z[0].Strom, twin_current(1600));  // what was given stands
+    EXPECT_EQ(c.Z[3], StateChange{});
+}
+
+TEST_F(TransientTest, failed_row_empties_what_it_and_the_later_rows_sought) {
+    CalcCase c = bundle_with_rows({typed_temperature_row(1600, 10, 0), typed_time_row(1700, 20),
+                                   typed_temperature_row(1600, 10, 0)});
+    c.Z[2].TEMP = typed(77);  // of a former run
+    const TransientRunResult result = run_from_steady(c);
+    EXPECT_EQ(result.end, TransientEnd::Failed);
+    EXPECT_EQ(result.rows_run(), 2);
+    EXPECT_TRUE(c.Z[0].TEMP.given());
+    EXPECT_EQ(c.Z[1].min, Entry{});
+    EXPECT_EQ(c.Z[2].TEMP, Entry{});
+    const std::string text = transient_text(result, c, LangId::English, session.separator);
+    EXPECT_THAT(text, HasSubstr("2nd change-of-state"));
+    EXPECT_THAT(text, HasSubstr("Error"));
+    EXPECT_THAT(text, Not(HasSubstr("3th change-of-state")));
+}
+
+TEST_F(TransientTest, cancelled_run_leaves_the_case) {
+    CalcCase c = bundle_with_rows({typed_current_row(90, 60, 0)});
+    c.Z[0].Strom = twin_current(1234);
+    steady(c);
+    const CalcCase before = c;
+    const TransientRunResult result = run(c, [](const TransientProgress&) { return false; });
+    EXPECT_EQ(result.end, TransientEnd::Cancelled);
+    EXPECT_EQ(c, before);
+}
+
+TEST_F(TransientTest, tb601_goes_on_from_the_records_of_the_steady_run) {
+    CalcCase c = line_with_rows({});
+    select(c, {Method::TB601});
+    steady(c);
+    c.Z[0] = typed_temperature_row(2 * kept.basis().start->current, 20, 0);
+    const TransientRunResult result = run(c);
+    EXPECT_EQ(result.method, Method::TB601);
+    EXPECT_EQ(result.end, TransientEnd::Completed);
+    EXPECT_NEAR(result.rows[0].Temp, 80, 0.1);  // the current of the steady state: at rest
+    EXPECT_EQ(memory.tb601.params.Delta, 90);
+}
+
+TEST_F(TransientTest, without_method_or_start_nothing_is_calculated) {
+    CalcCase c = bundle_with_rows({typed_temperature_row(1600, 10, 0)});
+    TransientRunResult result = run(c);
+    EXPECT_FALSE(result.input_valid);
+    EXPECT_THAT(result.refusal.box.lines.front(), HasSubstr("no steady state"));
+    EXPECT_FALSE(result.refusal.row);
+    select(c, {Method::Webs});
+    result = run(c);
+    EXPECT_FALSE(result.input_valid);
+    EXPECT_THAT(result.refusal.box.lines.front(), HasSubstr("TB 207"));
+}
+
+TEST_F(TransientTest, conductor_without_heat_capacity_is_refused) {
+    for (const Method method : {Method::TB207, Method::TB601}) {
+        CalcCase c = line_with_rows({typed_temperature_row(1600, 10, 0)});
+        select(c, {method});
+        c.Dichte_Leiterwerkstoff1_db = {};
+        EXPECT_TRUE(run_from_steady(c).input_valid);  // the core still has one
+        c.Dichte_traegerwerkstoff1_db = {};
+        const TransientRunResult result = run_from_steady(c);
+        EXPECT_FALSE(result.input_valid);
+        EXPECT_THAT(result.refusal.box.lines.front(), HasSubstr("heat capacity"));
+    }
+}
+
+TEST_F(TransientTest, no_box_comes_up_in_the_silent_mode) {
+    session.Meldung_merker = RunMode::Silent;
+    CalcCase c = bundle_with_rows({typed_time_row(1700, 20)});
+    EXPECT_EQ(run_from_steady(c).end, TransientEnd::Failed);
+    c = bundle_with_rows({});
+    EXPECT_FALSE(run_from_steady(c).input_valid);
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
+TEST_F(TransientTest, heat_capacity_option_counts) {
+    CalcCase c = bundle_with_rows({typed_temperature_row(2400, 5, 0)});
+    const double with_temperature = run_from_steady(c).rows[0].Temp;
+    session.cigre_TKW_merker = 2;
+    // A capacity that does not grow with the temperature is smaller: the conductor gets hotter.
+    EXPECT_GT(run_from_steady(c).rows[0].Temp, with_temperature + 0.1);
+}
+
+TEST_F(TransientTest, series_joins_the_rows) {
+    CalcCase c = bundle_with_rows({typed_temperature_row(1800, 10, 0), typed_time_row(600, 85)});
+    const TransientRunResult result = run_from_steady(c);
+    const auto series = transient_series(c, kept.basis(), result, session);
+    ASSERT_TRUE(series);
+    ASSERT_THAT(*series, SizeIs(2));
+    EXPECT_EQ((*series)[0].points.front().time, 0);
+    EXPECT_EQ((*series)[0].points.front().temperature, 80);
+    EXPECT_EQ((*series)[0].points.back().time, 600);
+    EXPECT_EQ((*series)[1].points.front().time, 600);
+}
+
+TEST_F(TransientTest, result_is_stale_once_an_input_has_changed) {
+    CalcCase c = bundle_with_rows({typed_temperature_row(1600, 10, 0)});
+    kept.keep(run_from_steady(c), c);
+    EXPECT_FALSE(kept.result_is_stale(c, session));
+    const auto changed = [&](auto change) {
+        CalcCase other = c;
+        change(other);
+        return kept.result_is_stale(other, session);
+    };
+    EXPECT_TRUE(changed([](CalcCase& o) { o.Windgeschwindigkeit_db = typed(0.7); }));
+    EXPECT_TRUE(changed([](CalcCase& o) { o.Z[0].min = typed(11); }));
+    EXPECT_TRUE(changed([](CalcCase& o) { o.Z[1] = typed_time_row(800, 80); }));
+    EXPECT_TRUE(changed([](CalcCase& o) { o.rechnung_cigre601_merker_db = 1; }));
+    // What was found, and what no calculation reads, changes nothing.
+    EXPECT_FALSE(changed([](CalcCase& o) { o.Z[0].TEMP = {}; }));
+    EXPECT_FALSE(changed([](CalcCase& o) { o.Projekt_db = "other"; }));
+    EXPECT_FALSE(changed([](CalcCase& o) { o.Wind1_db = typed(1); }));
+    session.cigre_TKW_merker = 2;
+    EXPECT_TRUE(kept.result_is_stale(c, session));
+    session.cigre_TKW_merker = 1;
+    // The same inputs again, after a steady run of others in between.
+    CalcCase other = c;
+    other.Leitertemp_db = typed(70);
+    steady(other);
+    EXPECT_TRUE(kept.result_is_stale(c, session));
+    EXPECT_TRUE(kept.basis_is_stale(c));
+    steady(c);
+    EXPECT_FALSE(kept.result_is_stale(c, session));
+    kept.forget();
+    EXPECT_FALSE(kept.result_is_stale(c, session));
+}
+
+}  // namespace
+}  // namespace zel

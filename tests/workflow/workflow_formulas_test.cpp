@@ -1,0 +1,120 @@
+#include "fakes/formulas.h"
+#include "fakes/steady_cases.h"
+#include "platform/program_end.h"
+#include "workflow/advice.h"
+#include "workflow/bundle.h"
+#include "workflow/emissivity.h"
+#include "workflow/page_change.h"
+#include "workflow/steady_run.h"
+#include "workflow/wind.h"
+
+namespace zel {
+
+using nlohmann::json;
+
+void to_json(json& j, const Entry& entry) { j = {{"text", entry.text}, {"value", entry.value}}; }
+
+namespace {
+
+/// The twin bundle with its current given, and some fields changed.
+CalcCase changed(const json& fields) {
+    CalcCase c = twin_264_34_at(0);
+    set_fields(c, fields);
+    return c;
+}
+
+Session session_of(const json& options, Dialogs& dialogs) {
+    const LangId lang = options.value("lang", LangId::English);
+    return {lang,
+            lang == LangId::German ? DecimalSeparator::Comma : DecimalSeparator::Point,
+            RunMode{options.value<std::int16_t>("mode", 1)},
+            dialogs,
+            nullptr,
+            options.value("warn", true)};
+}
+
+std::vector<std::string_view> name_of_bundle(int n) {
+    const Text name = bundle_name(n);
+    return {name.de, name.en};
+}
+
+json bundle_current(json fields, DecimalSeparator separator) {
+    const CalcCase before = changed(fields);
+    CalcCase c = before;
+    S_Stromstaerke_buendel(c, separator);
+    return {{"bundle", c.Stromstaerke_Buendel},
+            {"sub_conductor", c.Stromstaerke_db},
+            {"entered", without_derived_current(c) == before},
+            {"entered_sub_conductor", without_derived_current(c).Stromstaerke_db.text}};
+}
+
+json page_change(json fields, int from, int to, LangId lang) {
+    CalcCase c;
+    set_fields(c, fields);
+    const PageChange change = change_page(c, from, to, lang);
+    std::vector<Box> refusal;
+    if (change.refusal) refusal.push_back(*change.refusal);
+    return {{"page", change.page},
+            {"runs", change.runs},
+            {"clears_balance", change.clears_balance},
+            {"refusal", as_json(refusal)}};
+}
+
+json advice_on(json fields, json run) {
+    RecordingDialogs dialogs;
+    const std::vector<Box> boxes =
+        advice(changed(fields), {run.at("angle"), run.at("wind"), run.at("T").get<double>()},
+               session_of(run, dialogs));
+    json titles = json::array();
+    for (const Box& box : boxes) titles.push_back(box.title);
+    return {{"titles", titles}, {"boxes", as_json(boxes)}};
+}
+
+json run_steady(json fields, json options) {
+    CalcCase c = twin_264_34();
+    set_fields(c, fields);
+    RecordingDialogs dialogs;
+    SteadyRunResult result;
+    bool ends = false;
+    try {
+        RunSteady(c, session_of(options, dialogs), result);
+    } catch (const ProgramEnd&) {
+        ends = true;
+    }
+    json methods = json::array();
+    for (const auto& [method, caption, text, outcome] : result.methods)
+        methods.push_back({{"caption", caption},
+                           {"result", text},
+                           {"status", outcome.status},
+                           {"I", outcome.current_A.value_or(0)}});
+    json start = nullptr;
+    if (result.transient_start)
+        start = {{"current", result.transient_start->current},
+                 {"temperature", result.transient_start->temperature}};
+    return {{"input_valid", result.input_valid},
+            {"ends", ends},
+            {"boxes", as_json(dialogs.shown())},
+            {"head_line", result.head_line},
+            {"methods", methods},
+            {"methods_line", result.methods_line},
+            {"angle_text", result.angle_text},
+            {"perpendicular_wind_text", result.perpendicular_wind_text},
+            {"balance_lines", result.balance_lines},
+            {"transient_start", start},
+            {"may_save", result.may_save},
+            {"texts",
+             {{"parameter_table_caption", result.texts.parameter_table_caption},
+              {"table_steps", result.texts.table_steps},
+              {"print_caption", result.texts.print_caption}}}};
+}
+
+TEST(WorkflowFormulas, have_the_values_of_their_rows) {
+    expect_formulas("workflow_formulas",
+                    {ZEL_FORMULA(fold_angle), ZEL_FORMULA(perpendicular_wind),
+                     ZEL_FORMULA(emissivity_from_age), ZEL_FORMULA(name_of_bundle),
+                     ZEL_FORMULA(bundle_current), ZEL_FORMULA(page_change), ZEL_FORMULA(advice_on),
+                     ZEL_FORMULA(run_steady)});
+}
+
+}  // namespace
+}  // namespace zel
