@@ -7,6 +7,7 @@
 #include <sstream>
 #include <string>
 
+#include "cli/batch_command.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "platform/input_error.h"
@@ -104,6 +105,61 @@ void add_output(CLI::App& command, CommonOptions& options) {
 /// The command that the words of the user choose, ready to be carried out.
 using Command = std::function<int()>;
 
+constexpr const char* batch_notes =
+    "\n"
+    "Calculates each active row of an xlsx workbook and writes the results beside it, in place.\n"
+    "Cell B2 of its sheet fixed_input says what it is; \"zel template\" makes an empty one, and\n"
+    "docs/workbooks.md tells what each cell holds. A workbook that is refused, and one whose run\n"
+    "breaks off, is left as it was. It must not be open in a spreadsheet program meanwhile.\n"
+    "\n"
+    "Exit status: 0 done; 1 a result could not be calculated, or not all rows were; 2 the workbook\n"
+    "was refused and is as it was; 3 a calculation had to end the program.";
+
+constexpr const char* template_notes =
+    "\n"
+    "KIND is steady-fix (all rows have the conductor of the sheet fixed_input), steady-var (each\n"
+    "row has its own conductor; run it with --conductor-columns on) or transient (PATL and TATL).\n"
+    "The workbook is labelled in the language of --lang. A file of that name is replaced.";
+
+/// `chosen` becomes the command of the workbooks that the command line has.
+void add_workbooks(CLI::App& app, CommonOptions& options, Command& chosen) {
+    CLI::App* batch = app.add_subcommand("batch", "Calculate the rows of a workbook in place");
+    const auto job = std::make_shared<BatchOptions>();
+    batch->add_option("WORKBOOK", job->workbook, "Workbook (xlsx)")->required();
+    batch
+        ->add_option_function<std::string>(
+            "--conductor-columns",
+            [job](const std::string& choice) { job->conductor_columns = choice == "on"; },
+            "Whether each row of a steady workbook has its own conductor (default: the setting)")
+        ->check(CLI::IsMember({"on", "off"}))
+        ->option_text("on|off");
+    batch
+        ->add_option_function<std::string>(
+            "--write", [job](const std::string& choice) { job->write_by_cell = choice == "cell"; },
+            "Whether a wrong row of a transient workbook keeps the results of the rows before it "
+            "(cell) or none (array) (default: the setting)")
+        ->check(CLI::IsMember({"cell", "array"}))
+        ->option_text("cell|array");
+    batch->footer(batch_notes);
+    add_output(*batch, options);
+    add_language(*batch, options);
+    batch->callback([&, job] { chosen = [&, job] { return batch_command(*job, options); }; });
+
+    CLI::App* empty = app.add_subcommand("template", "Write an empty workbook to fill in");
+    const auto wanted = std::make_shared<TemplateOptions>();
+    empty->add_option("KIND", wanted->kind, "What it is for")
+        ->required()
+        ->check(CLI::IsMember({"steady-fix", "steady-var", "transient"}))
+        ->option_text("steady-fix|steady-var|transient REQUIRED");
+    empty->add_option("-o", wanted->path, "File to be written")
+        ->required()
+        ->option_text("FILE.xlsx REQUIRED");
+    empty->footer(template_notes);
+    add_language(*empty, options);
+    empty->callback(
+        [&, wanted] { chosen = [&, wanted] { return template_command(*wanted, options); }; });
+}
+
 constexpr const char* settings_notes =
     "\n"
     "The settings are shared with the conductor database in the file flb_8261.ini; the languages\n"
@@ -181,6 +237,7 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
         "is refused, and with 3 where a calculation had to end the program.");
 
     Command chosen;
+    add_workbooks(app, options, chosen);
     add_settings(app, options, chosen);
 
     try {

@@ -16,6 +16,15 @@ namespace zel {
 using MemorySheet = std::map<std::pair<int, int>, std::variant<double, std::string>>;
 using MemorySheets = std::map<std::string, MemorySheet, std::less<>>;
 
+/// What `Workbook::text` gives.
+inline std::string text_of(const MemorySheet& sheet, int row, int column) {
+    const auto cell = sheet.find({row, column});
+    if (cell == sheet.end()) return {};
+    if (const auto* number = std::get_if<double>(&cell->second))
+        return plain_number(*number, DecimalSeparator::Comma);
+    return std::get<std::string>(cell->second);
+}
+
 /// Keeps workbooks in memory.
 class MemoryWorkbookStore : public WorkbookStore {
 public:
@@ -35,16 +44,11 @@ public:
         const auto found = sheets_.find(sheet);
         if (found == sheets_.end())
             throw WorkbookError(WorkbookFault::NoSheet,
-                                path_ + ": has no worksheet " + std::string(sheet));
+                                path_ + ": has no worksheet " + std::string(sheet),
+                                std::string(sheet));
         selected_ = &found->second;
     }
-    std::string text(int row, int column) override {
-        const auto cell = selected_->find({row, column});
-        if (cell == selected_->end()) return {};
-        if (const auto* number = std::get_if<double>(&cell->second))
-            return plain_number(*number, DecimalSeparator::Comma);
-        return std::get<std::string>(cell->second);
-    }
+    std::string text(int row, int column) override { return text_of(*selected_, row, column); }
     void set_number(int row, int column, double value) override {
         (*selected_)[{row, column}] = value;
     }

@@ -1,0 +1,117 @@
+#include "excel_batch/batch_frame.h"
+
+#include "excel_batch/batch_texts.h"
+#include "shell/error_text.h"
+
+namespace zel::excel_batch {
+namespace {
+
+constexpr std::string_view batch_module = "MOD02EXCEL";
+
+std::string file_name(const std::string& path) { return path.substr(path.find_last_of('/') + 1); }
+
+/// The run as far as it is the same for all kinds of workbooks.
+class Frame {
+public:
+    Frame(const BatchJob& job, const BatchSteps& steps)
+        : job_(job), steps_(steps), name_(file_name(job.path)) {}
+
+    BatchResult run() {
+        if (is_shipped_template(job_.real_path, job_.data_folder)) {
+            tell(template_refused, name_);
+            return result_;
+        }
+        status(opening, name_);
+        job_.observer.percent(1);
+        workbook_ = job_.store->open(job_.path);
+        try {
+            calculate();
+        } catch (const WorkbookError& error) {
+            if (error.fault() != WorkbookFault::NoSheet) throw;
+            tell_missing_sheet(error);
+        }
+        return result_;
+    }
+
+private:
+    void calculate() {
+        if (!read_fixed_input()) return;
+        status(sheet_finished, fixed_sheet);
+        job_.observer.percent(3);
+        workbook_->select(rows_sheet);
+        job_.observer.percent(4);
+        finish(steps_.work_rows(*workbook_, origin(rows_sheet), result_));
+    }
+
+    [[nodiscard]] LangId lang() const { return job_.session.lang; }
+    [[nodiscard]] SheetOrigin origin(std::string_view sheet) const {
+        return {name_, sheet, lang()};
+    }
+
+    void status(const Text& line, std::string_view name) {
+        job_.observer.status(fill(line.in(lang()), {name}));
+    }
+    void tell(const BoxText& box, std::string_view name) {
+        job_.session.tell(box_in(lang(), box, {name}));
+    }
+
+    /// Row 9 of the central error table; the workbook is closed before.
+    void tell_missing_sheet(const WorkbookError& error) {
+        workbook_.reset();
+        job_.session.tell(error_box(
+            {static_cast<std::int32_t>(PlatformFault::SheetMissing), error.what(), error.subject()},
+            0, batch_module, steps_.procedure, lang()));
+    }
+
+    bool read_fixed_input() {
+        workbook_->select(fixed_sheet);
+        status(sheet_in_progress, fixed_sheet);
+        job_.observer.percent(2);
+        const SheetOrigin here = origin(fixed_sheet);
+        CellReading reading(here);
+        steps_.read_fixed_input(*workbook_, reading);
+        for (const Box& box : reading.refusals()) job_.session.tell(box);
+        if (reading.sound()) return true;
+        tell(fixed_input_refused, fixed_sheet);
+        return false;
+    }
+
+    void finish(PassEnd end) {
+        if (end == PassEnd::Stopped && !steps_.keeps_rows_before_a_stop) {
+            result_.end = BatchEnd::Stopped;
+            job_.observer.percent(0);
+            return;
+        }
+        const bool wrong = end == PassEnd::Wrong;
+        if (wrong && !steps_.keeps_rows_before_a_wrong_one) return fail();
+        status(rows_finished, rows_sheet);
+        job_.observer.percent(99);
+        workbook_->save();
+        result_.saved = true;
+        result_.end = wrong                     ? BatchEnd::Broken
+                      : end == PassEnd::Stopped ? BatchEnd::Stopped
+                                                : BatchEnd::Done;
+        result_.summary = summary_of(result_, name_, lang());
+        if (wrong) return fail();
+        job_.observer.percent(100);
+    }
+
+    void fail() {
+        job_.observer.percent(0);
+        job_.session.tell(box_in(lang(), run_failed));
+    }
+
+    const BatchJob& job_;
+    const BatchSteps& steps_;
+    std::string name_;
+    std::unique_ptr<Workbook> workbook_;
+    BatchResult result_;
+};
+
+}  // namespace
+
+BatchResult run_frame(const BatchJob& job, const BatchSteps& steps) {
+    return Frame(job, steps).run();
+}
+
+}  // namespace zel::excel_batch

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "excel_batch/input_cells.h"
+#include "excel_batch/workbook_contract.h"
+#include "platform/message_box.h"
+#include "platform/workbook.h"
+#include "steady/calc_case.h"
+
+namespace zel::excel_batch {
+
+/// Where the cells stand that are read, for what is told of a wrong one.
+struct SheetOrigin {
+    std::string workbook;
+    std::string_view sheet;
+    LangId lang = LangId::English;
+};
+
+/// A cell as it stands in the workbook.
+struct CellText {
+    int row;
+    int column;
+    std::string_view text;
+};
+
+/// A cell of the sheet `fixed_input` with its text, until the next one is asked for.
+class FixedCells {
+public:
+    explicit FixedCells(Workbook& workbook) : workbook_(workbook) {}
+    [[nodiscard]] CellText at(int row) {
+        text_ = workbook_.text(row, input_column);
+        return {row, input_column, text_};
+    }
+
+private:
+    Workbook& workbook_;
+    std::string text_;
+};
+
+/// Takes cells into a case. A wrong one is told by a box and leaves its field without input; the
+/// reading goes on, so that every wrong cell is told.
+class CellReading {
+public:
+    explicit CellReading(const SheetOrigin& origin) : origin_(origin) {}
+
+    /// The number of `cell` goes to its field, unless no active method reads it. A number has a
+    /// decimal comma; a point makes the text no number.
+    void take(const InputCell& input, const CellText& cell, CalcCase& c, unsigned methods);
+
+    /// The number of `cell` where it is within `limits`.
+    std::optional<double> take_number(const Limits& limits, const CellText& cell);
+
+    /// The text must be one of `texts`; gives its place among them.
+    std::optional<int> take_choice(const CellText& cell, std::initializer_list<const char*> texts,
+                                   const Text& permissible = {});
+
+    /// Exactly one of the currents of a sub-conductor and of the bundle is given.
+    void take_currents(const CellText& single, const CellText& bundle, CalcCase& c,
+                       unsigned methods);
+
+    /// "1": the conductor temperature is given; "2": the current is.
+    void take_mode(const CellText& cell, CalcCase& c);
+
+    /// Refuses methods that do not go with the conductor of `c`.
+    void check_conductor(const CalcCase& c, unsigned methods);
+
+    /// The cell holds no correct input; `permissible` tells what it may hold.
+    void refuse(const CellText& cell, const Text& permissible = {});
+    /// `box` is told, followed by the place of the cell.
+    void refuse(Box box, const CellText& cell);
+    void refuse(Box box) { refusals_.push_back(std::move(box)); }
+
+    [[nodiscard]] bool sound() const { return refusals_.empty(); }
+    [[nodiscard]] const std::vector<Box>& refusals() const { return refusals_; }
+    [[nodiscard]] std::vector<Box> take_refusals() { return std::move(refusals_); }
+
+private:
+    [[nodiscard]] std::optional<double> sound_number(const CellText& cell, const Limits* limits,
+                                                     CellKind kind);
+
+    const SheetOrigin& origin_;
+    std::vector<Box> refusals_;
+};
+
+}  // namespace zel::excel_batch
