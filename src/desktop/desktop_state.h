@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "desktop/conductor_places.h"
 #include "desktop/file_chooser.h"
 #include "platform/case_store.h"
 #include "platform/launcher.h"
@@ -35,6 +36,7 @@ struct DesktopState {
     ProgramState program{};
     std::vector<std::string> help_folders{};  // where the help documents lie
     ErrorHandling errors{session.lang, session.dialogs};
+    ConductorPlaces conductors{};
 
     /// Changes a setting, which takes effect in all windows and is stored at once.
     void change(NumberMember setting, std::int16_t value) {
