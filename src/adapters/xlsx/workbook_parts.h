@@ -32,7 +32,8 @@ struct WorkbookParts {
 /// a new one.
 void drop_calculation_chain(Archive& archive, const WorkbookParts& parts);
 
-/// Asks spreadsheet programs to calculate all formulas when they open the workbook.
+/// Asks spreadsheet programs to calculate all formulas when they open the workbook: the last
+/// results that stand in it may be those of other cells.
 void demand_calculation(Archive& archive, const WorkbookParts& parts);
 
 }  // namespace zel::xlsx
