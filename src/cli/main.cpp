@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <array>
 #include <exception>
 #include <functional>
 #include <map>
@@ -76,14 +77,21 @@ void add_language(CLI::App& command, CommonOptions& options) {
                                                                 {"comma", DecimalSeparator::Comma}};
     command
         .add_option_function<std::string>(
-            "--lang", [=, &options](const std::string& name) { options.lang = languages.at(name); },
+            "--lang",
+            [=, &options](const std::string& name) {
+                options.lang = languages.at(name);
+                options.lang_given = true;
+            },
             "Language of texts and messages (default: en)")
         ->check(CLI::IsMember({"de", "en"}))
         ->option_text("de|en");
     command
         .add_option_function<std::string>(
             "--decimal",
-            [=, &options](const std::string& name) { options.separator = separators.at(name); },
+            [=, &options](const std::string& name) {
+                options.separator = separators.at(name);
+                options.separator_given = true;
+            },
             "Decimal separator of typed and shown numbers (default: point)")
         ->check(CLI::IsMember({"point", "comma"}))
         ->option_text("point|comma");
@@ -152,6 +160,40 @@ void add_workbooks(CLI::App& app, CommonOptions& options, Command& chosen) {
         [&, wanted] { chosen = [&, wanted] { return template_command(*wanted, options); }; });
 }
 
+constexpr const char* settings_notes =
+    "\n"
+    "The settings are shared with the conductor database in the file flb_8261.ini; the languages\n"
+    "belong to the user alone. \"list\" shows both files, all keys, values and meanings. A key may be\n"
+    "written in capital or small letters. A value takes effect at the next start of the windows.\n";
+
+/// "settings list", "settings get KEY" and "settings set KEY VALUE"; `chosen` becomes the one that
+/// the command line has.
+void add_settings(CLI::App& app, CommonOptions& options, Command& chosen) {
+    CLI::App* settings = app.add_subcommand("settings", "Read and write the persisted settings");
+    settings->require_subcommand(1);
+    settings->footer(settings_notes);
+    const auto add = [&](const char* name, const char* description) {
+        CLI::App* command = settings->add_subcommand(name, description);
+        command->add_flag("--json", options.json, "Write one JSON document to standard output");
+        return command;
+    };
+    const auto words = std::make_shared<std::array<std::string, 2>>();
+    auto& [key, value] = *words;
+    CLI::App* list = add("list", "All settings with their values and meanings");
+    add_language(*list, options);
+    list->callback([&] { chosen = [&] { return settings_list_command(options); }; });
+    CLI::App* get = add("get", "The value of one setting");
+    get->add_option("KEY", key, "Name of the setting")->required();
+    get->callback(
+        [&, words] { chosen = [&, words] { return settings_get_command((*words)[0], options); }; });
+    CLI::App* set = add("set", "Change one setting");
+    set->add_option("KEY", key, "Name of the setting")->required();
+    set->add_option("VALUE", value, "New value")->required();
+    set->callback([&, words] {
+        chosen = [&, words] { return settings_set_command((*words)[0], (*words)[1], options); };
+    });
+}
+
 /// Reads the command line. A wrong one is told on standard error, help is printed; both give the
 /// exit status through `command`.
 Command read_command_line(int& argc, char** argv, CommonOptions& options) {
@@ -196,6 +238,7 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
 
     Command chosen;
     add_workbooks(app, options, chosen);
+    add_settings(app, options, chosen);
 
     try {
         app.parse(argc, argv);

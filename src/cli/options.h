@@ -22,6 +22,8 @@ struct CommonOptions {
     LangId lang = LangId::English;
     DecimalSeparator separator = DecimalSeparator::Point;
     bool silent = false;
+    bool lang_given = false;  // on the command line
+    bool separator_given = false;
 
     [[nodiscard]] RunMode Meldung_merker() const {
         return silent ? RunMode::Silent : RunMode::Messages;

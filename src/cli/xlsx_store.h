@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "platform/workbook.h"
 
 namespace zel {
@@ -8,6 +10,9 @@ namespace zel {
 class XlsxStore : public WorkbookStore {
 public:
     [[nodiscard]] std::unique_ptr<Workbook> open(const std::string& path) override;
+
+    /// `path` from the root on, links followed.
+    [[nodiscard]] static std::string real_path(const std::string& path);
 };
 
 }  // namespace zel

@@ -1,5 +1,6 @@
 #include "desktop/application.h"
 
+#include <QWidget>
 #include <clocale>
 
 #include "platform/program_end.h"
@@ -16,7 +17,21 @@ bool Application::notify(QObject* receiver, QEvent* event) {
         return QApplication::notify(receiver, event);
     } catch (const ProgramEnd&) {
         exit(program_ended);
-        return true;
+    } catch (const std::exception&) {
+        if (errors_ == nullptr) throw;
+        tell(receiver);
+    }
+    return true;
+}
+
+/// The error being caught now, in the form and control that it came up in.
+void Application::tell(const QObject* receiver) {
+    const auto* widget = qobject_cast<const QWidget*>(receiver);
+    const QString form = widget != nullptr ? widget->window()->objectName() : QString("zel");
+    try {
+        handle_caught(*errors_, form.toStdString(), receiver->objectName().toStdString());
+    } catch (const ProgramEnd&) {
+        exit(program_ended);
     }
 }
 

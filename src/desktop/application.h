@@ -2,10 +2,13 @@
 
 #include <QApplication>
 
+#include "shell/error_handling.h"
+
 namespace zel {
 
-/// The application object. Here alone the desktop catches `ProgramEnd`: the event loop ends with
-/// the exit status of an ended program, and all that is open is closed on the way out.
+/// The application object. What an event's handler throws ends here and is told. Here alone the
+/// desktop catches `ProgramEnd`: the event loop ends with the exit status of an ended program, and
+/// all that is open is closed on the way out.
 class Application : public QApplication {
 public:
     static constexpr int program_ended = 3;
@@ -14,6 +17,14 @@ public:
     Application(int& argc, char** argv);
 
     bool notify(QObject* receiver, QEvent* event) override;
+
+    /// Errors are told by `errors` from now on; null ends that.
+    void tell_errors_by(ErrorHandling* errors) { errors_ = errors; }
+
+private:
+    void tell(const QObject* receiver);
+
+    ErrorHandling* errors_ = nullptr;
 };
 
 }  // namespace zel

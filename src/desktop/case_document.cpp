@@ -1,11 +1,13 @@
 #include "desktop/case_document.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "desktop/case_forms.h"
 #include "persistence/case_file.h"
 #include "platform/input_error.h"
 #include "platform/output_error.h"
+#include "shell/case_settings.h"
 #include "shell/program_texts.h"
 #include "workflow/bundle.h"
 #include "workflow/entry_rules.h"
@@ -41,12 +43,22 @@ constexpr BoxText not_written = {
     {"Datei speichern", "Save file"},
     {"Die Datei kann nicht geschrieben werden :\n{0}", "The file can not be written :\n{0}"}};
 
+/// The fields of a case that are settings, and their keys in a file.
+constexpr std::pair<std::string_view, std::int16_t CalcCase::*> case_settings[] = {
+    {"Gravi_merker1_db", &CalcCase::Gravi_merker1_db},
+    {"Formel_merker1_db", &CalcCase::Formel_merker1_db},
+    {"wzsz_merker_db", &CalcCase::wzsz_merker_db},
+};
+
 }  // namespace
 
 CaseDocument::CaseDocument(DesktopState& state) : state_(state), stored_(entered()) {}
 
 FlatObject CaseDocument::entered() const {
-    return values_of(without_found_values(without_derived_current(state_.calc_case)));
+    CalcCase c = without_found_values(without_derived_current(state_.calc_case));
+    // What a setting changes is no input of the user.
+    for (const auto& [key, member] : case_settings) c.*member = CalcCase().*member;
+    return values_of(c);
 }
 
 bool CaseDocument::modified() const { return entered() != stored_; }
@@ -69,7 +81,9 @@ void CaseDocument::replace(CalcCase c, std::string path) {
 
 bool CaseDocument::start_anew() {
     if (!may_be_left()) return false;
-    replace({}, {});
+    CalcCase fresh;
+    take_settings(fresh, state_.settings.now());
+    replace(std::move(fresh), {});
     return true;
 }
 
@@ -99,6 +113,9 @@ bool CaseDocument::read(const std::string& path) {
     };
     try {
         CaseFile file = read_case(values, session.separator, rule, cell_rule);
+        take_missing_settings(file.c, values);
+        adopt_settings(file.c, state_.settings, session);
+        state_.settings_changed();
         replace(std::move(file.c), path);
         for (RefusedText& refused : file.refused) {
             refused.box.lines.insert(refused.box.lines.begin(), refused.field + " :");
@@ -108,6 +125,16 @@ bool CaseDocument::read(const std::string& path) {
     } catch (const InputError& error) {
         return fail(path + ": " + error.what());
     }
+}
+
+/// A file that does not name a setting has none of its own.
+void CaseDocument::take_missing_settings(CalcCase& c, const FlatObject& values) const {
+    CalcCase present;
+    take_settings(present, state_.settings.now());
+    for (const auto& [key, member] : case_settings)
+        if (std::none_of(values.begin(), values.end(),
+                         [&](const FlatMember& value) { return value.key == key; }))
+            c.*member = present.*member;
 }
 
 bool CaseDocument::save() { return state_.case_path.empty() ? save_as() : write(state_.case_path); }

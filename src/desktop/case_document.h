@@ -30,6 +30,7 @@ public:
 
 private:
     bool read(const std::string& path);
+    void take_missing_settings(CalcCase& c, const FlatObject& values) const;
     [[nodiscard]] bool may_be_replaced(const std::string& path) const;
     bool write(const std::string& path);
     void replace(CalcCase c, std::string path);

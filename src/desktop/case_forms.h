@@ -37,6 +37,7 @@ struct FormRow {
     MethodSet read_by = every_method;  // the label is greyed where none of these is selected
     Text hint{};
     std::span<const Choice> (*choices)() = nullptr;  // a list instead of a box
+    bool in_report_language = false;                 // the texts of the list
 };
 
 struct FormSection {

@@ -32,14 +32,16 @@ constexpr FormRow kind[] = {
      "",
      every_method,
      {},
-     conductor_types},
+     conductor_types,
+     true},
     {"conductor_shape_db",
      &CalcCase::conductor_shape_db,
      {"Leiteroberfläche :", "Conductor shape :"},
      "",
      every_method,
      {},
-     conductor_shapes},
+     conductor_shapes,
+     true},
 };
 
 constexpr FormRow geometry[] = {

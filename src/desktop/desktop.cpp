@@ -2,7 +2,9 @@
 
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QLocale>
 #include <QPalette>
+#include <QPrinterInfo>
 #include <QStyleFactory>
 #include <cstdio>
 #include <cstdlib>
@@ -11,9 +13,14 @@
 #include "desktop/application.h"
 #include "desktop/case_forms.h"
 #include "desktop/form_main.h"
+#include "desktop/frm_languageselect.h"
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_file_chooser.h"
+#include "desktop/qt_launcher.h"
+#include "desktop/qt_text.h"
 #include "desktop/window_icon.h"
+#include "shell/case_settings.h"
+#include "shell/startup.h"
 
 namespace zel {
 namespace {
@@ -48,9 +55,35 @@ void set_look() {
                    stderr);
 }
 
+std::optional<LanguageChoice> ask_language(const LanguageChoice& marked) {
+    FrmLanguageselect form(marked);
+    if (form.exec() != QDialog::Accepted) return std::nullopt;
+    return form.choice();
+}
+
+/// Start-up before the first window. Boxes of it follow the language as far as it is known.
+Started start_up(const DesktopOptions& options, const DesktopPlatform& platform, Dialogs& dialogs) {
+    StartupPlatform startup{platform.system, dialogs, options.separator, options.lang};
+    startup.ask_language = ask_language;
+    startup.start_companion = platform.start_companion;
+    startup.printer_exists = [](const std::string& name) {
+        return !QPrinterInfo::printerInfo(qt(name)).isNull();
+    };
+    return S00_Start_Programminitialisierung(platform.settings, startup, true);
+}
+
+int exit_status_of(StartEnd end) {
+    return end == StartEnd::LanguageCancelled ? 0 : Application::program_ended;
+}
+
 }  // namespace
 
-int run_desktop(int& argc, char** argv, DesktopOptions options, CaseStore& store) {
+DecimalSeparator system_separator() {
+    return QLocale::system().decimalPoint() == "," ? DecimalSeparator::Comma
+                                                   : DecimalSeparator::Point;
+}
+
+int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform platform) {
     if (!display_named()) {
         std::fputs("zel: the windows need a display, and DISPLAY and WAYLAND_DISPLAY are not set\n",
                    stderr);
@@ -60,17 +93,32 @@ int run_desktop(int& argc, char** argv, DesktopOptions options, CaseStore& store
     set_look();
     QtDialogs dialogs;
     QtFileChooser chooser;
+    QtLauncher launcher;
+    Started started = start_up(options, platform, dialogs);
+    if (started.end != StartEnd::Ready) return exit_status_of(started.end);
     DesktopState state{case_for_form(std::move(options.start_case)),
-                       {options.lang, options.separator, RunMode::Messages, dialogs},
-                       store,
+                       {started.lang, options.separator, RunMode::Messages, dialogs},
+                       platform.store,
                        chooser,
+                       platform.settings,
+                       launcher,
                        std::move(options.start_path)};
     state.session.memory = &state.memory;
+    state.program = std::move(started.state);
+    state.help_folders = std::move(platform.help_folders);
     dialogs.follow(state.session.lang);
     chooser.follow(state.session.lang);
+    take_settings(state.session, state.settings.now());
+    if (state.case_path.empty())
+        take_settings(state.calc_case, state.settings.now());
+    else
+        adopt_settings(state.calc_case, state.settings, state.session);
+    application.tell_errors_by(&state.errors);
     FormMain form_main(state);
-    form_main.show();
-    return Application::exec();
+    form_main.show_first();
+    const int status = Application::exec();
+    application.tell_errors_by(nullptr);
+    return status;
 }
 
 }  // namespace zel

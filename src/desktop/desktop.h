@@ -1,24 +1,41 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/case_store.h"
 #include "platform/number_text.h"
+#include "platform/system_facts.h"
 #include "platform/text.h"
+#include "shell/program_settings.h"
 #include "steady/calc_case.h"
 
 namespace zel {
 
 struct DesktopOptions {
-    LangId lang = LangId::English;
+    std::optional<LangId> lang{};  // of this run; without it the language of the settings
     DecimalSeparator separator = DecimalSeparator::Point;
     CalcCase start_case{};     // shown from the start
     std::string start_path{};  // the file that it comes from
 };
 
-/// Shows the windows, which keep their cases in `store`, and lives from their events until the user
-/// ends the program. Gives the exit status: 0; 1 where there is no display, which is told on
-/// stderr; 3 where a calculation had to end the program.
-int run_desktop(int& argc, char** argv, DesktopOptions options, CaseStore& store);
+/// The adapters that the windows work with.
+struct DesktopPlatform {
+    CaseStore& store;
+    Settings& settings;
+    SystemFacts system;
+    std::vector<std::string> help_folders;  // where the help documents lie
+    std::function<void()> start_companion;  // the first start of the conductor database
+};
+
+/// The decimal separator of the user's locale.
+[[nodiscard]] DecimalSeparator system_separator();
+
+/// Starts the program with its windows and lives from their events until the user ends it. Gives
+/// the exit status: 0; 1 where there is no display, which is told on stderr; 3 where start-up or a
+/// calculation had to end the program.
+int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform platform);
 
 }  // namespace zel

@@ -2,9 +2,14 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "desktop/file_chooser.h"
 #include "platform/case_store.h"
+#include "platform/launcher.h"
+#include "shell/error_handling.h"
+#include "shell/program_settings.h"
+#include "shell/program_state.h"
 #include "shell/session.h"
 #include "steady/calc_case.h"
 #include "workflow/steady_methods.h"
@@ -12,18 +17,31 @@
 
 namespace zel {
 
-/// What the windows share: the case that they show and change, where it is stored, and how they
-/// talk to the user.
+/// What the windows share: the case that they show and change, where it is stored, the settings,
+/// and how they talk to the user.
 struct DesktopState {
     CalcCase calc_case;
     Session session;
     CaseStore& store;
     FileChooser& chooser;
+    Settings& settings;
+    Launcher& launcher;
     std::string case_path{};                     // the file of the case; empty where there is none
     std::function<void()> case_changed = [] {};  // called by whoever changes the case
-    MethodMemory memory{};                       // the session of a started program points to it
-    TransientMemory transient{};                 // where a transient starts, and the last one
-    int patience_ms = 300;                       // a longer run shows its progress
+    std::function<void()> settings_changed = [] {};  // called by whoever changes a setting
+    MethodMemory memory{};        // the session of a started program points to it
+    TransientMemory transient{};  // where a transient starts, and the last one
+    int patience_ms = 300;        // a longer run shows its progress
+    ProgramState program{};
+    std::vector<std::string> help_folders{};     // where the help documents lie
+    std::function<void()> open_short_circuit{};  // shows KS_Form1; empty where there is none
+    ErrorHandling errors{session.lang, session.dialogs};
+
+    /// Changes a setting, which takes effect in all windows and is stored at once.
+    void change(NumberMember setting, std::int16_t value) {
+        settings.set(setting, value);
+        settings_changed();
+    }
 };
 
 }  // namespace zel

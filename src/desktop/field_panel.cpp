@@ -39,6 +39,11 @@ void show_in(QLineEdit& edit, const std::string& text) {
     edit.setCursorPosition(0);
 }
 
+/// These lists have German and English texts only.
+LangId report_language(const DesktopState& state) {
+    return state.settings.now().LangId_print == 1 ? LangId::German : LangId::English;
+}
+
 QLabel* make_label(const QString& text) {
     auto* label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
@@ -140,6 +145,7 @@ void FieldPanel::load() {
             show_in(*field.edit, shown_text(state_.calc_case, *field.row));
             continue;
         }
+        if (field.row->in_report_language) recaption_list(field);
         const auto choices = field.row->choices();
         const auto value = state_.calc_case.*std::get<std::int16_t CalcCase::*>(field.row->field);
         const auto chosen = std::find_if(choices.begin(), choices.end(),
@@ -153,9 +159,10 @@ void FieldPanel::load() {
 void FieldPanel::recaption_list(const Field& field) {
     const QSignalBlocker quiet(field.list);
     const int chosen = field.list->currentIndex();
+    const LangId lang =
+        field.row->in_report_language ? report_language(state_) : state_.session.lang;
     field.list->clear();
-    for (const Choice& choice : field.row->choices())
-        field.list->addItem(qt(choice.text, state_.session.lang));
+    for (const Choice& choice : field.row->choices()) field.list->addItem(qt(choice.text, lang));
     field.list->setCurrentIndex(chosen);
 }
 

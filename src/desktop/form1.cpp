@@ -33,6 +33,7 @@ Form1::Form1(DesktopState& state, const std::function<void(LangId)>& switch_lang
       document_(state),
       file_menu_(menuBar()->addMenu(QString())),
       edit_menu_(menuBar()->addMenu(QString())),
+      settings_menu_(*menuBar(), *this, state, MenuWindow::Form1),
       language_menu_(*menuBar(), switch_language),
       general_(new GeneralPage(state, [this](QWidget* input) { refused(input); })),
       conductor_(new ConductorPage(state, [this](QWidget* input) { refused(input); })),
@@ -99,6 +100,11 @@ void Form1::case_changed() {
 void Form1::allow_copy() {
     copy_->setEnabled(page_ == transient_page ? state_.transient.result() != nullptr
                                               : page_ == result_page && !shown_run_is_stale_);
+}
+
+void Form1::apply_settings() {
+    settings_menu_.refresh();
+    general_->show_measured();
 }
 
 bool Form1::commit() {

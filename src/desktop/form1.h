@@ -10,6 +10,7 @@
 #include "desktop/case_document.h"
 #include "desktop/desktop_state.h"
 #include "desktop/language_menu.h"
+#include "desktop/settings_menu.h"
 #include "workflow/steady_run.h"
 
 class QAction;
@@ -37,6 +38,10 @@ public:
     void recaption();
     /// Shows what stands in the case.
     void load();
+    /// Shows the settings as they are now.
+    void apply_settings();
+    /// Takes in what is typed but not yet finished.
+    void take_in() { (void)commit(); }
 
     /// Takes in what is typed but not yet finished; false where a text was refused, or where the
     /// user does not want to lose changes that are not stored.
@@ -70,6 +75,7 @@ private:
     QMenu* edit_menu_;
     std::vector<std::pair<QAction*, Text>> actions_;  // with their captions
     QAction* copy_ = nullptr;
+    SettingsMenu settings_menu_;
     LanguageMenu language_menu_;
     GeneralPage* general_;
     ConductorPage* conductor_;

@@ -92,8 +92,9 @@ GeneralPage::GeneralPage(DesktopState& state, FieldPanel::Refused refused)
       mode_(new QuietList),
       age_button_(make_age_button()),
       methods_(make_methods()) {
-    enum { project, geography, date, surroundings, line, given };
+    enum { project, geography, date, surroundings, line, given, measured };
     make_panels(input_page);
+    measured_ = &panel(measured);
     make_mode_list();
     panel(given).add_on_top(mode_);
     panel(line).add_beside("Text2", age_button_);
@@ -102,7 +103,7 @@ GeneralPage::GeneralPage(DesktopState& state, FieldPanel::Refused refused)
     columns->setSpacing(gap);
     columns->addWidget(column_of({project, geography}), 1);
     columns->addWidget(column_of({date, surroundings}), 1);
-    columns->addWidget(column_of({line, given}), 1);
+    columns->addWidget(column_of({line, given, measured}), 1);
     auto* layout = new QVBoxLayout(content);
     layout->addLayout(columns);
     layout->addWidget(methods_);
@@ -178,6 +179,7 @@ void GeneralPage::open_given_box() {
 
 void GeneralPage::recaption() {
     InputPage::recaption();
+    show_measured();
     const LangId lang = state().session.lang;
     methods_->setTitle(qt(methods_caption, lang));
     mode_->setAccessibleName(qt(mode_caption, lang));
@@ -192,6 +194,10 @@ void GeneralPage::recaption() {
         box->setText(qt(row.label, lang));
         box->setToolTip(box->isEnabled() ? QString() : qt(not_available, lang));
     }
+}
+
+void GeneralPage::show_measured() {
+    measured_->setVisible(state().settings.now().Mess_merker != 0);
 }
 
 void GeneralPage::load() {

@@ -48,6 +48,8 @@ public:
 
     void recaption() override;
     void load() override;
+    /// Shows the fields of measured values where the settings want them.
+    void show_measured();
 
 private:
     void make_mode_list();
@@ -56,6 +58,7 @@ private:
     void ask_age();
     void open_given_box();
 
+    QWidget* measured_ = nullptr;
     QComboBox* mode_;
     QToolButton* age_button_;               // emissivity from the conductor's age
     std::vector<QCheckBox*> method_boxes_;  // filled while the group is made

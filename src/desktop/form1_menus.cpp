@@ -65,6 +65,7 @@ void Form1::recaption_menus() {
     file_menu_->setTitle(qt(file_caption, lang));
     edit_menu_->setTitle(qt(edit_caption, lang));
     for (const auto& [action, caption] : actions_) action->setText(qt(caption, lang));
+    settings_menu_.refresh();
     language_menu_.recaption(lang);
 }
 

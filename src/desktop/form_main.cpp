@@ -11,13 +11,17 @@
 
 #include "desktop/qt_text.h"
 #include "desktop/window_icon.h"
+#include "shell/case_settings.h"
 #include "shell/program_texts.h"
+#include "steady/respell.h"
 
 namespace zel {
 namespace {
 
 constexpr Text file_caption = {"&Datei", "&File"};
 constexpr Text exit_caption = {"&Beenden", "E&xit"};
+constexpr Text not_available = {"Dieser Bereich ist in dieser Version nicht verfügbar.",
+                                "This area is not available in this version."};
 constexpr Text form1_caption = {"Strom- und &Temperaturberechnung",
                                 "Current and &temperature calculation"};
 constexpr Text version_line = {"{0} vom {1}", "{0} of {1}"};
@@ -34,23 +38,40 @@ QLabel* make_label(double scale, bool bold) {
     return label;
 }
 
+constexpr QPoint beside(40, 40);  // of a window that is not maximised, from this one
+
 }  // namespace
 
 FormMain::FormMain(DesktopState& state)
     : state_(state),
       form1_(state, [this](LangId lang) { switch_language(lang); }),
       file_menu_(menuBar()->addMenu(QString())),
+      go_to_form1_(file_menu_->addAction(QString())),
+      go_to_short_circuit_(file_menu_->addAction(QString())),
       exit_(file_menu_->addAction(QString())),
+      settings_menu_(*menuBar(), *this, state, MenuWindow::FormMain),
       language_menu_(*menuBar(), [this](LangId lang) { switch_language(lang); }),
+      help_menu_(*menuBar(), *this, state, state.help_folders),
       name_(make_label(2.4, true)),
       title_(make_label(1.3, false)),
       version_(make_label(1, false)),
-      open_form1_(new QPushButton) {
+      open_form1_(new QPushButton),
+      open_short_circuit_(new QPushButton),
+      shown_full_screen_(full_screen()) {
     setObjectName("form_main");
+    go_to_form1_->setObjectName("mForm1");
+    go_to_short_circuit_->setObjectName("mKS_Form1");
+    file_menu_->insertSeparator(exit_);
     exit_->setObjectName("mBeenden");
     exit_->setShortcut(QKeySequence("Ctrl+Q"));
     connect(exit_, &QAction::triggered, this, &QWidget::close);
     connect(open_form1_, &QPushButton::clicked, this, [this] { open_form1(); });
+    connect(go_to_form1_, &QAction::triggered, this, [this] { open_form1(); });
+    connect(open_short_circuit_, &QPushButton::clicked, this,
+            [this] { state_.open_short_circuit(); });
+    connect(go_to_short_circuit_, &QAction::triggered, this,
+            [this] { state_.open_short_circuit(); });
+    state_.settings_changed = [this] { apply_settings(); };
     setCentralWidget(make_content());
     recaption();
     resize(720, 440);
@@ -62,10 +83,13 @@ QWidget* FormMain::make_content() {
     picture->setAlignment(Qt::AlignCenter);
     open_form1_->setObjectName("open_Form1");
     open_form1_->setDefault(true);
-    open_form1_->setMinimumSize(360, 56);
-    QFont font = open_form1_->font();
-    font.setPointSizeF(font.pointSizeF() * 1.2);
-    open_form1_->setFont(font);
+    open_short_circuit_->setObjectName("open_KS_Form1");
+    for (QPushButton* area : {open_form1_, open_short_circuit_}) {
+        area->setMinimumSize(460, 56);
+        QFont font = area->font();
+        font.setPointSizeF(font.pointSizeF() * 1.2);
+        area->setFont(font);
+    }
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(32, 24, 32, 24);
@@ -75,6 +99,7 @@ QWidget* FormMain::make_content() {
         layout->addWidget(widget);
     layout->addSpacing(16);
     layout->addWidget(open_form1_, 0, Qt::AlignHCenter);
+    layout->addWidget(open_short_circuit_, 0, Qt::AlignHCenter);
     layout->addStretch();
     layout->addWidget(version_);
     return content;
@@ -82,6 +107,8 @@ QWidget* FormMain::make_content() {
 
 void FormMain::switch_language(LangId lang) {
     state_.session.lang = lang;
+    state_.settings.set(&ProgramSettings::LangId_screen, static_cast<std::int16_t>(lang));
+    state_.program.language_switched();
     recaption();
     form1_.recaption();
 }
@@ -94,14 +121,72 @@ void FormMain::recaption() {
     version_->setText(qt(fill(version_line.in(lang), {version.in(lang), program_date})));
     file_menu_->setTitle(qt(file_caption, lang));
     exit_->setText(qt(exit_caption, lang));
+    go_to_form1_->setText(qt(form1_caption, lang));
     open_form1_->setText(qt(form1_caption, lang));
+    const std::string_view area = state_.program.short_circuit_short_name.in(lang);
+    const QString name = qt(short_circuit_title, lang) + "\n(" + qt(area) + ")";
+    go_to_short_circuit_->setText(qt(short_circuit_title, lang));
+    open_short_circuit_->setText(name);
+    const bool available = static_cast<bool>(state_.open_short_circuit);
+    go_to_short_circuit_->setEnabled(available);
+    open_short_circuit_->setEnabled(available);
+    open_short_circuit_->setToolTip(available ? QString() : qt(not_available, lang));
+    settings_menu_.refresh();
     language_menu_.recaption(lang);
+    help_menu_.recaption(lang);
 }
 
 void FormMain::open_form1() {
-    form1_.show();
+    if (!form1_.isVisible()) {
+        form1_.move(pos() + beside);
+        full_screen() ? form1_.showMaximized() : form1_.showNormal();
+    }
     form1_.raise();
     form1_.activateWindow();
+}
+
+bool FormMain::full_screen() const { return state_.settings.now().Vollbildmodus == 1; }
+
+void FormMain::show_first() { full_screen() ? showMaximized() : showNormal(); }
+
+void FormMain::apply_settings() {
+    const ProgramSettings& now = state_.settings.now();
+    take_settings(state_.session, now);
+    take_settings(state_.calc_case, now);
+    // Switching the preview on again does not take this back.
+    if (now.Druckvorschau == 2) state_.program.Druck_direkt = true;
+    apply_separator();
+    apply_window_mode();
+    settings_menu_.refresh();
+    form1_.apply_settings();
+}
+
+/// What is typed stays: its texts follow the separator.
+void FormMain::apply_separator() {
+    const auto separator =
+        static_cast<DecimalSeparator>(state_.settings.now().Punkt_Komma_Format_merker);
+    if (separator == state_.session.separator) return;
+    form1_.take_in();
+    respell(state_.calc_case, state_.session.separator, separator);
+    state_.session.separator = separator;
+    form1_.recaption();
+    form1_.load();
+}
+
+void FormMain::apply_window_mode() {
+    if (full_screen() == shown_full_screen_) return;
+    shown_full_screen_ = full_screen();
+    for (QWidget* window : {static_cast<QWidget*>(this), static_cast<QWidget*>(&form1_)})
+        if (window->isVisible() && window->isMaximized() != shown_full_screen_)
+            shown_full_screen_ ? window->showMaximized() : window->showNormal();
+}
+
+/// The user who maximises or restores the window chooses the mode by that.
+void FormMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange || !isVisible() || isMinimized()) return;
+    if (isMaximized() != full_screen())
+        state_.change(&ProgramSettings::Vollbildmodus, isMaximized() ? 1 : 2);
 }
 
 void FormMain::closeEvent(QCloseEvent* event) {

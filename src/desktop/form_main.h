@@ -4,7 +4,9 @@
 
 #include "desktop/desktop_state.h"
 #include "desktop/form1.h"
+#include "desktop/help_menu.h"
 #include "desktop/language_menu.h"
+#include "desktop/settings_menu.h"
 
 class QAction;
 class QLabel;
@@ -13,32 +15,47 @@ class QPushButton;
 
 namespace zel {
 
-/// The start window `form_main`: opens the program areas, switches the language of all windows, and
-/// ends the program after a question; changes of the case that are not stored are asked for before.
+/// The start window `form_main`: opens the program areas, switches the language of all windows,
+/// lets a changed setting take effect in them, and ends the program after a question; changes of
+/// the case that are not stored are asked for before.
 class FormMain : public QMainWindow {
 public:
     explicit FormMain(DesktopState& state);
 
     [[nodiscard]] Form1& form1() { return form1_; }
 
+    /// Shows the window as `Vollbildmodus` says.
+    void show_first();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     [[nodiscard]] QWidget* make_content();
     void switch_language(LangId lang);
     void recaption();
     void open_form1();
+    void apply_settings();
+    void apply_separator();
+    void apply_window_mode();
+    [[nodiscard]] bool full_screen() const;
 
     DesktopState& state_;
     Form1 form1_;
     QMenu* file_menu_;
+    QAction* go_to_form1_;
+    QAction* go_to_short_circuit_;
     QAction* exit_;
+    SettingsMenu settings_menu_;
     LanguageMenu language_menu_;
+    HelpMenu help_menu_;
     QLabel* name_;
     QLabel* title_;
     QLabel* version_;
     QPushButton* open_form1_;
+    QPushButton* open_short_circuit_;
+    bool shown_full_screen_ = false;  // what the windows follow now
 };
 
 }  // namespace zel

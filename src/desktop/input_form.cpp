@@ -110,6 +110,17 @@ constexpr FormRow given_values[] = {
      "A"},
 };
 
+constexpr FormRow measured[] = {
+    {"Messwert_Strom_db",
+     &CalcCase::Messwert_Strom_db,
+     {"Messwert Stromstärke :", "Measured current :"},
+     "A"},
+    {"Messwert_Temperatur_db",
+     &CalcCase::Messwert_Temperatur_db,
+     {"Messwert Temperatur :", "Measured temperature :"},
+     "°C"},
+};
+
 constexpr FormSection given_section = {input_page, {"Vorgabe", "Given value"}, given_values};
 
 constexpr FormSection sections[] = {
@@ -119,6 +130,7 @@ constexpr FormSection sections[] = {
     {input_page, {"Umgebung", "Surroundings"}, surroundings},
     {input_page, {"Leitung", "Overhead line"}, line},
     given_section,
+    {input_page, {"Messwerte", "Measured values"}, measured},
 };
 
 constexpr MethodRow method_table[] = {

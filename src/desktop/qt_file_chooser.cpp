@@ -25,17 +25,24 @@ constexpr Caption captions[] = {
     {QFileDialog::Reject, {"Abbrechen", "Cancel"}},
 };
 constexpr Text open_caption = {"Öffnen", "Open"};
+constexpr Text select_caption = {"Auswählen", "Select"};
 constexpr Text save_caption = {"Speichern", "Save"};
 
 }  // namespace
+
+void QtFileChooser::recaption(QFileDialog& window) const {
+    const LangId lang = lang_ != nullptr ? *lang_ : LangId::English;
+    const bool saves = window.acceptMode() == QFileDialog::AcceptSave;
+    for (const auto& [label, text] : captions) window.setLabelText(label, qt(text, lang));
+    window.setLabelText(QFileDialog::Accept, qt(saves ? save_caption : open_caption, lang));
+}
 
 std::optional<std::string> QtFileChooser::ask(QFileDialog& window, const std::string& present) {
     const LangId lang = lang_ != nullptr ? *lang_ : LangId::English;
     const bool saves = window.acceptMode() == QFileDialog::AcceptSave;
     window.setWindowTitle(qt(saves ? save_title : open_title, lang));
     window.setNameFilters(qt(filters, lang).split('\n'));
-    for (const auto& [label, text] : captions) window.setLabelText(label, qt(text, lang));
-    window.setLabelText(QFileDialog::Accept, qt(saves ? save_caption : open_caption, lang));
+    recaption(window);
     if (!present.empty()) {
         const QFileInfo file(qt(present));
         window.setDirectory(file.absolutePath());
@@ -57,6 +64,22 @@ std::optional<std::string> QtFileChooser::file_to_save(const std::string& presen
     window.setDefaultSuffix("json");
     window.setOption(QFileDialog::DontConfirmOverwrite);  // the document asks, in its language
     return ask(window, present);
+}
+
+std::optional<std::string> QtFileChooser::path_to_select(const PathQuestion& question) {
+    QFileDialog window(QApplication::activeWindow());
+    window.setWindowTitle(qt(question.title));
+    window.setAcceptMode(QFileDialog::AcceptSave);
+    window.setOption(QFileDialog::DontConfirmOverwrite);  // the file is named, not written
+    window.setOption(QFileDialog::HideNameFilterDetails);
+    window.setNameFilters(qt(question.filters).split('\n'));
+    window.setDefaultSuffix(qt(question.suffix));
+    window.setDirectory(qt(question.folder));
+    recaption(window);
+    const LangId lang = lang_ != nullptr ? *lang_ : LangId::English;
+    window.setLabelText(QFileDialog::Accept, qt(select_caption, lang));
+    if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty()) return std::nullopt;
+    return window.selectedFiles().constFirst().toStdString();
 }
 
 }  // namespace zel

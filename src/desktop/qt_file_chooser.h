@@ -15,9 +15,11 @@ public:
 
     std::optional<std::string> file_to_open(const std::string& present) override;
     std::optional<std::string> file_to_save(const std::string& present) override;
+    std::optional<std::string> path_to_select(const PathQuestion& question) override;
 
 private:
     std::optional<std::string> ask(QFileDialog& window, const std::string& present);
+    void recaption(QFileDialog& window) const;
 
     const LangId* lang_ = nullptr;
 };

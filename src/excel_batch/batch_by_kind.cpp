@@ -34,7 +34,7 @@ bool is_transient(Workbook& workbook) {
 }  // namespace
 
 BatchResult run_batch(const BatchJob& job) {
-    if (is_shipped_template(job.path, job.data_folder))
+    if (is_shipped_template(job.real_path, job.data_folder))
         return S_00_io_excel_gesamt_rahmen_stat(job);
     auto workbook = job.store->open(job.path);
     const bool transient = is_transient(*workbook);

@@ -1,9 +1,12 @@
 #include "excel_batch/batch_frame.h"
 
 #include "excel_batch/batch_texts.h"
+#include "shell/error_text.h"
 
 namespace zel::excel_batch {
 namespace {
+
+constexpr std::string_view batch_module = "MOD02EXCEL";
 
 std::string file_name(const std::string& path) { return path.substr(path.find_last_of('/') + 1); }
 
@@ -14,23 +17,32 @@ public:
         : job_(job), steps_(steps), name_(file_name(job.path)) {}
 
     BatchResult run() {
-        if (is_shipped_template(job_.path, job_.data_folder)) {
+        if (is_shipped_template(job_.real_path, job_.data_folder)) {
             tell(template_refused, name_);
             return result_;
         }
         status(opening, name_);
         job_.observer.percent(1);
         workbook_ = job_.store->open(job_.path);
-        if (!read_fixed_input()) return result_;
+        try {
+            calculate();
+        } catch (const WorkbookError& error) {
+            if (error.fault() != WorkbookFault::NoSheet) throw;
+            tell_missing_sheet(error);
+        }
+        return result_;
+    }
+
+private:
+    void calculate() {
+        if (!read_fixed_input()) return;
         status(sheet_finished, fixed_sheet);
         job_.observer.percent(3);
         workbook_->select(rows_sheet);
         job_.observer.percent(4);
         finish(steps_.work_rows(*workbook_, origin(rows_sheet), result_));
-        return result_;
     }
 
-private:
     [[nodiscard]] LangId lang() const { return job_.session.lang; }
     [[nodiscard]] SheetOrigin origin(std::string_view sheet) const {
         return {name_, sheet, lang()};
@@ -41,6 +53,14 @@ private:
     }
     void tell(const BoxText& box, std::string_view name) {
         job_.session.tell(box_in(lang(), box, {name}));
+    }
+
+    /// Row 9 of the central error table; the workbook is closed before.
+    void tell_missing_sheet(const WorkbookError& error) {
+        workbook_.reset();
+        job_.session.tell(error_box(
+            {static_cast<std::int32_t>(PlatformFault::SheetMissing), error.what(), error.subject()},
+            0, batch_module, steps_.procedure, lang()));
     }
 
     bool read_fixed_input() {

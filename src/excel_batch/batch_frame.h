@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string_view>
 
 #include "excel_batch/batch_rows.h"
 #include "excel_batch/batch_run.h"
@@ -10,7 +11,7 @@
 namespace zel::excel_batch {
 
 struct BatchSteps {
-    WorkbookKind kind;
+    std::string_view procedure;  // as failures name it
     /// Reads and checks the sheet `fixed_input`, which is selected; every wrong cell is told
     /// through the reading.
     std::function<void(Workbook&, CellReading&)> read_fixed_input;
@@ -23,9 +24,9 @@ struct BatchSteps {
     bool keeps_rows_before_a_stop = true;
 };
 
-/// Opens the workbook, walks through the steps and saves it. Throws `WorkbookError` and
-/// `OutputError`, and `ProgramEnd` where a calculation had to end the program; the file is then as
-/// it was.
+/// Opens the workbook, walks through the steps and saves it. A missing sheet is told and refuses
+/// the workbook. Throws `WorkbookError` and `OutputError`, and `ProgramEnd` where a calculation had
+/// to end the program; the file is then as it was.
 [[nodiscard]] BatchResult run_frame(const BatchJob& job, const BatchSteps& steps);
 
 }  // namespace zel::excel_batch

@@ -37,10 +37,10 @@ struct BatchJob {
     BatchObserver& observer;
     CalcCase preset{};          // its conductor stands where no cell of the workbook names a field
     std::string data_folder{};  // of the shipped templates
+    std::string real_path{};    // `path` from the root on, by which it is known for one of them
     std::int16_t Excel_Leiterdaten_Merker = 2;            // 1 with conductor columns, 2 without
     std::int16_t Excel_Zelle_Array_Schreiben_Merker = 2;  // transient: 1 by cell, 2 as an array
-    std::int16_t cigre_TKW_merker = 1;
-    unsigned threads = 0;  // 0: as many as the machine has
+    unsigned threads = 0;                                 // 0: as many as the machine has
 };
 
 enum class BatchEnd : std::uint8_t {

@@ -156,7 +156,7 @@ BatchResult S_00_io_excel_gesamt_rahmen_stat(const BatchJob& job) {
     const WorkbookKind kind =
         job.Excel_Leiterdaten_Merker == 1 ? WorkbookKind::SteadyVar : WorkbookKind::SteadyFix;
     CalcCase fixed = start_case(job.preset);
-    return run_frame(job, {kind,
+    return run_frame(job, {"S_00_io_excel_gesamt_rahmen_stat",
                            [&](Workbook& workbook, CellReading& reading) {
                                S_02_io_excel_Fixed_input_einlesen_pruefen_stat(
                                    workbook, kind, job.session.lang, fixed, reading);

@@ -47,7 +47,7 @@ public:
           c_(c),
           seconds_(static_cast<float>(seconds)),
           mass_(conductor_mass(c)),
-          heat_option_(static_cast<HeatCapacityOption>(job.cigre_TKW_merker)),
+          heat_option_(static_cast<HeatCapacityOption>(job.session.cigre_TKW_merker)),
           angle_(S_Winkel_Wind_Leiter(c)),
           silent_(job.session, &memory_) {}
 
@@ -225,7 +225,7 @@ private:
 BatchResult S_100_io_excel_gesamt_rahmen_transient(const BatchJob& job) {
     TransientFixed fixed = {job.preset, {}, {}};
     const bool as_array = TransientRows::is_array_form(job);
-    return run_frame(job, {WorkbookKind::Transient,
+    return run_frame(job, {"S_100_io_excel_gesamt_rahmen_transient",
                            [&](Workbook& workbook, CellReading& reading) {
                                S_102_io_excel_Fixed_input_einlesen_pruefen_transient(
                                    workbook, job.session.lang, fixed, reading);

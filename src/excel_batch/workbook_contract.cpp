@@ -60,8 +60,9 @@ CellArea result_area(WorkbookKind kind) {
 
 bool is_shipped_template(std::string_view path, std::string_view data_folder) {
     const std::string lower = in_lower_case(path);
+    const std::string folder = in_lower_case(data_folder) + "/";
     return std::any_of(template_names.begin(), template_names.end(), [&](std::string_view name) {
-        return lower == in_lower_case(std::string(data_folder) + std::string(name));
+        return lower == folder + in_lower_case(name);
     });
 }
 

@@ -36,4 +36,7 @@ struct Text {
 /// A wording without the blanks around it, which have no place in plain text.
 [[nodiscard]] std::string without_outer_blanks(std::string_view text);
 
+/// Whether two names are one, without regard to the case of ASCII letters.
+[[nodiscard]] bool same_name(std::string_view a, std::string_view b);
+
 }  // namespace zel

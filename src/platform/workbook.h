@@ -21,11 +21,23 @@ enum class WorkbookFault : std::uint8_t {
     Entwined,  // a formula reaches from a cell to be overwritten into others
 };
 
+/// The row of the central error table that tells `fault`.
+[[nodiscard]] constexpr PlatformFault platform_fault(WorkbookFault fault) {
+    switch (fault) {
+        case WorkbookFault::Missing: return PlatformFault::FileNotFound;
+        case WorkbookFault::Denied: return PlatformFault::DatabaseDenied;
+        case WorkbookFault::Locked: return PlatformFault::FileOpen;
+        case WorkbookFault::NoSheet: return PlatformFault::SheetMissing;
+        default: return PlatformFault::Unforeseen;  // the cause is told below the message
+    }
+}
+
 /// A workbook that cannot be read or changed. `what()` names it, the place in it and the reason.
+/// `subject()` is the worksheet that is missing.
 class WorkbookError : public InputError {
 public:
-    WorkbookError(WorkbookFault fault, const std::string& reason)
-        : InputError(reason), fault_(fault) {}
+    WorkbookError(WorkbookFault fault, const std::string& reason, std::string sheet = {})
+        : InputError(reason, platform_fault(fault), std::move(sheet)), fault_(fault) {}
     [[nodiscard]] WorkbookFault fault() const { return fault_; }
 
 private:

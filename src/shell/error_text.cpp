@@ -1,41 +1,30 @@
 #include "shell/error_text.h"
 
-#include <string>
-
 #include "shell/program_texts.h"
 
 namespace zel {
-namespace {
 
-// "+ Chr(13) + Chr(10)" is part of the English wording.
-constexpr BoxText fault_in_function = {
-    Icon::None,
-    short_name,
-    {"Error {0} in {1}.{2}\n"
-     "Funktionsaufruf unzulässig \n"
-     "Evtl. liegt ein Eingabe-Zahlenwert ausserhalb des Zahlenbereiches\n"
-     " für welchen die Berechnung durchgeführt werden kann.\n"
-     "Bitte überprüfen u. korrigieren Sie ihre Eingabedaten\n"
-     "oder starten Sie das Programm bitte neu !\n"
-     "Tritt dieser Fehler häufig auf\n"
-     "setzen Sie sich bitte mit dem Entwickler\n"
-     "des Programms in Verbindung.",
-     "Error {0} in {1}.{2}\n"
-     "Error function call \n"
-     "Probably an input data is outside\n"
-     "the suitable range of numbers \n"
-     "for the computation\n"
-     "Please check and eventually modify the input data or + Chr(13) + Chr(10)\n"
-     "or shut down program ans start new\n"
-     "If this occures more often\n"
-     "please contact the developer of the program."}};
+Box error_box(const ErrorRow& row, const ErrorObject& error, std::int16_t Zeile,
+              std::string_view module, std::string_view procedure, LangId lang) {
+    std::string lines(error_head);
+    if (!row.lines.de.empty()) lines += '\n' + std::string(row.lines.in(lang));
+    // The fixed wording says nothing of the cause of an error without a row of its own.
+    if (&row == &unhandled_row() && !error.text.empty()) lines += "\n{5}";
+    const std::string number = std::to_string(error.number);
+    const std::string Zeile_text = std::to_string(Zeile);
+    const std::initializer_list<std::string_view> values = {
+        number, module, procedure, short_name.in(lang), error.subject, error.text, Zeile_text};
+    return {row.icon, std::string(row.title.in(lang)), lines_of(fill(lines, values))};
+}
 
-}  // namespace
+Box error_box(const ErrorObject& error, std::int16_t Zeile, std::string_view module,
+              std::string_view procedure, LangId lang) {
+    return error_box(error_row(error.number), error, Zeile, module, procedure, lang);
+}
 
 Box arithmetic_error(ArithmeticFault fault, std::string_view module, std::string_view procedure,
                      LangId lang) {
-    return box_in(lang, fault_in_function,
-                  {std::to_string(static_cast<int>(fault)), module, procedure});
+    return error_box({static_cast<std::int32_t>(fault), {}, {}}, 0, module, procedure, lang);
 }
 
 }  // namespace zel

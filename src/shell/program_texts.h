@@ -4,7 +4,7 @@
 
 #include "platform/message_box.h"
 
-// What the program calls itself, and the question before it ends.
+// What the program and its files call themselves, and the question before it ends.
 
 namespace zel {
 
@@ -14,14 +14,22 @@ inline constexpr Text version = {"Version 8.2", "Version 8.2"};
 inline constexpr Text long_title = {
     "Stromstärke- / Temperaturberechnung von Seilen und Stromschienen",
     "Current and temperature calculations of overhead conductors and busbars"};
+inline constexpr Text long_title_2 = {
+    "Stromstärke- /Temperaturberechnung von Seilen und Stromschienen",
+    "Current and temperature calculations of overhead conductors and busbars"};
 
 // The second program area: thermal short-circuit strength.
-inline constexpr Text short_circuit_name = {"QUV V.3.0", "JOL V.3.0"};
-/// The name after a switch of the language keeps this lower number.
-inline constexpr Text short_circuit_name_after_switch = {"QUV V.2.0", "JOL V.2.0"};
 inline constexpr Text short_circuit_title = {
     "Thermische Kurzschlußfestigkeit nach IEC 865-1",
     "Short-circuit current - Thermal effect on bare conductors and equipment"};
+inline constexpr Text short_circuit_name = {"QUV V.3.0", "JOL V.3.0"};
+/// From the first switch of the language on, also back again, the area bears this lower number.
+inline constexpr Text short_circuit_name_after_switch = {"QUV V.2.0", "JOL V.2.0"};
+
+inline constexpr std::string_view companion_folder_name = "R-MOX V.6.1";
+inline constexpr std::string_view shared_settings_name = "flb_8261.ini";
+inline constexpr std::string_view data_folder_name = "ZEL V.8.2";
+inline constexpr std::string_view user_settings_name = "zel/settings.ini";
 
 /// Asked by `mBeenden` and by closing the start window; No is the default.
 inline constexpr BoxText exit_question = {

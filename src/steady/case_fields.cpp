@@ -226,9 +226,9 @@ std::string name_of(std::size_t row, StateCell cell) {
     return "Z" + std::to_string(row + 1) + "_" + std::string(field);
 }
 
-std::string_view name_of(Entry CalcCase::*field) {
+std::string_view name_of(const FieldKey& key) {
     for (const CaseField& row : case_fields())
-        if (row.key == FieldKey(field)) return row.name;
+        if (row.key == key) return row.name;
     return {};
 }
 

@@ -60,7 +60,7 @@ struct StateCellPlace {
 /// The numbered name of a cell, or of the kind of row `row` (0 to 5) for a null `cell`.
 [[nodiscard]] std::string name_of(std::size_t row, StateCell cell);
 
-/// The name of a numeric field; empty where it is none of a case.
-[[nodiscard]] std::string_view name_of(Entry CalcCase::*field);
+/// The name of a field of any type; empty where it is none of a case.
+[[nodiscard]] std::string_view name_of(const FieldKey& key);
 
 }  // namespace zel

@@ -25,7 +25,7 @@ TEST(TextFile, names_the_path_and_the_reason_where_it_cannot_be_read) {
     const std::string missing = testing::TempDir() + "no such file";
     EXPECT_EQ(refusal(missing), missing + ": No such file or directory");
     EXPECT_EQ(refusal(testing::TempDir()), testing::TempDir() + ": Is a directory");
-    EXPECT_EQ(refusal("/dev/zero"), "/dev/zero: larger than 16 MiB, so no case file");
+    EXPECT_EQ(refusal("/dev/zero"), "/dev/zero: larger than 16 MiB");
 }
 
 }  // namespace

@@ -43,12 +43,13 @@ private:
 }  // namespace
 
 ProcessResult run_zel(const std::vector<std::string>& arguments, const std::string& directory,
-                      const std::string& input) {
+                      const std::string& input, const std::string& home) {
     const Scratch scratch;
+    const std::string own_home = home.empty() ? scratch.file("home").string() : home;
     std::ofstream(scratch.file("in")) << input;
-    std::string command = "cd " + quoted(directory) +
-                          " && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " +
-                          quoted(ZEL_PROGRAM);
+    std::string command =
+        "cd " + quoted(directory) + " && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " +
+        "-u XDG_DATA_HOME -u XDG_CONFIG_HOME HOME=" + quoted(own_home) + " " + quoted(ZEL_PROGRAM);
     for (const std::string& argument : arguments) {
         command += ' ';
         command += quoted(argument);

@@ -13,8 +13,10 @@ struct ProcessResult {
 };
 
 /// Runs the built program with `arguments`, `input` on its standard input, in the folder
-/// `directory`, without a display.
+/// `directory`, without a display. The home is `home`, or where that is empty a folder that is not
+/// there.
 [[nodiscard]] ProcessResult run_zel(const std::vector<std::string>& arguments,
-                                    const std::string& directory, const std::string& input = {});
+                                    const std::string& directory, const std::string& input = {},
+                                    const std::string& home = {});
 
 }  // namespace zel

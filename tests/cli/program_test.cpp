@@ -12,7 +12,8 @@ TEST(Program, tells_its_version_and_its_commands) {
     EXPECT_EQ(run_zel({"--version"}, ".").output, "ZEL V.8.2\n");
     const ProcessResult help = run_zel({"--help"}, ".");
     EXPECT_EQ(help.exit_status, 0);
-    for (const char* command : {"steady", "desktop"}) EXPECT_THAT(help.output, HasSubstr(command));
+    for (const char* command : {"steady", "settings", "desktop"})
+        EXPECT_THAT(help.output, HasSubstr(command));
 }
 
 TEST(Program, refuses_a_command_that_it_does_not_have) {

@@ -125,6 +125,42 @@ TEST_F(Workbooks, conductor_columns_are_an_option) {
     EXPECT_EQ(run_zel({"batch"}, ".").exit_status, 2);
 }
 
+TEST_F(Workbooks, settings_stand_in_for_options_that_are_not_given) {
+    const std::string home = folder.string();
+    take_sample("saved_by_openpyxl.xlsx");
+    const auto status = [&](const std::vector<std::string>& options) {
+        std::vector<std::string> words = {"batch", path};
+        words.insert(words.end(), options.begin(), options.end());
+        return run_zel(words, ".", {}, home).exit_status;
+    };
+    ASSERT_EQ(
+        run_zel({"settings", "set", "Excel_Leiterdaten_Merker", "1"}, ".", {}, home).exit_status,
+        0);
+    EXPECT_EQ(status({}), 2);
+    EXPECT_EQ(status({"--conductor-columns", "off"}), 0);
+    ASSERT_EQ(
+        run_zel({"settings", "set", "Excel_Leiterdaten_Merker", "2"}, ".", {}, home).exit_status,
+        0);
+    EXPECT_EQ(status({}), 0);
+}
+
+TEST_F(Workbooks, the_shipped_templates_stay_as_they_are) {
+    const fs::path data = folder / ".local/share/ZEL V.8.2";
+    fs::create_directories(data);
+    path = (data / "Template_calc_h_english_80.xlsx").string();
+    take_sample("saved_by_openpyxl.xlsx");
+    const std::string before = bytes();
+    for (const auto& [name, where] :
+         {std::pair{path, std::string(".")}, {"Template_calc_h_english_80.xlsx", data.string()}}) {
+        const ProcessResult result = run_zel({"batch", name}, where, {}, folder.string());
+        EXPECT_EQ(result.exit_status, 2);
+        EXPECT_THAT(result.errors,
+                    HasSubstr("You are not allowed to create another\n  excel workbook with this "
+                              "name !"));
+    }
+    EXPECT_EQ(bytes(), before);
+}
+
 TEST_F(Workbooks, errors_in_cells_are_status_1) {
     take_sample("saved_by_openpyxl.xlsx");
     set("variable_input_result", 5, 31, 20);  // cooler than the air
@@ -174,6 +210,10 @@ bool killed_after(const std::string& path, std::chrono::microseconds while_runni
         const int nowhere = ::open("/dev/null", O_WRONLY);
         ::dup2(nowhere, STDOUT_FILENO);
         ::dup2(nowhere, STDERR_FILENO);
+        const std::string home = fs::path(path).parent_path().string();
+        ::setenv("HOME", home.c_str(), 1);
+        ::unsetenv("XDG_DATA_HOME");
+        ::unsetenv("XDG_CONFIG_HOME");
         ::execl(ZEL_PROGRAM, ZEL_PROGRAM, "batch", path.c_str(), nullptr);
         ::_exit(127);
     }

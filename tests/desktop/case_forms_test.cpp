@@ -65,8 +65,6 @@ bool has_no_row(std::string_view name) {
         "Wind4_db",
         "Wind5_db",
         "Wind6_db",
-        "Messwert_Strom_db",
-        "Messwert_Temperatur_db",
         "Gravi_merker1_db",
         "Formel_merker1_db",
         "wzsz_merker_db",

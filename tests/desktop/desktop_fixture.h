@@ -17,6 +17,8 @@
 #include "desktop/form_main.h"
 #include "desktop/qt_text.h"
 #include "fakes/memory_case_store.h"
+#include "fakes/memory_settings.h"
+#include "fakes/recording_launcher.h"
 #include "fakes/scripted_chooser.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/steady_cases.h"
@@ -28,8 +30,18 @@ class DesktopTest : public testing::Test {
 protected:
     void open(const CalcCase& c, LangId lang, DecimalSeparator separator) {
         form_main.reset();
-        state = std::make_unique<DesktopState>(DesktopState{
-            case_for_form(c), {lang, separator, RunMode::Messages, dialogs}, store, chooser});
+        user_settings.write("MultiLang", "LangId", lang == LangId::German ? "1" : "2");
+        settings.reread_all();
+        settings.set_for_this_run(&ProgramSettings::Punkt_Komma_Format_merker,
+                                  static_cast<std::int16_t>(separator));
+        shared_settings.written.clear();
+        user_settings.written.clear();
+        state.reset(new DesktopState{case_for_form(c),
+                                     {lang, separator, RunMode::Messages, dialogs},
+                                     store,
+                                     chooser,
+                                     settings,
+                                     launcher});
         state->session.memory = &state->memory;
         form_main = std::make_unique<FormMain>(*state);
         form_main->show();
@@ -92,6 +104,9 @@ protected:
     ScriptedDialogs dialogs;
     MemoryCaseStore store;
     ScriptedChooser chooser;
+    MemorySettings shared_settings, user_settings;
+    Settings settings{shared_settings, user_settings, "/data"};
+    RecordingLauncher launcher;
     std::unique_ptr<DesktopState> state;
     std::unique_ptr<FormMain> form_main;
 };

@@ -109,8 +109,10 @@ TEST(RunDesktop, without_a_display_says_so_and_fails) {
         qunsetenv(variable);
     int argc = 0;
     MemoryCaseStore store;
+    MemorySettings shared, user;
+    Settings settings(shared, user, "/data");
     testing::internal::CaptureStderr();
-    EXPECT_EQ(run_desktop(argc, nullptr, {}, store), 1);
+    EXPECT_EQ(run_desktop(argc, nullptr, {}, {store, settings, {}, {}, {}}), 1);
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("display"));
 }
 

@@ -186,7 +186,8 @@ protected:
         const Session session = {lang, DecimalSeparator::Point, mode, dialogs};
         BatchJob job = {&store, path, session, observer};
         job.preset = preset;
-        job.data_folder = "/data/";
+        job.data_folder = "/data";
+        job.real_path = path;
         job.Excel_Leiterdaten_Merker = kind_ == WorkbookKind::SteadyVar ? 1 : 2;
         job.Excel_Zelle_Array_Schreiben_Merker = by_cell ? 1 : 2;
         job.threads = threads;

@@ -315,6 +315,10 @@ TEST(InputCells, codes_and_counts_are_whole_numbers) {
     reading.take(cell_at(conductor_cells(), 78), {78, 3, "2,5"}, c, always);
     EXPECT_EQ(c.DrahtlagenzahlLeiter_db, 2);
     EXPECT_FALSE(is_taken(cell_at(conductor_cells(), 78), "40000"));
+    // So are day, month, hour and minute.
+    reading.take(cell_at(line_cells(), 35), {35, 3, "12,5"}, c, always);
+    EXPECT_EQ(c.Stunden_db.value, 12);
+    EXPECT_TRUE(reading.sound());
 }
 
 TEST(InputCells, method_bound_cells_are_read_for_TB601_only) {

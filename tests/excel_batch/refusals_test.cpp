@@ -345,7 +345,8 @@ TEST_F(Refusals, of_the_shipped_templates) {
          {"/data/" + name, std::string("/DATA/template_CALC_h_german_80.XLSX")}) {
         dialogs.shown.clear();
         BatchJob job = {&store, there, session, observer};
-        job.data_folder = "/data/";
+        job.data_folder = "/data";
+        job.real_path = job.path;
         EXPECT_EQ(run_batch(job).end, BatchEnd::Refused);
         ASSERT_EQ(dialogs.shown.size(), 1U);
         EXPECT_EQ(joined(dialogs.shown[0].lines, "\n"),
@@ -355,20 +356,29 @@ TEST_F(Refusals, of_the_shipped_templates) {
     }
     store.files["/elsewhere/" + name] = workbook();
     BatchJob job = {&store, "/elsewhere/" + name, session, observer};
-    job.data_folder = "/data/";
+    job.data_folder = "/data";
+    job.real_path = job.path;
     EXPECT_EQ(run_batch(job).end, BatchEnd::Done);
 }
 
 TEST_F(Refusals, of_a_workbook_without_a_sheet) {
-    for (const char* sheet : {"fixed_input", "variable_input_result"}) {
+    for (const std::string sheet : {"fixed_input", "variable_input_result"}) {
         start_steady(WorkbookKind::SteadyFix, line_of_all_methods());
         workbook().erase(sheet);
-        try {
-            (void)run();
-            FAIL();
-        } catch (const WorkbookError& error) {
-            EXPECT_EQ(error.fault(), WorkbookFault::NoSheet);
-        }
+        lang = LangId::English;
+        const auto boxes = refusal();
+        ASSERT_EQ(boxes.size(), 1U);
+        EXPECT_EQ(text_of_box(boxes[0]),
+                  " Fehler aufgetreten\n"
+                  "Error 9 in MOD02EXCEL.S_00_io_excel_gesamt_rahmen_stat\n"
+                  "The selected excel-file\nis not containing a excel worksheet named:\n"
+                  "   " +
+                      sheet + "   \nPlease select a excel worksheet with valid format!");
+        lang = LangId::German;
+        EXPECT_THAT(text_of_box(refusal()[0]),
+                    testing::HasSubstr("Die ausgewählte Excel-Arbeitsmappe\n"
+                                       "enthält kein Arbeitsblatt mit Namen:\n   " +
+                                       sheet));
     }
 }
 

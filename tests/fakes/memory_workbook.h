@@ -44,7 +44,8 @@ public:
         const auto found = sheets_.find(sheet);
         if (found == sheets_.end())
             throw WorkbookError(WorkbookFault::NoSheet,
-                                path_ + ": has no worksheet " + std::string(sheet));
+                                path_ + ": has no worksheet " + std::string(sheet),
+                                std::string(sheet));
         selected_ = &found->second;
     }
     std::string text(int row, int column) override { return text_of(*selected_, row, column); }

@@ -16,8 +16,14 @@ public:
         return next(present);
     }
 
+    std::optional<std::string> path_to_select(const PathQuestion& question) override {
+        questions.push_back(question);
+        return next(question.folder);
+    }
+
     std::deque<std::string> paths;
     std::deque<std::string> asked;  // where each question started
+    std::deque<PathQuestion> questions;
 
 private:
     std::optional<std::string> next(const std::string& present) {

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "adapters/posix/posix_fault.h"
 #include "platform/input_error.h"
 
 namespace zel {
@@ -29,8 +30,8 @@ private:
     int number_;
 };
 
-[[noreturn]] void refuse(const std::string& path, const std::string& reason) {
-    throw InputError(path + ": " + reason);
+[[noreturn]] void refuse(const std::string& path, int error_number) {
+    throw InputError(path + ": " + std::strerror(error_number), posix_fault(error_number));
 }
 
 }  // namespace
@@ -39,16 +40,16 @@ bool file_exists(const std::string& path) { return ::access(path.c_str(), F_OK) 
 
 std::string read_text_file(const std::string& path) {
     const Descriptor file(path);
-    if (file.number() < 0) refuse(path, std::strerror(errno));
+    if (file.number() < 0) refuse(path, errno);
     std::string content;
     std::array<char, 65536> buffer{};
     while (true) {
         const ssize_t count = ::read(file.number(), buffer.data(), buffer.size());
         if (count < 0 && errno == EINTR) continue;
-        if (count < 0) refuse(path, std::strerror(errno));
+        if (count < 0) refuse(path, errno);
         if (count == 0) return content;
         content.append(buffer.data(), static_cast<std::size_t>(count));
-        if (content.size() > size_limit) refuse(path, "larger than 16 MiB, so no case file");
+        if (content.size() > size_limit) throw InputError(path + ": larger than 16 MiB");
     }
 }
 

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "adapters/posix/posix_fault.h"
 #include "adapters/posix/text_file.h"
 #include "platform/output_error.h"
 
@@ -26,22 +27,21 @@ public:
     explicit Target(const std::string& named) : named_(named), path_(followed(named)) {
         struct stat state {};
         if (::stat(path_.c_str(), &state) != 0) {
-            if (errno != ENOENT) refuse(std::strerror(errno));
+            if (errno != ENOENT) refuse(errno);
             return;
         }
-        if (S_ISDIR(state.st_mode)) refuse(std::strerror(EISDIR));
-        if (!S_ISREG(state.st_mode)) refuse("not a regular file");
+        if (S_ISDIR(state.st_mode)) refuse(EISDIR);
+        if (!S_ISREG(state.st_mode)) throw OutputError(named_ + ": not a regular file");
         // Renaming would get round a write protection.
-        if (::faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) != 0)
-            refuse(std::strerror(errno));
+        if (::faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) != 0) refuse(errno);
         former_ = state;
     }
 
     [[nodiscard]] const fs::path& path() const { return path_; }
     /// The file that is replaced.
     [[nodiscard]] const std::optional<struct stat>& former() const { return former_; }
-    [[noreturn]] void refuse(const std::string& reason) const {
-        throw OutputError(named_ + ": " + reason);
+    [[noreturn]] void refuse(int error_number) const {
+        throw OutputError(named_ + ": " + std::strerror(error_number), posix_fault(error_number));
     }
 
 private:
@@ -49,9 +49,9 @@ private:
     [[nodiscard]] fs::path followed(fs::path path) const {
         std::error_code failed;
         for (int links = 0; fs::is_symlink(path, failed); ++links) {
-            if (links == most_links) refuse(std::strerror(ELOOP));
+            if (links == most_links) refuse(ELOOP);
             path = path.parent_path() / fs::read_symlink(path, failed);
-            if (failed) refuse(failed.message());
+            if (failed) refuse(failed.value());
         }
         return path;
     }
@@ -69,9 +69,9 @@ public:
         for (int i = 0; number_ < 0 && i < most_names; ++i) {
             path_ = stem + "-" + std::to_string(i);
             number_ = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-            if (number_ < 0 && errno != EEXIST) target_.refuse(std::strerror(errno));
+            if (number_ < 0 && errno != EEXIST) target_.refuse(errno);
         }
-        if (number_ < 0) target_.refuse(std::strerror(EEXIST));
+        if (number_ < 0) target_.refuse(EEXIST);
     }
     ~TemporaryFile() {
         if (number_ >= 0) ::close(number_);
@@ -105,7 +105,7 @@ public:
 
 private:
     void check(bool done) const {
-        if (!done) target_.refuse(std::strerror(errno));
+        if (!done) target_.refuse(errno);
     }
 
     const Target& target_;

@@ -65,7 +65,8 @@ public:
                          [&](const SheetPart& p) { return same_name(p.name, sheet); });
         if (part == parts_.sheets.end())
             throw WorkbookError(WorkbookFault::NoSheet,
-                                name_ + ": has no worksheet " + std::string(sheet));
+                                name_ + ": has no worksheet " + std::string(sheet),
+                                std::string(sheet));
         place_ = part->name + ": ";
         selected_ = &open_[part->part];
         if (selected_->sheet == nullptr)

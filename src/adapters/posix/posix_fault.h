@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/platform_error.h"
+
+namespace zel {
+
+/// What a number of `errno` means to the program.
+[[nodiscard]] PlatformFault posix_fault(int error_number);
+
+}  // namespace zel

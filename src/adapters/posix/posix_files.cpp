@@ -1,0 +1,32 @@
+#include "adapters/posix/posix_files.h"
+
+#include <filesystem>
+
+#include "adapters/posix/text_file.h"
+
+namespace zel {
+
+bool PosixFiles::exists(const std::string& path) { return file_exists(path); }
+
+std::string PosixFiles::content(const std::string& path) { return read_text_file(path); }
+
+void PosixFiles::write(const std::string& path, std::string_view bytes) {
+    write_text_file(path, bytes);
+}
+
+std::optional<std::string> PosixFiles::read(const std::string& path) const {
+    return shared_.read(path);
+}
+
+void PosixFiles::update(const std::string& path,
+                        const std::function<std::string(const std::string&)>& edit) {
+    shared_.update(path, edit);
+}
+
+std::string program_folder() {
+    std::error_code failed;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", failed);
+    return failed ? std::string() : program.parent_path().string();
+}
+
+}  // namespace zel

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "persistence/conductor_table.h"
+#include "platform/files.h"
+
+namespace zel {
+
+/// Where the conductors stand.
+struct LibraryPlaces {
+    std::string shipped_folder;  // with conductors.csv and materials.csv
+    std::string own_file;        // the user's own conductors; need not exist
+};
+
+/// The shipped conductors and the user's own. Only the user's file is ever written.
+class ConductorLibrary {
+public:
+    /// Reads both. Throws `InputError` where the shipped library is missing, and where a file is
+    /// refused (see `read_conductors`).
+    ConductorLibrary(Files& files, LibraryPlaces places, DecimalSeparator separator);
+
+    /// All conductors, the user's own first.
+    [[nodiscard]] const std::vector<LibraryConductor>& conductors() const { return conductors_; }
+
+    /// Takes `conductor` into the user's file, in place of `former` where that is one of them. The
+    /// file is read anew before, so that what another program put there stays. Throws `InputError`
+    /// where the name is taken, figures contradict each other without being `confirmed`, or
+    /// something does not fit into a record, and `OutputError` where the file cannot be written;
+    /// nothing is changed then.
+    void keep(const LibraryConductor& conductor, const LibraryConductor* former = nullptr);
+
+    /// Takes `conductor` out of the user's file. Throws as `keep`.
+    void remove(const LibraryConductor& conductor);
+
+private:
+    [[nodiscard]] std::vector<LibraryConductor> own_in(const std::string& table) const;
+    [[nodiscard]] std::vector<LibraryConductor> read_own();
+    void change_own(const std::function<void(std::vector<LibraryConductor>&)>& change);
+
+    Files& files_;
+    LibraryPlaces places_;
+    DecimalSeparator separator_;
+    std::vector<Material> materials_;
+    std::vector<LibraryConductor> shipped_;
+    std::vector<LibraryConductor> conductors_;
+};
+
+}  // namespace zel

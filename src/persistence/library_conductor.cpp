@@ -1,0 +1,227 @@
+#include "persistence/library_conductor.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <tuple>
+
+#include "persistence/exchange_record.h"
+#include "platform/input_error.h"
+
+namespace zel {
+namespace {
+
+constexpr std::size_t most_near = 8;
+
+/// In small letters, with one blank where there are several and none around.
+std::string plain(std::string_view name) {
+    std::string out;
+    for (const char c : name) {
+        if (c == ' ' && (out.empty() || out.back() == ' ')) continue;
+        out += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
+    if (!out.empty() && out.back() == ' ') out.pop_back();
+    return out;
+}
+
+/// The fewest letters to put in, take out or replace that make `a` of `b`.
+std::size_t distance(const std::string& a, const std::string& b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t diagonal = row[0]++;
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t above = row[j + 1];
+            row[j + 1] = std::min({above + 1, row[j] + 1, diagonal + (a[i] == b[j] ? 0U : 1U)});
+            diagonal = above;
+        }
+    }
+    return row.back();
+}
+
+/// How far a name is from those of the conductor; one that holds it is near.
+std::size_t distance_to(const LibraryConductor& conductor, const std::string& name) {
+    std::size_t least = std::string::npos;
+    for (const std::string& own : {conductor.c.Bezeichnung1_db, conductor.c.Bezeichnung2_db}) {
+        const std::string known = plain(own);
+        if (known.empty()) continue;
+        const bool holds = known.find(name) != std::string::npos;
+        least = std::min(least, holds ? 0 : distance(known, name));
+    }
+    return least;
+}
+
+std::string list_of(const std::vector<const LibraryConductor*>& conductors) {
+    std::string text;
+    for (const LibraryConductor* conductor : conductors)
+        text += "\n  " + full_name(*conductor) + (conductor->own ? " [own]" : "");
+    return text;
+}
+
+std::vector<const LibraryConductor*> nearest(std::span<const LibraryConductor> library,
+                                             const std::string& name) {
+    const std::string wanted = plain(name);
+    std::vector<std::pair<std::size_t, const LibraryConductor*>> all;
+    for (const LibraryConductor& conductor : library)
+        all.emplace_back(distance_to(conductor, wanted), &conductor);
+    std::stable_sort(all.begin(), all.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<const LibraryConductor*> near;
+    for (const auto& [far, conductor] : all)
+        if (near.size() < most_near && far <= wanted.size() / 2) near.push_back(conductor);
+    return near;
+}
+
+template <class Found>
+[[noreturn]] void refuse_name(const std::string& name, const std::string& reason,
+                              const std::string& lead, const Found& found) {
+    throw InputError("\"" + name + "\": " + reason + (found.empty() ? "" : lead + list_of(found)));
+}
+
+std::string shown(const CalcCase& c, const OfferField& row) {
+    if (const auto* whole = std::get_if<std::int16_t CalcCase::*>(&row.field))
+        return std::to_string(c.**whole);
+    return (c.**std::get_if<Entry CalcCase::*>(&row.field)).text + " " + std::string(row.unit);
+}
+
+bool take_offer(Entry& to, const Entry& from, DecimalSeparator separator) {
+    if (to.given() || !from.given()) return false;
+    to = {plain_number(from.value, separator), from.value};
+    return true;
+}
+
+bool take_offer(std::int16_t& to, std::int16_t from, DecimalSeparator /*separator*/) {
+    if (to != 0 || from == 0) return false;
+    to = from;
+    return true;
+}
+
+template <class Field>
+bool take_offer(Field& /*to*/, const Field& /*from*/, DecimalSeparator /*separator*/) {
+    return false;  // no text and no flag is offered
+}
+
+constexpr OfferField offers[] = {
+    {&CalcCase::ACDC_R_Option_Merker_db,
+     {"Rechnen mit Widerstand (1 DC, 2 AC)", "Calculate with resistance (1 DC, 2 AC)"},
+     ""},
+    {&CalcCase::GMR_Merker_db,
+     {"Geom. Ersatzradius GMR verwenden", "Use the geometric mean radius"},
+     ""},
+    {&CalcCase::radialthermalconductivity_unter_KPT_db,
+     {"Radiale Wärmeleitfähigkeit unterhalb des Kniepunkts",
+      "Radial thermal conductivity below the knee point"},
+     "W/(m·K)"},
+    {&CalcCase::KniepunktTemperatur_db, {"Kniepunkttemperatur", "Knee-point temperature"}, "°C"},
+    {&CalcCase::radialthermalconductivity_ueber_KPT_db,
+     {"Radiale Wärmeleitfähigkeit oberhalb des Kniepunkts",
+      "Radial thermal conductivity above the knee point"},
+     "W/(m·K)"},
+};
+
+constexpr BoxText offers_taken = {
+    Icon::None,
+    {"Leiter übernommen", "Conductor taken over"},
+    {"Was im Satz der Seildatenbank fehlt und noch ohne Angabe war,\n"
+     "wurde mit den Werten der Leiterbibliothek gefüllt:\n{0}",
+     "What a record of the conductor database lacks and was still without input\n"
+     "has been filled with the values of the conductor library:\n{0}"}};
+
+constexpr double tension = 1.5;     // W/(m K), wires pressed together
+constexpr double no_tension = 0.7;  // W/(m K)
+
+void offer(Entry& field, double value, DecimalSeparator separator) {
+    if (!field.given()) field = {plain_number(value, separator), value};
+}
+
+}  // namespace
+
+std::string full_name(const LibraryConductor& conductor) {
+    const auto& [first, second] =
+        std::tie(conductor.c.Bezeichnung1_db, conductor.c.Bezeichnung2_db);
+    return second.empty() ? first : first + " (" + second + ")";
+}
+
+bool matches(const LibraryConductor& conductor, std::string_view typed) {
+    const CalcCase& c = conductor.c;
+    const std::string text =
+        plain(c.Bezeichnung1_db + " " + c.Bezeichnung2_db + " " + c.Norm_db + " " + c.Anmerkung_db);
+    const std::string words = plain(typed);
+    for (std::size_t begin = 0; begin < words.size();) {
+        const std::size_t end = std::min(words.find(' ', begin), words.size());
+        if (text.find(words.substr(begin, end - begin)) == std::string::npos) return false;
+        begin = end + 1;
+    }
+    return true;
+}
+
+bool is_named(const LibraryConductor& conductor, std::string_view name) {
+    const std::string wanted = plain(name);
+    const std::string first = plain(conductor.c.Bezeichnung1_db);
+    const std::string second = plain(conductor.c.Bezeichnung2_db);
+    return !wanted.empty() &&
+           (wanted == first || wanted == second || wanted == first + " " + second ||
+            wanted == plain(full_name(conductor)));
+}
+
+bool same_name(const LibraryConductor& a, const LibraryConductor& b) {
+    return plain(a.c.Bezeichnung1_db) == plain(b.c.Bezeichnung1_db) &&
+           plain(a.c.Bezeichnung2_db) == plain(b.c.Bezeichnung2_db);
+}
+
+const LibraryConductor& find_conductor(std::span<const LibraryConductor> library,
+                                       const std::string& name) {
+    std::vector<const LibraryConductor*> found;
+    for (const LibraryConductor& conductor : library) {
+        if (!is_named(conductor, name)) continue;
+        const auto twin = std::find_if(found.begin(), found.end(), [&](const auto* other) {
+            return same_name(*other, conductor);
+        });
+        if (twin == found.end())
+            found.push_back(&conductor);
+        else if (conductor.own)
+            *twin = &conductor;
+    }
+    if (found.size() > 1)
+        refuse_name(name, "more than one conductor has this name", ", name one of:", found);
+    if (found.empty())
+        refuse_name(name, "no conductor of the library has this name",
+                    "; near to it:", nearest(library, name));
+    return *found.front();
+}
+
+const LibraryConductor* find_record(std::span<const LibraryConductor> library,
+                                    std::string_view bytes) {
+    const auto found =
+        std::find_if(library.begin(), library.end(), [&](const LibraryConductor& conductor) {
+            return written_record(conductor.c) == bytes;
+        });
+    return found == library.end() ? nullptr : &*found;
+}
+
+std::span<const OfferField> offer_fields() { return offers; }
+
+void add_usual_offers(CalcCase& c, DecimalSeparator separator) {
+    if (c.ACDC_R_Option_Merker_db == 0 && c.DCR_20_db.given()) c.ACDC_R_Option_Merker_db = 1;
+    if (c.ACDC_R_Option_Merker_db == 0 && c.ACR1_db.given()) c.ACDC_R_Option_Merker_db = 2;
+    if (c.conductor_shape_db != 1 || c.conductor_type_db == tubular_busbar) return;
+    offer(c.radialthermalconductivity_unter_KPT_db, tension, separator);
+    if (c.conductor_type_db != homogeneous_conductor)
+        offer(c.radialthermalconductivity_ueber_KPT_db, no_tension, separator);
+}
+
+std::optional<Box> take_offers(CalcCase& to, const CalcCase& from, DecimalSeparator separator,
+                               LangId lang) {
+    std::string taken;
+    for (const OfferField& row : offers) {
+        const bool done = std::visit(
+            [&](auto field) { return take_offer(to.*field, from.*field, separator); }, row.field);
+        if (!done) continue;
+        if (!taken.empty()) taken += '\n';
+        taken += std::string(row.caption.in(lang)) + ": " + shown(to, row);
+    }
+    if (taken.empty()) return std::nullopt;
+    return box_in(lang, offers_taken, {taken});
+}
+
+}  // namespace zel

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/number_text.h"
+#include "steady/calc_case.h"
+
+namespace zel {
+
+/// Writes every number that was typed with the separator `from` with the separator `to`. A text
+/// that is no number stays as it is; the doubles do not change.
+void respell(CalcCase& c, DecimalSeparator from, DecimalSeparator to);
+
+}  // namespace zel
