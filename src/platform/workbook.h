@@ -78,9 +78,8 @@ public:
     virtual void clear(const CellArea& area) = 0;
 
     /// Replaces the file, whole or not at all, and ends the use of this workbook. What was not set
-    /// or cleared stays as it was; formulas are to be calculated anew when the file is opened.
-    /// Throws `WorkbookError` (`Changed`, `Locked`, `Entwined`) and `OutputError`; the former file
-    /// is then unharmed.
+    /// or cleared stays as it was. Throws `WorkbookError` (`Changed`, `Locked`, `Entwined`) and
+    /// `OutputError`; the former file is then unharmed.
     virtual void save() = 0;
 };
 

@@ -32,8 +32,7 @@ struct WorkbookParts {
 /// a new one.
 void drop_calculation_chain(Archive& archive, const WorkbookParts& parts);
 
-/// Asks spreadsheet programs to calculate all formulas when they open the workbook: the last
-/// results that stand in it may be those of other cells.
+/// Asks spreadsheet programs to calculate all formulas when they open the workbook.
 void demand_calculation(Archive& archive, const WorkbookParts& parts);
 
 }  // namespace zel::xlsx

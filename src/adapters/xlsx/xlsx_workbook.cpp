@@ -10,7 +10,6 @@
 #include "adapters/xlsx/sheet.h"
 #include "adapters/xlsx/sheet_writer.h"
 #include "adapters/xlsx/workbook_parts.h"
-#include "adapters/xlsx/xml_tags.h"
 #include "platform/number_text.h"
 
 namespace zel {
@@ -23,20 +22,6 @@ bool same_name(std::string_view a, std::string_view b) {
     const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                       [&](char x, char y) { return lower(x) == lower(y); });
-}
-
-bool has_formula(std::string_view xml) {
-    TagWalk walk(xml);
-    return next_element(xml, walk, "f").has_value();
-}
-
-/// A sheet that is not read otherwise: what is wrong with it does not matter here.
-bool may_have_formula(const Archive& archive, const std::string& part) {
-    try {
-        return has_formula(archive.read(part));
-    } catch (const WorkbookError&) {
-        return true;
-    }
 }
 
 struct OpenSheet {
@@ -99,7 +84,6 @@ public:
         std::string bytes;
         named([&] {
             bool lost_formula = false;
-            const bool stale_formulas = has_edits() && has_formulas();
             for (auto& [part, open] : open_) {
                 place_ = name_of(part) + ": ";
                 if (!open.edits.empty()) lost_formula |= write_sheet(part, open);
@@ -107,7 +91,6 @@ public:
             }
             place_.clear();
             if (lost_formula) drop_calculation_chain(*archive_, parts_);
-            if (stale_formulas) demand_calculation(*archive_, parts_);
             bytes = archive_->close();
         });
         archive_.reset();
@@ -129,22 +112,6 @@ private:
         for (const SheetPart& sheet : parts_.sheets)
             if (sheet.part == part) return sheet.name;
         return part;
-    }
-
-    [[nodiscard]] bool has_edits() const {
-        return std::any_of(open_.begin(), open_.end(),
-                           [](const auto& open) { return !open.second.edits.empty(); });
-    }
-
-    /// Whether any sheet has a formula, whose last result may be that of other cells by now.
-    [[nodiscard]] bool has_formulas() const {
-        return !parts_.calculation_chain.empty() ||
-               std::any_of(parts_.sheets.begin(), parts_.sheets.end(), [&](const SheetPart& sheet) {
-                   const auto open = open_.find(sheet.part);
-                   return open == open_.end() || open->second.sheet == nullptr
-                              ? may_have_formula(*archive_, sheet.part)
-                              : has_formula(open->second.sheet->xml());
-               });
     }
 
     bool write_sheet(const std::string& part, OpenSheet& open) {

@@ -151,35 +151,6 @@ TEST(XlsxWrite, an_overwritten_formula_leaves_the_calculation_chain) {
     EXPECT_THAT(saved["[Content_Types].xml"], HasSubstr("calcChain"));
 }
 
-TEST(XlsxWrite, formulas_are_to_be_calculated_anew) {
-    struct {
-        std::string rows;
-        std::string workbook_end;
-        const char* expected;  // part of the workbook part
-    } const books[] = {
-        {chained_rows, {}, R"(</sheets><calcPr fullCalcOnLoad="1")"},
-        {chained_rows, R"(<definedNames/><calcPr calcId="7"/><a/>)",
-         R"(<definedNames/><calcPr calcId="7" fullCalcOnLoad="1"/><a/>)"},
-        {R"(<row r="1"><c r="A1"><v>2</v></c></row>)", R"(<calcPr calcId="7"/>)",
-         R"(<calcPr calcId="7"/>)"},
-    };
-    for (const auto& [rows, end, expected] : books) {
-        // A formula anywhere may read the cells that are set.
-        const Parts parts =
-            workbook_with(sheet_of({}), {{"xl/worksheets/other.xml", sheet_of(rows)}},
-                          R"(<Relationship Id="rId8" Type=")" + relation +
-                              R"(/worksheet" Target="worksheets/other.xml"/>)",
-                          end);
-        Parts two_sheets = parts;
-        std::string& workbook = two_sheets[2].second;
-        workbook.insert(workbook.find("</sheets>"), R"(<sheet name="o" sheetId="2" r:id="rId8"/>)");
-        auto saved = changed(two_sheets, [](Workbook& w) { w.set_number(1, 3, 3); });
-        EXPECT_THAT(saved["xl/workbook.xml"], HasSubstr(expected));
-        saved = changed(two_sheets, [](Workbook& w) { EXPECT_EQ(w.text(1, 3), ""); });
-        EXPECT_EQ(saved["xl/workbook.xml"], workbook);
-    }
-}
-
 TEST(XlsxWrite, part_of_an_array_formula_is_not_overwritten) {
     const Parts parts = workbook_with(
         sheet_of(R"(<row r="1"><c r="A1"><f t="array" ref="A1:A2">B1:B2</f><v>2</v></c></row>)"
