@@ -104,6 +104,13 @@ void add_output(CLI::App& command, CommonOptions& options) {
     command.add_flag("--silent", options.silent, "No messages; failures are in the status texts");
 }
 
+void add_conductor_option(CLI::App& command, CommonOptions& options) {
+    command
+        .add_option("--conductor", options.conductor,
+                    "Take the conductor from an exchange record or from the library")
+        ->option_text("RECORD|NAME");
+}
+
 /// The command that the words of the user choose, ready to be carried out.
 using Command = std::function<int()>;
 
@@ -145,6 +152,7 @@ void add_workbooks(CLI::App& app, CommonOptions& options, Command& chosen) {
     batch->footer(batch_notes);
     add_output(*batch, options);
     add_language(*batch, options);
+    add_conductor_option(*batch, options);
     batch->callback([&, job] { chosen = [&, job] { return batch_command(*job, options); }; });
 
     CLI::App* empty = app.add_subcommand("template", "Write an empty workbook to fill in");
@@ -158,6 +166,7 @@ void add_workbooks(CLI::App& app, CommonOptions& options, Command& chosen) {
         ->option_text("FILE.xlsx REQUIRED");
     empty->footer(template_notes);
     add_language(*empty, options);
+    add_conductor_option(*empty, options);
     empty->callback(
         [&, wanted] { chosen = [&, wanted] { return template_command(*wanted, options); }; });
 }
@@ -194,13 +203,6 @@ void add_settings(CLI::App& app, CommonOptions& options, Command& chosen) {
     set->callback([&, words] {
         chosen = [&, words] { return settings_set_command((*words)[0], (*words)[1], options); };
     });
-}
-
-void add_conductor_option(CLI::App& command, CommonOptions& options) {
-    command
-        .add_option("--conductor", options.conductor,
-                    "Take the conductor from an exchange record or from the library")
-        ->option_text("RECORD|NAME");
 }
 
 constexpr const char* conductor_notes =

@@ -200,6 +200,21 @@ TEST_F(ConductorCommand, a_named_conductor_follows_its_changes_of_state) {
     EXPECT_LT(last, first + 4);
 }
 
+TEST_F(ConductorCommand, workbooks_take_a_named_conductor) {
+    const std::vector<std::string> words = {"template", "steady-fix", "-o", "t.xlsx",
+                                            "--conductor"};
+    const auto with = [&](const char* name) {
+        auto all = words;
+        all.emplace_back(name);
+        return run(all).exit_status;
+    };
+    EXPECT_EQ(with("none such"), 2);
+    EXPECT_FALSE(std::filesystem::exists(folder.file("t.xlsx")));
+    EXPECT_EQ(with("265/35"), 0);
+    EXPECT_TRUE(std::filesystem::exists(folder.file("t.xlsx")));
+    EXPECT_EQ(run({"batch", "t.xlsx", "--conductor", "none such"}).exit_status, 2);
+}
+
 TEST_F(ConductorCommand, a_tube_of_the_library_runs_by_the_busbar_method) {
     const json document = run_json({"steady", "-", "--conductor", "120/8"},
                                    rating(R"(, "rechnung_TBB_merker_db": 1)"));
