@@ -43,10 +43,15 @@ constexpr QPoint beside(40, 40);  // of a window that is not maximised, from thi
 FormMain::FormMain(DesktopState& state)
     : state_(state),
       form1_(state, [this](LangId lang) { switch_language(lang); }),
-      ks_state_{
-          state.session, state.store, state.chooser, {}, [this] { start_conductor_database(); }},
+      ks_state_{state.session,
+                state.store,
+                state.chooser,
+                {},
+                [this] { start_conductor_database(); },
+                [this] { return ks_conductors_.chosen_conductor(); }},
       ks_form1_(ks_state_, state.program.short_circuit_short_name,
                 [this](LangId lang) { switch_language(lang); }),
+      ks_conductors_(ks_form1_, "KS_Form1", state, [this] { ks_form1_.take_over_conductor(); }),
       file_menu_(menuBar()->addMenu(QString())),
       go_to_form1_(file_menu_->addAction(QString())),
       go_to_short_circuit_(file_menu_->addAction(QString())),
@@ -112,6 +117,7 @@ void FormMain::switch_language(LangId lang) {
     recaption();
     form1_.recaption();
     ks_form1_.recaption();
+    ks_conductors_.recaption();
 }
 
 void FormMain::recaption() {
@@ -142,9 +148,7 @@ void FormMain::open(QWidget& form) {
 }
 
 void FormMain::start_conductor_database() {
-    const std::string& program = state_.settings.now().Seildatenbanknamepluspfad;
-    if (program.empty() || !state_.launcher.start_program(program))
-        state_.session.tell(conductor_database_not_started());
+    if (!ks_conductors_.start_database()) state_.session.tell(conductor_database_not_started());
 }
 
 bool FormMain::full_screen() const { return state_.settings.now().Vollbildmodus == 1; }
@@ -197,7 +201,7 @@ void FormMain::changeEvent(QEvent* event) {
 
 void FormMain::closeEvent(QCloseEvent* event) {
     const Box question = box_in(state_.session.lang, exit_question);
-    if (!form1_.may_be_left() || !ks_form1_.may_be_left() ||
+    if (!form1_.may_be_left() || !ks_conductors_.may_be_left() || !ks_form1_.may_be_left() ||
         state_.session.dialogs.show(question) != Answer::Yes) {
         event->ignore();
         return;

@@ -7,6 +7,7 @@
 #include "desktop/desktop.h"
 #include "desktop/desktop_fixture.h"
 #include "fakes/sunny_cases.h"
+#include "persistence/exchange_record.h"
 #include "workflow/page_change.h"
 
 namespace zel {
@@ -155,6 +156,33 @@ TEST_F(FormMainTest, short_circuit_area_starts_the_conductor_database) {
                             " oder :", "Unter dem festgelegten Pfad befindet sich ",
                             "kein entsprechendes Programm mehr.",
                             "Legen Sie bitte den Pfad neu fest !"));
+}
+
+TEST_F(FormMainTest, short_circuit_area_takes_over_the_exchanged_conductor) {
+    open();
+    settings.set(&ProgramSettings::Einseil1_dat, "/r/einseil1.dat");
+    KsForm1& form = form_main->ks_form1();
+    auto& button = *form.findChild<QPushButton*>("Command4");
+    button.click();
+    ASSERT_THAT(dialogs.shown, SizeIs(1));
+    EXPECT_EQ(dialogs.shown[0].title, "Conductor data not selected !");
+    ConductorData tube;  // of any kind
+    tube.conductor_type_db = tubular_busbar;
+    tube.Bezeichnung1_db = "TUBE 120x8";
+    tube.Mantelquerschnitt_db = {"2814.9", 2814.9};
+    tube.c_leiter20_db = {"897", 897};
+    tube.DC_Resist_Leiter_db = {"33.333", 33.333};
+    tube.T_Koeff_DC_Resist_Leiter_linear_db = {"3.6", 3.6};
+    tube.Dichte_Leiterwerkstoff1_db = {"2703", 2703};
+    disk.files["/r/einseil1.dat"] = written_record(tube);
+    button.click();
+    EXPECT_THAT(dialogs.shown, SizeIs(1));
+    // The record holds 2814.9 in 32 bits, and the mask of the box has four digits behind the point.
+    for (const auto& [box, text] :
+         {std::pair("Text5", "2814.8999"), std::pair("Text8", "897"), std::pair("Text9", "30.0"),
+          std::pair("Text10", "0.0036"), std::pair("Text12", "2703")})
+        EXPECT_EQ(form.findChild<QLineEdit*>(box)->text().toStdString(), text);
+    EXPECT_EQ(form.findChild<QLabel*>("werkstoff_ks")->text().toStdString(), "TUBE 120x8");
 }
 
 TEST_F(FormMainTest, both_ways_out_ask_and_no_keeps_the_program) {
