@@ -27,15 +27,14 @@ struct DesktopState {
     FileChooser& chooser;
     Settings& settings;
     Launcher& launcher;
-    std::string case_path{};                     // the file of the case; empty where there is none
-    std::function<void()> case_changed = [] {};  // called by whoever changes the case
+    std::string case_path{};  // the file that the case comes from at the start; may be empty
+    std::function<void()> case_changed = [] {};      // called by whoever changes the case
     std::function<void()> settings_changed = [] {};  // called by whoever changes a setting
     MethodMemory memory{};        // the session of a started program points to it
     TransientMemory transient{};  // where a transient starts, and the last one
     int patience_ms = 300;        // a longer run shows its progress
     ProgramState program{};
-    std::vector<std::string> help_folders{};     // where the help documents lie
-    std::function<void()> open_short_circuit{};  // shows KS_Form1; empty where there is none
+    std::vector<std::string> help_folders{};  // where the help documents lie
     ErrorHandling errors{session.lang, session.dialogs};
     ConductorPlaces conductors{};
 
