@@ -7,8 +7,11 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
+#include "desktop/qt_language.h"
 #include "desktop/qt_text.h"
 #include "desktop/window_icon.h"
 #include "shell/case_settings.h"
@@ -89,7 +92,12 @@ QWidget* FormMain::make_content() {
     open_form1_->setObjectName("open_Form1");
     open_form1_->setDefault(true);
     open_short_circuit_->setObjectName("open_KS_Form1");
+    auto* areas = new QWidget;  // gives both the width of the wider one
+    auto* column = new QVBoxLayout(areas);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(14);
     for (QPushButton* area : {open_form1_, open_short_circuit_}) {
+        column->addWidget(area);
         area->setMinimumSize(460, 56);
         QFont font = area->font();
         font.setPointSizeF(font.pointSizeF() * 1.2);
@@ -103,8 +111,7 @@ QWidget* FormMain::make_content() {
     for (QWidget* widget : std::initializer_list<QWidget*>{picture, name_, title_})
         layout->addWidget(widget);
     layout->addSpacing(16);
-    layout->addWidget(open_form1_, 0, Qt::AlignHCenter);
-    layout->addWidget(open_short_circuit_, 0, Qt::AlignHCenter);
+    layout->addWidget(areas, 0, Qt::AlignHCenter);
     layout->addStretch();
     layout->addWidget(version_);
     return content;
@@ -122,6 +129,7 @@ void FormMain::switch_language(LangId lang) {
 
 void FormMain::recaption() {
     const LangId lang = state_.session.lang;
+    set_qt_language(lang);
     setWindowTitle(qt(short_name, lang));
     name_->setText(qt(short_name, lang));
     title_->setText(qt(long_title, lang));
@@ -140,7 +148,7 @@ void FormMain::recaption() {
 
 void FormMain::open(QWidget& form) {
     if (!form.isVisible()) {
-        form.move(pos() + beside);
+        place_beside(form);
         full_screen() ? form.showMaximized() : form.showNormal();
     }
     form.raise();
@@ -149,6 +157,18 @@ void FormMain::open(QWidget& form) {
 
 void FormMain::start_conductor_database() {
     if (!ks_conductors_.start_database()) state_.session.tell(conductor_database_not_started());
+}
+
+/// Down and to the right of this window, and whole on its screen.
+void FormMain::place_beside(QWidget& window) const {
+    const QRect room = screen()->availableGeometry();
+    const QSize frame = frameGeometry().size() - size();
+    window.resize(window.size().boundedTo(room.size() - frame));
+    const QPoint last = room.bottomRight() + QPoint(1, 1) -
+                        QPoint(window.width() + frame.width(), window.height() + frame.height());
+    const QPoint wanted = pos() + beside;
+    window.move(std::max(room.left(), std::min(wanted.x(), last.x())),
+                std::max(room.top(), std::min(wanted.y(), last.y())));
 }
 
 bool FormMain::full_screen() const { return state_.settings.now().Vollbildmodus == 1; }

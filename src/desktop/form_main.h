@@ -39,6 +39,7 @@ private:
     void switch_language(LangId lang);
     void recaption();
     void open(QWidget& form);
+    void place_beside(QWidget& window) const;
     void start_conductor_database();
     void apply_settings();
     void apply_separator();

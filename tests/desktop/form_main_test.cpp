@@ -1,7 +1,9 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QGroupBox>
+#include <QKeySequence>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 
 #include "desktop/desktop.h"
@@ -33,6 +35,8 @@ protected:
                   german ? "&Beenden" : "E&xit");
         EXPECT_EQ(pages().tabText(input_page).toStdString(),
                   german ? "&Eingabedaten" : "&Input data");
+        EXPECT_EQ(QKeySequence("Ctrl+Q").toString(QKeySequence::NativeText).toStdString(),
+                  german ? "Strg+Q" : "Ctrl+Q");
         for (QWidget* window :
              {static_cast<QWidget*>(form_main.get()), static_cast<QWidget*>(&form1())}) {
             EXPECT_EQ(action(*window, "m_userinterface_german").isChecked(), german);
@@ -57,6 +61,28 @@ TEST_F(FormMainTest, language_switch_changes_both_windows_at_once) {
     expect_language(false);
     action(form1(), "m_userinterface_english").trigger();  // chosen again, the mark stays
     expect_language(false);
+}
+
+TEST_F(FormMainTest, buttons_of_both_areas_have_one_width) {
+    open();
+    EXPECT_EQ(form_main->findChild<QAbstractButton*>("open_Form1")->width(),
+              form_main->findChild<QAbstractButton*>("open_KS_Form1")->width());
+}
+
+TEST_F(FormMainTest, form1_opens_whole_on_the_screen) {
+    open();
+    state->change(&ProgramSettings::Vollbildmodus, 2);
+    const QRect room = form_main->screen()->availableGeometry();
+    for (const QPoint corner : {room.topLeft(), room.center(), room.bottomRight()}) {
+        form1().close();
+        form1().resize(1260, 2000);
+        form_main->move(corner);
+        form_main->findChild<QAbstractButton*>("open_Form1")->click();
+        QApplication::processEvents();
+        EXPECT_TRUE(room.contains(form1().frameGeometry().topLeft()));
+        EXPECT_LE(form1().width(), std::max(room.width(), form1().minimumSizeHint().width()));
+        EXPECT_LE(form1().frameGeometry().bottom(), room.bottom());
+    }
 }
 
 TEST_F(FormMainTest, shown_result_is_told_in_the_new_language) {
