@@ -24,6 +24,10 @@ constexpr Text not_available = {"Dieser Bereich ist in dieser Version nicht verf
                                 "This area is not available in this version."};
 constexpr Text form1_caption = {"Strom- und &Temperaturberechnung",
                                 "Current and &temperature calculation"};
+constexpr Text steady_excel_caption = {"Stationäre Berechnung mit &Excel ...",
+                                       "Steady-state calculation with &Excel ..."};
+constexpr Text transient_excel_caption = {"&Instationäre Berechnung mit Excel (PATL / TATL) ...",
+                                          "T&ransient calculation with Excel (PATL / TATL) ..."};
 constexpr Text version_line = {"{0} vom {1}", "{0} of {1}"};
 
 QLabel* make_label(double scale, bool bold) {
@@ -48,6 +52,8 @@ FormMain::FormMain(DesktopState& state)
       file_menu_(menuBar()->addMenu(QString())),
       go_to_form1_(file_menu_->addAction(QString())),
       go_to_short_circuit_(file_menu_->addAction(QString())),
+      steady_excel_(file_menu_->addAction(QString())),
+      transient_excel_(file_menu_->addAction(QString())),
       exit_(file_menu_->addAction(QString())),
       settings_menu_(*menuBar(), *this, state, MenuWindow::FormMain),
       language_menu_(*menuBar(), [this](LangId lang) { switch_language(lang); }),
@@ -61,6 +67,9 @@ FormMain::FormMain(DesktopState& state)
     setObjectName("form_main");
     go_to_form1_->setObjectName("mForm1");
     go_to_short_circuit_->setObjectName("mKS_Form1");
+    steady_excel_->setObjectName("m_St_Temp_Excel");
+    transient_excel_->setObjectName("m_transient_Temp_Excel");
+    file_menu_->insertSeparator(steady_excel_);
     file_menu_->insertSeparator(exit_);
     exit_->setObjectName("mBeenden");
     exit_->setShortcut(QKeySequence("Ctrl+Q"));
@@ -71,6 +80,9 @@ FormMain::FormMain(DesktopState& state)
             [this] { state_.open_short_circuit(); });
     connect(go_to_short_circuit_, &QAction::triggered, this,
             [this] { state_.open_short_circuit(); });
+    connect(steady_excel_, &QAction::triggered, this, [this] { open_excel(ExcelMode::Steady); });
+    connect(transient_excel_, &QAction::triggered, this,
+            [this] { open_excel(ExcelMode::Transient); });
     state_.settings_changed = [this] { apply_settings(); };
     setCentralWidget(make_content());
     recaption();
@@ -122,6 +134,8 @@ void FormMain::recaption() {
     file_menu_->setTitle(qt(file_caption, lang));
     exit_->setText(qt(exit_caption, lang));
     go_to_form1_->setText(qt(form1_caption, lang));
+    steady_excel_->setText(qt(steady_excel_caption, lang));
+    transient_excel_->setText(qt(transient_excel_caption, lang));
     open_form1_->setText(qt(form1_caption, lang));
     const std::string_view area = state_.program.short_circuit_short_name.in(lang);
     const QString name = qt(short_circuit_title, lang) + "\n(" + qt(area) + ")";
@@ -143,6 +157,12 @@ void FormMain::open_form1() {
     }
     form1_.raise();
     form1_.activateWindow();
+}
+
+/// The conductor of the case is that of the input pages as they are now.
+void FormMain::open_excel(ExcelMode mode) {
+    form1_.take_in();
+    FrmExcelIO(this, state_, mode).exec();
 }
 
 bool FormMain::full_screen() const { return state_.settings.now().Vollbildmodus == 1; }

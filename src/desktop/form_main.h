@@ -4,6 +4,7 @@
 
 #include "desktop/desktop_state.h"
 #include "desktop/form1.h"
+#include "desktop/frm_excel_IO.h"
 #include "desktop/help_menu.h"
 #include "desktop/language_menu.h"
 #include "desktop/settings_menu.h"
@@ -36,6 +37,7 @@ private:
     void switch_language(LangId lang);
     void recaption();
     void open_form1();
+    void open_excel(ExcelMode mode);
     void apply_settings();
     void apply_separator();
     void apply_window_mode();
@@ -46,6 +48,8 @@ private:
     QMenu* file_menu_;
     QAction* go_to_form1_;
     QAction* go_to_short_circuit_;
+    QAction* steady_excel_;
+    QAction* transient_excel_;
     QAction* exit_;
     SettingsMenu settings_menu_;
     LanguageMenu language_menu_;
