@@ -4,6 +4,7 @@
 #include "adapters/posix/posix_files.h"
 #include "cli/case_source.h"
 #include "cli/commands.h"
+#include "cli/conductor_source.h"
 #include "cli/console.h"
 #include "cli/json_case_store.h"
 #include "cli/program_stores.h"
@@ -46,6 +47,7 @@ int desktop_command(int& argc, char** argv, const std::string& case_path,
     JsonCaseStore store;
     XlsxStore workbooks;
     const auto documents = std::filesystem::path(program_folder()).parent_path() / "share/doc/zel";
+    PosixFiles files;
     return run_desktop(argc, argv, std::move(desktop),
                        {store,
                         workbooks,
@@ -53,7 +55,8 @@ int desktop_command(int& argc, char** argv, const std::string& case_path,
                         stores.system,
                         stores.paths.data_folder,
                         {stores.paths.data_folder, documents},
-                        [&stores] { start_companion(stores); }});
+                        [&stores] { start_companion(stores); },
+                        {&files, library_places()}});
 }
 
 }  // namespace zel

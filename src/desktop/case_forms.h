@@ -38,6 +38,9 @@ struct FormRow {
     Text hint{};
     std::span<const Choice> (*choices)() = nullptr;  // a list instead of a box
     bool in_report_language = false;                 // the texts of the list
+    /// Of a whole number that comes with a conductor: it is shown by this mask as soon as there is
+    /// one, also where it is 0.
+    std::string_view mask{};
 };
 
 struct FormSection {

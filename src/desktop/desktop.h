@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "desktop/conductor_places.h"
 #include "platform/case_store.h"
 #include "platform/number_text.h"
 #include "platform/system_facts.h"
@@ -31,6 +32,7 @@ struct DesktopPlatform {
     std::string data_folder;                // databases and the shipped templates
     std::vector<std::string> help_folders;  // where the help documents lie
     std::function<void()> start_companion;  // the first start of the conductor database
+    ConductorPlaces conductors{};
 };
 
 /// The decimal separator of the user's locale.

@@ -94,7 +94,7 @@ QLineEdit* FieldPanel::make_edit(const FormRow& row) {
     edit->setMinimumWidth(number_width);
     if (!is_free_text(row)) edit->setAlignment(Qt::AlignRight);
     edit->installEventFilter(this);
-    edit->installEventFilter(new FocusChain(edit));
+    edit->installEventFilter(new FocusChain(edit, next_control));
     if (is_free_text(row)) return edit;
     edit->installEventFilter(new NumberKeys(edit, state_.session));
     // An input method would type past the filter of keys.

@@ -20,8 +20,6 @@ namespace {
 
 constexpr Text file_caption = {"&Datei", "&File"};
 constexpr Text exit_caption = {"&Beenden", "E&xit"};
-constexpr Text not_available = {"Dieser Bereich ist in dieser Version nicht verfügbar.",
-                                "This area is not available in this version."};
 constexpr Text form1_caption = {"Strom- und &Temperaturberechnung",
                                 "Current and &temperature calculation"};
 constexpr Text steady_excel_caption = {"Stationäre Berechnung mit &Excel ...",
@@ -49,6 +47,10 @@ constexpr QPoint beside(40, 40);  // of a window that is not maximised, from thi
 FormMain::FormMain(DesktopState& state)
     : state_(state),
       form1_(state, [this](LangId lang) { switch_language(lang); }),
+      ks_state_{
+          state.session, state.store, state.chooser, {}, [this] { start_conductor_database(); }},
+      ks_form1_(ks_state_, state.program.short_circuit_short_name,
+                [this](LangId lang) { switch_language(lang); }),
       file_menu_(menuBar()->addMenu(QString())),
       go_to_form1_(file_menu_->addAction(QString())),
       go_to_short_circuit_(file_menu_->addAction(QString())),
@@ -74,12 +76,10 @@ FormMain::FormMain(DesktopState& state)
     exit_->setObjectName("mBeenden");
     exit_->setShortcut(QKeySequence("Ctrl+Q"));
     connect(exit_, &QAction::triggered, this, &QWidget::close);
-    connect(open_form1_, &QPushButton::clicked, this, [this] { open_form1(); });
-    connect(go_to_form1_, &QAction::triggered, this, [this] { open_form1(); });
-    connect(open_short_circuit_, &QPushButton::clicked, this,
-            [this] { state_.open_short_circuit(); });
-    connect(go_to_short_circuit_, &QAction::triggered, this,
-            [this] { state_.open_short_circuit(); });
+    connect(open_form1_, &QPushButton::clicked, this, [this] { open(form1_); });
+    connect(go_to_form1_, &QAction::triggered, this, [this] { open(form1_); });
+    connect(open_short_circuit_, &QPushButton::clicked, this, [this] { open(ks_form1_); });
+    connect(go_to_short_circuit_, &QAction::triggered, this, [this] { open(ks_form1_); });
     connect(steady_excel_, &QAction::triggered, this, [this] { open_excel(ExcelMode::Steady); });
     connect(transient_excel_, &QAction::triggered, this,
             [this] { open_excel(ExcelMode::Transient); });
@@ -123,6 +123,7 @@ void FormMain::switch_language(LangId lang) {
     state_.program.language_switched();
     recaption();
     form1_.recaption();
+    ks_form1_.recaption();
 }
 
 void FormMain::recaption() {
@@ -138,25 +139,26 @@ void FormMain::recaption() {
     transient_excel_->setText(qt(transient_excel_caption, lang));
     open_form1_->setText(qt(form1_caption, lang));
     const std::string_view area = state_.program.short_circuit_short_name.in(lang);
-    const QString name = qt(short_circuit_title, lang) + "\n(" + qt(area) + ")";
     go_to_short_circuit_->setText(qt(short_circuit_title, lang));
-    open_short_circuit_->setText(name);
-    const bool available = static_cast<bool>(state_.open_short_circuit);
-    go_to_short_circuit_->setEnabled(available);
-    open_short_circuit_->setEnabled(available);
-    open_short_circuit_->setToolTip(available ? QString() : qt(not_available, lang));
+    open_short_circuit_->setText(qt(short_circuit_title, lang) + "\n(" + qt(area) + ")");
     settings_menu_.refresh();
     language_menu_.recaption(lang);
     help_menu_.recaption(lang);
 }
 
-void FormMain::open_form1() {
-    if (!form1_.isVisible()) {
-        form1_.move(pos() + beside);
-        full_screen() ? form1_.showMaximized() : form1_.showNormal();
+void FormMain::open(QWidget& form) {
+    if (!form.isVisible()) {
+        form.move(pos() + beside);
+        full_screen() ? form.showMaximized() : form.showNormal();
     }
-    form1_.raise();
-    form1_.activateWindow();
+    form.raise();
+    form.activateWindow();
+}
+
+void FormMain::start_conductor_database() {
+    const std::string& program = state_.settings.now().Seildatenbanknamepluspfad;
+    if (program.empty() || !state_.launcher.start_program(program))
+        state_.session.tell(conductor_database_not_started());
 }
 
 /// The conductor of the case is that of the input pages as they are now.
@@ -187,16 +189,20 @@ void FormMain::apply_separator() {
         static_cast<DecimalSeparator>(state_.settings.now().Punkt_Komma_Format_merker);
     if (separator == state_.session.separator) return;
     form1_.take_in();
+    ks_form1_.take_in();
     respell(state_.calc_case, state_.session.separator, separator);
+    ks_state_.form.respell(state_.session.separator, separator);
     state_.session.separator = separator;
     form1_.recaption();
     form1_.load();
+    ks_form1_.load();
 }
 
 void FormMain::apply_window_mode() {
     if (full_screen() == shown_full_screen_) return;
     shown_full_screen_ = full_screen();
-    for (QWidget* window : {static_cast<QWidget*>(this), static_cast<QWidget*>(&form1_)})
+    for (QWidget* window : {static_cast<QWidget*>(this), static_cast<QWidget*>(&form1_),
+                            static_cast<QWidget*>(&ks_form1_)})
         if (window->isVisible() && window->isMaximized() != shown_full_screen_)
             shown_full_screen_ ? window->showMaximized() : window->showNormal();
 }
@@ -211,12 +217,14 @@ void FormMain::changeEvent(QEvent* event) {
 
 void FormMain::closeEvent(QCloseEvent* event) {
     const Box question = box_in(state_.session.lang, exit_question);
-    if (!form1_.may_be_left() || state_.session.dialogs.show(question) != Answer::Yes) {
+    if (!form1_.may_be_left() || !ks_form1_.may_be_left() ||
+        state_.session.dialogs.show(question) != Answer::Yes) {
         event->ignore();
         return;
     }
     event->accept();
     form1_.hide();
+    ks_form1_.hide();
     // Not quit(), which would close the windows, and ask, once more.
     QCoreApplication::exit(0);
 }

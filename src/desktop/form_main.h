@@ -6,6 +6,7 @@
 #include "desktop/form1.h"
 #include "desktop/frm_excel_IO.h"
 #include "desktop/help_menu.h"
+#include "desktop/ks_form1.h"
 #include "desktop/language_menu.h"
 #include "desktop/settings_menu.h"
 
@@ -24,6 +25,7 @@ public:
     explicit FormMain(DesktopState& state);
 
     [[nodiscard]] Form1& form1() { return form1_; }
+    [[nodiscard]] KsForm1& ks_form1() { return ks_form1_; }
 
     /// Shows the window as `Vollbildmodus` says.
     void show_first();
@@ -36,8 +38,9 @@ private:
     [[nodiscard]] QWidget* make_content();
     void switch_language(LangId lang);
     void recaption();
-    void open_form1();
+    void open(QWidget& form);
     void open_excel(ExcelMode mode);
+    void start_conductor_database();
     void apply_settings();
     void apply_separator();
     void apply_window_mode();
@@ -45,6 +48,8 @@ private:
 
     DesktopState& state_;
     Form1 form1_;
+    KsState ks_state_;
+    KsForm1 ks_form1_;
     QMenu* file_menu_;
     QAction* go_to_form1_;
     QAction* go_to_short_circuit_;

@@ -133,7 +133,9 @@ PassEnd walk_rows(const BatchJob& job, const SheetOrigin& origin, Workbook& work
         for (const auto& [number, active, slot] : block) {
             if (active) {
                 const RowOutcome& outcome = outcomes[slot];
-                if (!outcome.program_end.empty()) throw ProgramEnd(outcome.program_end);
+                if (!outcome.program_end.empty())
+                    throw ProgramEnd(std::string(origin.sheet) + ", row " + std::to_string(number) +
+                                     ": " + outcome.program_end);
                 for (const Box& box : outcome.refusals) job.session.tell(box);
                 if (!outcome.refusals.empty()) return PassEnd::Wrong;
                 pass.take(number, outcome);

@@ -133,13 +133,13 @@ public:
         CellReading flags(origin_);
         const int active = count_active_rows(workbook_, first_row, flags, [](int) {});
         for (const Box& box : flags.refusals()) tell(box);
-        if (!flags.sound()) return PassEnd::Wrong;
+        if (!flags.sound()) return PassEnd::Refused;
         job_.observer.active_rows(active,
                                   fill(active_rows_line.in(lang()), {std::to_string(active)}));
         if (as_array_ && active > array_rows) {
             tell(box_in(lang(), array_too_small,
                         {std::to_string(array_rows), std::to_string(active)}));
-            return PassEnd::Wrong;
+            return PassEnd::Refused;
         }
         if (active > 0)
             for (const Box& box :

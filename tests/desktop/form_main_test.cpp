@@ -1,6 +1,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QGroupBox>
+#include <QPushButton>
 #include <QTimer>
 
 #include "desktop/desktop.h"
@@ -12,6 +13,7 @@
 namespace zel {
 namespace {
 
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -79,6 +81,81 @@ TEST_F(FormMainTest, shown_result_is_told_anew_but_not_computed_anew) {
     EXPECT_EQ(shown("caption_Webs"), "Doppel-Leiter nach Webs :");
     EXPECT_EQ(shown("result_Webs"), with_low_wind);
     EXPECT_THAT(dialogs.shown, SizeIs(1));
+}
+
+TEST_F(FormMainTest, opens_the_short_circuit_area_which_keeps_a_lower_number_after_a_switch) {
+    open();
+    auto& button = *form_main->findChild<QPushButton*>("open_KS_Form1");
+    EXPECT_FALSE(form_main->ks_form1().isVisible());
+    button.click();
+    EXPECT_TRUE(form_main->ks_form1().isVisible());
+    EXPECT_EQ(
+        button.text().toStdString(),
+        "Short-circuit current - Thermal effect on bare conductors and equipment\n(JOL V.3.0)");
+    action(form_main->ks_form1(), "m_userinterface_german").trigger();
+    EXPECT_EQ(button.text().toStdString(),
+              "Thermische Kurzschlußfestigkeit nach IEC 865-1\n(QUV V.2.0)");
+    EXPECT_THAT(form_main->ks_form1().windowTitle().toStdString(), HasSubstr("QUV V.2.0"));
+    action(*form_main, "m_userinterface_english").trigger();
+    EXPECT_THAT(form_main->ks_form1().windowTitle().toStdString(), HasSubstr("JOL V.2.0"));
+}
+
+TEST_F(FormMainTest, end_asks_for_changes_of_the_short_circuit_case_too) {
+    open();
+    auto& form = form_main->ks_form1();
+    form.show();
+    form.activateWindow();
+    form.findChild<QLineEdit*>("Text3")->setText("50");
+    dialogs.answers = {Answer::No};
+    EXPECT_FALSE(form_main->close());
+    ASSERT_THAT(dialogs.shown, SizeIs(1));
+    EXPECT_THAT(dialogs.shown[0].lines.at(0), HasSubstr("changed and is not saved"));
+}
+
+TEST_F(FormMainTest, short_circuit_area_follows_the_separator) {
+    open();
+    KsForm1& form = form_main->ks_form1();
+    form.show();
+    const auto choose = [&](const char* name, int index) {
+        auto& list = *form.findChild<QComboBox*>(name);
+        list.setCurrentIndex(index);
+        emit list.activated(index);
+    };
+    choose("Combo1", 2);
+    choose("Combo5", 2);
+    for (const auto& [box, text] :
+         {std::pair("Text3", "50"), std::pair("Text15", "16.5"), std::pair("Text16", "3"),
+          std::pair("Text6", "1"), std::pair("Text7", "25")})
+        form.findChild<QLineEdit*>(box)->setText(text);
+    form.findChild<QTabWidget*>("SSTab1")->setCurrentIndex(2);
+    const auto shown_current = [&] {
+        return form.findChild<QLabel*>("value_0_1")->text().toStdString();
+    };
+    EXPECT_EQ(shown_current(), "14.43");
+    state->change(&ProgramSettings::Punkt_Komma_Format_merker,
+                  static_cast<std::int16_t>(DecimalSeparator::Comma));
+    EXPECT_EQ(form.findChild<QLineEdit*>("Text15")->text().toStdString(), "16,5");
+    EXPECT_EQ(shown_current(), "14,43");
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
+TEST_F(FormMainTest, short_circuit_area_starts_the_conductor_database) {
+    open();
+    auto& button = *form_main->ks_form1().findChild<QPushButton*>("Command3");
+    settings.set(&ProgramSettings::Seildatenbanknamepluspfad, "/opt/rmox");
+    button.click();
+    EXPECT_THAT(launcher.started, ElementsAre("/opt/rmox"));
+    launcher.works = false;
+    button.click();
+    ASSERT_THAT(dialogs.shown, SizeIs(1));
+    EXPECT_EQ(dialogs.shown[0].title, " Fehler bei Programmstart...");
+    EXPECT_EQ(dialogs.shown[0].icon, Icon::Stop);
+    EXPECT_THAT(dialogs.shown[0].lines,
+                ElementsAre("Für das Seildatenbank-Programm wurde bisher kein Pfad festgelegt.",
+                            "Sie müssen zunächst einen Pfad im Menü festlegen !",
+                            " oder :", "Unter dem festgelegten Pfad befindet sich ",
+                            "kein entsprechendes Programm mehr.",
+                            "Legen Sie bitte den Pfad neu fest !"));
 }
 
 TEST_F(FormMainTest, both_ways_out_ask_and_no_keeps_the_program) {

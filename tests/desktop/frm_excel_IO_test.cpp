@@ -72,7 +72,7 @@ TEST_F(FrmExcelIOTest, calculates_the_chosen_workbook) {
     EXPECT_EQ(at<QProgressBar>("progress").format().toStdString(), "100 %");
     EXPECT_EQ(line("active_rows"), "number of active calculation rows: 3");
     EXPECT_EQ(line("status"), "Calculation of worksheet   variable_input_result   is finished.");
-    EXPECT_THAT(line("elapsed"), HasSubstr("elapsed calculation time: 00:00:0"));
+    EXPECT_THAT(line("elapsed"), HasSubstr("elapsed calculation time: 0 h 00 min 0"));
     EXPECT_THAT(line("summary"), HasSubstr("3 data sets with  3 active data sets"));
     ASSERT_EQ(chooser.questions.size(), 1U);
     EXPECT_EQ(chooser.questions[0].title, "Select excel calculation workbook ...");
