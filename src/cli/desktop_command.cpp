@@ -8,6 +8,7 @@
 #include "cli/console.h"
 #include "cli/json_case_store.h"
 #include "cli/program_stores.h"
+#include "cli/xlsx_store.h"
 #include "desktop/desktop.h"
 #include "platform/output_error.h"
 #include "shell/startup.h"
@@ -44,12 +45,15 @@ int desktop_command(int& argc, char** argv, const std::string& case_path,
         if (case_path != "-") desktop.start_path = case_path;
     }
     JsonCaseStore store;
+    XlsxStore workbooks;
     const auto documents = std::filesystem::path(program_folder()).parent_path() / "share/doc/zel";
     PosixFiles files;
     return run_desktop(argc, argv, std::move(desktop),
                        {store,
+                        workbooks,
                         settings,
                         stores.system,
+                        stores.paths.data_folder,
                         {stores.paths.data_folder, documents},
                         [&stores] { start_companion(stores); },
                         {&files, library_places()}});

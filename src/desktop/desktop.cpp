@@ -108,6 +108,8 @@ int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform 
     state.session.memory = &state.memory;
     state.program = std::move(started.state);
     state.help_folders = std::move(platform.help_folders);
+    state.workbooks = &platform.workbooks;
+    state.data_folder = std::move(platform.data_folder);
     state.conductors = std::move(platform.conductors);
     dialogs.follow(state.session.lang);
     chooser.follow(state.session.lang);

@@ -8,6 +8,7 @@
 #include "desktop/file_chooser.h"
 #include "platform/case_store.h"
 #include "platform/launcher.h"
+#include "platform/workbook.h"
 #include "shell/error_handling.h"
 #include "shell/program_settings.h"
 #include "shell/program_state.h"
@@ -35,6 +36,8 @@ struct DesktopState {
     int patience_ms = 300;        // a longer run shows its progress
     ProgramState program{};
     std::vector<std::string> help_folders{};  // where the help documents lie
+    WorkbookStore* workbooks = nullptr;       // of the Excel batch
+    std::string data_folder{};                // with the shipped templates
     ErrorHandling errors{session.lang, session.dialogs};
     ConductorPlaces conductors{};
 

@@ -25,6 +25,10 @@ constexpr Text file_caption = {"&Datei", "&File"};
 constexpr Text exit_caption = {"&Beenden", "E&xit"};
 constexpr Text form1_caption = {"Strom- und &Temperaturberechnung",
                                 "Current and &temperature calculation"};
+constexpr Text steady_excel_caption = {"Stationäre Berechnung mit &Excel ...",
+                                       "Steady-state calculation with &Excel ..."};
+constexpr Text transient_excel_caption = {"&Instationäre Berechnung mit Excel (PATL / TATL) ...",
+                                          "T&ransient calculation with Excel (PATL / TATL) ..."};
 constexpr Text version_line = {"{0} vom {1}", "{0} of {1}"};
 
 QLabel* make_label(double scale, bool bold) {
@@ -58,6 +62,8 @@ FormMain::FormMain(DesktopState& state)
       file_menu_(menuBar()->addMenu(QString())),
       go_to_form1_(file_menu_->addAction(QString())),
       go_to_short_circuit_(file_menu_->addAction(QString())),
+      steady_excel_(file_menu_->addAction(QString())),
+      transient_excel_(file_menu_->addAction(QString())),
       exit_(file_menu_->addAction(QString())),
       settings_menu_(*menuBar(), *this, state, MenuWindow::FormMain),
       language_menu_(*menuBar(), [this](LangId lang) { switch_language(lang); }),
@@ -71,6 +77,9 @@ FormMain::FormMain(DesktopState& state)
     setObjectName("form_main");
     go_to_form1_->setObjectName("mForm1");
     go_to_short_circuit_->setObjectName("mKS_Form1");
+    steady_excel_->setObjectName("m_St_Temp_Excel");
+    transient_excel_->setObjectName("m_transient_Temp_Excel");
+    file_menu_->insertSeparator(steady_excel_);
     file_menu_->insertSeparator(exit_);
     exit_->setObjectName("mBeenden");
     exit_->setShortcut(QKeySequence("Ctrl+Q"));
@@ -79,6 +88,9 @@ FormMain::FormMain(DesktopState& state)
     connect(go_to_form1_, &QAction::triggered, this, [this] { open(form1_); });
     connect(open_short_circuit_, &QPushButton::clicked, this, [this] { open(ks_form1_); });
     connect(go_to_short_circuit_, &QAction::triggered, this, [this] { open(ks_form1_); });
+    connect(steady_excel_, &QAction::triggered, this, [this] { open_excel(ExcelMode::Steady); });
+    connect(transient_excel_, &QAction::triggered, this,
+            [this] { open_excel(ExcelMode::Transient); });
     state_.settings_changed = [this] { apply_settings(); };
     setCentralWidget(make_content());
     recaption();
@@ -137,6 +149,8 @@ void FormMain::recaption() {
     file_menu_->setTitle(qt(file_caption, lang));
     exit_->setText(qt(exit_caption, lang));
     go_to_form1_->setText(qt(form1_caption, lang));
+    steady_excel_->setText(qt(steady_excel_caption, lang));
+    transient_excel_->setText(qt(transient_excel_caption, lang));
     open_form1_->setText(qt(form1_caption, lang));
     const std::string_view area = state_.program.short_circuit_short_name.in(lang);
     go_to_short_circuit_->setText(qt(short_circuit_title, lang));
@@ -169,6 +183,12 @@ void FormMain::place_beside(QWidget& window) const {
     const QPoint wanted = pos() + beside;
     window.move(std::max(room.left(), std::min(wanted.x(), last.x())),
                 std::max(room.top(), std::min(wanted.y(), last.y())));
+}
+
+/// The conductor of the case is that of the input pages as they are now.
+void FormMain::open_excel(ExcelMode mode) {
+    form1_.take_in();
+    FrmExcelIO(this, state_, mode).exec();
 }
 
 bool FormMain::full_screen() const { return state_.settings.now().Vollbildmodus == 1; }

@@ -5,6 +5,7 @@
 #include "desktop/conductor_desk.h"
 #include "desktop/desktop_state.h"
 #include "desktop/form1.h"
+#include "desktop/frm_excel_IO.h"
 #include "desktop/help_menu.h"
 #include "desktop/ks_form1.h"
 #include "desktop/language_menu.h"
@@ -40,6 +41,7 @@ private:
     void recaption();
     void open(QWidget& form);
     void place_beside(QWidget& window) const;
+    void open_excel(ExcelMode mode);
     void start_conductor_database();
     void apply_settings();
     void apply_separator();
@@ -54,6 +56,8 @@ private:
     QMenu* file_menu_;
     QAction* go_to_form1_;
     QAction* go_to_short_circuit_;
+    QAction* steady_excel_;
+    QAction* transient_excel_;
     QAction* exit_;
     SettingsMenu settings_menu_;
     LanguageMenu language_menu_;

@@ -81,7 +81,10 @@ std::optional<std::string> QtFileChooser::file_to_save(const std::string& presen
 std::optional<std::string> QtFileChooser::path_to_select(const PathQuestion& question) {
     QFileDialog window(QApplication::activeWindow());
     window.setWindowTitle(qt(question.title));
-    window.setAcceptMode(QFileDialog::AcceptSave);
+    if (question.existing)
+        window.setFileMode(QFileDialog::ExistingFile);
+    else
+        window.setAcceptMode(QFileDialog::AcceptSave);
     window.setOption(QFileDialog::DontConfirmOverwrite);  // the file is named, not written
     window.setOption(QFileDialog::HideNameFilterDetails);
     window.setNameFilters(qt(question.filters).split('\n'));

@@ -8,6 +8,7 @@
 
 #include "desktop/desktop.h"
 #include "desktop/desktop_fixture.h"
+#include "fakes/memory_workbook.h"
 #include "fakes/sunny_cases.h"
 #include "persistence/exchange_record.h"
 #include "workflow/page_change.h"
@@ -243,7 +244,8 @@ TEST(RunDesktop, without_a_display_says_so_and_fails) {
     MemorySettings shared, user;
     Settings settings(shared, user, "/data");
     testing::internal::CaptureStderr();
-    EXPECT_EQ(run_desktop(argc, nullptr, {}, {store, settings, {}, {}, {}}), 1);
+    MemoryWorkbookStore workbooks;
+    EXPECT_EQ(run_desktop(argc, nullptr, {}, {store, workbooks, settings, {}, {}, {}, {}}), 1);
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("display"));
 }
 
