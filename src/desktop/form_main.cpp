@@ -58,6 +58,7 @@ FormMain::FormMain(DesktopState& state)
                 [this] { return ks_conductors_.chosen_conductor(); }},
       ks_form1_(ks_state_, state.program.short_circuit_short_name,
                 [this](LangId lang) { switch_language(lang); }),
+      ks_settings_menu_(*ks_form1_.menuBar(), ks_form1_, state, MenuWindow::KS_Form1),
       ks_conductors_(ks_form1_, "KS_Form1", state, [this] { ks_form1_.take_over_conductor(); }),
       file_menu_(menuBar()->addMenu(QString())),
       go_to_form1_(file_menu_->addAction(QString())),
@@ -156,6 +157,7 @@ void FormMain::recaption() {
     go_to_short_circuit_->setText(qt(short_circuit_title, lang));
     open_short_circuit_->setText(qt(short_circuit_title, lang) + "\n(" + qt(area) + ")");
     settings_menu_.refresh();
+    ks_settings_menu_.refresh();
     language_menu_.recaption(lang);
     help_menu_.recaption(lang);
 }
@@ -204,6 +206,7 @@ void FormMain::apply_settings() {
     apply_separator();
     apply_window_mode();
     settings_menu_.refresh();
+    ks_settings_menu_.refresh();
     form1_.apply_settings();
 }
 

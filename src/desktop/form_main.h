@@ -52,6 +52,7 @@ private:
     Form1 form1_;
     KsState ks_state_;
     KsForm1 ks_form1_;
+    SettingsMenu ks_settings_menu_;
     ConductorDesk ks_conductors_;
     QMenu* file_menu_;
     QAction* go_to_form1_;
