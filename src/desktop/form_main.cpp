@@ -98,8 +98,16 @@ QWidget* FormMain::make_content() {
     for (QWidget* widget : std::initializer_list<QWidget*>{picture, name_, title_})
         layout->addWidget(widget);
     layout->addSpacing(16);
-    layout->addWidget(open_form1_, 0, Qt::AlignHCenter);
-    layout->addWidget(open_short_circuit_, 0, Qt::AlignHCenter);
+    // Both areas are as wide as the longer caption needs.
+    auto* areas = new QVBoxLayout;
+    areas->setSpacing(layout->spacing());
+    areas->addWidget(open_form1_);
+    areas->addWidget(open_short_circuit_);
+    auto* centred = new QHBoxLayout;
+    centred->addStretch();
+    centred->addLayout(areas);
+    centred->addStretch();
+    layout->addLayout(centred);
     layout->addStretch();
     layout->addWidget(version_);
     return content;
