@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 
+#include "desktop/conductor_desk.h"
 #include "desktop/desktop_state.h"
 #include "desktop/form1.h"
 #include "desktop/help_menu.h"
@@ -38,6 +39,7 @@ private:
     void switch_language(LangId lang);
     void recaption();
     void open(QWidget& form);
+    void place_beside(QWidget& window) const;
     void start_conductor_database();
     void apply_settings();
     void apply_separator();
@@ -48,6 +50,7 @@ private:
     Form1 form1_;
     KsState ks_state_;
     KsForm1 ks_form1_;
+    ConductorDesk ks_conductors_;
     QMenu* file_menu_;
     QAction* go_to_form1_;
     QAction* go_to_short_circuit_;
