@@ -47,7 +47,8 @@ struct FormSection {
     int page;  // of the main form
     Text caption;
     std::span<const FormRow> rows;
-    int columns = 1;  // rows that stand side by side
+    int columns = 1;        // rows that stand side by side
+    int first_stretch = 1;  // how many times as wide the boxes of the first of them are
 };
 
 /// The check box that selects a method.

@@ -78,35 +78,32 @@ void ConductorDesk::show_editor() {
     editor_->open_anew();
 }
 
-bool ConductorDesk::take_over() {
+void ConductorDesk::take_over(const std::function<void()>& show) {
     const LangId lang = state_.session.lang;
     const std::string& path = state_.settings.now().Einseil1_dat;
     try {
         const auto refusal = take_over_conductor(state_.calc_case, *state_.conductors.files, path,
                                                  state_.session.separator, lang);
-        if (refusal) {
-            state_.session.tell(*refusal);
-            return false;
-        }
-        take_offers_of_library(state_.conductors.files->content(path));
-        return true;
+        if (refusal) return (void)state_.session.tell(*refusal);
+        const auto filled = take_offers_of_library(state_.conductors.files->content(path));
+        show();
+        if (filled) state_.session.tell(*filled);
     } catch (const InputError& error) {
         state_.session.tell(box_in(lang, record_refused, {error.what()}));
-        return false;
     }
 }
 
-void ConductorDesk::take_offers_of_library(const std::string& record) {
+std::optional<Box> ConductorDesk::take_offers_of_library(const std::string& record) {
     try {
         const ConductorLibrary library(*state_.conductors.files, state_.conductors.library,
                                        state_.session.separator);
         const auto* known = find_record(library.conductors(), record);
-        if (known == nullptr) return;
-        const auto told =
-            take_offers(state_.calc_case, known->c, state_.session.separator, state_.session.lang);
-        if (told) state_.session.tell(*told);
+        if (known == nullptr) return std::nullopt;
+        return take_offers(state_.calc_case, known->c, state_.session.separator,
+                           state_.session.lang);
     } catch (const InputError&) {
-        return;  // without a library the record may come from another conductor database
+        return std::nullopt;  // without a library the record may come from another conductor
+                              // database
     }
 }
 

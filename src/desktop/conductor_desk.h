@@ -37,8 +37,9 @@ public:
 
     /// The exchange file's conductor for the case of the program, with the checks of its kind, and
     /// what a record does not hold where it is one of the library and the case has no input. All
-    /// refusals are told; true where the conductor was taken over.
-    [[nodiscard]] bool take_over();
+    /// refusals are told. `show` shows the conductor once it is taken over, before it is told what
+    /// the library filled in.
+    void take_over(const std::function<void()>& show);
 
     void recaption();
     /// False where the editor has changes that shall not be lost.
@@ -47,7 +48,8 @@ public:
 
 private:
     void show_editor();
-    void take_offers_of_library(const std::string& record);
+    /// Tells what was filled in, if anything.
+    [[nodiscard]] std::optional<Box> take_offers_of_library(const std::string& record);
 
     QWidget& form_;
     std::string form_name_;

@@ -28,8 +28,8 @@ struct ConductorEditor::ButtonRow {
 
 namespace {
 
-constexpr int list_width = 600;  // pixels, of a window that is opened
-constexpr int sheet_width = 640;
+constexpr int list_width = 620;  // pixels, of a window that is opened
+constexpr int sheet_width = 620;
 
 constexpr Text window_title = {"Leiterdatenbank", "Conductor database"};
 constexpr Text find_caption = {"&Suchen :", "&Find :"};
@@ -127,7 +127,10 @@ ConductorEditor::ConductorEditor(QWidget* parent, const DesktopState& program,
         find_->selectAll();
     });
     read_library();
+    // The arrow of the sorted column needs no room in all of them.
+    view_->horizontalHeader()->setSortIndicatorShown(false);
     view_->resizeColumnsToContents();
+    view_->horizontalHeader()->setSortIndicatorShown(true);
     recaption();
     enter(Mode::Looking);
     view_->selectRow(0);

@@ -88,6 +88,7 @@ ConductorSheet::ConductorSheet(const DesktopState& program)
     state_.case_changed = [this] { judge(); };
     for (const std::size_t wide : {section::designation, section::ac_pairs})
         sections_[wide].columns = side_by_side;
+    sections_[section::designation].first_stretch = 2;  // designation 1 and the remark
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(make_tabs(), 1);

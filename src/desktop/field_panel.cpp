@@ -64,7 +64,7 @@ FieldPanel::FieldPanel(const FormSection& section, DesktopState& state, Refused 
     grid_->setRowStretch(grid_->rowCount(), 1);  // a panel taller than its rows has them on top
     for (int column = 0; column < section.columns; ++column) {
         const int first = column * grid_columns_per_field;
-        grid_->setColumnStretch(first + 1, 1);
+        grid_->setColumnStretch(first + 1, column == 0 ? section.first_stretch : 1);
         if (column > 0) grid_->setColumnMinimumWidth(first - 1, gap_width);
     }
     recaption();

@@ -128,9 +128,10 @@ bool Form1::may_be_left() {
 void Form1::take_over_conductor() {
     if (!commit()) return;
     (void)trap(state_.errors, "Form1", "Command4_click", [this] {
-        if (!conductors_.take_over()) return;
-        load();
-        state_.case_changed();
+        conductors_.take_over([this] {
+            load();
+            state_.case_changed();
+        });
     });
 }
 

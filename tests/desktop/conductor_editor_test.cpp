@@ -140,7 +140,10 @@ TEST_F(ConductorEditorTest, writes_the_record_and_takes_it_over_on_wish) {
     EXPECT_EQ(calc_case().Bezeichnung1_db, c.Bezeichnung1_db);
 
     control<QPushButton>("Command3").click();
+    std::string seen;  // on the form, behind the box
+    dialogs.while_shown = [&] { seen = typed_in("Bezeichnung1_db"); };
     click("choose_and_take_over");
+    EXPECT_EQ(seen, "434-AL1/56-ST1A");
     EXPECT_EQ(calc_case().Bezeichnung1_db, "434-AL1/56-ST1A");
     EXPECT_EQ(calc_case().KniepunktTemperatur_db, typed(100));
     EXPECT_EQ(typed_in("DCR_20_db"), "0.0666");
