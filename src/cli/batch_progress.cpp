@@ -16,7 +16,9 @@ using namespace std::chrono_literals;
 
 constexpr int bar_width = 30;
 constexpr auto redraw_after = 100ms;
-const std::string take_line_away = "\r\x1B[K";
+constexpr std::string_view take_line_away = "\r\x1B[K";
+
+void put(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); }
 
 std::size_t terminal_width() {
     constexpr std::size_t usual = 80;
@@ -63,7 +65,7 @@ bool BatchProgress::stop_after_row() {
 }
 
 void BatchProgress::clear() {
-    if (shown_) std::fputs(take_line_away.c_str(), stderr);
+    if (shown_) put(take_line_away);
 }
 
 void BatchProgress::draw() {
@@ -77,7 +79,8 @@ void BatchProgress::draw() {
     const std::string line = "[" + bar + "] " + percent + "  " +
                              excel_batch::duration_text(seconds()) + suffix_ + "  " +
                              printable(status_);
-    std::fputs((take_line_away + first_characters(line, terminal_width() - 1)).c_str(), stderr);
+    put(take_line_away);
+    put(first_characters(line, terminal_width() - 1));
     std::fflush(stderr);
 }
 
