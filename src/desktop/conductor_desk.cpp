@@ -40,12 +40,32 @@ ConductorDesk::~ConductorDesk() = default;
 
 void ConductorDesk::open_database() {
     (void)trap(state_.errors, form_name_, "Command3_click", [this] {
-        const std::string& program = state_.settings.now().Seildatenbanknamepluspfad;
-        if (is_this_program(program))
-            show_editor();
-        else if (program.empty() || !state_.launcher.start_program(program))
-            throw PlatformError(PlatformFault::ProgramMissing, program);
+        if (!start_database())
+            throw PlatformError(PlatformFault::ProgramMissing,
+                                state_.settings.now().Seildatenbanknamepluspfad);
     });
+}
+
+bool ConductorDesk::start_database() {
+    const std::string& program = state_.settings.now().Seildatenbanknamepluspfad;
+    if (!is_this_program(program))
+        return !program.empty() && state_.launcher.start_program(program);
+    show_editor();
+    return true;
+}
+
+std::optional<ConductorData> ConductorDesk::chosen_conductor() {
+    const Session& session = state_.session;
+    try {
+        auto found =
+            exchanged_conductor(*state_.conductors.files, state_.settings.now().Einseil1_dat,
+                                session.separator, session.lang);
+        if (auto* conductor = std::get_if<ConductorData>(&found)) return std::move(*conductor);
+        session.tell(std::get<Box>(found));
+    } catch (const InputError& error) {
+        session.tell(box_in(session.lang, record_refused, {error.what()}));
+    }
+    return std::nullopt;
 }
 
 void ConductorDesk::show_editor() {

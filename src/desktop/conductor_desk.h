@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "desktop/desktop_state.h"
@@ -28,6 +29,11 @@ public:
     /// conductor database, otherwise the program that they name; where it cannot be started,
     /// error 53.
     void open_database();
+    /// The same, false where it cannot be started, which is not told.
+    [[nodiscard]] bool start_database();
+
+    /// The exchange file's conductor, of any kind. A refusal is told.
+    [[nodiscard]] std::optional<ConductorData> chosen_conductor();
 
     /// The exchange file's conductor for the case of the program, with the checks of its kind, and
     /// what a record does not hold where it is one of the library and the case has no input. All

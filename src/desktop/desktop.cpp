@@ -46,7 +46,9 @@ void set_look() {
     QApplication::setFont(font);
     // The style's own grey is hard to read.
     QPalette palette = QApplication::palette();
-    palette.setColor(QPalette::Disabled, QPalette::WindowText, greyed);
+    for (const QPalette::ColorRole text :
+         {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
+        palette.setColor(QPalette::Disabled, text, greyed);
     QApplication::setPalette(palette);
     QApplication::setWindowIcon(window_icon());
     if (QFontDatabase::families().isEmpty() || QFontInfo(font).family().isEmpty())

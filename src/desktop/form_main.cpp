@@ -7,8 +7,11 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
+#include "desktop/qt_language.h"
 #include "desktop/qt_text.h"
 #include "desktop/window_icon.h"
 #include "shell/case_settings.h"
@@ -47,10 +50,15 @@ constexpr QPoint beside(40, 40);  // of a window that is not maximised, from thi
 FormMain::FormMain(DesktopState& state)
     : state_(state),
       form1_(state, [this](LangId lang) { switch_language(lang); }),
-      ks_state_{
-          state.session, state.store, state.chooser, {}, [this] { start_conductor_database(); }},
+      ks_state_{state.session,
+                state.store,
+                state.chooser,
+                {},
+                [this] { start_conductor_database(); },
+                [this] { return ks_conductors_.chosen_conductor(); }},
       ks_form1_(ks_state_, state.program.short_circuit_short_name,
                 [this](LangId lang) { switch_language(lang); }),
+      ks_conductors_(ks_form1_, "KS_Form1", state, [this] { ks_form1_.take_over_conductor(); }),
       file_menu_(menuBar()->addMenu(QString())),
       go_to_form1_(file_menu_->addAction(QString())),
       go_to_short_circuit_(file_menu_->addAction(QString())),
@@ -96,7 +104,12 @@ QWidget* FormMain::make_content() {
     open_form1_->setObjectName("open_Form1");
     open_form1_->setDefault(true);
     open_short_circuit_->setObjectName("open_KS_Form1");
+    auto* areas = new QWidget;  // gives both the width of the wider one
+    auto* column = new QVBoxLayout(areas);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(14);
     for (QPushButton* area : {open_form1_, open_short_circuit_}) {
+        column->addWidget(area);
         area->setMinimumSize(460, 56);
         QFont font = area->font();
         font.setPointSizeF(font.pointSizeF() * 1.2);
@@ -110,8 +123,7 @@ QWidget* FormMain::make_content() {
     for (QWidget* widget : std::initializer_list<QWidget*>{picture, name_, title_})
         layout->addWidget(widget);
     layout->addSpacing(16);
-    layout->addWidget(open_form1_, 0, Qt::AlignHCenter);
-    layout->addWidget(open_short_circuit_, 0, Qt::AlignHCenter);
+    layout->addWidget(areas, 0, Qt::AlignHCenter);
     layout->addStretch();
     layout->addWidget(version_);
     return content;
@@ -124,10 +136,12 @@ void FormMain::switch_language(LangId lang) {
     recaption();
     form1_.recaption();
     ks_form1_.recaption();
+    ks_conductors_.recaption();
 }
 
 void FormMain::recaption() {
     const LangId lang = state_.session.lang;
+    set_qt_language(lang);
     setWindowTitle(qt(short_name, lang));
     name_->setText(qt(short_name, lang));
     title_->setText(qt(long_title, lang));
@@ -148,7 +162,7 @@ void FormMain::recaption() {
 
 void FormMain::open(QWidget& form) {
     if (!form.isVisible()) {
-        form.move(pos() + beside);
+        place_beside(form);
         full_screen() ? form.showMaximized() : form.showNormal();
     }
     form.raise();
@@ -156,9 +170,19 @@ void FormMain::open(QWidget& form) {
 }
 
 void FormMain::start_conductor_database() {
-    const std::string& program = state_.settings.now().Seildatenbanknamepluspfad;
-    if (program.empty() || !state_.launcher.start_program(program))
-        state_.session.tell(conductor_database_not_started());
+    if (!ks_conductors_.start_database()) state_.session.tell(conductor_database_not_started());
+}
+
+/// Down and to the right of this window, and whole on its screen.
+void FormMain::place_beside(QWidget& window) const {
+    const QRect room = screen()->availableGeometry();
+    const QSize frame = frameGeometry().size() - size();
+    window.resize(window.size().boundedTo(room.size() - frame));
+    const QPoint last = room.bottomRight() + QPoint(1, 1) -
+                        QPoint(window.width() + frame.width(), window.height() + frame.height());
+    const QPoint wanted = pos() + beside;
+    window.move(std::max(room.left(), std::min(wanted.x(), last.x())),
+                std::max(room.top(), std::min(wanted.y(), last.y())));
 }
 
 /// The conductor of the case is that of the input pages as they are now.
@@ -217,7 +241,7 @@ void FormMain::changeEvent(QEvent* event) {
 
 void FormMain::closeEvent(QCloseEvent* event) {
     const Box question = box_in(state_.session.lang, exit_question);
-    if (!form1_.may_be_left() || !ks_form1_.may_be_left() ||
+    if (!form1_.may_be_left() || !ks_conductors_.may_be_left() || !ks_form1_.may_be_left() ||
         state_.session.dialogs.show(question) != Answer::Yes) {
         event->ignore();
         return;

@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 
+#include "desktop/conductor_desk.h"
 #include "desktop/desktop_state.h"
 #include "desktop/form1.h"
 #include "desktop/frm_excel_IO.h"
@@ -39,6 +40,7 @@ private:
     void switch_language(LangId lang);
     void recaption();
     void open(QWidget& form);
+    void place_beside(QWidget& window) const;
     void open_excel(ExcelMode mode);
     void start_conductor_database();
     void apply_settings();
@@ -50,6 +52,7 @@ private:
     Form1 form1_;
     KsState ks_state_;
     KsForm1 ks_form1_;
+    ConductorDesk ks_conductors_;
     QMenu* file_menu_;
     QAction* go_to_form1_;
     QAction* go_to_short_circuit_;

@@ -138,6 +138,8 @@ bool KsForm1::commit() {
     return refused_.isNull();
 }
 
+void KsForm1::take_over_conductor() { conductor_->take_over(); }
+
 bool KsForm1::may_be_left() { return commit() && document_.may_be_left(); }
 
 void KsForm1::start_anew() {

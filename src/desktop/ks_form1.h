@@ -40,6 +40,9 @@ public:
     /// Takes in what is typed but not yet finished.
     void take_in() { (void)commit(); }
 
+    /// Takes over the conductor that was chosen in the database.
+    void take_over_conductor();
+
     /// Takes in what is typed but not yet finished; false where a text was refused, or where the
     /// user does not want to lose changes that are not stored.
     [[nodiscard]] bool may_be_left();

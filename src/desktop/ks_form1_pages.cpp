@@ -6,7 +6,6 @@
 
 #include "desktop/qt_text.h"
 #include "short_circuit/input_check.h"
-#include "short_circuit/short_circuit_fields.h"
 
 namespace zel {
 namespace {
@@ -130,7 +129,7 @@ void KsConductorPage::take_over() {
     notify_.changed();
     for (const auto& [box, refusal] : refused) {
         zel::Box told = refusal.box;  // a frame has a Box too
-        told.lines.insert(told.lines.begin(), std::string(name_of(KsKey(box))) + " :");
+        told.lines.insert(told.lines.begin(), ks_caption_of(box));
         session.tell(told);
     }
     if (!refused.empty()) input(refused.front().box)->setFocus();

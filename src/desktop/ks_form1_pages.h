@@ -48,10 +48,11 @@ public:
     KsConductorPage(KsState& state, const KsPanel::Notify& notify);
 
     void recaption() override;
+    /// Takes over the conductor that was chosen in the database.
+    void take_over();
 
 private:
     [[nodiscard]] QWidget* make_buttons();
-    void take_over();
 
     KsPanel::Notify notify_;
     QPushButton* start_;

@@ -134,10 +134,10 @@ constexpr KsFormSection sections[] = {
 
 std::span<const KsFormSection> ks_form_sections() { return sections; }
 
-std::string_view ks_control_of(KsKey field) {
+std::string ks_caption_of(KsKey field) {
     for (const KsFormSection& section : sections)
         for (const KsFormRow& row : section.rows)
-            if (row.field == field) return row.control;
+            if (row.field == field) return without_outer_blanks(row.caption);
     return {};
 }
 

@@ -37,8 +37,8 @@ struct KsFormSection {
 /// All sections, page by page. The rows of the conductor's record have no control to type into.
 [[nodiscard]] std::span<const KsFormSection> ks_form_sections();
 
-/// The control of the input `field`; empty where it has none.
-[[nodiscard]] std::string_view ks_control_of(KsKey field);
+/// The caption of the input `field`, without blanks around it.
+[[nodiscard]] std::string ks_caption_of(KsKey field);
 
 /// What the row shows; a list shows its chosen entry, and nothing at index 0.
 [[nodiscard]] std::string ks_shown_text(const ShortCircuitCase& c, const KsFormRow& row,

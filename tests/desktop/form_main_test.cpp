@@ -1,13 +1,16 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QGroupBox>
+#include <QKeySequence>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 
 #include "desktop/desktop.h"
 #include "desktop/desktop_fixture.h"
 #include "fakes/memory_workbook.h"
 #include "fakes/sunny_cases.h"
+#include "persistence/exchange_record.h"
 #include "workflow/page_change.h"
 
 namespace zel {
@@ -33,6 +36,8 @@ protected:
                   german ? "&Beenden" : "E&xit");
         EXPECT_EQ(pages().tabText(input_page).toStdString(),
                   german ? "&Eingabedaten" : "&Input data");
+        EXPECT_EQ(QKeySequence("Ctrl+Q").toString(QKeySequence::NativeText).toStdString(),
+                  german ? "Strg+Q" : "Ctrl+Q");
         for (QWidget* window :
              {static_cast<QWidget*>(form_main.get()), static_cast<QWidget*>(&form1())}) {
             EXPECT_EQ(action(*window, "m_userinterface_german").isChecked(), german);
@@ -57,6 +62,28 @@ TEST_F(FormMainTest, language_switch_changes_both_windows_at_once) {
     expect_language(false);
     action(form1(), "m_userinterface_english").trigger();  // chosen again, the mark stays
     expect_language(false);
+}
+
+TEST_F(FormMainTest, buttons_of_both_areas_have_one_width) {
+    open();
+    EXPECT_EQ(form_main->findChild<QAbstractButton*>("open_Form1")->width(),
+              form_main->findChild<QAbstractButton*>("open_KS_Form1")->width());
+}
+
+TEST_F(FormMainTest, form1_opens_whole_on_the_screen) {
+    open();
+    state->change(&ProgramSettings::Vollbildmodus, 2);
+    const QRect room = form_main->screen()->availableGeometry();
+    for (const QPoint corner : {room.topLeft(), room.center(), room.bottomRight()}) {
+        form1().close();
+        form1().resize(1260, 2000);
+        form_main->move(corner);
+        form_main->findChild<QAbstractButton*>("open_Form1")->click();
+        QApplication::processEvents();
+        EXPECT_TRUE(room.contains(form1().frameGeometry().topLeft()));
+        EXPECT_LE(form1().width(), std::max(room.width(), form1().minimumSizeHint().width()));
+        EXPECT_LE(form1().frameGeometry().bottom(), room.bottom());
+    }
 }
 
 TEST_F(FormMainTest, shown_result_is_told_in_the_new_language) {
@@ -156,6 +183,33 @@ TEST_F(FormMainTest, short_circuit_area_starts_the_conductor_database) {
                             " oder :", "Unter dem festgelegten Pfad befindet sich ",
                             "kein entsprechendes Programm mehr.",
                             "Legen Sie bitte den Pfad neu fest !"));
+}
+
+TEST_F(FormMainTest, short_circuit_area_takes_over_the_exchanged_conductor) {
+    open();
+    settings.set(&ProgramSettings::Einseil1_dat, "/r/einseil1.dat");
+    KsForm1& form = form_main->ks_form1();
+    auto& button = *form.findChild<QPushButton*>("Command4");
+    button.click();
+    ASSERT_THAT(dialogs.shown, SizeIs(1));
+    EXPECT_EQ(dialogs.shown[0].title, "Conductor data not selected !");
+    ConductorData tube;  // of any kind
+    tube.conductor_type_db = tubular_busbar;
+    tube.Bezeichnung1_db = "TUBE 120x8";
+    tube.Mantelquerschnitt_db = {"2814.9", 2814.9};
+    tube.c_leiter20_db = {"897", 897};
+    tube.DC_Resist_Leiter_db = {"33.333", 33.333};
+    tube.T_Koeff_DC_Resist_Leiter_linear_db = {"3.6", 3.6};
+    tube.Dichte_Leiterwerkstoff1_db = {"2703", 2703};
+    disk.files["/r/einseil1.dat"] = written_record(tube);
+    button.click();
+    EXPECT_THAT(dialogs.shown, SizeIs(1));
+    // The record holds 2814.9 in 32 bits, and the mask of the box has four digits behind the point.
+    for (const auto& [box, text] :
+         {std::pair("Text5", "2814.8999"), std::pair("Text8", "897"), std::pair("Text9", "30.0"),
+          std::pair("Text10", "0.0036"), std::pair("Text12", "2703")})
+        EXPECT_EQ(form.findChild<QLineEdit*>(box)->text().toStdString(), text);
+    EXPECT_EQ(form.findChild<QLabel*>("werkstoff_ks")->text().toStdString(), "TUBE 120x8");
 }
 
 TEST_F(FormMainTest, both_ways_out_ask_and_no_keeps_the_program) {

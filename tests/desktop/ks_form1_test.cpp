@@ -380,7 +380,7 @@ TEST_F(KsConductorLinkTest, conductor_is_taken_over_from_the_database) {
     EXPECT_EQ(shown("Mantelquerschnitt_ks"), "263.7 qmm");
     EXPECT_EQ(control<QComboBox>("Combo4").currentIndex(), 0);
     ASSERT_THAT(dialogs.shown, SizeIs(1));
-    EXPECT_EQ(dialogs.shown[0].lines.front(), "Dichte_rho :");
+    EXPECT_EQ(dialogs.shown[0].lines.front(), "Dichte:");
     EXPECT_TRUE(control("Text12").hasFocus());
 }
 

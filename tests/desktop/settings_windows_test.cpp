@@ -1,8 +1,12 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QKeySequence>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <set>
 
 #include "desktop/application.h"
 #include "desktop/config_options.h"
@@ -342,6 +346,25 @@ TEST_F(SettingsWindows, an_error_out_of_a_handler_is_told_and_the_program_goes_o
     application.tell_errors_by(nullptr);
     ASSERT_THAT(dialogs.shown, SizeIs(1));
     EXPECT_EQ(dialogs.shown[0].lines.at(0), "Error 76 in form_main.open_Form1");
+}
+
+TEST_F(SettingsWindows, no_letter_opens_two_entries_of_a_menu) {
+    for (const LangId lang : {LangId::German, LangId::English}) {
+        open({}, lang, DecimalSeparator::Point);
+        for (QWidget* window :
+             {static_cast<QWidget*>(form_main.get()), static_cast<QWidget*>(&form1())}) {
+            QList<QWidget*> menus = {window->findChild<QMenuBar*>()};
+            for (QMenu* menu : window->findChildren<QMenu*>()) menus.append(menu);
+            for (const QWidget* menu : menus) {
+                std::set<QString> letters;
+                for (const QAction* action : menu->actions()) {
+                    const QString keys = QKeySequence::mnemonic(action->text()).toString();
+                    EXPECT_TRUE(keys.isEmpty() || letters.insert(keys).second)
+                        << action->text().toStdString();
+                }
+            }
+        }
+    }
 }
 
 TEST_F(SettingsWindows, a_setting_that_cannot_be_written_holds_for_the_run) {
