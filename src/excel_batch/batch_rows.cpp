@@ -74,6 +74,13 @@ struct FlaggedRow {
     std::size_t slot;
 };
 
+/// Rows behind the limit are left out, but not in silence.
+void tell_rows_beyond(const BatchJob& job, Workbook& workbook, int limit) {
+    if (workbook.text(limit, flag_column).empty()) return;
+    job.session.tell(box_in(job.session.lang, rows_beyond_limit,
+                            {std::to_string(row_limit), std::to_string(limit)}));
+}
+
 }  // namespace
 
 void write(Workbook& workbook, int row, const std::vector<ResultCell>& cells) {
@@ -150,6 +157,7 @@ PassEnd walk_rows(const BatchJob& job, const SheetOrigin& origin, Workbook& work
         for (const Box& box : flags.refusals()) job.session.tell(box);
         if (!flags.sound()) return PassEnd::Wrong;
     }
+    if (!ended) tell_rows_beyond(job, workbook, limit);
     return PassEnd::Done;
 }
 

@@ -64,8 +64,8 @@ struct RowPass {
 };
 
 /// The second pass: row by row down to the first empty flag, the row limit, or a wrong row, whose
-/// refusals are told. `active` rows are expected. Counts into `result`. Throws `ProgramEnd`, which
-/// names the row, where one had to.
+/// refusals are told. Rows behind the limit are told of. `active` rows are expected. Counts into
+/// `result`. Throws `ProgramEnd`, which names the row, where one had to.
 [[nodiscard]] PassEnd walk_rows(const BatchJob& job, const SheetOrigin& origin, Workbook& workbook,
                                 int first_row, int active, const RowPass& pass,
                                 BatchResult& result);

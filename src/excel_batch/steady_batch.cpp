@@ -122,11 +122,6 @@ private:
             result);
         if (end == PassEnd::Wrong)
             job_.session.tell(box_in(job_.session.lang, row_refused, {rows_sheet}));
-        const int beyond = first_row + row_limit;
-        if (end == PassEnd::Done && result.rows == row_limit &&
-            !workbook_.text(beyond, flag_column).empty())
-            job_.session.tell(box_in(job_.session.lang, rows_beyond_limit,
-                                     {std::to_string(row_limit), std::to_string(beyond)}));
         return end;
     }
 
