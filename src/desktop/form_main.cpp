@@ -112,6 +112,7 @@ QWidget* FormMain::make_content() {
     for (QPushButton* area : {open_form1_, open_short_circuit_}) {
         column->addWidget(area);
         area->setMinimumSize(460, 56);
+        area->setAutoDefault(true);  // the return key opens the area that has the focus
         QFont font = area->font();
         font.setPointSizeF(font.pointSizeF() * 1.2);
         area->setFont(font);

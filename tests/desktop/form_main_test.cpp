@@ -139,6 +139,13 @@ TEST_F(FormMainTest, end_asks_for_changes_of_the_short_circuit_case_too) {
     EXPECT_THAT(dialogs.shown[0].lines.at(0), HasSubstr("changed and is not saved"));
 }
 
+TEST_F(FormMainTest, return_opens_the_area_that_has_the_focus) {
+    open();
+    auto& button = *form_main->findChild<QPushButton*>("open_KS_Form1");
+    press(button, Qt::Key_Return);
+    EXPECT_TRUE(form_main->ks_form1().isVisible());
+}
+
 TEST_F(FormMainTest, short_circuit_area_follows_the_separator) {
     open();
     KsForm1& form = form_main->ks_form1();
