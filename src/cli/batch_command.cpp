@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/batch_progress.h"
+#include "cli/conductor_source.h"
 #include "cli/console.h"
 #include "cli/messages_json.h"
 #include "cli/program_stores.h"
@@ -97,6 +98,7 @@ int batch_command(const BatchOptions& batch, const CommonOptions& options) {
     XlsxStore store;
     BatchJob job = {&store, batch.workbook, session, progress};
     take_settings(job.preset, settings);
+    if (!options.conductor.empty()) take_conductor(job.preset, options.conductor, options, console);
     job.data_folder = stores.paths.data_folder;
     job.real_path = XlsxStore::real_path(batch.workbook);
     job.Excel_Leiterdaten_Merker = settings.Excel_Leiterdaten_Merker;

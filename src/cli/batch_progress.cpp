@@ -1,5 +1,6 @@
 #include "cli/batch_progress.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cmath>
@@ -15,7 +16,27 @@ using namespace std::chrono_literals;
 
 constexpr int bar_width = 30;
 constexpr auto redraw_after = 100ms;
-constexpr const char* take_line_away = "\r\x1B[K";
+constexpr std::string_view take_line_away = "\r\x1B[K";
+
+void put(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); }
+
+std::size_t terminal_width() {
+    constexpr std::size_t usual = 80;
+    winsize size{};
+    return ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 1 ? size.ws_col : usual;
+}
+
+/// A line that is too long would not be overwritten whole.
+std::string first_characters(const std::string& line, std::size_t count) {
+    std::size_t end = 0;
+    while (end < line.size()) {
+        // UTF-8: further bytes of a character begin with the bits 10.
+        const bool begins = (static_cast<unsigned char>(line[end]) & 0xC0U) != 0x80U;
+        if (begins && count-- == 0) break;
+        ++end;
+    }
+    return line.substr(0, end);
+}
 
 }  // namespace
 
@@ -44,7 +65,7 @@ bool BatchProgress::stop_after_row() {
 }
 
 void BatchProgress::clear() {
-    if (shown_) std::fputs(take_line_away, stderr);
+    if (shown_) put(take_line_away);
 }
 
 void BatchProgress::draw() {
@@ -53,9 +74,13 @@ void BatchProgress::draw() {
     const int filled = static_cast<int>(std::lround(percent_ / 100 * bar_width));
     const std::string bar = std::string(static_cast<std::size_t>(filled), '#') +
                             std::string(static_cast<std::size_t>(bar_width - filled), '.');
-    const std::string time = excel_batch::duration_text(seconds()) + suffix_;
-    std::fprintf(stderr, "%s[%s] %6.2f %%  %s  %.60s", take_line_away, bar.c_str(), percent_,
-                 time.c_str(), printable(status_).c_str());
+    char percent[16];
+    std::snprintf(percent, sizeof percent, "%6.2f %%", percent_);
+    const std::string line = "[" + bar + "] " + percent + "  " +
+                             excel_batch::duration_text(seconds()) + suffix_ + "  " +
+                             printable(status_);
+    put(take_line_away);
+    put(first_characters(line, terminal_width() - 1));
     std::fflush(stderr);
 }
 

@@ -1,5 +1,6 @@
 #include "cli/case_source.h"
 
+#include "cli/conductor_source.h"
 #include "cli/json_case_store.h"
 #include "persistence/case_file.h"
 #include "platform/input_error.h"
@@ -7,8 +8,9 @@
 #include "workflow/transient_cells.h"
 
 namespace zel {
+namespace {
 
-LoadedCase load_case(const std::string& path, const CommonOptions& options, Console& console) {
+LoadedCase case_in(const std::string& path, const CommonOptions& options, Console& console) {
     const FlatObject values = JsonCaseStore().load(path);
     const EntryRule rule = [&](Entry& field, Entry CalcCase::*key, std::string_view typed) {
         return enter(field, key, typed, options.separator, options.lang);
@@ -29,6 +31,14 @@ LoadedCase load_case(const std::string& path, const CommonOptions& options, Cons
     } catch (const InputError& error) {
         throw InputError(path + ": " + error.what());
     }
+}
+
+}  // namespace
+
+LoadedCase load_case(const std::string& path, const CommonOptions& options, Console& console) {
+    LoadedCase loaded = case_in(path, options, console);
+    if (!options.conductor.empty()) take_conductor(loaded.c, options.conductor, options, console);
+    return loaded;
 }
 
 }  // namespace zel

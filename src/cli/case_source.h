@@ -12,8 +12,9 @@ struct LoadedCase {
     bool text_refused = false;  // an entry rule refused a text, which counts as no input
 };
 
-/// The case of the file at `path`. Texts that the entry rules refuse are shown on `console`. Throws
-/// `InputError` naming the file, and the key where it is about one.
+/// The case of the file at `path`, with the conductor that the options name. Texts that the entry
+/// rules refuse are shown on `console`. Throws `InputError` naming the file, and the key where it
+/// is about one.
 [[nodiscard]] LoadedCase load_case(const std::string& path, const CommonOptions& options,
                                    Console& console);
 

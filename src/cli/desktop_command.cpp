@@ -4,9 +4,11 @@
 #include "adapters/posix/posix_files.h"
 #include "cli/case_source.h"
 #include "cli/commands.h"
+#include "cli/conductor_source.h"
 #include "cli/console.h"
 #include "cli/json_case_store.h"
 #include "cli/program_stores.h"
+#include "cli/xlsx_store.h"
 #include "desktop/desktop.h"
 #include "platform/output_error.h"
 #include "shell/startup.h"
@@ -43,12 +45,18 @@ int desktop_command(int& argc, char** argv, const std::string& case_path,
         if (case_path != "-") desktop.start_path = case_path;
     }
     JsonCaseStore store;
+    XlsxStore workbooks;
     const auto documents = std::filesystem::path(program_folder()).parent_path() / "share/doc/zel";
-    return run_desktop(
-        argc, argv, std::move(desktop),
-        {store, settings, stores.system, {stores.paths.data_folder, documents}, [&stores] {
-             start_companion(stores);
-         }});
+    PosixFiles files;
+    return run_desktop(argc, argv, std::move(desktop),
+                       {store,
+                        workbooks,
+                        settings,
+                        stores.system,
+                        stores.paths.data_folder,
+                        {stores.paths.data_folder, documents},
+                        [&stores] { start_companion(stores); },
+                        {&files, library_places()}});
 }
 
 }  // namespace zel

@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <string>
 
@@ -11,6 +12,7 @@
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "platform/input_error.h"
+#include "platform/output_error.h"
 #include "shell/program_texts.h"
 
 namespace zel {
@@ -102,6 +104,13 @@ void add_output(CLI::App& command, CommonOptions& options) {
     command.add_flag("--silent", options.silent, "No messages; failures are in the status texts");
 }
 
+void add_conductor_option(CLI::App& command, CommonOptions& options) {
+    command
+        .add_option("--conductor", options.conductor,
+                    "Take the conductor from an exchange record or from the library")
+        ->option_text("RECORD|NAME");
+}
+
 /// The command that the words of the user choose, ready to be carried out.
 using Command = std::function<int()>;
 
@@ -143,6 +152,7 @@ void add_workbooks(CLI::App& app, CommonOptions& options, Command& chosen) {
     batch->footer(batch_notes);
     add_output(*batch, options);
     add_language(*batch, options);
+    add_conductor_option(*batch, options);
     batch->callback([&, job] { chosen = [&, job] { return batch_command(*job, options); }; });
 
     CLI::App* empty = app.add_subcommand("template", "Write an empty workbook to fill in");
@@ -156,6 +166,7 @@ void add_workbooks(CLI::App& app, CommonOptions& options, Command& chosen) {
         ->option_text("FILE.xlsx REQUIRED");
     empty->footer(template_notes);
     add_language(*empty, options);
+    add_conductor_option(*empty, options);
     empty->callback(
         [&, wanted] { chosen = [&, wanted] { return template_command(*wanted, options); }; });
 }
@@ -194,6 +205,83 @@ void add_settings(CLI::App& app, CommonOptions& options, Command& chosen) {
     });
 }
 
+constexpr const char* conductor_notes =
+    "\n"
+    "A NAME is a designation such as 264-AL1/34-ST1A or 265/35, or both of them. An exchange\n"
+    "RECORD has 714 bytes; docs/conductors.md tells its layout. Own conductors stand in\n"
+    "conductors.csv in the data folder, in the form of the shipped library.\n";
+
+/// "conductor list", "pick", "show" and "write"; `chosen` becomes the one that the command line
+/// has.
+void add_conductor(CLI::App& app, CommonOptions& options, Command& chosen) {
+    CLI::App* conductor = app.add_subcommand("conductor", "The library of conductors, and records");
+    conductor->require_subcommand(1);
+    conductor->footer(conductor_notes);
+    const auto add = [&](const char* name, const char* description) {
+        CLI::App* command = conductor->add_subcommand(name, description);
+        command->footer(conductor_notes);
+        add_output(*command, options);
+        add_language(*command, options);
+        return command;
+    };
+    const auto wanted = std::make_shared<ConductorListing>();
+    CLI::App* list = add("list", "The conductors of the library");
+    list->add_option("--find", wanted->find, "Only those with these words in their designation")
+        ->option_text("WORDS");
+    list->add_option("--sort", wanted->sort, "Order by this column")
+        ->check(CLI::IsMember(conductor_sort_keys()))
+        ->option_text("COLUMN");
+    list->callback(
+        [&, wanted] { chosen = [&, wanted] { return conductor_list_command(*wanted, options); }; });
+
+    const auto words = std::make_shared<std::array<std::string, 2>>();
+    auto& [what, record] = *words;
+    const auto choose = [&](CLI::App* command, auto carry_out) {
+        command->callback([&, words, carry_out] {
+            chosen = [&, words, carry_out] { return carry_out((*words)[0], (*words)[1]); };
+        });
+    };
+    CLI::App* pick = add("pick", "Write a conductor of the library as a record");
+    pick->add_option("NAME", what, "Designation of the conductor")->required();
+    pick->add_option("-o", record, "The record; without it the exchange file of the settings")
+        ->option_text("RECORD");
+    choose(pick, [&](const std::string& name, const std::string& path) {
+        return conductor_pick_command(name, path, options);
+    });
+    CLI::App* show = add("show", "The conductor of a record, with --json as part of a case file");
+    show->add_option("RECORD", what, "The record, or the name of a conductor")->required();
+    choose(show, [&](const std::string& name, const std::string& /*path*/) {
+        return conductor_show_command(name, options);
+    });
+    CLI::App* write = add("write", "Write the conductor of a case file as a record");
+    write->add_option("FRAGMENT", what, "Case file (JSON) or a part of one, or -")->required();
+    write->add_option("-o", record, "The record")->required()->option_text("RECORD");
+    choose(write, [&](const std::string& fragment, const std::string& path) {
+        return conductor_write_command(fragment, path, options);
+    });
+}
+
+/// Reads the words of the user. Gives what is done instead of a command where they are wrong or
+/// want help.
+std::optional<Command> parse(CLI::App& app, int argc, char** argv) {
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        std::ostringstream help;
+        std::ostringstream refusal;
+        const bool wanted = app.exit(error, help, refusal) == 0;
+        if (!wanted) Console::tell_reason(refusal.str());
+        if (wanted && !print(help.str())) return [] { return exit_failed; };
+        return [wanted] { return wanted ? exit_done : exit_refused; };
+    }
+    if (app.get_subcommands().empty())
+        return [help = app.help()] {
+            Console::tell_reason("a command is needed\n\n" + help);
+            return exit_refused;
+        };
+    return std::nullopt;
+}
+
 /// Reads the command line. A wrong one is told on standard error, help is printed; both give the
 /// exit status through `command`.
 Command read_command_line(int& argc, char** argv, CommonOptions& options) {
@@ -210,6 +298,7 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
     steady->footer(steady_notes + std::string("\n") + exit_statuses);
     add_output(*steady, options);
     add_language(*steady, options);
+    add_conductor_option(*steady, options);
 
     bool series = false;
     CLI::App* transient =
@@ -220,6 +309,7 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
     transient->footer(transient_notes + std::string("\n") + exit_statuses);
     add_output(*transient, options);
     add_language(*transient, options);
+    add_conductor_option(*transient, options);
 
     CLI::App* short_circuit =
         app.add_subcommand("short-circuit", "Judge a case: thermal short-circuit strength");
@@ -239,22 +329,9 @@ Command read_command_line(int& argc, char** argv, CommonOptions& options) {
     Command chosen;
     add_workbooks(app, options, chosen);
     add_settings(app, options, chosen);
+    add_conductor(app, options, chosen);
 
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        std::ostringstream help;
-        std::ostringstream refusal;
-        const bool wanted = app.exit(error, help, refusal) == 0;
-        if (!wanted) Console::tell_reason(refusal.str());
-        if (wanted && !print(help.str())) return [] { return exit_failed; };
-        return [wanted] { return wanted ? exit_done : exit_refused; };
-    }
-    if (app.get_subcommands().empty())
-        return [help = app.help()] {
-            Console::tell_reason("a command is needed\n\n" + help);
-            return exit_refused;
-        };
+    if (auto instead = parse(app, argc, argv)) return *instead;
     if (chosen) return chosen;
     if (steady->parsed()) return [=, &options] { return steady_command(case_path, options); };
     if (transient->parsed())
@@ -272,6 +349,9 @@ int main(int argc, char** argv) {
     try {
         return zel::read_command_line(argc, argv, options)();
     } catch (const zel::InputError& error) {
+        zel::Console::tell_reason(error.what());
+        return zel::exit_refused;
+    } catch (const zel::OutputError& error) {
         zel::Console::tell_reason(error.what());
         return zel::exit_refused;
     } catch (const std::exception& error) {

@@ -22,6 +22,7 @@ struct CommonOptions {
     LangId lang = LangId::English;
     DecimalSeparator separator = DecimalSeparator::Point;
     bool silent = false;
+    std::string conductor{};  // record or name of the one that the case takes; empty for its own
     bool lang_given = false;  // on the command line
     bool separator_given = false;
 

@@ -33,14 +33,6 @@ void add_inputs(Listing& listing, const ShortCircuitCase& c, const CommonOptions
     }
 }
 
-void add_results(Listing& listing, const KsResultPage& page) {
-    for (const auto& [caption, rows] : page.groups) {
-        listing.add_caption(caption);
-        for (const auto& [label, value, unit] : rows)
-            if (!value.empty()) listing.add(label, with_unit(value, unit));
-    }
-}
-
 }  // namespace
 
 std::string short_circuit_page(const ShortCircuitCase& c, const ShortCircuitRun& run,
@@ -48,12 +40,9 @@ std::string short_circuit_page(const ShortCircuitCase& c, const ShortCircuitRun&
     const LangId lang = options.lang;
     Listing inputs;
     add_inputs(inputs, c, options);
-    Listing results;
-    add_results(results, run.page);
     return std::string(short_circuit_name.in(lang)) + "   " +
            std::string(short_circuit_title.in(lang)) + "\n" + inputs.text() + "\n" +
-           std::string(result_caption.in(lang)) + "\n  " + std::string(run.page.verdict) + "\n" +
-           results.text();
+           std::string(result_caption.in(lang)) + "\n  " + result_text(run.page);
 }
 
 }  // namespace zel

@@ -4,9 +4,11 @@
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/messages_json.h"
+#include "cli/program_stores.h"
 #include "cli/steady_output.h"
 #include "cli/transient_output.h"
 #include "platform/program_end.h"
+#include "shell/case_settings.h"
 #include "steady/case_fields.h"
 #include "workflow/transient_text.h"
 
@@ -21,7 +23,9 @@ public:
           console_(options),
           loaded_(load_case(case_path, options, console_)),
           session_{options.lang, options.separator, options.Meldung_merker(), console_, &memory_},
-          wants_series_(series) {}
+          wants_series_(series) {
+        take_settings(session_, ProgramStores().settings().now());
+    }
 
     int run() {
         try {

@@ -1,43 +1,29 @@
 #pragma once
 
-#include <string>
-
 #include "desktop/desktop_state.h"
-#include "platform/flat_object.h"
+#include "desktop/file_document.h"
 
 namespace zel {
 
-/// The case of the windows as a document: the file that it stands in, and whether it has changes
-/// that the file lacks. What goes wrong is told in a box.
-class CaseDocument {
+/// The case of the thermal rating as a document. A file that names a setting changes it, which is
+/// asked for before; what a setting changes is no change of the case.
+class CaseDocument : public FileDocument {
 public:
-    /// What stands in the case at the start counts as stored.
+    /// What stands in the case at the start counts as stored in its file.
     explicit CaseDocument(DesktopState& state);
 
-    /// Whether the file would be another one if the case were written now.
-    [[nodiscard]] bool modified() const;
-    /// The name of the file without its folders; empty where there is none yet.
-    [[nodiscard]] std::string name() const;
-
-    /// True where nothing would be lost, or the user agrees to lose it.
-    [[nodiscard]] bool may_be_left() const;
-
-    // Each is false where the user or a failure stopped it; the case is then unchanged.
+    /// An empty case without a file; false where the user does not want to lose changes.
     bool start_anew();
-    bool open();
-    bool save();
-    bool save_as();
+
+protected:
+    [[nodiscard]] FlatObject values() const override;
+    [[nodiscard]] FlatObject entered() const override;
+    std::vector<RefusedText> take(const FlatObject& values) override;
 
 private:
-    bool read(const std::string& path);
     void take_missing_settings(CalcCase& c, const FlatObject& values) const;
-    [[nodiscard]] bool may_be_replaced(const std::string& path) const;
-    bool write(const std::string& path);
-    void replace(CalcCase c, std::string path);
-    [[nodiscard]] FlatObject entered() const;
 
     DesktopState& state_;
-    FlatObject stored_;
 };
 
 }  // namespace zel

@@ -69,6 +69,9 @@ std::string shown_text(const CalcCase& c, const FormRow& row) {
         overloaded{[&](std::string CalcCase::*field) { return c.*field; },
                    [&](Entry CalcCase::*field) { return (c.*field).text; },
                    [&](std::int16_t CalcCase::*field) {
+                       const bool unknown = c.*field == 0 && c.conductor_type_db == 0;
+                       if (!row.mask.empty() && !unknown)
+                           return masked(c.*field, row.mask, DecimalSeparator::Point);
                        return c.*field == 0 ? std::string{} : std::to_string(c.*field);
                    },
                    [&](bool CalcCase::*field) { return std::string(c.*field ? "1" : "0"); }},

@@ -38,13 +38,17 @@ struct FormRow {
     Text hint{};
     std::span<const Choice> (*choices)() = nullptr;  // a list instead of a box
     bool in_report_language = false;                 // the texts of the list
+    /// Of a whole number that comes with a conductor: it is shown by this mask as soon as there is
+    /// one, also where it is 0.
+    std::string_view mask{};
 };
 
 struct FormSection {
     int page;  // of the main form
     Text caption;
     std::span<const FormRow> rows;
-    int columns = 1;  // rows that stand side by side
+    int columns = 1;        // rows that stand side by side
+    int first_stretch = 1;  // how many times as wide the boxes of the first of them are
 };
 
 /// The check box that selects a method.

@@ -46,7 +46,9 @@ void set_look() {
     QApplication::setFont(font);
     // The style's own grey is hard to read.
     QPalette palette = QApplication::palette();
-    palette.setColor(QPalette::Disabled, QPalette::WindowText, greyed);
+    for (const QPalette::ColorRole text :
+         {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
+        palette.setColor(QPalette::Disabled, text, greyed);
     QApplication::setPalette(palette);
     QApplication::setWindowIcon(window_icon());
     if (QFontDatabase::families().isEmpty() || QFontInfo(font).family().isEmpty())
@@ -106,6 +108,9 @@ int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform 
     state.session.memory = &state.memory;
     state.program = std::move(started.state);
     state.help_folders = std::move(platform.help_folders);
+    state.workbooks = &platform.workbooks;
+    state.data_folder = std::move(platform.data_folder);
+    state.conductors = std::move(platform.conductors);
     dialogs.follow(state.session.lang);
     chooser.follow(state.session.lang);
     take_settings(state.session, state.settings.now());

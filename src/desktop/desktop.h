@@ -5,10 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "desktop/conductor_places.h"
 #include "platform/case_store.h"
 #include "platform/number_text.h"
 #include "platform/system_facts.h"
 #include "platform/text.h"
+#include "platform/workbook.h"
 #include "shell/program_settings.h"
 #include "steady/calc_case.h"
 
@@ -24,10 +26,13 @@ struct DesktopOptions {
 /// The adapters that the windows work with.
 struct DesktopPlatform {
     CaseStore& store;
+    WorkbookStore& workbooks;
     Settings& settings;
     SystemFacts system;
+    std::string data_folder;                // databases and the shipped templates
     std::vector<std::string> help_folders;  // where the help documents lie
     std::function<void()> start_companion;  // the first start of the conductor database
+    ConductorPlaces conductors{};
 };
 
 /// The decimal separator of the user's locale.

@@ -64,7 +64,7 @@ FieldPanel::FieldPanel(const FormSection& section, DesktopState& state, Refused 
     grid_->setRowStretch(grid_->rowCount(), 1);  // a panel taller than its rows has them on top
     for (int column = 0; column < section.columns; ++column) {
         const int first = column * grid_columns_per_field;
-        grid_->setColumnStretch(first + 1, 1);
+        grid_->setColumnStretch(first + 1, column == 0 ? section.first_stretch : 1);
         if (column > 0) grid_->setColumnMinimumWidth(first - 1, gap_width);
     }
     recaption();
@@ -94,7 +94,7 @@ QLineEdit* FieldPanel::make_edit(const FormRow& row) {
     edit->setMinimumWidth(number_width);
     if (!is_free_text(row)) edit->setAlignment(Qt::AlignRight);
     edit->installEventFilter(this);
-    edit->installEventFilter(new FocusChain(edit));
+    edit->installEventFilter(new FocusChain(edit, next_control));
     if (is_free_text(row)) return edit;
     edit->installEventFilter(new NumberKeys(edit, state_.session));
     // An input method would type past the filter of keys.

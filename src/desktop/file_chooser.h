@@ -13,6 +13,7 @@ struct PathQuestion {
     std::string folder;        // where it starts
     std::string_view filters;  // one a line
     std::string_view suffix;   // of a typed name without one; may be empty
+    bool existing = false;     // only a file that is there may be chosen
 };
 
 /// Who asks for the path of a case file: a window, or the script of a test. Nothing is given back
@@ -22,7 +23,7 @@ public:
     virtual ~FileChooser() = default;
     [[nodiscard]] virtual std::optional<std::string> file_to_open(const std::string& present) = 0;
     [[nodiscard]] virtual std::optional<std::string> file_to_save(const std::string& present) = 0;
-    /// The path may be of a file that is not there yet.
+    /// The path may be of a file that is not there yet, unless the question wants one that is.
     [[nodiscard]] virtual std::optional<std::string> path_to_select(
         const PathQuestion& question) = 0;
 };

@@ -4,15 +4,14 @@
 #include <QKeyEvent>
 #include <QWidget>
 
-#include "desktop/case_forms.h"
 #include "desktop/qt_text.h"
 
 namespace zel {
 namespace {
 
 /// The next control of the chain, if it can take the focus now.
-QWidget* successor(const QWidget& input) {
-    const std::string_view name = next_control(input.objectName().toStdString());
+QWidget* successor(const QWidget& input, FocusChain::Chain chain) {
+    const std::string_view name = chain(input.objectName().toStdString());
     if (name.empty()) return nullptr;
     auto* next = input.window()->findChild<QWidget*>(qt(name));
     const bool reachable = next != nullptr && next->isEnabled() && next->isVisible();
@@ -28,7 +27,7 @@ bool FocusChain::eventFilter(QObject* watched, QEvent* event) {
     const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
     auto* input = qobject_cast<QWidget*>(watched);
     if (input == nullptr || (!tab && !enter)) return false;
-    if (QWidget* next = successor(*input)) {
+    if (QWidget* next = successor(*input, chain_)) {
         next->setFocus(Qt::TabFocusReason);
         return true;
     }

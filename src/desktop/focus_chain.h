@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <string_view>
 
 namespace zel {
 
@@ -8,8 +9,17 @@ namespace zel {
 /// return to the next input by tab order where the chain ends.
 class FocusChain : public QObject {
 public:
-    using QObject::QObject;
+    /// The control behind another; empty at the end of a chain, and everywhere without one.
+    using Chain = std::string_view (*)(std::string_view control);
+
+    explicit FocusChain(
+        QObject* parent, Chain chain = [](std::string_view) { return std::string_view{}; })
+        : QObject(parent), chain_(chain) {}
+
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    Chain chain_;
 };
 
 }  // namespace zel

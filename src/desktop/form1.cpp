@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QTabWidget>
 
@@ -31,6 +32,7 @@ constexpr Text no_name = {"Unbenannt", "Untitled"};
 Form1::Form1(DesktopState& state, const std::function<void(LangId)>& switch_language)
     : state_(state),
       document_(state),
+      conductors_(*this, "Form1", state, [this] { take_over_conductor(); }),
       file_menu_(menuBar()->addMenu(QString())),
       edit_menu_(menuBar()->addMenu(QString())),
       settings_menu_(*menuBar(), *this, state, MenuWindow::Form1),
@@ -47,6 +49,10 @@ Form1::Form1(DesktopState& state, const std::function<void(LangId)>& switch_lang
     pages_->setTabEnabled(transient_page, false);
     setCentralWidget(pages_);
     make_menus();
+    connect(&conductor_->Command3(), &QPushButton::clicked, this,
+            [this] { conductors_.open_database(); });
+    connect(&conductor_->Command4(), &QPushButton::clicked, this,
+            [this] { take_over_conductor(); });
     connect(pages_, &QTabWidget::currentChanged, this, [this](int to) { page_changed(to); });
     sharing_ = sharing_conductors(state_.calc_case);
     state_.case_changed = [this] { case_changed(); };
@@ -65,6 +71,7 @@ void Form1::recaption() {
     general_->recaption();
     conductor_->recaption();
     result_->recaption(lang);
+    conductors_.recaption();
     transient_->recaption();
     if (!shown_run_) return;
     // The shown result is told again, not computed again.
@@ -114,7 +121,19 @@ bool Form1::commit() {
     return refused_.isNull();
 }
 
-bool Form1::may_be_left() { return commit() && document_.may_be_left(); }
+bool Form1::may_be_left() {
+    return conductors_.may_be_left() && commit() && document_.may_be_left();
+}
+
+void Form1::take_over_conductor() {
+    if (!commit()) return;
+    (void)trap(state_.errors, "Form1", "Command4_click", [this] {
+        conductors_.take_over([this] {
+            load();
+            state_.case_changed();
+        });
+    });
+}
 
 void Form1::page_changed(int to) {
     const bool sound = commit();

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desktop/case_document.h"
+#include "desktop/conductor_desk.h"
 #include "desktop/desktop_state.h"
 #include "desktop/language_menu.h"
 #include "desktop/settings_menu.h"
@@ -62,6 +63,7 @@ private:
     void hide_form();
     void show_new_case();
     void copy_result();
+    void take_over_conductor();
     void page_changed(int to);
     void case_changed();
     bool run();
@@ -71,6 +73,7 @@ private:
 
     DesktopState& state_;
     CaseDocument document_;
+    ConductorDesk conductors_;
     QMenu* file_menu_;
     QMenu* edit_menu_;
     std::vector<std::pair<QAction*, Text>> actions_;  // with their captions

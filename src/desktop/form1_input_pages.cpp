@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -24,6 +25,12 @@ constexpr Text mode_caption = {"Berechnungsart", "Mode of calculation"};
 constexpr Text methods_caption = {"Berechnungsverfahren", "Calculation methods"};
 constexpr Text age_hint = {"Emissionsverhältnis aus dem Seilalter berechnen ...",
                            "Calculate the emissivity from the conductor's age ..."};
+constexpr Text open_database_caption = {"Aus Seil&datenbank auswählen",
+                                        "Select from conductor &database"};
+constexpr Text open_database_hint = {"Leiterdatenbank öffnen", "Open the conductor database"};
+constexpr Text take_over_caption = {"Über&nehmen", "&Take over"};
+constexpr Text take_over_hint = {"Den dort ausgewählten Leiter übernehmen",
+                                 "Take over the conductor selected there"};
 constexpr Text not_available = {"Dieses Verfahren ist in dieser Version nicht verfügbar.",
                                 "This method is not available in this version."};
 
@@ -213,7 +220,11 @@ void GeneralPage::load() {
 }
 
 ConductorPage::ConductorPage(DesktopState& state, FieldPanel::Refused refused)
-    : InputPage(state, std::move(refused)) {
+    : InputPage(state, std::move(refused)),
+      open_database_(new QPushButton),
+      take_over_(new QPushButton) {
+    open_database_->setObjectName("Command3");
+    take_over_->setObjectName("Command4");
     enum { designation, kind, geometry, resistance, conductivity, material, core, ac_pairs };
     make_panels(conductor_page);
     auto* materials = new QHBoxLayout;
@@ -229,15 +240,35 @@ ConductorPage::ConductorPage(DesktopState& state, FieldPanel::Refused refused)
     columns->addLayout(right, 7);
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
-    layout->addWidget(&panel(designation));
+    auto* buttons = new QVBoxLayout;
+    for (QPushButton* button : {open_database_, take_over_}) {
+        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
+        buttons->addWidget(button);
+    }
+    auto* choice = new QHBoxLayout;
+    choice->setSpacing(gap);
+    choice->addLayout(buttons);
+    choice->addWidget(&panel(designation), 1);
+    layout->addLayout(choice);
     layout->addWidget(&panel(kind));
     layout->addLayout(columns);
     layout->addStretch(1);
     set_content(content);
     // The chain of the conductivities is a ring, and the equivalent radius leads into it.
     tab_through({designation, kind, geometry, material, core, ac_pairs, resistance, conductivity});
-    recaption();
+    setTabOrder(open_database_, take_over_);
+    setTabOrder(take_over_, panel(designation).inputs().front());
+    ConductorPage::recaption();
     load();
+}
+
+void ConductorPage::recaption() {
+    InputPage::recaption();
+    const LangId lang = state().session.lang;
+    open_database_->setText(qt(open_database_caption, lang));
+    take_over_->setText(qt(take_over_caption, lang));
+    open_database_->setToolTip(qt(open_database_hint, lang));
+    take_over_->setToolTip(qt(take_over_hint, lang));
 }
 
 }  // namespace zel

@@ -6,6 +6,7 @@
 #include "desktop/field_panel.h"
 
 class QCheckBox;
+class QPushButton;
 class QToolButton;
 
 namespace zel {
@@ -65,10 +66,19 @@ private:
     QGroupBox* methods_;
 };
 
-/// Page 1: the conductor.
+/// Page 1: the conductor. `Command3` opens the conductor database, `Command4` takes over what was
+/// chosen there.
 class ConductorPage : public InputPage {
 public:
     ConductorPage(DesktopState& state, FieldPanel::Refused refused);
+
+    void recaption() override;
+    [[nodiscard]] QPushButton& Command3() { return *open_database_; }
+    [[nodiscard]] QPushButton& Command4() { return *take_over_; }
+
+private:
+    QPushButton* open_database_;
+    QPushButton* take_over_;
 };
 
 }  // namespace zel

@@ -7,8 +7,11 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
+#include "desktop/qt_language.h"
 #include "desktop/qt_text.h"
 #include "desktop/window_icon.h"
 #include "shell/case_settings.h"
@@ -20,10 +23,12 @@ namespace {
 
 constexpr Text file_caption = {"&Datei", "&File"};
 constexpr Text exit_caption = {"&Beenden", "E&xit"};
-constexpr Text not_available = {"Dieser Bereich ist in dieser Version nicht verfügbar.",
-                                "This area is not available in this version."};
 constexpr Text form1_caption = {"Strom- und &Temperaturberechnung",
                                 "Current and &temperature calculation"};
+constexpr Text steady_excel_caption = {"Stationäre Berechnung mit &Excel ...",
+                                       "Steady-state calculation with &Excel ..."};
+constexpr Text transient_excel_caption = {"&Instationäre Berechnung mit Excel (PATL / TATL) ...",
+                                          "T&ransient calculation with Excel (PATL / TATL) ..."};
 constexpr Text version_line = {"{0} vom {1}", "{0} of {1}"};
 
 QLabel* make_label(double scale, bool bold) {
@@ -45,9 +50,21 @@ constexpr QPoint beside(40, 40);  // of a window that is not maximised, from thi
 FormMain::FormMain(DesktopState& state)
     : state_(state),
       form1_(state, [this](LangId lang) { switch_language(lang); }),
+      ks_state_{state.session,
+                state.store,
+                state.chooser,
+                {},
+                [this] { start_conductor_database(); },
+                [this] { return ks_conductors_.chosen_conductor(); }},
+      ks_form1_(ks_state_, state.program.short_circuit_short_name,
+                [this](LangId lang) { switch_language(lang); }),
+      ks_settings_menu_(*ks_form1_.menuBar(), ks_form1_, state, MenuWindow::KS_Form1),
+      ks_conductors_(ks_form1_, "KS_Form1", state, [this] { ks_form1_.take_over_conductor(); }),
       file_menu_(menuBar()->addMenu(QString())),
       go_to_form1_(file_menu_->addAction(QString())),
       go_to_short_circuit_(file_menu_->addAction(QString())),
+      steady_excel_(file_menu_->addAction(QString())),
+      transient_excel_(file_menu_->addAction(QString())),
       exit_(file_menu_->addAction(QString())),
       settings_menu_(*menuBar(), *this, state, MenuWindow::FormMain),
       language_menu_(*menuBar(), [this](LangId lang) { switch_language(lang); }),
@@ -61,16 +78,20 @@ FormMain::FormMain(DesktopState& state)
     setObjectName("form_main");
     go_to_form1_->setObjectName("mForm1");
     go_to_short_circuit_->setObjectName("mKS_Form1");
+    steady_excel_->setObjectName("m_St_Temp_Excel");
+    transient_excel_->setObjectName("m_transient_Temp_Excel");
+    file_menu_->insertSeparator(steady_excel_);
     file_menu_->insertSeparator(exit_);
     exit_->setObjectName("mBeenden");
     exit_->setShortcut(QKeySequence("Ctrl+Q"));
     connect(exit_, &QAction::triggered, this, &QWidget::close);
-    connect(open_form1_, &QPushButton::clicked, this, [this] { open_form1(); });
-    connect(go_to_form1_, &QAction::triggered, this, [this] { open_form1(); });
-    connect(open_short_circuit_, &QPushButton::clicked, this,
-            [this] { state_.open_short_circuit(); });
-    connect(go_to_short_circuit_, &QAction::triggered, this,
-            [this] { state_.open_short_circuit(); });
+    connect(open_form1_, &QPushButton::clicked, this, [this] { open(form1_); });
+    connect(go_to_form1_, &QAction::triggered, this, [this] { open(form1_); });
+    connect(open_short_circuit_, &QPushButton::clicked, this, [this] { open(ks_form1_); });
+    connect(go_to_short_circuit_, &QAction::triggered, this, [this] { open(ks_form1_); });
+    connect(steady_excel_, &QAction::triggered, this, [this] { open_excel(ExcelMode::Steady); });
+    connect(transient_excel_, &QAction::triggered, this,
+            [this] { open_excel(ExcelMode::Transient); });
     state_.settings_changed = [this] { apply_settings(); };
     setCentralWidget(make_content());
     recaption();
@@ -84,8 +105,14 @@ QWidget* FormMain::make_content() {
     open_form1_->setObjectName("open_Form1");
     open_form1_->setDefault(true);
     open_short_circuit_->setObjectName("open_KS_Form1");
+    auto* areas = new QWidget;  // gives both the width of the wider one
+    auto* column = new QVBoxLayout(areas);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(14);
     for (QPushButton* area : {open_form1_, open_short_circuit_}) {
+        column->addWidget(area);
         area->setMinimumSize(460, 56);
+        area->setAutoDefault(true);  // the return key opens the area that has the focus
         QFont font = area->font();
         font.setPointSizeF(font.pointSizeF() * 1.2);
         area->setFont(font);
@@ -98,8 +125,7 @@ QWidget* FormMain::make_content() {
     for (QWidget* widget : std::initializer_list<QWidget*>{picture, name_, title_})
         layout->addWidget(widget);
     layout->addSpacing(16);
-    layout->addWidget(open_form1_, 0, Qt::AlignHCenter);
-    layout->addWidget(open_short_circuit_, 0, Qt::AlignHCenter);
+    layout->addWidget(areas, 0, Qt::AlignHCenter);
     layout->addStretch();
     layout->addWidget(version_);
     return content;
@@ -111,10 +137,13 @@ void FormMain::switch_language(LangId lang) {
     state_.program.language_switched();
     recaption();
     form1_.recaption();
+    ks_form1_.recaption();
+    ks_conductors_.recaption();
 }
 
 void FormMain::recaption() {
     const LangId lang = state_.session.lang;
+    set_qt_language(lang);
     setWindowTitle(qt(short_name, lang));
     name_->setText(qt(short_name, lang));
     title_->setText(qt(long_title, lang));
@@ -122,27 +151,47 @@ void FormMain::recaption() {
     file_menu_->setTitle(qt(file_caption, lang));
     exit_->setText(qt(exit_caption, lang));
     go_to_form1_->setText(qt(form1_caption, lang));
+    steady_excel_->setText(qt(steady_excel_caption, lang));
+    transient_excel_->setText(qt(transient_excel_caption, lang));
     open_form1_->setText(qt(form1_caption, lang));
     const std::string_view area = state_.program.short_circuit_short_name.in(lang);
-    const QString name = qt(short_circuit_title, lang) + "\n(" + qt(area) + ")";
     go_to_short_circuit_->setText(qt(short_circuit_title, lang));
-    open_short_circuit_->setText(name);
-    const bool available = static_cast<bool>(state_.open_short_circuit);
-    go_to_short_circuit_->setEnabled(available);
-    open_short_circuit_->setEnabled(available);
-    open_short_circuit_->setToolTip(available ? QString() : qt(not_available, lang));
+    open_short_circuit_->setText(qt(short_circuit_title, lang) + "\n(" + qt(area) + ")");
     settings_menu_.refresh();
+    ks_settings_menu_.refresh();
     language_menu_.recaption(lang);
     help_menu_.recaption(lang);
 }
 
-void FormMain::open_form1() {
-    if (!form1_.isVisible()) {
-        form1_.move(pos() + beside);
-        full_screen() ? form1_.showMaximized() : form1_.showNormal();
+void FormMain::open(QWidget& form) {
+    if (!form.isVisible()) {
+        place_beside(form);
+        full_screen() ? form.showMaximized() : form.showNormal();
     }
-    form1_.raise();
-    form1_.activateWindow();
+    form.raise();
+    form.activateWindow();
+}
+
+void FormMain::start_conductor_database() {
+    if (!ks_conductors_.start_database()) state_.session.tell(conductor_database_not_started());
+}
+
+/// Down and to the right of this window, and whole on its screen.
+void FormMain::place_beside(QWidget& window) const {
+    const QRect room = screen()->availableGeometry();
+    const QSize frame = frameGeometry().size() - size();
+    window.resize(window.size().boundedTo(room.size() - frame));
+    const QPoint last = room.bottomRight() + QPoint(1, 1) -
+                        QPoint(window.width() + frame.width(), window.height() + frame.height());
+    const QPoint wanted = pos() + beside;
+    window.move(std::max(room.left(), std::min(wanted.x(), last.x())),
+                std::max(room.top(), std::min(wanted.y(), last.y())));
+}
+
+/// The conductor of the case is that of the input pages as they are now.
+void FormMain::open_excel(ExcelMode mode) {
+    form1_.take_in();
+    FrmExcelIO(this, state_, mode).exec();
 }
 
 bool FormMain::full_screen() const { return state_.settings.now().Vollbildmodus == 1; }
@@ -158,6 +207,7 @@ void FormMain::apply_settings() {
     apply_separator();
     apply_window_mode();
     settings_menu_.refresh();
+    ks_settings_menu_.refresh();
     form1_.apply_settings();
 }
 
@@ -167,16 +217,20 @@ void FormMain::apply_separator() {
         static_cast<DecimalSeparator>(state_.settings.now().Punkt_Komma_Format_merker);
     if (separator == state_.session.separator) return;
     form1_.take_in();
+    ks_form1_.take_in();
     respell(state_.calc_case, state_.session.separator, separator);
+    ks_state_.form.respell(state_.session.separator, separator);
     state_.session.separator = separator;
     form1_.recaption();
     form1_.load();
+    ks_form1_.load();
 }
 
 void FormMain::apply_window_mode() {
     if (full_screen() == shown_full_screen_) return;
     shown_full_screen_ = full_screen();
-    for (QWidget* window : {static_cast<QWidget*>(this), static_cast<QWidget*>(&form1_)})
+    for (QWidget* window : {static_cast<QWidget*>(this), static_cast<QWidget*>(&form1_),
+                            static_cast<QWidget*>(&ks_form1_)})
         if (window->isVisible() && window->isMaximized() != shown_full_screen_)
             shown_full_screen_ ? window->showMaximized() : window->showNormal();
 }
@@ -191,12 +245,14 @@ void FormMain::changeEvent(QEvent* event) {
 
 void FormMain::closeEvent(QCloseEvent* event) {
     const Box question = box_in(state_.session.lang, exit_question);
-    if (!form1_.may_be_left() || state_.session.dialogs.show(question) != Answer::Yes) {
+    if (!form1_.may_be_left() || !ks_conductors_.may_be_left() || !ks_form1_.may_be_left() ||
+        state_.session.dialogs.show(question) != Answer::Yes) {
         event->ignore();
         return;
     }
     event->accept();
     form1_.hide();
+    ks_form1_.hide();
     // Not quit(), which would close the windows, and ask, once more.
     QCoreApplication::exit(0);
 }

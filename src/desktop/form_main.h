@@ -2,9 +2,12 @@
 
 #include <QMainWindow>
 
+#include "desktop/conductor_desk.h"
 #include "desktop/desktop_state.h"
 #include "desktop/form1.h"
+#include "desktop/frm_excel_IO.h"
 #include "desktop/help_menu.h"
+#include "desktop/ks_form1.h"
 #include "desktop/language_menu.h"
 #include "desktop/settings_menu.h"
 
@@ -23,6 +26,7 @@ public:
     explicit FormMain(DesktopState& state);
 
     [[nodiscard]] Form1& form1() { return form1_; }
+    [[nodiscard]] KsForm1& ks_form1() { return ks_form1_; }
 
     /// Shows the window as `Vollbildmodus` says.
     void show_first();
@@ -35,7 +39,10 @@ private:
     [[nodiscard]] QWidget* make_content();
     void switch_language(LangId lang);
     void recaption();
-    void open_form1();
+    void open(QWidget& form);
+    void place_beside(QWidget& window) const;
+    void open_excel(ExcelMode mode);
+    void start_conductor_database();
     void apply_settings();
     void apply_separator();
     void apply_window_mode();
@@ -43,9 +50,15 @@ private:
 
     DesktopState& state_;
     Form1 form1_;
+    KsState ks_state_;
+    KsForm1 ks_form1_;
+    SettingsMenu ks_settings_menu_;
+    ConductorDesk ks_conductors_;
     QMenu* file_menu_;
     QAction* go_to_form1_;
     QAction* go_to_short_circuit_;
+    QAction* steady_excel_;
+    QAction* transient_excel_;
     QAction* exit_;
     SettingsMenu settings_menu_;
     LanguageMenu language_menu_;

@@ -96,11 +96,17 @@ constexpr KsFormRow record[] = {
 
 constexpr KsFormRow material[] = {
     {"Text5", &C::A_Leiter, "Leitermaterialquerschnitt:", "qmm",
-     "Section of the conductor material: the total section of a conductor of one material, the section of the sheath otherwise"},
-    {"Combo4", &C::Leitermaterial_ks,
-     "Auswahl Leitermaterialen mit vordefinierte Materialparametern:", "",
+     "Section of the conductor material: the total section of a conductor of one material, the section of the sheath otherwise",
+     nullptr,
+     "= Gesamtquerschnitt bei Seilen aus einem Material bzw. Mantelquerschnitt bei Verbundseilen"},
+    {"Combo4",
+     &C::Leitermaterial_ks,
+     "Auswahl Leitermaterialen mit vordefinierte Materialparametern:",
+     "",
      "Conductor materials with their values: copper; aluminium and its alloys; steel; aluminium-clad steel",
-     material_entries},
+     material_entries,
+     {},
+     true},
     {"Text8", &C::waermekapaz, "spez. Wärmekapazität:", "J / (Kg * K)", "Specific heat capacity"},
     {"Text9", &C::kappa20_ks, "spez. Leitfähigkeit bei 20 °C:", "m / (Ohm * mm^2)",
      "Conductivity at 20 °C"},
@@ -113,18 +119,25 @@ constexpr KsFormSection sections[] = {
     {ks_input_page, {"Angaben zum Projekt", "Project"}, project},
     {ks_input_page, {"Kurzschlußstrom", "Short-circuit current"}, current},
     {ks_input_page, {"Leiter oder Betriebsmittel", "Conductor or equipment"}, object},
-    {ks_conductor_page, {"Leiter aus der Seildatenbank", "Conductor of the database"}, record},
-    {ks_conductor_page, {"Leitermaterial", "Conductor material"}, material},
+    {ks_conductor_page,
+     {"Leiter aus der Seildatenbank", "Conductor of the database"},
+     record,
+     false},
+    {ks_conductor_page,
+     {"Leitermaterial", "Conductor material"},
+     material,
+     true,
+     "Die nachfolgenden Daten werden zur Ermittlung der Kurzschlußstromfestigkeit verwendet:"},
 };
 
 }  // namespace
 
 std::span<const KsFormSection> ks_form_sections() { return sections; }
 
-std::string_view ks_control_of(KsKey field) {
+std::string ks_caption_of(KsKey field) {
     for (const KsFormSection& section : sections)
         for (const KsFormRow& row : section.rows)
-            if (row.field == field) return row.control;
+            if (row.field == field) return without_outer_blanks(row.caption);
     return {};
 }
 
@@ -137,14 +150,6 @@ std::string ks_shown_text(const ShortCircuitCase& c, const KsFormRow& row,
                           : std::string(row.entries()[static_cast<std::size_t>(index)]);
     }
     return label_text(c, row.field, separator);
-}
-
-std::string_view ks_section_note() {
-    return "= Gesamtquerschnitt bei Seilen aus einem Material bzw. Mantelquerschnitt bei Verbundseilen";
-}
-
-std::string_view ks_values_note() {
-    return "Die nachfolgenden Daten werden zur Ermittlung der Kurzschlußstromfestigkeit verwendet:";
 }
 
 }  // namespace zel

@@ -22,26 +22,26 @@ struct KsFormRow {
     const char* unit = "";
     std::string_view hint = {};                                // English
     std::span<const std::string_view> (*entries)() = nullptr;  // of a list, from index 0
+    std::string_view note = {};                                // below the input
+    bool caption_above = false;  // not beside the input, which is wide
 };
 
 struct KsFormSection {
     int page;
     Text caption;
     std::span<const KsFormRow> rows;
+    bool typed = true;           // not what a conductor's record brought
+    std::string_view note = {};  // above the rows
 };
 
 /// All sections, page by page. The rows of the conductor's record have no control to type into.
 [[nodiscard]] std::span<const KsFormSection> ks_form_sections();
 
-/// The control of the input `field`; empty where it has none.
-[[nodiscard]] std::string_view ks_control_of(KsKey field);
+/// The caption of the input `field`, without blanks around it.
+[[nodiscard]] std::string ks_caption_of(KsKey field);
 
 /// What the row shows; a list shows its chosen entry, and nothing at index 0.
 [[nodiscard]] std::string ks_shown_text(const ShortCircuitCase& c, const KsFormRow& row,
                                         DecimalSeparator separator);
-
-/// Notes of the conductor page: below the box of the section, and above the values of the material.
-[[nodiscard]] std::string_view ks_section_note();
-[[nodiscard]] std::string_view ks_values_note();
 
 }  // namespace zel

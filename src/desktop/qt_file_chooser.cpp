@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
+#include <QTreeView>
 
 #include "desktop/qt_text.h"
 
@@ -28,6 +30,15 @@ constexpr Text open_caption = {"Öffnen", "Open"};
 constexpr Text select_caption = {"Auswählen", "Select"};
 constexpr Text save_caption = {"Speichern", "Save"};
 
+constexpr QSize window_size(860, 500);
+
+/// Names and dates can be read whole.
+void widen(QFileDialog& window) {
+    window.resize(window_size);
+    if (auto* files = window.findChild<QTreeView*>("treeView"))
+        files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+}
+
 }  // namespace
 
 void QtFileChooser::recaption(QFileDialog& window) const {
@@ -43,6 +54,7 @@ std::optional<std::string> QtFileChooser::ask(QFileDialog& window, const std::st
     window.setWindowTitle(qt(saves ? save_title : open_title, lang));
     window.setNameFilters(qt(filters, lang).split('\n'));
     recaption(window);
+    widen(window);
     if (!present.empty()) {
         const QFileInfo file(qt(present));
         window.setDirectory(file.absolutePath());
@@ -69,13 +81,17 @@ std::optional<std::string> QtFileChooser::file_to_save(const std::string& presen
 std::optional<std::string> QtFileChooser::path_to_select(const PathQuestion& question) {
     QFileDialog window(QApplication::activeWindow());
     window.setWindowTitle(qt(question.title));
-    window.setAcceptMode(QFileDialog::AcceptSave);
+    if (question.existing)
+        window.setFileMode(QFileDialog::ExistingFile);
+    else
+        window.setAcceptMode(QFileDialog::AcceptSave);
     window.setOption(QFileDialog::DontConfirmOverwrite);  // the file is named, not written
     window.setOption(QFileDialog::HideNameFilterDetails);
     window.setNameFilters(qt(question.filters).split('\n'));
     window.setDefaultSuffix(qt(question.suffix));
     window.setDirectory(qt(question.folder));
     recaption(window);
+    widen(window);
     const LangId lang = lang_ != nullptr ? *lang_ : LangId::English;
     window.setLabelText(QFileDialog::Accept, qt(select_caption, lang));
     if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty()) return std::nullopt;

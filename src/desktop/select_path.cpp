@@ -48,7 +48,7 @@ constexpr PathRole roles[] = {
      database_filter,
      "mdb"},
     {"mVerzeichnispfad_stcas",
-     {"Verzeichnispfad der Stan&dardfall-Daten festlegen ...",
+     {"Verzeichnispfad der Standard&fall-Daten festlegen ...",
       "Specify path for Standar&d-Case-Table ..."},
      {"Verzeichnispfad der Standardfall-Daten festlegen",
       "Select name and path of the Standard-Case-Table"},

@@ -65,7 +65,7 @@ constexpr Text menu_caption = {"Ei&nstellungen", "&Settings"};
 constexpr Text config_caption = {"Berechnungs-u. Anzeige-&Einstellungen festlegen ...",
                                  "Specify calculation- and display &settings..."};
 constexpr Text language_dialog_caption = {"Sprach&wahl beim Programmstart",
-                                          "Language selection at program &start"};
+                                          "Language selection at program s&tart"};
 
 }  // namespace
 

@@ -83,7 +83,8 @@ private:
             return;
         }
         const bool wrong = end == PassEnd::Wrong;
-        if (wrong && !steps_.keeps_rows_before_a_wrong_one) return fail();
+        if (end == PassEnd::Refused || (wrong && !steps_.keeps_rows_before_a_wrong_one))
+            return fail();
         status(rows_finished, rows_sheet);
         job_.observer.percent(99);
         workbook_->save();

@@ -74,6 +74,13 @@ struct FlaggedRow {
     std::size_t slot;
 };
 
+/// Rows behind the limit are left out, but not in silence.
+void tell_rows_beyond(const BatchJob& job, Workbook& workbook, int limit) {
+    if (workbook.text(limit, flag_column).empty()) return;
+    job.session.tell(box_in(job.session.lang, rows_beyond_limit,
+                            {std::to_string(row_limit), std::to_string(limit)}));
+}
+
 }  // namespace
 
 void write(Workbook& workbook, int row, const std::vector<ResultCell>& cells) {
@@ -133,7 +140,9 @@ PassEnd walk_rows(const BatchJob& job, const SheetOrigin& origin, Workbook& work
         for (const auto& [number, active, slot] : block) {
             if (active) {
                 const RowOutcome& outcome = outcomes[slot];
-                if (!outcome.program_end.empty()) throw ProgramEnd(outcome.program_end);
+                if (!outcome.program_end.empty())
+                    throw ProgramEnd(std::string(origin.sheet) + ", row " + std::to_string(number) +
+                                     ": " + outcome.program_end);
                 for (const Box& box : outcome.refusals) job.session.tell(box);
                 if (!outcome.refusals.empty()) return PassEnd::Wrong;
                 pass.take(number, outcome);
@@ -148,6 +157,7 @@ PassEnd walk_rows(const BatchJob& job, const SheetOrigin& origin, Workbook& work
         for (const Box& box : flags.refusals()) job.session.tell(box);
         if (!flags.sound()) return PassEnd::Wrong;
     }
+    if (!ended) tell_rows_beyond(job, workbook, limit);
     return PassEnd::Done;
 }
 

@@ -44,8 +44,13 @@ void write(Workbook& workbook, int row, const std::vector<ResultCell>& cells);
 /// Steps in which the percentage of `active` rows is shown.
 [[nodiscard]] double percent_step(int active);
 
-/// How a pass over the rows ended.
-enum class PassEnd : std::uint8_t { Done, Wrong, Stopped };
+/// How the work on the rows ended.
+enum class PassEnd : std::uint8_t {
+    Done,
+    Refused,  // before the first row was calculated
+    Wrong,    // at a wrong row
+    Stopped,  // on demand
+};
 
 /// A pass over the rows.
 struct RowPass {
@@ -59,8 +64,8 @@ struct RowPass {
 };
 
 /// The second pass: row by row down to the first empty flag, the row limit, or a wrong row, whose
-/// refusals are told. `active` rows are expected. Counts into `result`. Throws `ProgramEnd` where a
-/// row had to.
+/// refusals are told. Rows behind the limit are told of. `active` rows are expected. Counts into
+/// `result`. Throws `ProgramEnd`, which names the row, where one had to.
 [[nodiscard]] PassEnd walk_rows(const BatchJob& job, const SheetOrigin& origin, Workbook& workbook,
                                 int first_row, int active, const RowPass& pass,
                                 BatchResult& result);

@@ -1,7 +1,8 @@
 #include "excel_batch/batch_texts.h"
 
-#include <array>
-#include <cstdio>
+#include <chrono>
+
+#include "tb601_transient/transient_texts.h"
 
 namespace zel::excel_batch {
 namespace {
@@ -28,11 +29,9 @@ std::vector<std::string> summary_of(const BatchResult& result, std::string_view 
 }
 
 std::string duration_text(double seconds) {
-    const auto whole = static_cast<long>(seconds);
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%02ld:%02ld:%02ld", whole / 3600, whole / 60 % 60,
-                  whole % 60);
-    return text.data();
+    using namespace std::chrono;
+    constexpr system_clock::time_point start;
+    return Zeit_format(start + round<system_clock::duration>(duration<double>(seconds)), start);
 }
 
 }  // namespace zel::excel_batch

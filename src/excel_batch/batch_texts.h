@@ -95,7 +95,7 @@ inline constexpr BoxText rows_beyond_limit = {
 [[nodiscard]] std::vector<std::string> summary_of(const BatchResult& result,
                                                   std::string_view workbook, LangId lang);
 
-/// "01:02:03" of 3723 s.
+/// "1 h 02 min 03 sec" of 3723 s.
 [[nodiscard]] std::string duration_text(double seconds);
 
 }  // namespace zel::excel_batch

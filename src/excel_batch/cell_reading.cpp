@@ -1,5 +1,6 @@
 #include "excel_batch/cell_reading.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/number_text.h"
@@ -52,12 +53,14 @@ constexpr BoxText no_current = {Icon::Stop,
 
 struct Suitability {
     unsigned methods;
+    FieldKey field;  // whose cell is told
     bool (*refuses)(const CalcCase&);
     BoxText box;
 };
 
 constexpr Suitability suitabilities[] = {
     {TBB,
+     &CalcCase::conductor_type_db,
      [](const CalcCase& c) {
          return c.conductor_type_db == homogeneous_conductor ||
                 c.conductor_type_db == steel_cored_conductor ||
@@ -68,12 +71,14 @@ constexpr Suitability suitabilities[] = {
       {"Es wurde das Berechnungsverfahren für Kreisringstrom-Schienen in Kombination mit Daten für ein Leiterseil ausgewählt.",
        "You have choosen the calculation method for tubular busbars in combination with datas for an overhead conductor."}}},
     {TB601 | TB207 | Webs | Kirn,
+     &CalcCase::conductor_type_db,
      [](const CalcCase& c) { return c.conductor_type_db == tubular_busbar; },
      {Icon::Stop,
       incorrect.title,
       {"Es wurde ein Berechnungsverfahren für Leiterseile in Kombination mit Leiterdaten für Kreisring-Stromschienen ausgewählt.",
        "You have choosen a calculation method for overhead conductors in combination with datas for tubular busbars."}}},
     {TB601,
+     &CalcCase::DrahtlagenzahlLeiter_db,
      [](const CalcCase& c) {
          return c.conductor_type_db == steel_cored_conductor && c.DrahtlagenzahlLeiter_db == 1;
      },
@@ -186,9 +191,16 @@ void CellReading::take_mode(const CellText& cell, CalcCase& c) {
     c.Stromstaerke_Merker_db = mode == 1;
 }
 
-void CellReading::check_conductor(const CalcCase& c, unsigned methods) {
-    for (const auto& [readers, refuses, box] : suitabilities)
-        if ((readers & methods) != 0 && refuses(c)) refusals_.push_back(box_in(origin_.lang, box));
+void CellReading::check_conductor(const CalcCase& c, unsigned methods,
+                                  std::span<const InputCell> cells,
+                                  const std::function<CellText(const InputCell&)>& at) {
+    for (const auto& [readers, field, refuses, box] : suitabilities) {
+        if ((readers & methods) == 0 || !refuses(c)) continue;
+        const auto cell =
+            std::find_if(cells.begin(), cells.end(),
+                         [&, &key = field](const auto& input) { return input.field == key; });
+        refuse(box_in(origin_.lang, box), at(*cell));
+    }
 }
 
 }  // namespace zel::excel_batch

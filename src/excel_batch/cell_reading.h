@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -66,8 +68,10 @@ public:
     /// "1": the conductor temperature is given; "2": the current is.
     void take_mode(const CellText& cell, CalcCase& c);
 
-    /// Refuses methods that do not go with the conductor of `c`.
-    void check_conductor(const CalcCase& c, unsigned methods);
+    /// Refuses methods that do not go with the conductor of `c`, which was taken from `cells`; `at`
+    /// shows one of them.
+    void check_conductor(const CalcCase& c, unsigned methods, std::span<const InputCell> cells,
+                         const std::function<CellText(const InputCell&)>& at);
 
     /// The cell holds no correct input; `permissible` tells what it may hold.
     void refuse(const CellText& cell, const Text& permissible = {});

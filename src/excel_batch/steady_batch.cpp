@@ -103,7 +103,7 @@ public:
         const int active = count_active_rows(workbook_, first_row, flags,
                                              [this](int row) { warn_of_missing_data(row); });
         for (const Box& box : flags.refusals()) job_.session.tell(box);
-        if (!flags.sound()) return PassEnd::Wrong;
+        if (!flags.sound()) return PassEnd::Refused;
         job_.observer.active_rows(
             active, fill(active_rows_line.in(job_.session.lang), {std::to_string(active)}));
         return walk(first_row, active, result);
@@ -122,11 +122,6 @@ private:
             result);
         if (end == PassEnd::Wrong)
             job_.session.tell(box_in(job_.session.lang, row_refused, {rows_sheet}));
-        const int beyond = first_row + row_limit;
-        if (end == PassEnd::Done && result.rows == row_limit &&
-            !workbook_.text(beyond, flag_column).empty())
-            job_.session.tell(box_in(job_.session.lang, rows_beyond_limit,
-                                     {std::to_string(row_limit), std::to_string(beyond)}));
         return end;
     }
 

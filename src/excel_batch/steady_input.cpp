@@ -77,7 +77,8 @@ void S_02_io_excel_Fixed_input_einlesen_pruefen_stat(Workbook& workbook, Workboo
     if (wanted == WorkbookKind::SteadyVar) return;
     for (const InputCell& cell : conductor_cells())
         reading.take(cell, cells.at(cell.fixed_row), c, methods);
-    reading.check_conductor(c, methods);
+    reading.check_conductor(c, methods, conductor_cells(),
+                            [&](const InputCell& cell) { return cells.at(cell.fixed_row); });
 }
 
 RowTexts row_texts(Workbook& workbook, WorkbookKind kind, int row) {
@@ -106,7 +107,8 @@ void take_row(const RowTexts& row, WorkbookKind kind, CalcCase& c, CellReading& 
     reading.take_mode(row.cell(mode_column), c);
     if (!var) return;
     for (const InputCell& cell : conductor) reading.take(cell, row.cell(cell.column), c, methods);
-    reading.check_conductor(c, methods);
+    reading.check_conductor(c, methods, conductor,
+                            [&](const InputCell& cell) { return row.cell(cell.column); });
 }
 
 }  // namespace zel::excel_batch

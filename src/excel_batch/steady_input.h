@@ -13,8 +13,8 @@ namespace zel::excel_batch {
 
 /// `S_02_io_excel_Fixed_input_einlesen_pruefen_stat`: reads the sheet `fixed_input`, which is
 /// selected, as a workbook of `wanted` into `c`, whose conductor stands where no cell names it.
-/// Every wrong cell is told through `reading`; a wrong identifier, a wrong flag and methods that
-/// exclude each other end it.
+/// Every wrong cell is told through `reading`; a wrong identifier and methods that exclude each
+/// other end it.
 void S_02_io_excel_Fixed_input_einlesen_pruefen_stat(Workbook& workbook, WorkbookKind wanted,
                                                      LangId lang, CalcCase& c,
                                                      CellReading& reading);

@@ -86,15 +86,19 @@ const std::vector<FieldKey>& fields_usually_zero() {
 
 using Content = std::variant<std::monostate, double, std::string>;
 
-/// The value of a conductor's field; without a conductor what is usual.
-Content conductor_value(const FieldKey& field, const std::optional<CalcCase>& conductor) {
+/// The value of a conductor's field; without a conductor what is usual. A code that is no choice
+/// leaves the cell empty.
+Content conductor_value(const InputCell& cell, const std::optional<CalcCase>& conductor) {
+    const FieldKey& field = cell.field;
     const auto& usual = fields_usually_zero();
     if (!conductor)
         return std::find(usual.begin(), usual.end(), field) == usual.end() ? Content{}
                                                                            : Content{0.0};
     if (const auto* entry = std::get_if<Entry CalcCase::*>(&field))
         return (*conductor.*(*entry)).value;
-    return static_cast<double>(*conductor.*std::get<std::int16_t CalcCase::*>(field));
+    const double code = *conductor.*std::get<std::int16_t CalcCase::*>(field);
+    if (cell.limits != nullptr && !holds(*cell.limits, code)) return {};
+    return code;
 }
 
 class FixedSheet {
@@ -220,7 +224,7 @@ SheetDesign steady_fixed(WorkbookKind kind, LangId lang, const std::optional<Cal
     if (kind == WorkbookKind::SteadyVar) return sheet.take();
     sheet.add_headings(conductor_headings);
     for (const InputCell& cell : conductor_cells())
-        sheet.add(cell, conductor_value(cell.field, conductor));
+        sheet.add(cell, conductor_value(cell, conductor));
     return sheet.take();
 }
 
@@ -255,7 +259,7 @@ SheetDesign steady_rows(WorkbookKind kind, LangId lang, const std::optional<Calc
     if (var)
         for (const InputCell& cell : conductor_cells()) {
             sheet.add(cell, cell.column);
-            sheet.add_value(cell.column, conductor_value(cell.field, conductor));
+            sheet.add_value(cell.column, conductor_value(cell, conductor));
         }
     add_steady_results(sheet, kind, lang);
     return sheet.take();
@@ -265,9 +269,8 @@ SheetDesign transient_fixed(LangId lang, const std::optional<CalcCase>& conducto
     FixedSheet sheet(WorkbookKind::Transient, lang);
     sheet.add_headings(transient_headings);
     for (const InputCell& cell : transient_fixed_cells())
-        sheet.add(cell, cell.fixed_row < first_conductor_row
-                            ? Content{}
-                            : conductor_value(cell.field, conductor));
+        sheet.add(cell, cell.fixed_row < first_conductor_row ? Content{}
+                                                             : conductor_value(cell, conductor));
     for (int n = 1; n <= most_percent_values; ++n) {
         const std::string label = "PATL " + std::to_string(n);
         const int row = first_percent_row + n - 1;

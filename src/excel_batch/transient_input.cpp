@@ -61,7 +61,8 @@ void S_102_io_excel_Fixed_input_einlesen_pruefen_transient(Workbook& workbook, L
         else
             reading.take(cell, text, c, methods);
     }
-    reading.check_conductor(c, methods);
+    reading.check_conductor(c, methods, transient_fixed_cells(),
+                            [&](const InputCell& cell) { return cells.at(cell.fixed_row); });
     take_percents(cells, lang, fixed, reading);
 }
 

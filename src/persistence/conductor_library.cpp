@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/input_error.h"
+
 namespace zel {
 
 ConductorLibrary::ConductorLibrary(Files& files, LibraryPlaces places, DecimalSeparator separator)
@@ -11,7 +13,7 @@ ConductorLibrary::ConductorLibrary(Files& files, LibraryPlaces places, DecimalSe
     const std::string shipped = places_.shipped_folder + "/conductors.csv";
     materials_ = read_materials(files_.content(materials), materials, separator_);
     shipped_ = read_conductors(files_.content(shipped), shipped, materials_, separator_);
-    conductors_ = read_own();
+    read_own();
     conductors_.insert(conductors_.end(), shipped_.begin(), shipped_.end());
 }
 
@@ -22,9 +24,12 @@ std::vector<LibraryConductor> ConductorLibrary::own_in(const std::string& table)
     return own;
 }
 
-std::vector<LibraryConductor> ConductorLibrary::read_own() {
-    if (!files_.exists(places_.own_file)) return {};
-    return own_in(files_.content(places_.own_file));
+void ConductorLibrary::read_own() {
+    try {
+        if (files_.exists(places_.own_file)) conductors_ = own_in(files_.content(places_.own_file));
+    } catch (const InputError& error) {
+        refusal_of_own_ = error.what();
+    }
 }
 
 void ConductorLibrary::keep(const LibraryConductor& conductor, const LibraryConductor* former) {

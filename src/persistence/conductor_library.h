@@ -18,12 +18,15 @@ struct LibraryPlaces {
 /// The shipped conductors and the user's own. Only the user's file is ever written.
 class ConductorLibrary {
 public:
-    /// Reads both. Throws `InputError` where the shipped library is missing, and where a file is
-    /// refused (see `read_conductors`).
+    /// Reads both. Throws `InputError` where the shipped library is missing or refused.
     ConductorLibrary(Files& files, LibraryPlaces places, DecimalSeparator separator);
 
     /// All conductors, the user's own first.
     [[nodiscard]] const std::vector<LibraryConductor>& conductors() const { return conductors_; }
+
+    /// Why the user's file is refused (see `read_conductors`), and so none of its conductors is
+    /// here; empty where it is sound or missing. It is then not written either.
+    [[nodiscard]] const std::string& refusal_of_own() const { return refusal_of_own_; }
 
     /// Takes `conductor` into the user's file, in place of `former` where that is one of them. The
     /// file is read anew before, so that what another program put there stays. Throws `InputError`
@@ -37,7 +40,7 @@ public:
 
 private:
     [[nodiscard]] std::vector<LibraryConductor> own_in(const std::string& table) const;
-    [[nodiscard]] std::vector<LibraryConductor> read_own();
+    void read_own();
     void change_own(const std::function<void(std::vector<LibraryConductor>&)>& change);
 
     Files& files_;
@@ -46,6 +49,7 @@ private:
     std::vector<Material> materials_;
     std::vector<LibraryConductor> shipped_;
     std::vector<LibraryConductor> conductors_;
+    std::string refusal_of_own_;
 };
 
 }  // namespace zel

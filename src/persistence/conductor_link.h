@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 
 #include "platform/files.h"
 #include "platform/message_box.h"
@@ -21,10 +22,16 @@ namespace zel {
 [[nodiscard]] std::optional<Box> wrong_kind(const MethodSelection& methods,
                                             std::int16_t conductor_type_db, LangId lang);
 
+/// The conductor of the exchange file, or the box that tells that the file is missing or empty.
+/// Throws `InputError` where the file cannot be read or holds no numbers.
+[[nodiscard]] std::variant<ConductorData, Box> exchanged_conductor(Files& files,
+                                                                   const std::string& exchange_file,
+                                                                   DecimalSeparator separator,
+                                                                   LangId lang);
+
 /// Takes the conductor of the exchange file over into `c`: all that a record holds. What it does
-/// not hold stays as typed. Gives the box that tells why nothing was taken over: the file is
-/// missing or empty, or the conductor is of the wrong kind. Throws `InputError` where the file
-/// cannot be read or holds no numbers.
+/// not hold stays as typed. Gives the box that tells why nothing was taken over: there is no
+/// conductor, or it is of the wrong kind. Throws as `exchanged_conductor` does.
 [[nodiscard]] std::optional<Box> take_over_conductor(CalcCase& c, Files& files,
                                                      const std::string& exchange_file,
                                                      DecimalSeparator separator, LangId lang);

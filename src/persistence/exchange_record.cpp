@@ -16,7 +16,6 @@ namespace {
 
 using enum RecordType;
 
-constexpr std::string_view short_number = "##0";
 constexpr std::string_view resistance = "#0.0####";
 constexpr std::string_view temperature = "###0.0";
 constexpr std::string_view area = "####0.0###";
@@ -30,8 +29,8 @@ constexpr RecordField fields[] = {
     {&CalcCase::Bezeichnung1_db, 0, Text, 50},
     {&CalcCase::Bezeichnung2_db, 50, Text, 50},
     {&CalcCase::Norm_db, 100, Text, 50},
-    {&CalcCase::Normjahr_db, 150, Int16, 2, "0000"},
-    {&CalcCase::Normmonat_db, 152, Int16, 2, "00"},
+    {&CalcCase::Normjahr_db, 150, Int16, 2},
+    {&CalcCase::Normmonat_db, 152, Int16, 2},
     {&CalcCase::conductor_type_db, 154, Single, 4},
     {&CalcCase::conductor_shape_db, 158, Single, 4},
     {&CalcCase::Seilquerschnitt_db, 162, Single, 4, area},
@@ -54,9 +53,9 @@ constexpr RecordField fields[] = {
     {&CalcCase::ACR6_db, 488, Single, 4, resistance},
     {&CalcCase::TACR6_db, 492, Single, 4, temperature},
     {&CalcCase::DCR_20_db, 496, Single, 4, resistance},
-    {&CalcCase::DrahtzahlLeiter_db, 504, Int16, 2, short_number},
+    {&CalcCase::DrahtzahlLeiter_db, 504, Int16, 2},
     {&CalcCase::DrahtdurchmesserLeiter_db, 506, Single, 4, "######0.0###"},
-    {&CalcCase::DrahtlagenzahlLeiter_db, 510, Int16, 2, short_number},
+    {&CalcCase::DrahtlagenzahlLeiter_db, 510, Int16, 2},
     {&CalcCase::Mantelquerschnitt_db, 512, Single, 4, "#####0.0###"},
     {&CalcCase::Dichte_Leiterwerkstoff1_db, 516, Double, 8, whole},
     {&CalcCase::c_leiter20_db, 524, Double, 8, whole},
@@ -64,7 +63,7 @@ constexpr RecordField fields[] = {
     {&CalcCase::DC_Resist_Leiter_db, 540, Single, 4, resistivity},
     {&CalcCase::T_Koeff_DC_Resist_Leiter_linear_db, 544, Double, 8, linear_coefficient},
     {&CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db, 552, Single, 4, resistivity},
-    {&CalcCase::DrahtzahlTraeger_db, 556, Int16, 2, short_number},
+    {&CalcCase::DrahtzahlTraeger_db, 556, Int16, 2},
     {&CalcCase::DrahtdurchmesserTraeger_db, 558, Single, 4, area},
     {&CalcCase::KerndurchmesserTraeger_db, 562, Single, 4, area},
     {&CalcCase::KernquerschnittTraeger_db, 566, Single, 4, area},

@@ -22,7 +22,7 @@ enum class RecordType : std::uint8_t {
     Double,  // IEEE, 64 bits
 };
 
-/// A field of the record, and how its number is shown once it is taken over.
+/// A field of the record, and how its float is shown once it is taken over.
 struct RecordField {
     FieldKey field;
     std::size_t offset;

@@ -35,13 +35,13 @@ public:
 
     std::vector<std::string> findings() {
         const bool tube = c_.conductor_type_db == tubular_busbar;
+        conductor_ = value(c_.Mantelquerschnitt_db);
+        core_ = value(c_.KernquerschnittTraeger_db);
         if (tube)
             judge_tube();
         else if (c_.conductor_shape_db == 1)
             judge_wires();
-        judge_area(total_area, c_.Seilquerschnitt_db,
-                   value(c_.Mantelquerschnitt_db) + value(c_.KernquerschnittTraeger_db),
-                   c_.Mantelquerschnitt_db.given());
+        if (conductor_ > 0) judge_area(total_area, c_.Seilquerschnitt_db, conductor_ + core_);
         if (tube)
             judge_resistance(1 - area_tolerance, 1 + area_tolerance);
         else
@@ -56,36 +56,39 @@ private:
     void judge_tube() {
         const double D = value(c_.Seildurchmesser_db);
         const double wall = value(c_.DrahtdurchmesserLeiter_db);
-        judge_area(conductor_area, c_.Mantelquerschnitt_db, disc(D) - disc(D - 2 * wall),
-                   D > 0 && wall > 0);
-        judge_diameter(inner_diameter, c_.KerndurchmesserTraeger_db, D - 2 * wall,
-                       D > 0 && wall > 0);
+        if (D <= 0 || wall <= 0) return;
+        conductor_ = disc(D) - disc(D - 2 * wall);
+        judge_area(conductor_area, c_.Mantelquerschnitt_db, conductor_);
+        judge_diameter(inner_diameter, c_.KerndurchmesserTraeger_db, D - 2 * wall);
     }
 
     void judge_wires() {
         const double d = value(c_.DrahtdurchmesserLeiter_db);
-        judge_area(conductor_area, c_.Mantelquerschnitt_db, c_.DrahtzahlLeiter_db * disc(d),
-                   c_.DrahtzahlLeiter_db > 0 && d > 0);
+        if (c_.DrahtzahlLeiter_db > 0 && d > 0) {
+            conductor_ = c_.DrahtzahlLeiter_db * disc(d);
+            judge_area(conductor_area, c_.Mantelquerschnitt_db, conductor_);
+        }
         const double core_wire = value(c_.DrahtdurchmesserTraeger_db);
-        judge_area(core_area, c_.KernquerschnittTraeger_db,
-                   c_.DrahtzahlTraeger_db * disc(core_wire),
-                   c_.DrahtzahlTraeger_db > 0 && core_wire > 0);
+        if (c_.DrahtzahlTraeger_db > 0 && core_wire > 0) {
+            core_ = c_.DrahtzahlTraeger_db * disc(core_wire);
+            judge_area(core_area, c_.KernquerschnittTraeger_db, core_);
+        }
         // Without a core the innermost layer is one wire.
         const bool homogeneous = c_.conductor_type_db == homogeneous_conductor;
         const double core = homogeneous ? -d : value(c_.KerndurchmesserTraeger_db);
-        judge_diameter(outer_diameter, c_.Seildurchmesser_db,
-                       core + 2 * c_.DrahtlagenzahlLeiter_db * d,
-                       c_.DrahtlagenzahlLeiter_db > 0 && d > 0 && core != 0);
+        if (c_.DrahtlagenzahlLeiter_db > 0 && d > 0 && core != 0)
+            judge_diameter(outer_diameter, c_.Seildurchmesser_db,
+                           core + 2 * c_.DrahtlagenzahlLeiter_db * d);
     }
 
-    void judge_area(const Text& name, const Entry& area, double computed, bool known) {
-        if (!known || value(area) <= 0) return;
+    void judge_area(const Text& name, const Entry& area, double computed) {
+        if (value(area) <= 0) return;
         if (std::abs(computed / area.value - 1) <= area_tolerance + rounding) return;
         tell(area_text, name, area.value, computed);
     }
 
-    void judge_diameter(const Text& name, const Entry& diameter, double computed, bool known) {
-        if (!known || value(diameter) <= 0) return;
+    void judge_diameter(const Text& name, const Entry& diameter, double computed) {
+        if (value(diameter) <= 0) return;
         if (std::abs(computed - diameter.value) <= diameter_tolerance + rounding) return;
         tell(diameter_text, name, diameter.value, computed);
     }
@@ -113,6 +116,8 @@ private:
 
     const ConductorData& c_;
     LangId lang_;
+    double conductor_ = 0;  // mm², of the conductor layers: by the wires, where they are known,
+    double core_ = 0;       // mm², of the core
     std::vector<std::string> findings_;
 };
 

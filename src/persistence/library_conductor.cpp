@@ -24,6 +24,15 @@ std::string plain(std::string_view name) {
     return out;
 }
 
+/// Takes the digits off the front of `text`, without zeros before them.
+std::string_view take_number(std::string_view& text) {
+    const std::size_t end = std::min(text.find_first_not_of("0123456789"), text.size());
+    std::string_view digits = text.substr(0, end);
+    text.remove_prefix(end);
+    while (digits.size() > 1 && digits.front() == '0') digits.remove_prefix(1);
+    return digits;
+}
+
 /// The fewest letters to put in, take out or replace that make `a` of `b`.
 std::size_t distance(const std::string& a, const std::string& b) {
     std::vector<std::size_t> row(b.size() + 1);
@@ -61,14 +70,17 @@ std::string list_of(const std::vector<const LibraryConductor*>& conductors) {
 std::vector<const LibraryConductor*> nearest(std::span<const LibraryConductor> library,
                                              const std::string& name) {
     const std::string wanted = plain(name);
+    if (wanted.empty()) return {};
     std::vector<std::pair<std::size_t, const LibraryConductor*>> all;
     for (const LibraryConductor& conductor : library)
         all.emplace_back(distance_to(conductor, wanted), &conductor);
     std::stable_sort(all.begin(), all.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });
+    // Where some hold the name, those that are only alike are left out.
+    const std::size_t most = !all.empty() && all.front().first == 0 ? 0 : wanted.size() / 2;
     std::vector<const LibraryConductor*> near;
     for (const auto& [far, conductor] : all)
-        if (near.size() < most_near && far <= wanted.size() / 2) near.push_back(conductor);
+        if (near.size() < most_near && far <= most) near.push_back(conductor);
     return near;
 }
 
@@ -135,6 +147,28 @@ void offer(Entry& field, double value, DecimalSeparator separator) {
 }
 
 }  // namespace
+
+bool text_before(std::string_view a, std::string_view b) {
+    const std::string left = plain(a);
+    const std::string right = plain(b);
+    std::string_view x = left;
+    std::string_view y = right;
+    while (!x.empty() && !y.empty()) {
+        const std::string_view m = take_number(x);
+        const std::string_view n = take_number(y);
+        if (!m.empty() && !n.empty()) {
+            if (m.size() != n.size()) return m.size() < n.size();
+            if (m != n) return m < n;
+            continue;
+        }
+        const std::string_view s = m.empty() ? x.substr(0, 1) : m;
+        const std::string_view t = n.empty() ? y.substr(0, 1) : n;
+        if (s != t) return s < t;
+        x.remove_prefix(1);
+        y.remove_prefix(1);
+    }
+    return x.size() < y.size();
+}
 
 std::string full_name(const LibraryConductor& conductor) {
     const auto& [first, second] =

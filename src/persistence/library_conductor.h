@@ -42,6 +42,10 @@ struct LibraryConductor {
 /// Whether both conductors have the same two designations.
 [[nodiscard]] bool same_name(const LibraryConductor& a, const LibraryConductor& b);
 
+/// Whether the text `a` comes before `b`, whatever the case of the letters; numbers in them count
+/// as numbers: "34-AL1" comes before "122-AL1".
+[[nodiscard]] bool text_before(std::string_view a, std::string_view b);
+
 /// The conductor with that name; one of the user's own comes before a shipped one with the same two
 /// designations. Throws `InputError` listing the near ones where none or more than one is meant.
 [[nodiscard]] const LibraryConductor& find_conductor(std::span<const LibraryConductor> library,

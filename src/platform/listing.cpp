@@ -27,7 +27,8 @@ void Listing::add_caption(std::string_view caption) { rows_.emplace_back(caption
 
 std::string Listing::text() const {
     std::size_t width = 0;
-    for (const auto& [label, value] : rows_) width = std::max(width, width_of(label));
+    for (const auto& [label, value] : rows_)
+        if (!value.empty()) width = std::max(width, width_of(label));
     std::string out;
     for (const auto& [label, value] : rows_)
         out += value.empty() ? "\n" + label + "\n" : "  " + padded(label, width + 2) + value + "\n";

@@ -220,12 +220,12 @@ constexpr SettingRow rows[] = {
      Keeping::WrittenOnly},
 };
 
-/// The first characters of a text in UTF-8, none of them in part.
-std::string_view cut_off(std::string_view text) {
+/// The first `most` characters of a text in UTF-8, none of them in part.
+std::string_view cut_off(std::string_view text, std::size_t most) {
     std::size_t characters = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const bool starts = (static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U;
-        if (starts && ++characters > longest_text) return text.substr(0, i);
+        if (starts && ++characters > most) return text.substr(0, i);
     }
     return text;
 }
@@ -271,10 +271,13 @@ const SettingRow* find_setting(std::string_view key) {
     return found == std::end(rows) ? nullptr : found;
 }
 
-std::string as_read(std::string_view text) { return without_outer_blanks(cut_off(text)); }
+std::string as_read(std::string_view text) {
+    return without_outer_blanks(cut_off(text, longest_text));
+}
 
 bool is_missing_path(std::string_view text) {
-    return text.size() < shortest_path || text.starts_with(nothing_found);
+    const bool is_short = cut_off(text, shortest_path - 1) == text;
+    return is_short || text.starts_with(nothing_found);
 }
 
 double ProgramSettings::g() const { return gravity(Gravi_merker); }

@@ -73,10 +73,8 @@ bool choose_language(Settings& settings, const StartupPlatform& platform, bool m
 /// A language that holds for this run only is the default of the reports all the same.
 void reread(Settings& settings, LangId lang) {
     settings.reread_all();
-    const auto number = static_cast<std::int16_t>(lang);
-    settings.set_for_this_run(&ProgramSettings::LangId_screen, number);
-    if (!settings.stored(*find_setting("LangId_print")))
-        settings.set_for_this_run(&ProgramSettings::LangId_print, number);
+    settings.set_for_this_run(&ProgramSettings::LangId_screen, static_cast<std::int16_t>(lang));
+    settings.reread(&ProgramSettings::LangId_print);
 }
 
 /// False where the program cannot work without what is missing.

@@ -15,8 +15,11 @@ bool judges_equipment(const C& c) { return c.Leiter_Bmittel == equipment; }
 /// A frequency of 0 divides by zero; a negative one lets the factor m grow beyond all numbers.
 bool current_is_infinite(const C& c) {
     if (c.Frequenz_ks.value == 0) return true;
-    return !std::isfinite(KS_Auswertung(c).I_th);
+    return std::isinf(KS_Auswertung(c).I_th);
 }
+
+/// Where Ik'' is but hundred-thousandths of Ik, the factor n is negative, and m + n with it.
+bool current_is_no_number(const C& c) { return std::isnan(KS_Auswertung(c).I_th); }
 
 /// Conductivity at a temperature relative to that at 20 °C, inverted.
 double g(const C& c, double temperature) { return (temperature - 20) * c.Tk20_ks.value + 1; }
@@ -37,6 +40,9 @@ constexpr Fault faults[] = {
      "Der Faktor kappa muß kleiner als 2 sein !", ks_input_page, &C::Kappa},
     {computes_current, current_is_infinite,
      "Die Frequenz des Stromkreises muß größer als 0 Hz sein !", ks_input_page, &C::Frequenz_ks},
+    {computes_current, current_is_no_number,
+     "Der Dauerkurzschlußwechselstrom Ik ist zu hoch für diesen Anfangskurzschlußwechselstrom Ik'' !",
+     ks_input_page, &C::IK},
     {judges_equipment, [](const C& c) { return c.Tkr.value < 0; },
      "Die Bemessungs-Kurzzeit T_kr darf nicht negativ sein !", ks_input_page, &C::Tkr},
     {judges_conductor, [](const C& c) { return c.Tk20_ks.value == 0; },

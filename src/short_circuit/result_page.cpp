@@ -3,6 +3,8 @@
 #include <array>
 #include <cstddef>
 
+#include "platform/listing.h"
+
 namespace zel {
 namespace {
 
@@ -42,7 +44,7 @@ constexpr FlowRow flow_rows[] = {
 
 KsResultGroup flow_group(const ShortCircuitCase& c, const ShortCircuitResult& result,
                          DecimalSeparator separator) {
-    KsResultGroup group{flow_caption, {}};
+    KsResultGroup group{flow_caption, {}, std::size(flow_rows)};
     for (const auto& [flow, value, label, mask, unit] : flow_rows) {
         const bool there = static_cast<std::int16_t>(flow) < c.Anzahl_KS_fluesse;
         group.rows.push_back(
@@ -106,6 +108,17 @@ KsResultPage KS_Ergebnisanzeige(const ShortCircuitCase& c, const ShortCircuitRes
     if (result.verdict_Betriebsmittel != 0)
         page.groups.push_back(equipment_group(c, result, separator));
     return page;
+}
+
+std::string result_text(const KsResultPage& page) {
+    Listing listing;
+    for (const KsResultGroup& group : page.groups) {
+        listing.add_caption(group.caption);
+        for (const auto& [label, value, unit] : group.rows)
+            if (!value.empty())
+                listing.add(label, unit.empty() ? value : value + " " + std::string(unit));
+    }
+    return std::string(page.verdict) + "\n" + listing.text();
 }
 
 }  // namespace zel

@@ -22,6 +22,7 @@ struct KsResultRow {
 struct KsResultGroup {
     std::string_view caption;
     std::vector<KsResultRow> rows;
+    std::size_t flow_rows = 0;  // the first rows tell of the flows, m, n and I_th of each in turn
 };
 
 struct KsResultPage {
@@ -41,5 +42,8 @@ inline constexpr Colour colour_of_empty = {192, 192, 192};  // cells of flows be
 [[nodiscard]] KsResultPage KS_Ergebnisanzeige(const ShortCircuitCase& c,
                                               const ShortCircuitResult& result,
                                               DecimalSeparator separator);
+
+/// The page as plain text, such as the clipboard takes; empty cells are left out.
+[[nodiscard]] std::string result_text(const KsResultPage& page);
 
 }  // namespace zel

@@ -1,23 +1,16 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
+#include "persistence/case_file.h"
 #include "platform/flat_object.h"
-#include "platform/message_box.h"
 #include "short_circuit/short_circuit_form.h"
 
 namespace zel {
 
-/// A typed text or number that its box refused, with what is told about it.
-struct KsRefusedMember {
-    std::string field;
-    Box box;
-};
-
 struct ShortCircuitFile {
     ShortCircuitForm form;
-    std::vector<KsRefusedMember> refused;  // they count as no input
+    std::vector<RefusedText> refused;  // they count as no input
 };
 
 /// Makes a case of named values, as if a form were filled in: the four selections first, then the

@@ -6,6 +6,8 @@
 
 #include "platform/rounding.h"
 #include "short_circuit/conductor_materials.h"
+#include "short_circuit/short_circuit_fields.h"
+#include "steady/respell.h"
 
 namespace zel {
 namespace {
@@ -61,6 +63,12 @@ std::optional<KsEntryRefusal> ShortCircuitForm::change(KsBox box, std::string_vi
         typed_into_.reset();
     }
     return enter(content_.*box, box, text, separator, lang);
+}
+
+void ShortCircuitForm::respell(DecimalSeparator from, DecimalSeparator to) {
+    for (const KsField& field : short_circuit_fields())
+        if (const auto* box = std::get_if<KsBox>(&field.key))
+            zel::respell(content_.**box, from, to);
 }
 
 std::vector<KsRefusedText> ShortCircuitForm::take_over(const ConductorData& record,
@@ -138,6 +146,18 @@ Box new_case_question(LangId lang) {
         Buttons::YesNo,
         Answer::No};
     return box_in(lang, question);
+}
+
+Box conductor_database_not_started() {
+    constexpr BoxText told = {Icon::Stop,
+                              {" Fehler bei Programmstart..."},
+                              {"Für das Seildatenbank-Programm wurde bisher kein Pfad festgelegt.\n"
+                               "Sie müssen zunächst einen Pfad im Menü festlegen !\n"
+                               " oder :\n"
+                               "Unter dem festgelegten Pfad befindet sich \n"
+                               "kein entsprechendes Programm mehr.\n"
+                               "Legen Sie bitte den Pfad neu fest !"}};
+    return box_in(LangId::German, told);
 }
 
 }  // namespace zel

@@ -53,6 +53,10 @@ public:
     std::vector<KsRefusedText> take_over(const ConductorData& record, DecimalSeparator separator,
                                          LangId lang);
 
+    /// Writes every number that was typed with the separator `from` with the separator `to`. The
+    /// numbers themselves do not change.
+    void respell(DecimalSeparator from, DecimalSeparator to);
+
     /// A field that a conductor's record brings, as it stands in a file.
     template <class Field, class Value>
     void set_record(Field ShortCircuitCase::*field, Value value) {
@@ -78,5 +82,8 @@ private:
 
 /// Asked before a new case is started; lines and buttons in both languages.
 [[nodiscard]] Box new_case_question(LangId lang);
+
+/// Told where the conductor database cannot be started; German in every language.
+[[nodiscard]] Box conductor_database_not_started();
 
 }  // namespace zel

@@ -9,4 +9,7 @@ namespace zel {
 /// that is no number stays as it is; the doubles do not change.
 void respell(CalcCase& c, DecimalSeparator from, DecimalSeparator to);
 
+/// The same of one number.
+void respell(Entry& field, DecimalSeparator from, DecimalSeparator to);
+
 }  // namespace zel

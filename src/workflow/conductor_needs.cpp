@@ -26,19 +26,34 @@ bool is_kind_check(const Check& check) {
            std::end(kind_checks);
 }
 
-}  // namespace
-
-std::vector<std::string> missing_for(const CalcCase& c, Method method, LangId lang) {
+CalcCase with_only(const CalcCase& c, Method method) {
     CalcCase alone = c;
     static_cast<MethodSelection&>(alone) = MethodSelection{};
     alone.ACDC_R_Option_Merker_db = c.ACDC_R_Option_Merker_db;
     alone.GMR_Merker_db = c.GMR_Merker_db;
     alone.*flag_of(method) = 1;
-    const unsigned methods = steady_check::selected(alone);
+    return alone;
+}
+
+bool refuses(const Check& check, const CalcCase& c) {
+    return (check.rule.applies & steady_check::selected(c)) != 0 && check.rule.refuses(c);
+}
+
+}  // namespace
+
+bool is_for_kind(const CalcCase& c, Method method) {
+    const CalcCase alone = with_only(c, method);
+    const auto checks = steady_check::input_checks();
+    return std::none_of(checks.begin(), checks.end(), [&](const Check& check) {
+        return is_kind_check(check) && refuses(check, alone);
+    });
+}
+
+std::vector<std::string> missing_for(const CalcCase& c, Method method, LangId lang) {
+    const CalcCase alone = with_only(c, method);
     std::vector<std::string> missing;
     const auto ask = [&](const Check& check) {
-        if ((check.rule.applies & methods) != 0 && check.rule.refuses(alone))
-            missing.push_back(in_one_line(check.lines.in(lang)));
+        if (refuses(check, alone)) missing.push_back(in_one_line(check.lines.in(lang)));
     };
     for (const Check& check : steady_check::input_checks())
         if (is_kind_check(check)) ask(check);

@@ -12,7 +12,7 @@ TEST(Program, tells_its_version_and_its_commands) {
     EXPECT_EQ(run_zel({"--version"}, ".").output, "ZEL V.8.2\n");
     const ProcessResult help = run_zel({"--help"}, ".");
     EXPECT_EQ(help.exit_status, 0);
-    for (const char* command : {"steady", "settings", "desktop"})
+    for (const char* command : {"steady", "short-circuit", "settings", "desktop"})
         EXPECT_THAT(help.output, HasSubstr(command));
 }
 
@@ -35,6 +35,19 @@ TEST(Program, rates_the_shipped_examples) {
     EXPECT_THAT(result.output, HasSubstr("2-conductor-bundle by Cigre TB 207 :      1331 A"));
     EXPECT_THAT(run_zel({"steady", "examples/tube-120x8.json"}, ZEL_SOURCE_DIR).output,
                 HasSubstr("single conductor by Puffer :  3167 A"));
+}
+
+TEST(Program, judges_the_shipped_examples) {
+    const ProcessResult line =
+        run_zel({"short-circuit", "examples/short-circuit-264-34.json"}, ZEL_SOURCE_DIR);
+    EXPECT_EQ(line.exit_status, 0) << line.errors;
+    EXPECT_EQ(line.errors, "");
+    EXPECT_THAT(line.output, HasSubstr("Der Leiter ist thermisch kurzschlußfest !"));
+    EXPECT_THAT(line.output, HasSubstr("I_th :       34.96 kA"));
+    const ProcessResult breaker =
+        run_zel({"short-circuit", "examples/short-circuit-circuit-breaker.json"}, ZEL_SOURCE_DIR);
+    EXPECT_EQ(breaker.exit_status, 0) << breaker.errors;
+    EXPECT_THAT(breaker.output, HasSubstr("Das Betriebsmittel ist thermisch nicht kurzschlußfest"));
 }
 
 TEST(Program, says_that_there_is_no_display_for_the_windows) {

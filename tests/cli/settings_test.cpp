@@ -11,6 +11,7 @@ namespace {
 
 using nlohmann::json;
 using testing::HasSubstr;
+using testing::Not;
 
 class SettingsCommand : public testing::Test {
 protected:
@@ -74,6 +75,16 @@ TEST_F(SettingsCommand, warning_below_the_minima_reaches_a_rating) {
     EXPECT_LT(messages(), with_advice);
     EXPECT_EQ(run({"set", "wi_v_wi_merker", "-1"}).exit_status, 0);
     EXPECT_EQ(messages(), with_advice);
+}
+
+TEST_F(SettingsCommand, conductor_columns_reach_a_batch_that_is_not_told_of_them) {
+    const std::string workbook = home.file("rows.xlsx");
+    ASSERT_EQ(run_zel({"template", "steady-var", "-o", workbook}, ".", "", home.path()).exit_status,
+              0);
+    const auto refusal = [&] { return run_zel({"batch", workbook}, ".", "", home.path()).errors; };
+    EXPECT_THAT(refusal(), HasSubstr("without editing option for conductor data"));
+    run({"set", "Excel_Leiterdaten_Merker", "1"});
+    EXPECT_THAT(refusal(), Not(HasSubstr("without editing option for conductor data")));
 }
 
 TEST_F(SettingsCommand, refuses_and_writes_nothing) {

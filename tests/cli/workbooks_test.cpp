@@ -144,6 +144,32 @@ TEST_F(Workbooks, settings_stand_in_for_options_that_are_not_given) {
     EXPECT_EQ(status({}), 0);
 }
 
+TEST_F(Workbooks, a_conductor_fills_what_no_cell_names) {
+    take_sample("saved_by_openpyxl.xlsx");
+    {
+        auto workbook = open();
+        workbook->select("fixed_input");
+        for (const int row : {77, 83, 88}) workbook->clear({row, 3, row, 3});
+        workbook->save();
+    }
+    const ProcessResult without = run_zel({"batch", path}, ".");
+    EXPECT_THAT(without.errors, HasSubstr("cell C77 of worksheet fixed_input"));
+    EXPECT_EQ(without.exit_status, 1);
+    const ProcessResult with = run_zel({"batch", path, "--conductor", "264-AL1/34-ST1A"}, ".");
+    EXPECT_EQ(with.exit_status, 0) << with.errors;
+    EXPECT_EQ(text(5, 34), "495");
+    EXPECT_EQ(run_zel({"batch", path, "--conductor", "none such"}, ".").exit_status, 2);
+}
+
+TEST_F(Workbooks, a_template_takes_a_conductor) {
+    ASSERT_EQ(run_zel({"template", "transient", "-o", path, "--conductor", "264-AL1/34-ST1A"}, ".")
+                  .exit_status,
+              0);
+    EXPECT_EQ(text(23, 3, "fixed_input"), "22,3999996185303");  // as a record holds it
+    EXPECT_EQ(text(21, 3, "fixed_input"), "2");
+    EXPECT_EQ(text(11, 3, "fixed_input"), "");
+}
+
 TEST_F(Workbooks, the_shipped_templates_stay_as_they_are) {
     const fs::path data = folder / ".local/share/ZEL V.8.2";
     fs::create_directories(data);

@@ -17,6 +17,7 @@
 #include "desktop/form_main.h"
 #include "desktop/qt_text.h"
 #include "fakes/memory_case_store.h"
+#include "fakes/memory_files.h"
 #include "fakes/memory_settings.h"
 #include "fakes/recording_launcher.h"
 #include "fakes/scripted_chooser.h"
@@ -42,6 +43,7 @@ protected:
                                      chooser,
                                      settings,
                                      launcher});
+        state->conductors = {&disk, {"/shipped", "/data/conductors.csv"}};
         state->session.memory = &state->memory;
         form_main = std::make_unique<FormMain>(*state);
         form_main->show();
@@ -107,6 +109,7 @@ protected:
     MemorySettings shared_settings, user_settings;
     Settings settings{shared_settings, user_settings, "/data"};
     RecordingLauncher launcher;
+    MemoryFiles disk;
     std::unique_ptr<DesktopState> state;
     std::unique_ptr<FormMain> form_main;
 };

@@ -1,8 +1,14 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QKeySequence>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <set>
+#include <utility>
+#include <vector>
 
 #include "desktop/application.h"
 #include "desktop/config_options.h"
@@ -37,6 +43,7 @@ protected:
     /// What the next start would read.
     ProgramSettings read_again() { return Settings(shared_settings, user_settings, "/data").now(); }
     void english() { open({}, LangId::English, DecimalSeparator::Point); }
+    std::vector<QWidget*> windows() { return {form_main.get(), &form1(), &form_main->ks_form1()}; }
 };
 
 TEST_F(SettingsWindows, every_option_takes_effect_is_kept_and_is_shown_again) {
@@ -153,32 +160,36 @@ TEST_F(SettingsWindows, a_separator_respells_what_is_typed) {
     EXPECT_THAT(dialogs.shown, IsEmpty());
 }
 
-TEST_F(SettingsWindows, menus_keep_each_choice_and_mark_it_in_both_windows) {
+TEST_F(SettingsWindows, menus_keep_each_choice_and_mark_it_in_all_windows) {
     english();
     const struct {
         const char *off, *on;
         NumberMember setting;
         std::int16_t off_value, on_value;
-        bool in_form1;
+        int windows;  // form_main, Form1, KS_Form1, in this order
     } rows[] = {
-        {"mstartMesswertaufnahme", "mstart_startfenster", &S::startfenster, 2, 1, true},
-        {"mDruckvorschau_aus", "mDruckvorschau_ein", &S::Druckvorschau, 2, 1, true},
-        {"MVollbildaus", "MVollbildein", &S::Vollbildmodus, 2, 1, false},
-        {"m_printer_german", "m_printer_english", &S::LangId_print, 1, 2, true},
+        {"mstartMesswertaufnahme", "mstart_startfenster", &S::startfenster, 2, 1, 2},
+        {"mDruckvorschau_aus", "mDruckvorschau_ein", &S::Druckvorschau, 2, 1, 3},
+        {"MVollbildaus", "MVollbildein", &S::Vollbildmodus, 2, 1, 1},
+        {"m_printer_german", "m_printer_english", &S::LangId_print, 1, 2, 3},
     };
-    for (const auto& [off, on, setting, off_value, on_value, in_form1] : rows)
+    const std::vector<QWidget*> all = windows();
+    for (const auto& [off, on, setting, off_value, on_value, count] : rows)
         for (const bool to_on : {false, true}) {
             trigger(*form_main, to_on ? on : off);
             EXPECT_EQ(read_again().*setting, to_on ? on_value : off_value) << on;
-            for (QWidget* window :
-                 {static_cast<QWidget*>(form_main.get()), static_cast<QWidget*>(&form1())}) {
-                if (window == &form1() && !in_form1) continue;
-                EXPECT_EQ(checked(*window, on), to_on) << on;
-                EXPECT_EQ(checked(*window, off), !to_on) << off;
+            for (std::size_t i = 0; i < all.size(); ++i) {
+                const bool has_it = std::cmp_less(i, count);
+                EXPECT_EQ(all[i]->findChild<QAction*>(on) != nullptr, has_it) << on;
+                if (!has_it) continue;
+                EXPECT_EQ(checked(*all[i], on), to_on) << on;
+                EXPECT_EQ(checked(*all[i], off), !to_on) << off;
             }
         }
     EXPECT_TRUE(state->program.Druck_direkt);  // the on entry did not clear it
     EXPECT_EQ(form1().findChild<QAction*>("m_printer_french"), nullptr);
+    trigger(form_main->ks_form1(), "m_printer_spanish");
+    EXPECT_EQ(read_again().LangId_print, 4);
 }
 
 TEST_F(SettingsWindows, language_dialog_at_start_is_flipped) {
@@ -342,6 +353,24 @@ TEST_F(SettingsWindows, an_error_out_of_a_handler_is_told_and_the_program_goes_o
     application.tell_errors_by(nullptr);
     ASSERT_THAT(dialogs.shown, SizeIs(1));
     EXPECT_EQ(dialogs.shown[0].lines.at(0), "Error 76 in form_main.open_Form1");
+}
+
+TEST_F(SettingsWindows, no_letter_opens_two_entries_of_a_menu) {
+    for (const LangId lang : {LangId::German, LangId::English}) {
+        open({}, lang, DecimalSeparator::Point);
+        for (QWidget* window : windows()) {
+            QList<QWidget*> menus = {window->findChild<QMenuBar*>()};
+            for (QMenu* menu : window->findChildren<QMenu*>()) menus.append(menu);
+            for (const QWidget* menu : menus) {
+                std::set<QString> letters;
+                for (const QAction* action : menu->actions()) {
+                    const QString keys = QKeySequence::mnemonic(action->text()).toString();
+                    EXPECT_TRUE(keys.isEmpty() || letters.insert(keys).second)
+                        << action->text().toStdString();
+                }
+            }
+        }
+    }
 }
 
 TEST_F(SettingsWindows, a_setting_that_cannot_be_written_holds_for_the_run) {

@@ -123,8 +123,8 @@ inline MemorySheets cells_of(const WorkbookDesign& design) {
     return sheets;
 }
 
-class Batch : public testing::Test {
-protected:
+/// A workbook in memory, filled cell by cell, and runs of it.
+struct BatchOfRows {
     static constexpr const char* path = "/data/a.xlsx";
 
     MemorySheets& workbook() { return store.files[path]; }
@@ -221,5 +221,7 @@ protected:
 private:
     WorkbookKind kind_ = WorkbookKind::SteadyFix;
 };
+
+class Batch : public testing::Test, public BatchOfRows {};
 
 }  // namespace zel::excel_batch

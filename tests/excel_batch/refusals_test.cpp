@@ -126,7 +126,8 @@ const Refusal steady_refusals[] = {
      "at high currents.This conductor are absolutely not suitable \n"
      "for overhead lines with high ampacitiy / current densities.\n"
      "For further information see userbook ZEL\n"
-     "Please choose another conductor\nor another calculation method.",
+     "Please choose another conductor\nor another calculation method.\n"
+     "Worksheet fixed_input : column 3 / row 78\nIncorrect input value: 1",
      "Seilauswahl nicht passend zur Berechnungsmethode\n"
      "Das ausgewählte Seil ist ein Verbundleiter mit EINER Lage Leitermaterial\n"
      "und einem magnetischen Kern. \n"
@@ -134,7 +135,8 @@ const Refusal steady_refusals[] = {
      "aufgrund ihrer großen magnetischen Verlust ausgeschlossen\n"
      "und auch nicht für hochbelastete Leitungen geeignet.\n"
      "Weitere Erläuterungen siehe Benutzerhandbuch VOR\n"
-     "Bitte wählen sie ein anderes Seil oder ein anderes Berechnungsverfahren."},
+     "Bitte wählen sie ein anderes Seil oder ein anderes Berechnungsverfahren.\n"
+     "Arbeitsblatt fixed_input : Spalte 3 / Zeile 78\nInkorrekter Eingabewert: 1"},
     {"conductor columns",
      [](MemorySheet& fixed, MemorySheet&) { set(fixed, 2, 2, "DS80b_E_Conductor_var"); },
      "Incorrect input value\n"
@@ -199,6 +201,22 @@ TEST_F(Refusals, of_a_steady_workbook) {
     add_row(line_of_all_methods());
     const MemorySheets sound = workbook();
     for (const Refusal& refusal : steady_refusals) expect(refusal, sound);
+}
+
+TEST_F(Refusals, of_the_conductor_of_a_row) {
+    start_steady(WorkbookKind::SteadyVar, line_of_all_methods());
+    for (int i = 0; i < 2; ++i) add_row(line_of_all_methods());
+    const MemorySheets sound = workbook();
+    constexpr std::pair<int, double> cells[] = {{60, 1}, {38, tubular_busbar}};
+    for (const auto& [column, code] : cells) {
+        workbook() = sound;
+        rows()[{6, column}] = code;
+        const auto boxes = refusal();
+        ASSERT_EQ(boxes.size(), 3U);
+        EXPECT_THAT(text_of_box(boxes[0]),
+                    testing::HasSubstr("\nWorksheet variable_input_result : column " +
+                                       std::to_string(column) + " / row 6\n"));
+    }
 }
 
 TEST_F(Refusals, of_the_form_without_conductor_columns_where_they_are_wanted) {

@@ -1,6 +1,8 @@
 #include <random>
 
 #include "excel_batch/batch_fixture.h"
+#include "excel_batch/batch_texts.h"
+#include "platform/program_end.h"
 
 namespace zel::excel_batch {
 namespace {
@@ -265,6 +267,26 @@ TEST_F(SteadyBatch, a_failing_save_comes_through) {
     start_steady(WorkbookKind::SteadyFix, line_of_all_methods());
     store.at_save = [] { throw OutputError("/data/a.xlsx: No space left on device"); };
     EXPECT_THROW((void)run(), OutputError);
+}
+
+TEST_F(SteadyBatch, a_row_that_ends_the_program_is_named) {
+    CalcCase c = line_of_all_methods();
+    start_steady(WorkbookKind::SteadyVar, c);
+    add_row(c);
+    c.Seildurchmesser_db = typed(1e-6);
+    add_row(c);
+    try {
+        (void)run();
+        FAIL();
+    } catch (const ProgramEnd& end) {
+        EXPECT_STREQ(end.what(), "variable_input_result, row 6: Webs: Reynolds number below 0.1");
+    }
+    EXPECT_EQ(store.saved, 0);
+}
+
+TEST(BatchTexts, the_elapsed_time_has_hours_minutes_and_seconds) {
+    EXPECT_EQ(duration_text(7), "0 h 00 min 07 sec");
+    EXPECT_EQ(duration_text(3723.4), "1 h 02 min 03 sec");
 }
 
 TEST_F(SteadyBatch, silent_runs_show_no_box) {

@@ -197,6 +197,13 @@ TEST_F(TransientBatch, cell_by_cell_a_wrong_row_keeps_those_before_it) {
     EXPECT_EQ(dialogs.shown[0].lines[0], "Maximum value for for TATL-time is 3600 sec ");
 }
 
+TEST_F(TransientBatch, cell_by_cell_a_wrong_flag_keeps_the_old_results) {
+    by_cell = true;
+    for (int i = 0; i < 2; ++i) add_weather(0.6, 90, 35, 600);
+    rows()[{5, 2}] = 2.0;
+    EXPECT_THAT(refusal()[0].lines.back(), HasSubstr("1 = active / empty"));
+}
+
 TEST_F(TransientBatch, as_an_array_a_wrong_row_saves_nothing) {
     for (int i = 0; i < 3; ++i) add_weather(0.6, 90, 35, 600);
     rows()[{6, 11}] = 3601.0;

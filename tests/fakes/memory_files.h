@@ -27,7 +27,7 @@ public:
     }
     void update(const std::string& path,
                 const std::function<std::string(const std::string&)>& edit) override {
-        write(path, edit(files[path]));
+        write(path, edit(read(path).value_or(std::string())));
     }
 
     std::map<std::string, std::string> files;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <vector>
 
 #include "platform/message_box.h"
@@ -13,6 +14,7 @@ class ScriptedDialogs : public Dialogs {
 public:
     Answer show(const Box& box) override {
         shown.push_back(box);
+        if (while_shown) while_shown();
         if (answers.empty()) return box.unattended;
         const Answer answer = answers.front();
         answers.pop_front();
@@ -21,6 +23,7 @@ public:
 
     std::deque<Answer> answers;
     std::vector<Box> shown;
+    std::function<void()> while_shown;  // looks at what the user sees behind a box
 };
 
 }  // namespace zel

@@ -87,6 +87,8 @@ TEST_F(SettingsTest, a_path_is_missing_where_it_is_short_or_says_so) {
         {"/x", "/x"},
         {"  /Größe/a b.mdb  ", "/Größe/a b.mdb"},
         {"x", "/data/zel01.mdb"},
+        {"ü", "/data/zel01.mdb"},  // one character, whatever its bytes
+        {"üx", "üx"},
         {"kein Eintrag gefunden", "/data/zel01.mdb"},
         {"kein Eintrag gefunden und mehr", "/data/zel01.mdb"},
         {"kein Eintrag gefunde", "kein Eintrag gefunde"},

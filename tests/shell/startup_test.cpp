@@ -82,9 +82,11 @@ TEST_F(Startup, a_language_of_the_command_line_holds_for_the_run_alone) {
     EXPECT_THAT(asked, IsEmpty());
     EXPECT_THAT(user.written, IsEmpty());
     EXPECT_EQ(now().LangId_print, 2);
-    set_user("LangId_print", "1");
-    start();
-    EXPECT_EQ(now().LangId_print, 1);
+    for (const auto& [stored, print] : {std::pair("1", 1), std::pair("none", 2)}) {
+        set_user("LangId_print", stored);
+        start();
+        EXPECT_EQ(now().LangId_print, print) << stored;
+    }
 }
 
 TEST_F(Startup, systems_from_5_to_11_are_good) {

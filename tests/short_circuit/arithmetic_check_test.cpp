@@ -33,6 +33,8 @@ const FaultRow fault_rows[] = {
     {"overflow by a negative frequency",
      conductor().type(&C::Frequenz_ks, "-50").type(&C::Tk1, "60").form, &C::Frequenz_ks, 0,
      "Frequenz"},
+    {"n far below 0", KsTyping{aluminium_near()}.type(&C::IK2, "0.01").type(&C::IK, "1000").form,
+     &C::IK, 0, "Dauerkurzschlußwechselstrom"},
     {"equipment with a negative rated time", judged_equipment().type(&C::Tkr, "-1").form, &C::Tkr,
      0, "T_kr"},
     {"coefficient 0", conductor().type(&C::Tk20_ks, "0").form, &C::Tk20_ks, 1,

@@ -300,6 +300,16 @@ TEST(TakeOver, without_a_resistivity_there_is_no_conductivity) {
     EXPECT_FALSE(form.content().kappa20_ks.given());
 }
 
+TEST(Respell, typed_numbers_follow_the_separator) {
+    ShortCircuitForm form = copper_far();
+    const C before = form.content();
+    form.respell(DecimalSeparator::Point, DecimalSeparator::Comma);
+    EXPECT_EQ(form.content().Kappa, (Entry{"1,8", 1.8F}));
+    EXPECT_EQ(form.content().Tk20_ks, before.Tk20_ks) << "the material's comma is no number here";
+    form.respell(DecimalSeparator::Comma, DecimalSeparator::Point);
+    EXPECT_EQ(form.content().Kappa, before.Kappa);
+}
+
 TEST(Labels, are_empty_without_a_record) {
     for (const KsKey key :
          {KsKey(&C::werkstoff_ks), KsKey(&C::Normjahr_ks), KsKey(&C::Normmonat_ks),

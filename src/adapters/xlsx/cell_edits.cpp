@@ -33,6 +33,16 @@ bool CellEdits::clears(int row) const {
     });
 }
 
+std::set<int> CellEdits::columns() const {
+    std::set<int> columns;
+    for (const auto& [number, cells] : rows_)
+        for (const auto& [column, content] : cells) columns.insert(column);
+    for (const CellArea& area : cleared_)
+        for (int column = area.first_column; column <= area.last_column; ++column)
+            columns.insert(column);
+    return columns;
+}
+
 const CellContent* CellEdits::find(int row, int column) const {
     static const CellContent nothing;
     if (const Row* cells = this->row(row)) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -30,6 +31,9 @@ public:
     [[nodiscard]] bool is_cleared(int row, int column) const;
     /// Whether a cell of `row` is cleared.
     [[nodiscard]] bool clears(int row) const;
+
+    /// The columns in which cells are set or cleared.
+    [[nodiscard]] std::set<int> columns() const;
 
     [[nodiscard]] const std::map<int, Row>& rows() const { return rows_; }
     [[nodiscard]] bool empty() const { return rows_.empty() && cleared_.empty(); }

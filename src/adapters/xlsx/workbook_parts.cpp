@@ -69,6 +69,9 @@ void read_workbook(const std::string& xml, WorkbookParts& parts,
     for (const pugi::xml_node group : document.document_element().children()) {
         const std::string_view name = local_name(group.name());
         if (name == "workbookPr") parts.from_1904 = group.attribute("date1904").as_bool();
+        if (name == "definedNames")
+            for (const pugi::xml_node defined : group.children())
+                parts.names[defined.attribute("name").value()] = defined.text().get();
         if (name != "sheets") continue;
         for (const pugi::xml_node sheet : group.children()) {
             const std::string_view id = prefixed_attribute(sheet, "id");

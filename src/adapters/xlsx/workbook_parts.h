@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,7 +23,8 @@ struct WorkbookParts {
     std::string shared_strings;  // empty where there is none
     std::string styles;
     std::string calculation_chain;
-    bool from_1904 = false;  // dates count from 1904
+    std::map<std::string, std::string> names;  // that the workbook defines, with their formulas
+    bool from_1904 = false;                    // dates count from 1904
 };
 
 /// Throws `WorkbookError` (`Damaged`).

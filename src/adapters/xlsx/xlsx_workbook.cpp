@@ -4,11 +4,13 @@
 #include <cctype>
 #include <map>
 #include <utility>
+#include <vector>
 
 #include "adapters/xlsx/cell_edits.h"
 #include "adapters/xlsx/cell_texts.h"
 #include "adapters/xlsx/sheet.h"
 #include "adapters/xlsx/sheet_writer.h"
+#include "adapters/xlsx/stale_values.h"
 #include "adapters/xlsx/workbook_parts.h"
 #include "platform/number_text.h"
 
@@ -27,6 +29,7 @@ bool same_name(std::string_view a, std::string_view b) {
 struct OpenSheet {
     std::unique_ptr<Sheet> sheet;
     CellEdits edits;
+    std::vector<bool> read_columns;
 };
 
 class XlsxWorkbook : public Workbook {
@@ -67,6 +70,9 @@ public:
             const auto* text = std::get_if<std::string>(content);
             return text == nullptr ? std::string() : *text;
         }
+        const auto place = static_cast<std::size_t>(column);
+        if (place >= selected_->read_columns.size()) selected_->read_columns.resize(place + 1);
+        selected_->read_columns[place] = true;
         std::string text;
         named([&] { text = selected_->sheet->text(row, column); });
         return text;
@@ -84,12 +90,16 @@ public:
         std::string bytes;
         named([&] {
             bool lost_formula = false;
+            std::map<std::string, std::string> texts;  // of the changed sheets, by the part
             for (auto& [part, open] : open_) {
                 place_ = name_of(part) + ": ";
-                if (!open.edits.empty()) lost_formula |= write_sheet(part, open);
+                if (!open.edits.empty()) lost_formula |= edit_sheet(part, open, texts);
                 open.sheet.reset();
             }
             place_.clear();
+            drop_stale_values(texts);
+            for (auto& [part, text] : texts) archive_->replace(part, std::move(text));
+            texts.clear();
             if (lost_formula) drop_calculation_chain(*archive_, parts_);
             bytes = archive_->close();
         });
@@ -114,10 +124,35 @@ private:
         return part;
     }
 
-    bool write_sheet(const std::string& part, OpenSheet& open) {
+    /// Adds the new text of a sheet, unless nothing changes; true where a formula was overwritten.
+    static bool edit_sheet(const std::string& part, const OpenSheet& open,
+                           std::map<std::string, std::string>& texts) {
         EditedSheet edited = edited_sheet(open.sheet->xml(), open.sheet->index(), open.edits);
-        if (edited.xml != open.sheet->xml()) archive_->replace(part, std::move(edited.xml));
+        if (edited.xml != open.sheet->xml()) texts[part] = std::move(edited.xml);
         return edited.lost_formula;
+    }
+
+    void drop_stale_values(std::map<std::string, std::string>& texts) {
+        if (texts.empty()) return;
+        std::vector<FormulaSheet> sheets;
+        for (const SheetPart& sheet : parts_.sheets) {
+            FormulaSheet& found =
+                sheets.emplace_back(FormulaSheet{sheet.name, sheet.part, {}, {}, {}});
+            found.text = [&, part = sheet.part] {
+                const auto text = texts.find(part);
+                return text == texts.end() ? archive_->read(part) : text->second;
+            };
+            const auto open = open_.find(sheet.part);
+            if (open == open_.end()) continue;
+            found.changed_columns = open->second.edits.columns();
+            const std::vector<bool>& read = open->second.read_columns;
+            for (std::size_t column = 0; column < read.size(); ++column)
+                if (read[column]) found.kept_columns.insert(static_cast<int>(column));
+        }
+        auto fresh = without_stale_values(sheets, parts_.names);
+        if (fresh.empty()) return;
+        for (auto& [part, text] : fresh) texts[part] = std::move(text);
+        demand_calculation(*archive_, parts_);
     }
 
     std::string name_;

@@ -1,0 +1,249 @@
+#include <algorithm>
+#include <array>
+#include <nlohmann/json.hpp>
+
+#include "adapters/json/flat_json.h"
+#include "cli/case_listing.h"
+#include "cli/commands.h"
+#include "cli/conductor_source.h"
+#include "cli/json_case_store.h"
+#include "cli/program_stores.h"
+#include "persistence/case_file.h"
+#include "persistence/exchange_record.h"
+#include "platform/input_error.h"
+#include "workflow/conductor_needs.h"
+#include "workflow/entry_rules.h"
+#include "workflow/transient_cells.h"
+
+namespace zel {
+namespace {
+
+using nlohmann::ordered_json;
+
+int print_all(const std::string& document) {
+    if (print(document)) return exit_done;
+    Console::tell_reason("standard output cannot be written");
+    return exit_failed;
+}
+
+CalcCase case_with(const ConductorData& conductor) {
+    CalcCase c;
+    static_cast<ConductorData&>(c) = conductor;
+    return c;
+}
+
+std::string fragment_text(const CalcCase& c) { return print_flat_json(values_of(c)); }
+
+// ---- conductor list
+
+struct ListColumn {
+    std::string_view key;  // of --sort
+    Text head;
+    std::string (*text)(const LibraryConductor&);
+    bool number;
+};
+
+template <auto field>
+std::string text_of_field(const LibraryConductor& conductor) {
+    return (conductor.c.*field).text;
+}
+
+constexpr ListColumn list_columns[] = {
+    {"name",
+     {"Bezeichnung 1", "Designation 1"},
+     [](const LibraryConductor& l) { return l.c.Bezeichnung1_db; },
+     false},
+    {"second-name",
+     {"Bezeichnung 2", "Designation 2"},
+     [](const LibraryConductor& l) { return l.c.Bezeichnung2_db; },
+     false},
+    {"type",
+     {"Art", "Type"},
+     [](const LibraryConductor& l) { return std::to_string(l.c.conductor_type_db); },
+     true},
+    {"area", {"Querschnitt mm²", "Area mm²"}, text_of_field<&CalcCase::Seilquerschnitt_db>, true},
+    {"diameter",
+     {"Durchmesser mm", "Diameter mm"},
+     text_of_field<&CalcCase::Seildurchmesser_db>,
+     true},
+    {"resistance", {"R20 Ω/km", "R20 Ω/km"}, text_of_field<&CalcCase::DCR_20_db>, true},
+    {"current",
+     {"Dauerstrom A", "Rated A"},
+     text_of_field<&CalcCase::Dauerstrombelastbarkeit_db>,
+     true},
+    {"origin",
+     {"Herkunft", "Origin"},
+     [](const LibraryConductor& l) { return l.own ? std::string("[own]") : l.source; },
+     false},
+};
+
+double number_in(const ListColumn& column, const LibraryConductor& conductor,
+                 DecimalSeparator separator) {
+    return parse_number(column.text(conductor), separator).value_or(-1);
+}
+
+void sort_by(std::vector<const LibraryConductor*>& list, const std::string& key,
+             DecimalSeparator separator) {
+    const auto* const column =
+        std::find_if(std::begin(list_columns), std::end(list_columns),
+                     [&](const ListColumn& candidate) { return candidate.key == key; });
+    std::stable_sort(list.begin(), list.end(), [&](const auto* a, const auto* b) {
+        return column->number
+                   ? number_in(*column, *a, separator) < number_in(*column, *b, separator)
+                   : text_before(column->text(*a), column->text(*b));
+    });
+}
+
+std::size_t width_of(std::string_view text) {
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+        return (static_cast<unsigned>(c) & 0xC0U) != 0x80U;
+    }));
+}
+
+std::string list_text(const std::vector<const LibraryConductor*>& list, LangId lang) {
+    std::vector<std::array<std::string, std::size(list_columns)>> rows(list.size() + 1);
+    std::array<std::size_t, std::size(list_columns)> widths{};
+    for (std::size_t column = 0; column < std::size(list_columns); ++column) {
+        rows[0][column] = list_columns[column].head.in(lang);
+        for (std::size_t i = 0; i < list.size(); ++i)
+            rows[i + 1][column] = printable(list_columns[column].text(*list[i]));
+        for (const auto& row : rows)
+            widths[column] = std::max(widths[column], width_of(row[column]));
+    }
+    std::string text;
+    for (const auto& row : rows) {
+        std::string line;
+        for (std::size_t column = 0; column < row.size(); ++column) {
+            const std::string gap(widths[column] - width_of(row[column]), ' ');
+            line += list_columns[column].number ? gap + row[column] : row[column] + gap;
+            line += "  ";
+        }
+        line.erase(line.find_last_not_of(' ') + 1);
+        text += line + "\n";
+    }
+    return text;
+}
+
+ordered_json json_of(const LibraryConductor& conductor, LangId lang) {
+    ordered_json entry = {{"name", conductor.c.Bezeichnung1_db},
+                          {"second_name", conductor.c.Bezeichnung2_db},
+                          {"own", conductor.own}};
+    entry.update(ordered_json::parse(fragment_text(conductor.c)));
+    if (conductor.mass.given()) entry["mass_kg_per_km"] = conductor.mass.value;
+    if (conductor.strength.given()) entry["rated_strength_kN"] = conductor.strength.value;
+    entry["source"] = conductor.source;
+    ordered_json missing = ordered_json::object();
+    for (const Method method : all_methods) {
+        const auto items = missing_for(conductor.c, method, lang);
+        if (!items.empty()) missing[std::string(key_of(method))] = items;
+    }
+    entry["cannot_run"] = std::move(missing);
+    return entry;
+}
+
+// ---- conductor show, pick, write
+
+std::string show_text(const CalcCase& c, const LibraryConductor* known, LangId lang) {
+    constexpr Text origin = {"Quelle: {0}\n", "Source: {0}\n"};
+    constexpr Text cannot_run = {"{0} kann nicht rechnen: {1}\n", "{0} cannot run: {1}\n"};
+    std::string text = case_listing(c, conductor_sections(), lang);
+    if (known != nullptr && !known->source.empty())
+        text += "\n" + fill(origin.in(lang), {printable(known->source)});
+    text += "\n";
+    for (const Method method : all_methods) {
+        if (!is_for_kind(c, method)) continue;
+        const auto items = missing_for(c, method, lang);
+        if (!items.empty())
+            text += fill(cannot_run.in(lang), {find_method(method)->name, joined(items, "; ")});
+    }
+    return text;
+}
+
+int write_and_tell(const ConductorData& conductor, const std::string& path,
+                   const CommonOptions& options) {
+    const std::string record = written_record(conductor);
+    PosixFiles().write(path, record);
+    if (options.json)
+        return print_all(fragment_text(case_with(read_record(record, options.separator))));
+    return print_all(printable(conductor.Bezeichnung1_db) + " -> " + printable(path) + "\n");
+}
+
+/// A fragment may be a whole case: what has no place in a record is left out, and told.
+ConductorData conductor_of_fragment(const std::string& path, const CommonOptions& options) {
+    const FlatObject values = JsonCaseStore().load(path);
+    const EntryRule rule = [&](Entry& field, Entry CalcCase::*key, std::string_view typed) {
+        return enter(field, key, typed, options.separator, options.lang);
+    };
+    const auto in_record = [](const std::string& name) {
+        return std::any_of(record_fields().begin(), record_fields().end(),
+                           [&](const RecordField& row) { return name_of(row.field) == name; });
+    };
+    const CellRule cell_rule = [&](CalcCase& c, StateCellPlace place, std::string_view typed) {
+        return read_cell(c, place, typed, options.separator, options.lang);
+    };
+    try {
+        CaseFile file = read_case(values, options.separator, rule, cell_rule);
+        std::string left_out;
+        for (const FlatMember& member : values)
+            if (!in_record(member.key)) left_out += (left_out.empty() ? "" : ", ") + member.key;
+        if (!left_out.empty())
+            Console::tell_reason(path + ": left out, a record does not hold it: " + left_out);
+        for (const RefusedText& refused : file.refused)
+            if (in_record(refused.field))
+                throw InputError(refused.field + ": " + refused.box.lines.front());
+        (void)written_record(file.c);
+        return std::move(file.c);
+    } catch (const InputError& error) {
+        throw InputError(path + ": " + error.what());
+    }
+}
+
+}  // namespace
+
+int conductor_list_command(const ConductorListing& wanted, const CommonOptions& options) {
+    PosixFiles files;
+    const ConductorLibrary library = open_library(files, options.separator);
+    std::vector<const LibraryConductor*> list;
+    for (const LibraryConductor& conductor : library.conductors())
+        if (matches(conductor, wanted.find)) list.push_back(&conductor);
+    if (!wanted.sort.empty()) sort_by(list, wanted.sort, options.separator);
+    if (!options.json) return print_all(list_text(list, options.lang));
+    ordered_json conductors = ordered_json::array();
+    for (const LibraryConductor* conductor : list)
+        conductors.push_back(json_of(*conductor, options.lang));
+    return print_all(ordered_json{{"conductors", std::move(conductors)}}.dump(2) + "\n");
+}
+
+std::vector<std::string> conductor_sort_keys() {
+    std::vector<std::string> keys;
+    for (const ListColumn& column : list_columns) keys.emplace_back(column.key);
+    return keys;
+}
+
+int conductor_pick_command(const std::string& name, const std::string& record,
+                           const CommonOptions& options) {
+    PosixFiles files;
+    const ConductorLibrary library = open_library(files, options.separator);
+    const LibraryConductor& found = find_conductor(library.conductors(), name);
+    const std::string path =
+        record.empty() ? ProgramStores().settings().now().Einseil1_dat : record;
+    if (path.empty())
+        throw InputError("no exchange file is set (Einseil1_dat); name one with -o RECORD");
+    return write_and_tell(found.c, path, options);
+}
+
+int conductor_show_command(const std::string& record_or_name, const CommonOptions& options) {
+    const ChosenConductor chosen = choose_conductor(record_or_name, options.separator);
+    CalcCase c = case_with(chosen.data);
+    const LibraryConductor* known = chosen.known ? &*chosen.known : nullptr;
+    if (options.json) return print_all(fragment_text(c));
+    if (known != nullptr) (void)take_offers(c, known->c, options.separator, options.lang);
+    return print_all(show_text(c, known, options.lang));
+}
+
+int conductor_write_command(const std::string& fragment_path, const std::string& record,
+                            const CommonOptions& options) {
+    return write_and_tell(conductor_of_fragment(fragment_path, options), record, options);
+}
+
+}  // namespace zel
