@@ -8,18 +8,21 @@
 namespace zel {
 namespace {
 
-/// The search of a temporary current for 264-AL1/34-ST1A: 80 °C after a preload of 60 %.
+/// The search of a temporary current, here for 264-AL1/34-ST1A: 80 °C after a preload of 60 %.
 struct Cell {
-    Cell() : records(records_of(line_264_34())) {
-        failed = static_cast<bool>(solve_current(records.params, records.state, 80));
+    explicit Cell(const CalcCase& c = with_masses(line_264_34()), float limit = 80,
+                  double preload = 0.6)
+        : records(records_of(c)) {
+        failed = static_cast<bool>(
+            solve_current(records.params, records.state, static_cast<double>(limit)));
         input.I1 = static_cast<float>(records.state.I);
         failed |= static_cast<bool>(
-            solve_temperature(records.params, records.state, 0.6 * records.state.I));
+            solve_temperature(records.params, records.state, preload * records.state.I));
         input.start_temperature = records.state.T;
-        input.target = 80;
+        input.target = limit;
         input.duration = 600;
         input.slot = 3;
-        input.mass = conductor_mass(with_masses(line_264_34()));
+        input.mass = conductor_mass(c);
     }
     TransientExcelResult run() {
         return TS_S01_CigreTB601_temp_strom_transient_state_Excel(input, records, slots);
@@ -46,6 +49,56 @@ TEST(TransientExcel, current_lies_above_the_steady_one_and_leads_to_the_target) 
                                     static_cast<int>(duration) % 60);
         t.run();
         EXPECT_NEAR(t.rows[0].Temp, 80, 0.3) << duration;
+    }
+}
+
+/// 24-AL1 (EN 50182): 7 wires.
+CalcCase line_24_al1() {
+    CalcCase c = with_masses(line_264_34());
+    c.conductor_type_db = homogeneous_conductor;
+    c.Seildurchmesser_db = typed(6.3);
+    c.DCR_20_db = typed(1.1808);
+    c.DrahtzahlLeiter_db = 7;
+    c.DrahtdurchmesserLeiter_db = typed(2.1);
+    c.DrahtlagenzahlLeiter_db = 1;
+    c.Mantelquerschnitt_db = typed(24.2);
+    c.Windgeschwindigkeit_db = typed(5);
+    c.Umgebungstemperatur_db = typed(0);
+    c.Globalstrahlung_db = typed(0);
+    return c;
+}
+
+/// 904-AL1/75-ST1A (EN 50182): 84 wires in four layers, in calm air.
+CalcCase line_904_75() {
+    CalcCase c = with_masses(line_264_34());
+    c.Seildurchmesser_db = typed(40.7);
+    c.DCR_20_db = typed(0.032);
+    c.DrahtzahlLeiter_db = 84;
+    c.DrahtdurchmesserLeiter_db = typed(3.7);
+    c.DrahtlagenzahlLeiter_db = 4;
+    c.Mantelquerschnitt_db = typed(903.2);
+    c.KerndurchmesserTraeger_db = typed(11.25);
+    c.DrahtzahlTraeger_db = 19;
+    c.DrahtdurchmesserTraeger_db = typed(2.25);
+    c.Windgeschwindigkeit_db = typed(0);
+    c.Globalstrahlung_db = typed(0);
+    return c;
+}
+
+// The thinnest and the thickest of a class of sections: the one would run into the limit of steps,
+// the other out of the bracket, where the high start factor is not chosen for both.
+TEST(TransientExcel, start_factors_bracket_the_thin_and_the_thick) {
+    const struct {
+        CalcCase c;
+        float limit;
+        double preload;
+        float duration;
+    } rows[] = {{line_24_al1(), 150, 0.01, 4}, {line_904_75(), 50, 0.01, 1801}};
+    for (const auto& [c, limit, preload, duration] : rows) {
+        Cell cell(c, limit, preload);
+        ASSERT_FALSE(cell.failed);
+        cell.input.duration = duration;
+        EXPECT_EQ(cell.run().end, TransientExcelEnd::Found) << duration;
     }
 }
 
