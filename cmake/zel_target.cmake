@@ -12,7 +12,9 @@ function(zel_settings target)
         $<$<BOOL:${ZEL_WERROR}>:-Werror>)
     if(ZEL_SANITIZE)
         target_compile_options(${target} PRIVATE -fsanitize=${ZEL_SANITIZE}
-            -fno-sanitize-recover=all -fno-omit-frame-pointer)
+            -fno-sanitize-recover=all -fno-omit-frame-pointer
+            # g++ 12 warns falsely of std::function in sanitized code.
+            -Wno-maybe-uninitialized)
         target_link_options(${target} PRIVATE -fsanitize=${ZEL_SANITIZE})
     endif()
 endfunction()
