@@ -1,7 +1,7 @@
 #include <benchmark/benchmark.h>
 
 #include "fakes/tb601_cases.h"
-#include "tb601_transient/tb601_solver.h"
+#include "tb601_transient/tb601/tb601_solver.h"
 
 // Cigre TB 601: one evaluation of the heat balance, and one solution in each mode.
 

@@ -1,8 +1,8 @@
 #include <benchmark/benchmark.h>
 
 #include "fakes/transient_cases.h"
-#include "tb601_transient/transient_excel.h"
-#include "tb601_transient/transient_series.h"
+#include "tb601_transient/transient/transient_excel.h"
+#include "tb601_transient/transient/transient_series.h"
 
 // Transients of 264-AL1/34-ST1A from its steady state at 400 A: a row of each kind by each method,
 // the worst row whose current is sought, one cell of the batch, and a series.

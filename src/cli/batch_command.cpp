@@ -9,8 +9,7 @@
 #include "cli/program_stores.h"
 #include "cli/xlsx_store.h"
 #include "excel_batch/batch_by_kind.h"
-#include "platform/output_error.h"
-#include "platform/program_end.h"
+#include "platform/errors.h"
 #include "shell/case_settings.h"
 
 namespace zel {
@@ -93,7 +92,7 @@ int batch_command(const BatchOptions& batch, const CommonOptions& options) {
     BatchDialogs dialogs(console, progress, options.silent);
     ProgramStores stores;
     const ProgramSettings settings = stores.settings().now();
-    Session session = {options.lang, options.separator, RunMode::Messages, dialogs};
+    Session session = {options, RunMode::Messages, dialogs};
     take_settings(session, settings);
     XlsxStore store;
     BatchJob job = {&store, batch.workbook, session, progress};

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "cli/console.h"
-#include "platform/listing.h"
+#include "platform/text/listing.h"
 
 namespace zel {
 namespace {

@@ -3,7 +3,7 @@
 #include <span>
 #include <string>
 
-#include "desktop/case_forms.h"
+#include "forms/case_forms.h"
 
 namespace zel {
 

@@ -3,9 +3,9 @@
 #include "cli/conductor_source.h"
 #include "cli/json_case_store.h"
 #include "persistence/case_file.h"
-#include "platform/input_error.h"
-#include "workflow/entry_rules.h"
-#include "workflow/transient_cells.h"
+#include "platform/errors.h"
+#include "workflow/rules/entry_rules.h"
+#include "workflow/rules/transient_cells.h"
 
 namespace zel {
 namespace {
@@ -13,10 +13,10 @@ namespace {
 LoadedCase case_in(const std::string& path, const CommonOptions& options, Console& console) {
     const FlatObject values = JsonCaseStore().load(path);
     const EntryRule rule = [&](Entry& field, Entry CalcCase::*key, std::string_view typed) {
-        return enter(field, key, typed, options.separator, options.lang);
+        return enter(field, key, typed, options);
     };
     const CellRule cell_rule = [&](CalcCase& c, StateCellPlace place, std::string_view typed) {
-        return read_cell(c, place, typed, options.separator, options.lang);
+        return read_cell(c, place, typed, options);
     };
     try {
         CaseFile file = read_case(values, options.separator, rule, cell_rule);

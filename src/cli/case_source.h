@@ -3,7 +3,7 @@
 #include <string>
 
 #include "cli/console.h"
-#include "steady/calc_case.h"
+#include "steady/case/calc_case.h"
 
 namespace zel {
 

@@ -10,10 +10,10 @@
 #include "cli/program_stores.h"
 #include "persistence/case_file.h"
 #include "persistence/exchange_record.h"
-#include "platform/input_error.h"
-#include "workflow/conductor_needs.h"
-#include "workflow/entry_rules.h"
-#include "workflow/transient_cells.h"
+#include "platform/errors.h"
+#include "workflow/rules/conductor_needs.h"
+#include "workflow/rules/entry_rules.h"
+#include "workflow/rules/transient_cells.h"
 
 namespace zel {
 namespace {
@@ -154,7 +154,7 @@ std::string show_text(const CalcCase& c, const LibraryConductor* known, LangId l
         if (!is_for_kind(c, method)) continue;
         const auto items = missing_for(c, method, lang);
         if (!items.empty())
-            text += fill(cannot_run.in(lang), {find_method(method)->name, joined(items, "; ")});
+            text += fill(cannot_run.in(lang), {name_of(method), joined(items, "; ")});
     }
     return text;
 }
@@ -172,14 +172,14 @@ int write_and_tell(const ConductorData& conductor, const std::string& path,
 ConductorData conductor_of_fragment(const std::string& path, const CommonOptions& options) {
     const FlatObject values = JsonCaseStore().load(path);
     const EntryRule rule = [&](Entry& field, Entry CalcCase::*key, std::string_view typed) {
-        return enter(field, key, typed, options.separator, options.lang);
+        return enter(field, key, typed, options);
     };
     const auto in_record = [](const std::string& name) {
         return std::any_of(record_fields().begin(), record_fields().end(),
                            [&](const RecordField& row) { return name_of(row.field) == name; });
     };
     const CellRule cell_rule = [&](CalcCase& c, StateCellPlace place, std::string_view typed) {
-        return read_cell(c, place, typed, options.separator, options.lang);
+        return read_cell(c, place, typed, options);
     };
     try {
         CaseFile file = read_case(values, options.separator, rule, cell_rule);
@@ -237,7 +237,7 @@ int conductor_show_command(const std::string& record_or_name, const CommonOption
     CalcCase c = case_with(chosen.data);
     const LibraryConductor* known = chosen.known ? &*chosen.known : nullptr;
     if (options.json) return print_all(fragment_text(c));
-    if (known != nullptr) (void)take_offers(c, known->c, options.separator, options.lang);
+    if (known != nullptr) (void)take_offers(c, known->c, options);
     return print_all(show_text(c, known, options.lang));
 }
 

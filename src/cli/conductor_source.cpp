@@ -2,7 +2,7 @@
 
 #include "cli/program_stores.h"
 #include "persistence/exchange_record.h"
-#include "platform/input_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {
@@ -48,7 +48,7 @@ void take_conductor(CalcCase& c, const std::string& record_or_name, const Common
     const ChosenConductor chosen = choose_conductor(record_or_name, options.separator);
     copy_record_fields(chosen.data, c);
     if (!chosen.known) return;
-    const auto told = take_offers(c, chosen.known->c, options.separator, options.lang);
+    const auto told = take_offers(c, chosen.known->c, options);
     if (told && !options.silent) console.show(*told);
 }
 

@@ -10,7 +10,7 @@
 #include "cli/program_stores.h"
 #include "cli/xlsx_store.h"
 #include "desktop/desktop.h"
-#include "platform/output_error.h"
+#include "platform/errors.h"
 #include "shell/startup.h"
 
 namespace zel {

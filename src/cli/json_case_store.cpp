@@ -2,7 +2,7 @@
 
 #include "adapters/json/flat_json.h"
 #include "adapters/posix/text_file.h"
-#include "platform/input_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 

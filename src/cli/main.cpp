@@ -11,8 +11,7 @@
 #include "cli/batch_command.h"
 #include "cli/commands.h"
 #include "cli/console.h"
-#include "platform/input_error.h"
-#include "platform/output_error.h"
+#include "platform/errors.h"
 #include "shell/program_texts.h"
 
 namespace zel {

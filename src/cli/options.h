@@ -2,8 +2,7 @@
 
 #include <string>
 
-#include "platform/number_text.h"
-#include "platform/text.h"
+#include "platform/text/locale.h"
 #include "steady/run_mode.h"
 
 namespace zel {
@@ -17,10 +16,8 @@ enum ExitStatus : int {
 };
 
 /// The options that every command takes.
-struct CommonOptions {
+struct CommonOptions : Locale {
     bool json = false;
-    LangId lang = LangId::English;
-    DecimalSeparator separator = DecimalSeparator::Point;
     bool silent = false;
     std::string conductor{};  // record or name of the one that the case takes; empty for its own
     bool lang_given = false;  // on the command line

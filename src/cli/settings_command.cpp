@@ -4,9 +4,8 @@
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/program_stores.h"
-#include "platform/input_error.h"
-#include "platform/listing.h"
-#include "platform/output_error.h"
+#include "platform/errors.h"
+#include "platform/text/listing.h"
 #include "shell/settings_entry.h"
 
 namespace zel {

@@ -3,7 +3,7 @@
 #include "cli/json_case_store.h"
 #include "cli/messages_json.h"
 #include "cli/short_circuit_output.h"
-#include "platform/input_error.h"
+#include "platform/errors.h"
 #include "short_circuit/short_circuit_file.h"
 
 namespace zel {
@@ -12,7 +12,7 @@ namespace {
 ShortCircuitFile load_short_circuit_case(const std::string& path, const CommonOptions& options) {
     const FlatObject values = JsonCaseStore().load(path);
     try {
-        return read_short_circuit_case(values, options.separator, options.lang);
+        return read_short_circuit_case(values, options);
     } catch (const InputError& error) {
         throw InputError(path + ": " + error.what());
     }

@@ -2,8 +2,8 @@
 #include <utility>
 
 #include "cli/short_circuit_output.h"
-#include "desktop/ks_forms.h"
-#include "platform/listing.h"
+#include "forms/ks_forms.h"
+#include "platform/text/listing.h"
 #include "shell/program_texts.h"
 
 namespace zel {

@@ -6,9 +6,9 @@
 #include "cli/messages_json.h"
 #include "cli/program_stores.h"
 #include "cli/steady_output.h"
-#include "platform/program_end.h"
+#include "platform/errors.h"
 #include "shell/case_settings.h"
-#include "workflow/steady_run.h"
+#include "workflow/run/steady_run.h"
 
 namespace zel {
 namespace {
@@ -38,7 +38,7 @@ int ended(const SteadyRunResult& result, const ProgramEnd& end, const CommonOpti
 int steady_command(const std::string& case_path, const CommonOptions& options) {
     Console console(options);
     LoadedCase loaded = load_case(case_path, options, console);
-    Session session = {options.lang, options.separator, options.Meldung_merker(), console};
+    Session session = {options, options.Meldung_merker(), console};
     take_settings(session, ProgramStores().settings().now());
     SteadyRunResult result;
     try {

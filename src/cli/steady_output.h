@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "cli/console.h"
-#include "steady/calc_case.h"
-#include "workflow/steady_run.h"
+#include "steady/case/calc_case.h"
+#include "workflow/run/steady_run.h"
 
 namespace zel {
 

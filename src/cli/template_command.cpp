@@ -7,7 +7,7 @@
 #include "cli/conductor_source.h"
 #include "cli/console.h"
 #include "excel_batch/template_design.h"
-#include "platform/output_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

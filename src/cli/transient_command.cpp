@@ -7,10 +7,10 @@
 #include "cli/program_stores.h"
 #include "cli/steady_output.h"
 #include "cli/transient_output.h"
-#include "platform/program_end.h"
+#include "platform/errors.h"
 #include "shell/case_settings.h"
-#include "steady/case_fields.h"
-#include "workflow/transient_text.h"
+#include "steady/case/case_fields.h"
+#include "workflow/run/transient_text.h"
 
 namespace zel {
 namespace {
@@ -22,7 +22,7 @@ public:
         : options_(options),
           console_(options),
           loaded_(load_case(case_path, options, console_)),
-          session_{options.lang, options.separator, options.Meldung_merker(), console_, &memory_},
+          session_{options, options.Meldung_merker(), console_, &memory_},
           wants_series_(series) {
         take_settings(session_, ProgramStores().settings().now());
     }
@@ -87,10 +87,9 @@ private:
     }
 
     [[nodiscard]] std::string page() const {
-        std::string text =
-            steady_page(loaded_.c, steady_, options_) + "\n" +
-            transient_text(report_.run, loaded_.c, options_.lang, options_.separator);
-        if (report_.series) text += series_text(*report_.series, options_.lang, options_.separator);
+        std::string text = steady_page(loaded_.c, steady_, options_) + "\n" +
+                           transient_text(report_.run, loaded_.c, options_);
+        if (report_.series) text += series_text(*report_.series, options_);
         return text;
     }
 

@@ -1,8 +1,8 @@
 #include "cli/transient_output.h"
 
 #include "cli/messages_json.h"
-#include "platform/listing.h"
-#include "workflow/transient_text.h"
+#include "platform/text/listing.h"
+#include "workflow/run/transient_text.h"
 
 namespace zel {
 namespace {
@@ -61,14 +61,14 @@ std::string transient_document(const TransientReport& report,
     return text_of(document);
 }
 
-std::string series_text(const std::vector<RowSeries>& series, LangId lang,
-                        DecimalSeparator separator) {
+std::string series_text(const std::vector<RowSeries>& series, const Locale& locale) {
     Listing listing;
     for (const RowSeries& row : series) {
-        listing.add_caption(change_of_state_names[static_cast<std::size_t>(row.row - 1)].in(lang));
+        listing.add_caption(
+            change_of_state_names[static_cast<std::size_t>(row.row - 1)].in(locale.lang));
         for (const auto& [time, temperature] : row.points)
-            listing.add("t " + masked(time, "0.0", separator) + " sec",
-                        masked(temperature, "0.00", separator) + " °C");
+            listing.add("t " + masked(time, "0.0", locale.separator) + " sec",
+                        masked(temperature, "0.00", locale.separator) + " °C");
     }
     return listing.text();
 }

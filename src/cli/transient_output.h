@@ -5,7 +5,8 @@
 #include <vector>
 
 #include "cli/console.h"
-#include "workflow/transient.h"
+#include "platform/text/locale.h"
+#include "workflow/run/transient.h"
 
 namespace zel {
 
@@ -23,7 +24,6 @@ struct TransientReport {
                                              const std::vector<Message>& messages);
 
 /// The points of a series for a terminal.
-[[nodiscard]] std::string series_text(const std::vector<RowSeries>& series, LangId lang,
-                                      DecimalSeparator separator);
+[[nodiscard]] std::string series_text(const std::vector<RowSeries>& series, const Locale& locale);
 
 }  // namespace zel

@@ -10,15 +10,15 @@
 #include <cstdlib>
 #include <utility>
 
-#include "desktop/application.h"
-#include "desktop/case_forms.h"
 #include "desktop/form_main.h"
-#include "desktop/frm_languageselect.h"
-#include "desktop/qt_dialogs.h"
-#include "desktop/qt_file_chooser.h"
-#include "desktop/qt_launcher.h"
-#include "desktop/qt_text.h"
-#include "desktop/window_icon.h"
+#include "desktop/frame/application.h"
+#include "desktop/frame/frm_languageselect.h"
+#include "desktop/frame/qt_dialogs.h"
+#include "desktop/frame/qt_file_chooser.h"
+#include "desktop/frame/qt_launcher.h"
+#include "desktop/frame/qt_text.h"
+#include "desktop/frame/window_icon.h"
+#include "forms/case_forms.h"
 #include "shell/case_settings.h"
 #include "shell/startup.h"
 

@@ -5,14 +5,14 @@
 #include <string>
 #include <vector>
 
-#include "desktop/conductor_places.h"
+#include "desktop/frame/conductor_places.h"
 #include "platform/case_store.h"
-#include "platform/number_text.h"
 #include "platform/system_facts.h"
-#include "platform/text.h"
+#include "platform/text/number_text.h"
+#include "platform/text/text.h"
 #include "platform/workbook.h"
 #include "shell/program_settings.h"
-#include "steady/calc_case.h"
+#include "steady/case/calc_case.h"
 
 namespace zel {
 

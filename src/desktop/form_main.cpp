@@ -11,12 +11,12 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/qt_language.h"
-#include "desktop/qt_text.h"
-#include "desktop/window_icon.h"
+#include "desktop/frame/qt_language.h"
+#include "desktop/frame/qt_text.h"
+#include "desktop/frame/window_icon.h"
 #include "shell/case_settings.h"
 #include "shell/program_texts.h"
-#include "steady/respell.h"
+#include "steady/case/respell.h"
 
 namespace zel {
 namespace {

@@ -2,14 +2,14 @@
 
 #include <QMainWindow>
 
-#include "desktop/conductor_desk.h"
-#include "desktop/desktop_state.h"
-#include "desktop/form1.h"
-#include "desktop/frm_excel_IO.h"
-#include "desktop/help_menu.h"
-#include "desktop/ks_form1.h"
-#include "desktop/language_menu.h"
-#include "desktop/settings_menu.h"
+#include "desktop/batch/frm_excel_IO.h"
+#include "desktop/conductors/conductor_desk.h"
+#include "desktop/frame/desktop_state.h"
+#include "desktop/frame/help_menu.h"
+#include "desktop/frame/language_menu.h"
+#include "desktop/frame/settings_menu.h"
+#include "desktop/line/form1.h"
+#include "desktop/short_circuit/ks_form1.h"
 
 class QAction;
 class QLabel;

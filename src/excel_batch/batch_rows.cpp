@@ -8,8 +8,8 @@
 #include <thread>
 
 #include "excel_batch/batch_texts.h"
-#include "platform/number_text.h"
-#include "platform/program_end.h"
+#include "platform/errors.h"
+#include "platform/text/number_text.h"
 
 namespace zel::excel_batch {
 namespace {

@@ -8,7 +8,7 @@
 #include "excel_batch/workbook_contract.h"
 #include "platform/workbook.h"
 #include "shell/session.h"
-#include "steady/calc_case.h"
+#include "steady/case/calc_case.h"
 
 // What a batch needs and what it gives.
 

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "tb601_transient/transient_texts.h"
+#include "tb601_transient/transient/transient_texts.h"
 
 namespace zel::excel_batch {
 namespace {

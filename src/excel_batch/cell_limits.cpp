@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "workflow/steady_check_rows.h"
+#include "workflow/rules/steady_check_rows.h"
 
 namespace zel::excel_batch {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/number_text.h"
 #include "platform/rounding.h"
+#include "platform/text/number_text.h"
 
 namespace zel::excel_batch {
 namespace {

@@ -12,7 +12,7 @@
 #include "excel_batch/workbook_contract.h"
 #include "platform/message_box.h"
 #include "platform/workbook.h"
-#include "steady/calc_case.h"
+#include "steady/case/calc_case.h"
 
 namespace zel::excel_batch {
 

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "platform/text.h"
-#include "steady/case_fields.h"
+#include "platform/text/text.h"
+#include "steady/case/case_fields.h"
 
 namespace zel::excel_batch {
 

@@ -5,8 +5,8 @@
 #include <span>
 
 #include "excel_batch/cell_limits.h"
-#include "steady/case_fields.h"
-#include "workflow/steady_check_rows.h"
+#include "steady/case/case_fields.h"
+#include "workflow/rules/steady_check_rows.h"
 
 // The input cells of the workbooks: which cell becomes which field of the case.
 

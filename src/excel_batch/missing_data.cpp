@@ -5,7 +5,7 @@
 
 #include "excel_batch/cell_reading.h"
 #include "excel_batch/field_labels.h"
-#include "steady/case_fields.h"
+#include "steady/case/case_fields.h"
 
 namespace zel::excel_batch {
 namespace {
@@ -69,7 +69,7 @@ std::string names_of(unsigned methods) {
     for (const Method method : all_methods) {
         if ((bit(method) & methods) == 0) continue;
         if (!names.empty()) names += ", ";
-        names += find_method(method)->name;
+        names += name_of(method);
     }
     return names;
 }

@@ -7,7 +7,7 @@
 #include "excel_batch/workbook_contract.h"
 #include "platform/message_box.h"
 #include "platform/workbook.h"
-#include "steady/calc_case.h"
+#include "steady/case/calc_case.h"
 
 // Conductor data that older workbooks have no cells for: without them a method fails or takes the
 // conductor for another.

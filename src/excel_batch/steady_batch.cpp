@@ -6,9 +6,9 @@
 #include "excel_batch/silent_session.h"
 #include "excel_batch/steady_input.h"
 #include "platform/arithmetic_fault.h"
-#include "platform/program_end.h"
-#include "workflow/bundle.h"
-#include "workflow/wind.h"
+#include "platform/errors.h"
+#include "workflow/rules/bundle.h"
+#include "workflow/rules/wind.h"
 
 namespace zel::excel_batch {
 namespace {

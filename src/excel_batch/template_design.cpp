@@ -6,7 +6,7 @@
 #include "excel_batch/field_labels.h"
 #include "excel_batch/input_cells.h"
 #include "excel_batch/transient_contract.h"
-#include "platform/number_text.h"
+#include "platform/text/number_text.h"
 
 namespace zel::excel_batch {
 namespace {
@@ -232,7 +232,7 @@ void add_steady_results(RowsSheet& sheet, WorkbookKind kind, LangId lang) {
     constexpr Text current = {"Stromstärke {0}", "Current {0}"};
     constexpr Text temperature = {"Temperatur {0}", "Temperature {0}"};
     for (const ResultColumns& columns : steady_results) {
-        const std::string_view name = find_method(columns.method)->name;
+        const std::string_view name = name_of(columns.method);
         const std::string head_of_current = fill(current.in(lang), {name});
         const std::string head_of_temperature = fill(temperature.in(lang), {name});
         sheet.add_head(columns.current(kind), {head_of_current, head_of_current}, "A", {});

@@ -5,7 +5,7 @@
 
 #include "excel_batch/workbook_contract.h"
 #include "platform/workbook_design.h"
-#include "steady/calc_case.h"
+#include "steady/case/calc_case.h"
 
 namespace zel::excel_batch {
 

@@ -8,7 +8,7 @@
 #include "excel_batch/batch_rows.h"
 #include "excel_batch/identifier_check.h"
 #include "excel_batch/workbook_contract.h"
-#include "platform/number_text.h"
+#include "platform/text/number_text.h"
 
 namespace zel::excel_batch {
 namespace {
@@ -151,8 +151,8 @@ void begin_deviations(Workbook& workbook) {
     int column = deviation_column;
     for (const auto& [of, from] : deviations)
         workbook.set_text(2, column++,
-                          std::string(find_method(of)->name) + " - " +
-                              std::string(find_method(from)->name) + " (% / K)");
+                          std::string(name_of(of)) + " - " + std::string(name_of(from)) +
+                              " (% / K)");
 }
 
 }  // namespace

@@ -7,10 +7,10 @@
 #include "excel_batch/missing_data.h"
 #include "excel_batch/silent_session.h"
 #include "excel_batch/transient_input.h"
-#include "platform/program_end.h"
-#include "tb601_transient/transient_excel.h"
-#include "workflow/steady_methods.h"
-#include "workflow/wind.h"
+#include "platform/errors.h"
+#include "tb601_transient/transient/transient_excel.h"
+#include "workflow/rules/wind.h"
+#include "workflow/run/steady_methods.h"
 
 namespace zel::excel_batch {
 namespace {

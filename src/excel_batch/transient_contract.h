@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "excel_batch/cell_limits.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 // Where a transient workbook has what is no field of the case.
 

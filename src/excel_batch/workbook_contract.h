@@ -6,10 +6,10 @@
 #include <span>
 #include <string_view>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "platform/workbook.h"
-#include "steady/calc_case.h"
-#include "workflow/steady_methods.h"
+#include "steady/case/calc_case.h"
+#include "workflow/run/steady_methods.h"
 
 // The form of the workbooks: their kinds, and where flags, choices and results stand. The inputs
 // stand in input_cells.h. Rows and columns count from 1.

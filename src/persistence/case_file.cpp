@@ -1,8 +1,8 @@
 #include "persistence/case_file.h"
 
-#include "platform/input_error.h"
+#include "platform/errors.h"
 #include "platform/rounding.h"
-#include "steady/case_fields.h"
+#include "steady/case/case_fields.h"
 
 namespace zel {
 namespace {

@@ -7,9 +7,9 @@
 
 #include "platform/flat_object.h"
 #include "platform/message_box.h"
-#include "platform/number_text.h"
-#include "steady/calc_case.h"
-#include "steady/case_fields.h"
+#include "platform/text/number_text.h"
+#include "steady/case/calc_case.h"
+#include "steady/case/case_fields.h"
 
 namespace zel {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/input_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 

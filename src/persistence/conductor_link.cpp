@@ -54,19 +54,19 @@ std::optional<Box> wrong_kind(const MethodSelection& methods, std::int16_t condu
 }
 
 std::variant<ConductorData, Box> exchanged_conductor(Files& files, const std::string& exchange_file,
-                                                     DecimalSeparator separator, LangId lang) {
+                                                     const Locale& locale) {
     const std::string bytes =
         files.exists(exchange_file) ? files.content(exchange_file) : std::string();
-    if (bytes.empty()) return box_in(lang, nothing_selected);
-    return read_record(bytes, separator);
+    if (bytes.empty()) return box_in(locale.lang, nothing_selected);
+    return read_record(bytes, locale.separator);
 }
 
 std::optional<Box> take_over_conductor(CalcCase& c, Files& files, const std::string& exchange_file,
-                                       DecimalSeparator separator, LangId lang) {
-    const auto found = exchanged_conductor(files, exchange_file, separator, lang);
+                                       const Locale& locale) {
+    const auto found = exchanged_conductor(files, exchange_file, locale);
     if (const Box* box = std::get_if<Box>(&found)) return *box;
     const auto& conductor = std::get<ConductorData>(found);
-    if (auto box = wrong_kind(c, conductor.conductor_type_db, lang)) return box;
+    if (auto box = wrong_kind(c, conductor.conductor_type_db, locale.lang)) return box;
     copy_record_fields(conductor, c);
     return std::nullopt;
 }

@@ -7,9 +7,9 @@
 
 #include "platform/files.h"
 #include "platform/message_box.h"
-#include "platform/number_text.h"
 #include "platform/settings_store.h"
-#include "steady/calc_case.h"
+#include "platform/text/locale.h"
+#include "steady/case/calc_case.h"
 
 // The link to the conductor database: it writes the conductor that the user chose there as one
 // record into the exchange file, and this program takes the conductor over from it.
@@ -26,15 +26,14 @@ namespace zel {
 /// Throws `InputError` where the file cannot be read or holds no numbers.
 [[nodiscard]] std::variant<ConductorData, Box> exchanged_conductor(Files& files,
                                                                    const std::string& exchange_file,
-                                                                   DecimalSeparator separator,
-                                                                   LangId lang);
+                                                                   const Locale& locale);
 
 /// Takes the conductor of the exchange file over into `c`: all that a record holds. What it does
 /// not hold stays as typed. Gives the box that tells why nothing was taken over: there is no
 /// conductor, or it is of the wrong kind. Throws as `exchanged_conductor` does.
 [[nodiscard]] std::optional<Box> take_over_conductor(CalcCase& c, Files& files,
                                                      const std::string& exchange_file,
-                                                     DecimalSeparator separator, LangId lang);
+                                                     const Locale& locale);
 
 /// Section and keys of the link in the shared settings file.
 inline constexpr std::string_view link_section = "Seildatei";

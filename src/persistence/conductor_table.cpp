@@ -7,7 +7,7 @@
 
 #include "persistence/exchange_record.h"
 #include "persistence/named_columns.h"
-#include "platform/input_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

@@ -7,9 +7,9 @@
 #include <cstring>
 #include <limits>
 
-#include "platform/input_error.h"
+#include "platform/errors.h"
 #include "platform/rounding.h"
-#include "platform/windows_1252.h"
+#include "platform/text/windows_1252.h"
 
 namespace zel {
 namespace {

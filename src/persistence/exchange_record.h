@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/number_text.h"
-#include "steady/case_fields.h"
+#include "platform/text/number_text.h"
+#include "steady/case/case_fields.h"
 
 // The record of one conductor by which the conductor database and this program exchange it: 714
 // bytes, packed, little-endian. The database writes it, this program takes it over.

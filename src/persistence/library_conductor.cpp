@@ -6,7 +6,7 @@
 #include <tuple>
 
 #include "persistence/exchange_record.h"
-#include "platform/input_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {
@@ -244,18 +244,18 @@ void add_usual_offers(CalcCase& c, DecimalSeparator separator) {
         offer(c.radialthermalconductivity_ueber_KPT_db, no_tension, separator);
 }
 
-std::optional<Box> take_offers(CalcCase& to, const CalcCase& from, DecimalSeparator separator,
-                               LangId lang) {
+std::optional<Box> take_offers(CalcCase& to, const CalcCase& from, const Locale& locale) {
     std::string taken;
     for (const OfferField& row : offers) {
         const bool done = std::visit(
-            [&](auto field) { return take_offer(to.*field, from.*field, separator); }, row.field);
+            [&](auto field) { return take_offer(to.*field, from.*field, locale.separator); },
+            row.field);
         if (!done) continue;
         if (!taken.empty()) taken += '\n';
-        taken += std::string(row.caption.in(lang)) + ": " + shown(to, row);
+        taken += std::string(row.caption.in(locale.lang)) + ": " + shown(to, row);
     }
     if (taken.empty()) return std::nullopt;
-    return box_in(lang, offers_taken, {taken});
+    return box_in(locale.lang, offers_taken, {taken});
 }
 
 }  // namespace zel

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "platform/message_box.h"
-#include "platform/number_text.h"
-#include "steady/case_fields.h"
+#include "platform/text/locale.h"
+#include "steady/case/case_fields.h"
 
 // A conductor of the library, and what is done with one.
 
@@ -74,7 +74,7 @@ void add_usual_offers(CalcCase& c, DecimalSeparator separator);
 /// Gives `to` the offers of `from` where it has no input, and the box that tells which; nothing
 /// where there is none to give.
 [[nodiscard]] std::optional<Box> take_offers(CalcCase& to, const CalcCase& from,
-                                             DecimalSeparator separator, LangId lang);
+                                             const Locale& locale);
 
 /// Figures of the conductor that contradict each other, each as a sentence: cross-sections against
 /// the wires (0.25 %), the diameter against the layers (0.05 mm), the resistance against the

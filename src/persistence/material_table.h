@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/number_text.h"
-#include "steady/calc_case.h"
+#include "platform/text/number_text.h"
+#include "steady/case/calc_case.h"
 
 // The materials of wires and tubes, which conductors of the library name instead of repeating their
 // figures.

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <utility>
 
-#include "platform/input_error.h"
-#include "platform/text.h"
+#include "platform/errors.h"
+#include "platform/text/text.h"
 
 namespace zel {
 namespace {

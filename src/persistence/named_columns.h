@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/csv.h"
-#include "platform/number_text.h"
-#include "steady/calc_case.h"
+#include "platform/text/csv.h"
+#include "platform/text/number_text.h"
+#include "steady/case/calc_case.h"
 
 namespace zel {
 

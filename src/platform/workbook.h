@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/input_error.h"
+#include "platform/errors.h"
 
 // Workbooks of a spreadsheet program, changed in place. Rows and columns count from 1.
 

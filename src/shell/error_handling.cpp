@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "platform/program_end.h"
+#include "platform/errors.h"
 #include "shell/program_texts.h"
 
 namespace zel {

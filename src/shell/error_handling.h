@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/platform_error.h"
+#include "platform/errors.h"
 #include "shell/error_table.h"
 #include "shell/error_text.h"
 

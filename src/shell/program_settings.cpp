@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/number_text.h"
-#include "platform/output_error.h"
+#include "platform/errors.h"
 #include "platform/rounding.h"
+#include "platform/text/number_text.h"
 #include "steady/constants.h"
 
 namespace zel {

@@ -8,8 +8,8 @@
 #include <variant>
 
 #include "platform/settings_store.h"
-#include "platform/text.h"
-#include "steady/calc_case.h"
+#include "platform/text/text.h"
+#include "steady/case/calc_case.h"
 
 namespace zel {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "platform/message_box.h"
-#include "platform/number_text.h"
+#include "platform/text/locale.h"
 #include "steady/run_mode.h"
 #include "steady/steady_report.h"
 
@@ -13,9 +13,7 @@ struct MethodMemory;  // what methods keep from one calculation to the next
 
 /// What a run of the program keeps between calls, made once and handed down: language, number
 /// format, message mode, and who shows boxes.
-struct Session {
-    LangId lang = LangId::English;
-    DecimalSeparator separator = DecimalSeparator::Point;
+struct Session : Locale {
     RunMode Meldung_merker = RunMode::Messages;
     Dialogs& dialogs;
     /// Null for a calculation that starts from nothing, as one of several side by side does.

@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "platform/message_box.h"
-#include "platform/number_text.h"
 #include "platform/system_facts.h"
+#include "platform/text/number_text.h"
 #include "shell/program_settings.h"
 #include "shell/program_state.h"
 

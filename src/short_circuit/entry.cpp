@@ -122,11 +122,11 @@ std::optional<KsEntryRefusal> refusal(std::optional<float> number, const Limits&
 }  // namespace
 
 std::optional<KsEntryRefusal> enter(Entry& field, KsBox box, std::string_view text,
-                                    DecimalSeparator separator, LangId lang) {
+                                    const Locale& locale) {
     field.text = text;
     if (text.empty()) return std::nullopt;
-    const auto number = parse_single(text, separator);
-    if (auto refused = refusal(number, limits_of(box), lang)) {
+    const auto number = parse_single(text, locale.separator);
+    if (auto refused = refusal(number, limits_of(box), locale.lang)) {
         field = {};
         return refused;
     }

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "platform/message_box.h"
-#include "platform/number_text.h"
+#include "platform/text/locale.h"
 #include "short_circuit/short_circuit_case.h"
 
 namespace zel {
@@ -20,6 +20,6 @@ struct KsEntryRefusal {
 /// box, is refused: the field is then empty and its number 0. An empty text is no input and keeps
 /// the number. Limits are inclusive and compared at 32 bits.
 std::optional<KsEntryRefusal> enter(Entry& field, KsBox box, std::string_view text,
-                                    DecimalSeparator separator, LangId lang);
+                                    const Locale& locale);
 
 }  // namespace zel

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 
-#include "platform/listing.h"
+#include "platform/text/listing.h"
 
 namespace zel {
 namespace {

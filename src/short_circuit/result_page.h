@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/number_text.h"
+#include "platform/text/number_text.h"
 #include "short_circuit/modul_iec865.h"
 
 // The result page as texts. They are German in every language.

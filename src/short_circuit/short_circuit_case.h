@@ -4,7 +4,7 @@
 #include <string>
 #include <variant>
 
-#include "steady/calc_case.h"
+#include "steady/case/calc_case.h"
 
 // The whole record of a short-circuit case. Fields bear the names of their table columns. It has
 // nothing in common with the case of the thermal rating but the kind of its numeric fields.

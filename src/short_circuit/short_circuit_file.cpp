@@ -5,7 +5,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "platform/input_error.h"
+#include "platform/errors.h"
 #include "platform/rounding.h"
 #include "short_circuit/short_circuit_fields.h"
 
@@ -33,8 +33,7 @@ bool is_empty(const FlatValue& value) {
 
 class Reader {
 public:
-    Reader(const FlatObject& values, DecimalSeparator separator, LangId lang)
-        : separator_(separator), lang_(lang) {
+    Reader(const FlatObject& values, const Locale& locale) : locale_(locale) {
         for (const FlatMember& member : values) sort_in(member);
     }
 
@@ -86,8 +85,9 @@ private:
         if (number == nullptr && typed == nullptr)
             refuse(given.member->key, "a number is expected");
         if (!file_.form.is_open(key) || is_empty(given.member->value)) return;
-        const std::string text = number != nullptr ? plain_number(*number, separator_) : *typed;
-        if (auto refusal = file_.form.change(key, text, separator_, lang_))
+        const std::string text =
+            number != nullptr ? plain_number(*number, locale_.separator) : *typed;
+        if (auto refusal = file_.form.change(key, text, locale_))
             file_.refused.push_back({given.member->key, std::move(refusal->box)});
     }
 
@@ -120,13 +120,12 @@ private:
     [[nodiscard]] double number_in(const FlatMember& member) const {
         if (const auto* number = std::get_if<double>(&member.value)) return *number;
         const auto* text = std::get_if<std::string>(&member.value);
-        const auto number = text == nullptr ? std::nullopt : parse_number(*text, separator_);
+        const auto number = text == nullptr ? std::nullopt : parse_number(*text, locale_.separator);
         if (!number) refuse(member.key, "a number is expected");
         return *number;
     }
 
-    DecimalSeparator separator_;
-    LangId lang_;
+    Locale locale_;
     std::vector<Given> given_;
     ShortCircuitFile file_;
 };
@@ -161,9 +160,8 @@ std::optional<FlatValue> value_in(const C& c, KsRecordNumber key) {
 
 }  // namespace
 
-ShortCircuitFile read_short_circuit_case(const FlatObject& values, DecimalSeparator separator,
-                                         LangId lang) {
-    return Reader(values, separator, lang).read();
+ShortCircuitFile read_short_circuit_case(const FlatObject& values, const Locale& locale) {
+    return Reader(values, locale).read();
 }
 
 FlatObject values_of(const ShortCircuitCase& c) {

@@ -4,6 +4,7 @@
 
 #include "persistence/case_file.h"
 #include "platform/flat_object.h"
+#include "platform/text/locale.h"
 #include "short_circuit/short_circuit_form.h"
 
 namespace zel {
@@ -22,7 +23,7 @@ struct ShortCircuitFile {
 /// Throws `InputError` naming the key where it is none of a case or stands there in two spellings,
 /// where a value is of the wrong kind, and where a list has no such entry.
 [[nodiscard]] ShortCircuitFile read_short_circuit_case(const FlatObject& values,
-                                                       DecimalSeparator separator, LangId lang);
+                                                       const Locale& locale);
 
 /// The named values of `c` from which `read_short_circuit_case` makes the same case under any
 /// separator: the fields with input, numbers with as many digits as 32 bits have.

@@ -7,7 +7,7 @@
 #include "platform/rounding.h"
 #include "short_circuit/conductor_materials.h"
 #include "short_circuit/short_circuit_fields.h"
-#include "steady/respell.h"
+#include "steady/case/respell.h"
 
 namespace zel {
 namespace {
@@ -44,7 +44,7 @@ void ShortCircuitForm::write_material(std::int16_t index) {
     const ConductorMaterial& material = conductor_materials()[static_cast<std::size_t>(index)];
     const auto set = [&](KsBox box, std::string_view text) {
         // No material breaks a limit.
-        enter(content_.*box, box, text, DecimalSeparator::Comma, LangId::German);
+        enter(content_.*box, box, text, {LangId::German, DecimalSeparator::Comma});
     };
     set(&C::waermekapaz, material.waermekapaz);
     set(&C::Tk20_ks, material.Tk20_ks);
@@ -57,12 +57,12 @@ void ShortCircuitForm::typed_into(KsBox box) {
 }
 
 std::optional<KsEntryRefusal> ShortCircuitForm::change(KsBox box, std::string_view text,
-                                                       DecimalSeparator separator, LangId lang) {
+                                                       const Locale& locale) {
     if (typed_into_ == box) {
         content_.Leitermaterial_ks = 0;
         typed_into_.reset();
     }
-    return enter(content_.*box, box, text, separator, lang);
+    return enter(content_.*box, box, text, locale);
 }
 
 void ShortCircuitForm::respell(DecimalSeparator from, DecimalSeparator to) {
@@ -72,7 +72,7 @@ void ShortCircuitForm::respell(DecimalSeparator from, DecimalSeparator to) {
 }
 
 std::vector<KsRefusedText> ShortCircuitForm::take_over(const ConductorData& record,
-                                                       DecimalSeparator separator, LangId lang) {
+                                                       const Locale& locale) {
     content_.werkstoff_ks = without_outer_blanks(record.Bezeichnung1_db);
     content_.Nennquerschnitt_ks = without_outer_blanks(record.Bezeichnung2_db);
     content_.Norm_ks = without_outer_blanks(record.Norm_db);
@@ -95,7 +95,7 @@ std::vector<KsRefusedText> ShortCircuitForm::take_over(const ConductorData& reco
     };
     std::vector<KsRefusedText> refused;
     for (const auto& [box, value] : values)
-        if (auto refusal = change(box, masked(value, mask_of(box), separator), separator, lang))
+        if (auto refusal = change(box, masked(value, mask_of(box), locale.separator), locale))
             refused.push_back({box, std::move(*refusal)});
     return refused;
 }

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/number_text.h"
-#include "platform/text.h"
+#include "platform/text/locale.h"
+#include "platform/text/text.h"
 #include "short_circuit/entry.h"
 #include "short_circuit/short_circuit_case.h"
 #include "short_circuit/state_table.h"
@@ -40,8 +40,7 @@ public:
 
     /// The text of a box changes; see `enter` in entry.h. After `typed_into` the list of materials
     /// goes to index 0.
-    std::optional<KsEntryRefusal> change(KsBox box, std::string_view text,
-                                         DecimalSeparator separator, LangId lang);
+    std::optional<KsEntryRefusal> change(KsBox box, std::string_view text, const Locale& locale);
 
     /// A key was typed into `box`: the next change of one of the material's boxes is made by hand.
     void typed_into(KsBox box);
@@ -50,8 +49,7 @@ public:
     /// the values of its material, not those of the core. The values are rounded as the boxes show
     /// them and go through the entry rules. What was refused is given back. A resistivity of 0
     /// leaves the conductivity without input.
-    std::vector<KsRefusedText> take_over(const ConductorData& record, DecimalSeparator separator,
-                                         LangId lang);
+    std::vector<KsRefusedText> take_over(const ConductorData& record, const Locale& locale);
 
     /// Writes every number that was typed with the separator `from` with the separator `to`. The
     /// numbers themselves do not change.

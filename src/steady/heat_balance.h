@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <variant>
 
-#include "steady/calc_case.h"
+#include "steady/case/calc_case.h"
 #include "steady/steady_cause.h"
 #include "steady/tb207_terms.h"
 #include "steady/tbb_terms.h"

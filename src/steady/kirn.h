@@ -1,6 +1,6 @@
 #pragma once
 
-#include "steady/calc_case.h"
+#include "steady/case/calc_case.h"
 #include "steady/kirn_terms.h"
 #include "steady/method_fault.h"
 #include "steady/sun.h"

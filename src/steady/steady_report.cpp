@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-#include "platform/program_end.h"
+#include "platform/errors.h"
 #include "steady/report_texts.h"
 
 namespace zel {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "steady/calc_case.h"
+#include "steady/case/calc_case.h"
 #include "steady/heat_balance.h"
 #include "steady/steady_cause.h"
 

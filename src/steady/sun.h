@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "steady/calc_case.h"
+#include "steady/case/calc_case.h"
 
 // The height of the sun as Webs and Kirn find it. They differ in what they make of the clock.
 

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "platform/arithmetic_fault.h"
-#include "steady/calc_case.h"
+#include "steady/case/calc_case.h"
 #include "steady/constants.h"
 
 namespace zel {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "steady/calc_case.h"
+#include "steady/case/calc_case.h"
 #include "steady/method_fault.h"
 #include "steady/sun.h"
 #include "steady/webs_report.h"

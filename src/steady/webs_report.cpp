@@ -1,7 +1,7 @@
 #include "steady/webs_report.h"
 
 #include "platform/arithmetic_fault.h"
-#include "platform/program_end.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

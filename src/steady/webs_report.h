@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/number_text.h"
+#include "platform/text/number_text.h"
 #include "steady/steady_report.h"
 
 // What Webs asks and tells while it computes.

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/canvas.h"
-#include "tb601_transient/transient_series.h"
+#include "tb601_transient/transient/transient_series.h"
 
 // The curves of a transient on a canvas: temperature and current against time.
 

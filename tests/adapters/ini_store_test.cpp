@@ -8,7 +8,7 @@
 #include "adapters/posix/shared_files.h"
 #include "fakes/as_nobody.h"
 #include "fakes/scratch_folder.h"
-#include "platform/output_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "desktop/desktop_fixture.h"
 #include "persistence/case_file.h"
-#include "workflow/page_change.h"
+#include "workflow/run/page_change.h"
 
 namespace zel {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/case_forms.h"
+#include "forms/case_forms.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,12 +7,12 @@
 #include <array>
 #include <set>
 
-#include "desktop/given_value.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/sunny_cases.h"
 #include "fakes/tb601_cases.h"
-#include "workflow/bundle.h"
-#include "workflow/steady_check.h"
+#include "forms/given_value.h"
+#include "workflow/rules/bundle.h"
+#include "workflow/rules/steady_check.h"
 
 namespace zel {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/conductor_editor.h"
+#include "desktop/conductors/conductor_editor.h"
 
 #include <QHeaderView>
 #include <QPushButton>

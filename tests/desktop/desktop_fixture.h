@@ -13,9 +13,8 @@
 #include <memory>
 #include <string>
 
-#include "desktop/case_forms.h"
 #include "desktop/form_main.h"
-#include "desktop/qt_text.h"
+#include "desktop/frame/qt_text.h"
 #include "fakes/memory_case_store.h"
 #include "fakes/memory_files.h"
 #include "fakes/memory_settings.h"
@@ -23,6 +22,7 @@
 #include "fakes/scripted_chooser.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/steady_cases.h"
+#include "forms/case_forms.h"
 
 namespace zel {
 

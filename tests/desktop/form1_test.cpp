@@ -1,10 +1,10 @@
 #include <QCheckBox>
 #include <QTimer>
 
-#include "desktop/application.h"
 #include "desktop/desktop_fixture.h"
-#include "desktop/given_value.h"
-#include "workflow/page_change.h"
+#include "desktop/frame/application.h"
+#include "forms/given_value.h"
+#include "workflow/run/page_change.h"
 
 namespace zel {
 namespace {

@@ -11,7 +11,7 @@
 #include "fakes/memory_workbook.h"
 #include "fakes/sunny_cases.h"
 #include "persistence/exchange_record.h"
-#include "workflow/page_change.h"
+#include "workflow/run/page_change.h"
 
 namespace zel {
 namespace {

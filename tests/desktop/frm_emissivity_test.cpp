@@ -1,4 +1,4 @@
-#include "desktop/frm_emissivity.h"
+#include "desktop/line/frm_emissivity.h"
 
 #include <QPushButton>
 #include <QTimer>

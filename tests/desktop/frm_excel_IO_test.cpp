@@ -1,4 +1,4 @@
-#include "desktop/frm_excel_IO.h"
+#include "desktop/batch/frm_excel_IO.h"
 
 #include <QAction>
 #include <QLabel>
@@ -8,9 +8,9 @@
 #include <QRadioButton>
 #include <QTimer>
 
-#include "desktop/config_options.h"
 #include "desktop/desktop_fixture.h"
 #include "excel_batch/batch_fixture.h"
+#include "forms/config_options.h"
 
 namespace zel {
 namespace {

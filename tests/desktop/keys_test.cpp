@@ -1,5 +1,5 @@
 #include "desktop/desktop_fixture.h"
-#include "workflow/page_change.h"
+#include "workflow/run/page_change.h"
 
 namespace zel {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/ks_form1.h"
+#include "desktop/short_circuit/ks_form1.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@
 #include <QTabWidget>
 #include <memory>
 
-#include "desktop/qt_text.h"
+#include "desktop/frame/qt_text.h"
 #include "fakes/memory_case_store.h"
 #include "fakes/scripted_chooser.h"
 #include "fakes/scripted_dialogs.h"

@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-#include "desktop/application.h"
+#include "desktop/frame/application.h"
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -1,4 +1,4 @@
-#include "desktop/qt_dialogs.h"
+#include "desktop/frame/qt_dialogs.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

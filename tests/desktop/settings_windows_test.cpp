@@ -10,14 +10,14 @@
 #include <utility>
 #include <vector>
 
-#include "desktop/application.h"
-#include "desktop/config_options.h"
 #include "desktop/desktop_fixture.h"
-#include "desktop/frm_languageselect.h"
-#include "desktop/frm_prog_config.h"
-#include "desktop/frm_selectPath.h"
-#include "desktop/help_menu.h"
+#include "desktop/frame/application.h"
+#include "desktop/frame/frm_languageselect.h"
+#include "desktop/frame/frm_prog_config.h"
+#include "desktop/frame/frm_selectPath.h"
+#include "desktop/frame/help_menu.h"
 #include "fakes/scratch_folder.h"
+#include "forms/config_options.h"
 
 namespace zel {
 namespace {

@@ -8,8 +8,8 @@
 #include "desktop/desktop_fixture.h"
 #include "fakes/typed_rows.h"
 #include "persistence/case_file.h"
-#include "workflow/page_change.h"
-#include "workflow/transient.h"
+#include "workflow/run/page_change.h"
+#include "workflow/run/transient.h"
 
 namespace zel {
 namespace {
@@ -42,8 +42,7 @@ protected:
     TransientRunResult headless(CalcCase c) {
         ScriptedDialogs none;
         MethodMemory memory;
-        const Session session = {state->session.lang, state->session.separator, RunMode::Messages,
-                                 none, &memory};
+        const Session session = {state->session, RunMode::Messages, none, &memory};
         const SteadyRunResult steady = RunSteady(c, session);
         TransientBasis basis;
         take_over(basis, steady, c);

@@ -3,9 +3,9 @@
 
 #include "cli/process.h"
 #include "desktop/desktop_fixture.h"
-#include "desktop/given_value.h"
-#include "workflow/page_change.h"
-#include "workflow/steady_run.h"
+#include "forms/given_value.h"
+#include "workflow/run/page_change.h"
+#include "workflow/run/steady_run.h"
 
 namespace zel {
 namespace {
@@ -55,8 +55,7 @@ protected:
     }
     void expect_result_of(CalcCase c) {
         ScriptedDialogs none;
-        const SteadyRunResult run =
-            RunSteady(c, {state->session.lang, state->session.separator, RunMode::Messages, none});
+        const SteadyRunResult run = RunSteady(c, {state->session, RunMode::Messages, none});
         ASSERT_TRUE(run.input_valid);
         EXPECT_EQ(shown("head_line"), run.head_line);
         EXPECT_EQ(shown("caption_TB207"), run.methods.at(0).caption);

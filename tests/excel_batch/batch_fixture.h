@@ -13,8 +13,8 @@
 #include "fakes/scripted_dialogs.h"
 #include "fakes/sunny_cases.h"
 #include "fakes/tb601_cases.h"
-#include "platform/output_error.h"
-#include "workflow/steady_run.h"
+#include "platform/errors.h"
+#include "workflow/run/steady_run.h"
 
 namespace zel::excel_batch {
 

@@ -2,7 +2,7 @@
 
 #include "excel_batch/batch_fixture.h"
 #include "excel_batch/batch_texts.h"
-#include "platform/program_end.h"
+#include "platform/errors.h"
 
 namespace zel::excel_batch {
 namespace {

@@ -1,9 +1,9 @@
 #include "excel_batch/batch_fixture.h"
 #include "fakes/transient_cases.h"
 #include "platform/rounding.h"
-#include "tb601_transient/tb601_solver.h"
-#include "tb601_transient/transient_excel.h"
-#include "workflow/wind.h"
+#include "tb601_transient/tb601/tb601_solver.h"
+#include "tb601_transient/transient/transient_excel.h"
+#include "workflow/rules/wind.h"
 
 namespace zel::excel_batch {
 namespace {

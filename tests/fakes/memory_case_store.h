@@ -3,8 +3,7 @@
 #include <map>
 
 #include "platform/case_store.h"
-#include "platform/input_error.h"
-#include "platform/output_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 

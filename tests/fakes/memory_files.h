@@ -2,9 +2,8 @@
 
 #include <map>
 
+#include "platform/errors.h"
 #include "platform/files.h"
-#include "platform/input_error.h"
-#include "platform/output_error.h"
 
 namespace zel {
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/output_error.h"
+#include "platform/errors.h"
 #include "platform/settings_store.h"
 
 namespace zel {

@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "platform/output_error.h"
+#include "platform/errors.h"
 #include "platform/text_files.h"
 
 namespace zel {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <variant>
 
-#include "platform/number_text.h"
+#include "platform/text/number_text.h"
 #include "platform/workbook.h"
 
 namespace zel {

@@ -4,8 +4,8 @@
 #include <memory>
 #include <optional>
 
-#include "tb601_transient/start_table.h"
-#include "tb601_transient/tb601_balance.h"
+#include "tb601_transient/tb601/tb601_balance.h"
+#include "tb601_transient/transient/start_table.h"
 
 namespace zel {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "tb601_transient/transient_run.h"
+#include "tb601_transient/transient/transient_run.h"
 
 // The stepping of a transient written down plainly: every term of every step from nothing, every
 // trial of every round anew. The program's own must give the same to the last bit.

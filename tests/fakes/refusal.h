@@ -2,8 +2,7 @@
 
 #include <string>
 
-#include "platform/input_error.h"
-#include "platform/output_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 

@@ -2,7 +2,7 @@
 
 #include <deque>
 
-#include "desktop/file_chooser.h"
+#include "desktop/frame/file_chooser.h"
 
 namespace zel {
 

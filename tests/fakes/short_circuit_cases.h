@@ -12,7 +12,7 @@ namespace zel {
 class KsTyping {
 public:
     KsTyping& type(KsBox box, const std::string& text) {
-        form.change(box, text, DecimalSeparator::Point, LangId::English);
+        form.change(box, text, {LangId::English, DecimalSeparator::Point});
         return *this;
     }
     KsTyping& choose(KsList list, std::int16_t index) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/number_text.h"
-#include "steady/calc_case.h"
+#include "platform/text/number_text.h"
+#include "steady/case/calc_case.h"
 
 namespace zel {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fakes/steady_cases.h"
-#include "tb601_transient/tb601_params.h"
+#include "tb601_transient/tb601/tb601_params.h"
 
 namespace zel {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fakes/names.h"
-#include "tb601_transient/tb601_cause.h"
+#include "tb601_transient/tb601/tb601_cause.h"
 
 namespace zel {
 

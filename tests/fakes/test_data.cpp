@@ -7,7 +7,7 @@
 #include <fstream>
 
 #include "fakes/steady_cases.h"
-#include "steady/case_fields.h"
+#include "steady/case/case_fields.h"
 
 namespace zel {
 

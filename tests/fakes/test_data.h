@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "platform/message_box.h"
-#include "platform/number_text.h"
-#include "steady/calc_case.h"
+#include "platform/text/number_text.h"
+#include "steady/case/calc_case.h"
 
 // Tests by data: documents of tests/data/, and what their rows need.
 

@@ -3,8 +3,8 @@
 #include "fakes/scripted_dialogs.h"
 #include "fakes/tb601_cases.h"
 #include "steady/steady_solver.h"
-#include "tb601_transient/tb601_solver.h"
-#include "tb601_transient/transient_run.h"
+#include "tb601_transient/tb601/tb601_solver.h"
+#include "tb601_transient/transient/transient_run.h"
 
 namespace zel {
 

@@ -3,7 +3,7 @@
 #include <initializer_list>
 
 #include "fakes/transient_cases.h"
-#include "steady/state_change.h"
+#include "steady/case/state_change.h"
 
 namespace zel {
 

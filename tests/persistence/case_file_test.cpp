@@ -6,9 +6,9 @@
 #include <cmath>
 
 #include "fakes/refusal.h"
-#include "steady/case_fields.h"
-#include "workflow/entry_rules.h"
-#include "workflow/transient_cells.h"
+#include "steady/case/case_fields.h"
+#include "workflow/rules/entry_rules.h"
+#include "workflow/rules/transient_cells.h"
 
 namespace zel {
 namespace {
@@ -20,10 +20,10 @@ CaseFile read(const FlatObject& values, DecimalSeparator separator = DecimalSepa
     return read_case(
         values, separator,
         [separator](Entry& field, Entry CalcCase::*key, std::string_view text) {
-            return enter(field, key, text, separator, LangId::English);
+            return enter(field, key, text, {LangId::English, separator});
         },
         [separator](CalcCase& c, StateCellPlace place, std::string_view text) {
-            return read_cell(c, place, text, separator, LangId::English);
+            return read_cell(c, place, text, {LangId::English, separator});
         });
 }
 

@@ -9,8 +9,7 @@
 #include "fakes/memory_files.h"
 #include "fakes/steady_cases.h"
 #include "persistence/exchange_record.h"
-#include "platform/input_error.h"
-#include "platform/output_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {
@@ -368,7 +367,7 @@ TEST(Offers, fill_only_what_is_without_input_and_are_told) {
     from.radialthermalconductivity_ueber_KPT_db = typed(0.7);
     CalcCase to;
     to.radialthermalconductivity_unter_KPT_db = {"2,0", 2};
-    const auto box = take_offers(to, from, DecimalSeparator::Comma, LangId::German);
+    const auto box = take_offers(to, from, {LangId::German, DecimalSeparator::Comma});
     EXPECT_EQ(to.ACDC_R_Option_Merker_db, 1);
     EXPECT_EQ(to.radialthermalconductivity_unter_KPT_db, (Entry{"2,0", 2}));
     EXPECT_EQ(to.radialthermalconductivity_ueber_KPT_db, (Entry{"0,7", 0.7}));
@@ -376,7 +375,7 @@ TEST(Offers, fill_only_what_is_without_input_and_are_told) {
     ASSERT_TRUE(box);
     EXPECT_THAT(joined(box->lines, "\n"), AllOf(HasSubstr("oberhalb des Kniepunkts: 0,7 W/(m·K)"),
                                                 Not(HasSubstr("unterhalb des Kniepunkts: "))));
-    EXPECT_EQ(take_offers(to, from, DecimalSeparator::Comma, LangId::German), std::nullopt);
+    EXPECT_EQ(take_offers(to, from, {LangId::German, DecimalSeparator::Comma}), std::nullopt);
 }
 
 TEST(Offers, take_the_pairs_where_there_is_no_dc_resistance_and_nothing_for_a_tube) {

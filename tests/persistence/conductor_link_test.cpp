@@ -27,7 +27,7 @@ std::string record_of(std::int16_t type) {
 class ConductorLink : public testing::Test {
 protected:
     std::optional<Box> take(LangId lang = LangId::English) {
-        return take_over_conductor(c, files, exchange, Point, lang);
+        return take_over_conductor(c, files, exchange, {lang, Point});
     }
     MemoryFiles files;
     CalcCase c = twin_264_34();

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <set>
 
-#include "platform/input_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

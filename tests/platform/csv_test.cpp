@@ -1,9 +1,9 @@
-#include "platform/csv.h"
+#include "platform/text/csv.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/input_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

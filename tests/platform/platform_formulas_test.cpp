@@ -2,8 +2,8 @@
 #include <limits>
 
 #include "fakes/formulas.h"
-#include "platform/number_text.h"
 #include "platform/rounding.h"
+#include "platform/text/number_text.h"
 
 namespace zel {
 namespace {

@@ -1,8 +1,8 @@
-#include "platform/windows_1252.h"
+#include "platform/text/windows_1252.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/input_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

@@ -4,8 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/scripted_dialogs.h"
-#include "platform/input_error.h"
-#include "platform/program_end.h"
+#include "platform/errors.h"
 #include "platform/workbook.h"
 #include "shell/expected_errors.h"
 

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/input_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

@@ -13,7 +13,7 @@ using testing::ElementsAre;
 
 std::optional<KsEntryRefusal> entered(Entry& field, KsBox box, std::string_view text,
                                       LangId lang = LangId::German) {
-    return enter(field, box, text, DecimalSeparator::Point, lang);
+    return enter(field, box, text, {lang, DecimalSeparator::Point});
 }
 
 struct LimitRow {
@@ -150,8 +150,8 @@ TEST(KsEntry, number_beyond_32_bits_meets_the_limit_or_is_none) {
 
 TEST(KsEntry, separator_is_that_of_the_session) {
     Entry field;
-    EXPECT_FALSE(enter(field, &C::Kappa, "1,8", DecimalSeparator::Comma, LangId::German));
-    EXPECT_TRUE(enter(field, &C::Kappa, "1.8", DecimalSeparator::Comma, LangId::German));
+    EXPECT_FALSE(enter(field, &C::Kappa, "1,8", {LangId::German, DecimalSeparator::Comma}));
+    EXPECT_TRUE(enter(field, &C::Kappa, "1.8", {LangId::German, DecimalSeparator::Comma}));
 }
 
 }  // namespace

@@ -115,7 +115,7 @@ TEST(Auswertung, flow_beyond_the_number_of_flows_counts_for_nothing) {
     // "nein" chosen once more opens the boxes of all flows, whatever their number is.
     ShortCircuitForm form = copper_far();
     form.choose(&C::Strombegrenzschalter_ks, without_limiter);
-    form.change(&C::Tk2, "5", DecimalSeparator::Point, LangId::English);
+    form.change(&C::Tk2, "5", {LangId::English, DecimalSeparator::Point});
     ASSERT_EQ(form.content().Tk2.value, 5);
     EXPECT_EQ(KS_Auswertung(form.content()).T_k, 1);
     EXPECT_EQ(KS_Auswertung(form.content()).I_th, KS_Auswertung(copper_far().content()).I_th);

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/short_circuit_cases.h"
-#include "platform/input_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {
@@ -16,7 +16,7 @@ using testing::SizeIs;
 
 ShortCircuitFile read(const FlatObject& values,
                       DecimalSeparator separator = DecimalSeparator::Point) {
-    return read_short_circuit_case(values, separator, LangId::English);
+    return read_short_circuit_case(values, {LangId::English, separator});
 }
 
 TEST(ShortCircuitFile, selections_come_first_and_closed_boxes_drop_their_values) {
@@ -148,7 +148,7 @@ TEST(ShortCircuitFile, written_case_reads_as_the_same_under_either_separator) {
     record.T_Koeff_DC_Resist_Leiter_linear_db.value = 4.03;
     record.Dichte_Leiterwerkstoff1_db.value = 2703;
     ShortCircuitForm with_record = form;
-    with_record.take_over(record, DecimalSeparator::Point, LangId::German);
+    with_record.take_over(record, {LangId::German, DecimalSeparator::Point});
     for (const ShortCircuitForm& written :
          {form, with_record, copper_far(), limited_equipment(), ShortCircuitForm()}) {
         const FlatObject values = values_of(written.content());

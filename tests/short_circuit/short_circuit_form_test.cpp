@@ -197,7 +197,7 @@ TEST(MaterialList, writes_texts_with_a_comma_and_32_bit_numbers) {
 
 void type_by_hand(ShortCircuitForm& form, KsBox box, const char* text) {
     form.typed_into(box);
-    form.change(box, text, DecimalSeparator::Point, LangId::German);
+    form.change(box, text, {LangId::German, DecimalSeparator::Point});
 }
 
 TEST(MaterialList, goes_to_index_0_when_a_value_is_typed_by_hand) {
@@ -224,7 +224,7 @@ TEST(MaterialList, other_values_stay_when_one_is_typed) {
 TEST(MaterialList, stays_when_a_box_changes_otherwise) {
     ShortCircuitForm form;
     form.choose(&C::Leitermaterial_ks, 1);
-    form.change(&C::kappa20_ks, "58", DecimalSeparator::Point, LangId::German);
+    form.change(&C::kappa20_ks, "58", {LangId::German, DecimalSeparator::Point});
     EXPECT_EQ(form.content().Leitermaterial_ks, 1);
     type_by_hand(form, &C::A_Leiter, "240");  // not a value of the material
     EXPECT_EQ(form.content().Leitermaterial_ks, 1);
@@ -250,7 +250,7 @@ ConductorData record_264_34() {
 TEST(TakeOver, fills_the_labels_and_the_values_of_the_layers) {
     ShortCircuitForm form;
     form.choose(&C::Leitermaterial_ks, 1);
-    EXPECT_THAT(form.take_over(record_264_34(), DecimalSeparator::Comma, LangId::German),
+    EXPECT_THAT(form.take_over(record_264_34(), {LangId::German, DecimalSeparator::Comma}),
                 IsEmpty());
     const C& c = form.content();
     EXPECT_EQ(c.werkstoff_ks, "Al/St");
@@ -274,7 +274,7 @@ TEST(TakeOver, without_a_sheath_a_dash_is_shown) {
     ConductorData record = record_264_34();
     record.Mantelquerschnitt_db = {};
     ShortCircuitForm form;
-    form.take_over(record, DecimalSeparator::Point, LangId::German);
+    form.take_over(record, {LangId::German, DecimalSeparator::Point});
     EXPECT_EQ(label_text(form.content(), &C::Mantelquerschnitt_ks, DecimalSeparator::Point), " - ");
     EXPECT_EQ(form.content().A_Leiter.text, "0.0");
 }
@@ -284,7 +284,7 @@ TEST(TakeOver, refused_values_are_told_and_no_input) {
     record.c_leiter20_db.value = 6000;
     record.DC_Resist_Leiter_db.value = 5;  // 200 m/(ohm·mm²)
     ShortCircuitForm form;
-    const auto refused = form.take_over(record, DecimalSeparator::Point, LangId::German);
+    const auto refused = form.take_over(record, {LangId::German, DecimalSeparator::Point});
     ASSERT_THAT(refused, SizeIs(2));
     EXPECT_EQ(refused[0].box, &C::waermekapaz);
     EXPECT_EQ(refused[1].box, &C::kappa20_ks);
@@ -296,7 +296,7 @@ TEST(TakeOver, without_a_resistivity_there_is_no_conductivity) {
     ConductorData record = record_264_34();
     record.DC_Resist_Leiter_db = {};
     ShortCircuitForm form;
-    EXPECT_THAT(form.take_over(record, DecimalSeparator::Point, LangId::German), IsEmpty());
+    EXPECT_THAT(form.take_over(record, {LangId::German, DecimalSeparator::Point}), IsEmpty());
     EXPECT_FALSE(form.content().kappa20_ks.given());
 }
 

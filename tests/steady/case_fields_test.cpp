@@ -1,4 +1,4 @@
-#include "steady/case_fields.h"
+#include "steady/case/case_fields.h"
 
 #include <gtest/gtest.h>
 

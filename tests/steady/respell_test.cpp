@@ -1,4 +1,4 @@
-#include "steady/respell.h"
+#include "steady/case/respell.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tb601_transient/conductor_mass.h"
+#include "tb601_transient/transient/conductor_mass.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tb601_transient/start_table.h"
+#include "tb601_transient/transient/start_table.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 #include "fakes/formulas.h"
 #include "fakes/tb601_cases.h"
 #include "fakes/tb601_names.h"
-#include "tb601_transient/math_module.h"
-#include "tb601_transient/tb601_joule.h"
-#include "tb601_transient/tb601_radial.h"
-#include "tb601_transient/tb601_solver.h"
-#include "tb601_transient/tb601_terms.h"
+#include "tb601_transient/tb601/math_module.h"
+#include "tb601_transient/tb601/tb601_joule.h"
+#include "tb601_transient/tb601/tb601_radial.h"
+#include "tb601_transient/tb601/tb601_solver.h"
+#include "tb601_transient/tb601/tb601_terms.h"
 
 namespace zel {
 

@@ -1,4 +1,4 @@
-#include "tb601_transient/tb601_solver.h"
+#include "tb601_transient/tb601/tb601_solver.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "tb601_transient/transient_excel.h"
+#include "tb601_transient/transient/transient_excel.h"
 
 #include <gtest/gtest.h>
 
 #include "fakes/transient_cases.h"
-#include "platform/program_end.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

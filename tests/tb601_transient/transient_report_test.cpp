@@ -1,10 +1,10 @@
-#include "tb601_transient/transient_report.h"
+#include "tb601_transient/transient/transient_report.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "fakes/scripted_dialogs.h"
-#include "platform/program_end.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

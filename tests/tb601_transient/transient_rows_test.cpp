@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "fakes/transient_cases.h"
-#include "platform/program_end.h"
+#include "platform/errors.h"
 
 // The rules of the chain: which row may be reached, what a failure leaves, when a run ends.
 

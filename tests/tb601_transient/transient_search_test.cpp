@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "tb601_transient/transient_stepping.h"
+#include "tb601_transient/transient/transient_stepping.h"
 
 // The rounds of the search for a current, over conductors made for it.
 

@@ -1,4 +1,4 @@
-#include "tb601_transient/transient_series.h"
+#include "tb601_transient/transient/transient_series.h"
 
 #include <gtest/gtest.h>
 

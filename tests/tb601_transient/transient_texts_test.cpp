@@ -1,4 +1,4 @@
-#include "tb601_transient/transient_texts.h"
+#include "tb601_transient/transient/transient_texts.h"
 
 #include <gtest/gtest.h>
 

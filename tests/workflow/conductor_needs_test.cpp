@@ -1,4 +1,4 @@
-#include "workflow/conductor_needs.h"
+#include "workflow/rules/conductor_needs.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
-#include "workflow/entry_rules.h"
+#include "workflow/rules/entry_rules.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "steady/case_fields.h"
+#include "steady/case/case_fields.h"
 
 namespace zel {
 namespace {
@@ -19,7 +19,7 @@ constexpr auto Point = DecimalSeparator::Point;
 std::optional<Box> entered(Field field, const char* text, LangId lang = LangId::English,
                            DecimalSeparator separator = Point) {
     CalcCase c;
-    return enter(c, field, text, separator, lang);
+    return enter(c, field, text, {lang, separator});
 }
 
 // One limit: what still passes, what is refused and what is told.
@@ -163,14 +163,15 @@ TEST(EntryRules, takes_a_number_with_the_separator_of_the_session) {
     };
     for (const auto& [text, separator, value] : rows) {
         CalcCase c;
-        EXPECT_FALSE(enter(c, &CalcCase::Windgeschwindigkeit_db, text, separator, LangId::German));
+        EXPECT_FALSE(
+            enter(c, &CalcCase::Windgeschwindigkeit_db, text, {LangId::German, separator}));
         EXPECT_EQ(c.Windgeschwindigkeit_db, (Entry{text, value}));
     }
 }
 
 TEST(EntryRules, takes_an_exponent) {
     CalcCase c;
-    EXPECT_FALSE(enter(c, &CalcCase::Feldlaenge_db, "1e3", Comma, LangId::German));
+    EXPECT_FALSE(enter(c, &CalcCase::Feldlaenge_db, "1e3", {LangId::German, Comma}));
     EXPECT_EQ(c.Feldlaenge_db, (Entry{"1e3", 1000}));
 }
 
@@ -198,13 +199,13 @@ TEST(EntryRules, rounds_calendar_and_clock_to_the_even_neighbour_and_shows_it) {
          {&CalcCase::Tag_db, &CalcCase::Monat_db, &CalcCase::Stunden_db, &CalcCase::Minuten_db}) {
         for (const auto& [text, shown, value] : rows) {
             CalcCase c;
-            EXPECT_FALSE(enter(c, field, text, Comma, LangId::German));
+            EXPECT_FALSE(enter(c, field, text, {LangId::German, Comma}));
             EXPECT_EQ(c.*field, (Entry{shown, value})) << name_of(field) << " " << text;
         }
         EXPECT_TRUE(entered(field, "abc"));
     }
     CalcCase c;
-    EXPECT_FALSE(enter(c, &CalcCase::Netzfrequenz_db, "16.7", Point, LangId::English));
+    EXPECT_FALSE(enter(c, &CalcCase::Netzfrequenz_db, "16.7", {LangId::English, Point}));
     EXPECT_EQ(c.Netzfrequenz_db, (Entry{"16.7", 16.7}));
 }
 
@@ -212,7 +213,7 @@ TEST(EntryRules, empties_a_refused_text_and_keeps_the_former_double) {
     for (const char* text : {"abc", "-", "1.5", "1,5,0", " ", "80,1"}) {
         CalcCase c;
         c.Windgeschwindigkeit_db = {"7", 7};
-        EXPECT_TRUE(enter(c, &CalcCase::Windgeschwindigkeit_db, text, Comma, LangId::English));
+        EXPECT_TRUE(enter(c, &CalcCase::Windgeschwindigkeit_db, text, {LangId::English, Comma}));
         EXPECT_EQ(c.Windgeschwindigkeit_db, (Entry{"", 7})) << text;
     }
 }
@@ -232,23 +233,23 @@ TEST(EntryRules, text_that_is_no_number_is_told_in_both_languages) {
 TEST(EntryRules, takes_an_empty_text_as_no_input) {
     CalcCase c;
     c.Leitertemp_db = {"7", 7};
-    EXPECT_FALSE(enter(c, &CalcCase::Leitertemp_db, "", Comma, LangId::English));
+    EXPECT_FALSE(enter(c, &CalcCase::Leitertemp_db, "", {LangId::English, Comma}));
     EXPECT_EQ(c.Leitertemp_db, (Entry{"", 7}));
 }
 
 TEST(EntryRules, measured_value_takes_any_text) {
     CalcCase c;
-    EXPECT_FALSE(enter(c, &CalcCase::Messwert_Strom_db, "620.5", Point, LangId::English));
+    EXPECT_FALSE(enter(c, &CalcCase::Messwert_Strom_db, "620.5", {LangId::English, Point}));
     EXPECT_EQ(c.Messwert_Strom_db, (Entry{"620.5", 620.5}));
-    EXPECT_FALSE(enter(c, &CalcCase::Messwert_Strom_db, "abc", Point, LangId::English));
+    EXPECT_FALSE(enter(c, &CalcCase::Messwert_Strom_db, "abc", {LangId::English, Point}));
     EXPECT_EQ(c.Messwert_Strom_db, (Entry{"abc", 620.5}));
 }
 
 TEST(EntryRules, field_without_a_key_takes_any_number) {
     Entry field;
-    EXPECT_FALSE(enter(field, nullptr, "-1e9", Point, LangId::English));
+    EXPECT_FALSE(enter(field, nullptr, "-1e9", {LangId::English, Point}));
     EXPECT_EQ(field.value, -1e9);
-    EXPECT_TRUE(enter(field, nullptr, "-", Point, LangId::English));
+    EXPECT_TRUE(enter(field, nullptr, "-", {LangId::English, Point}));
 }
 
 }  // namespace

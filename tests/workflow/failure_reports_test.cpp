@@ -9,9 +9,9 @@
 #include "fakes/scripted_dialogs.h"
 #include "fakes/tb601_names.h"
 #include "fakes/test_data.h"
-#include "platform/program_end.h"
+#include "platform/errors.h"
 #include "steady/steady_report.h"
-#include "tb601_transient/tb601_report.h"
+#include "tb601_transient/tb601/tb601_report.h"
 
 // What a user meets of each failure, by the rows of tests/data/failure_reports.json: in message
 // mode 1 in both languages, in silence, and in a batch.

@@ -1,4 +1,4 @@
-#include "workflow/key_filter.h"
+#include "workflow/rules/key_filter.h"
 
 #include <gtest/gtest.h>
 
@@ -12,16 +12,16 @@ constexpr auto Point = DecimalSeparator::Point;
 
 TEST(KeyFilter, passes_digits_minus_backspace_and_the_separator) {
     for (const char32_t key : std::u32string_view(U"0123456789-\b")) {
-        EXPECT_TRUE(filter_key(key, Comma, LangId::English).passes);
-        EXPECT_TRUE(filter_key(key, Point, LangId::English).passes);
+        EXPECT_TRUE(filter_key(key, {LangId::English, Comma}).passes);
+        EXPECT_TRUE(filter_key(key, {LangId::English, Point}).passes);
     }
-    EXPECT_TRUE(filter_key(U',', Comma, LangId::English).passes);
-    EXPECT_TRUE(filter_key(U'.', Point, LangId::English).passes);
+    EXPECT_TRUE(filter_key(U',', {LangId::English, Comma}).passes);
+    EXPECT_TRUE(filter_key(U'.', {LangId::English, Point}).passes);
 }
 
 TEST(KeyFilter, drops_every_other_key_in_silence) {
     for (const char32_t key : std::u32string_view(U"aEe +*/:;<=> '\"°ä€\u0660\U0001D7CE\t\x7F\n")) {
-        const FilteredKey filtered = filter_key(key, Comma, LangId::English);
+        const FilteredKey filtered = filter_key(key, {LangId::English, Comma});
         EXPECT_FALSE(filtered.passes);
         EXPECT_FALSE(filtered.refusal);
     }
@@ -53,7 +53,7 @@ TEST(KeyFilter, refuses_the_other_separator_with_a_box) {
          "and the fraction part!"},
     };
     for (const auto& [key, separator, lang, title, lines] : rows) {
-        const FilteredKey filtered = filter_key(key, separator, lang);
+        const FilteredKey filtered = filter_key(key, {lang, separator});
         EXPECT_FALSE(filtered.passes);
         ASSERT_TRUE(filtered.refusal);
         EXPECT_EQ(filtered.refusal->title, title);
@@ -64,7 +64,7 @@ TEST(KeyFilter, refuses_the_other_separator_with_a_box) {
 TEST(KeyFilter, passes_everything_with_an_unknown_number_format) {
     for (const auto format : {DecimalSeparator{0}, DecimalSeparator{3}})
         for (const char32_t key : std::u32string_view(U"a.,"))
-            EXPECT_TRUE(filter_key(key, format, LangId::English).passes);
+            EXPECT_TRUE(filter_key(key, {LangId::English, format}).passes);
 }
 
 }  // namespace

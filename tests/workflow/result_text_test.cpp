@@ -1,4 +1,4 @@
-#include "workflow/result_text.h"
+#include "workflow/run/result_text.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

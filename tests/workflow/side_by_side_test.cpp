@@ -6,8 +6,8 @@
 #include <thread>
 
 #include "fakes/sunny_cases.h"
-#include "platform/program_end.h"
-#include "workflow/steady_run.h"
+#include "platform/errors.h"
+#include "workflow/run/steady_run.h"
 
 // Several runs side by side in one process must not see each other: every number of a few thousand
 // mixed cases is the same to the last bit on one thread and on two.

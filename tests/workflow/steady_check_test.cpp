@@ -1,4 +1,4 @@
-#include "workflow/steady_check.h"
+#include "workflow/rules/steady_check.h"
 
 #include <gtest/gtest.h>
 
@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "fakes/test_data.h"
-#include "steady/case_fields.h"
-#include "workflow/steady_check_rows.h"
-#include "workflow/steady_methods.h"
+#include "steady/case/case_fields.h"
+#include "workflow/rules/steady_check_rows.h"
+#include "workflow/run/steady_methods.h"
 
 // tests/data/steady_check.json holds for each check of the steady input a fault that it refuses
 // and the texts that it then shows, and limits: values of a field, each with the number of the

@@ -1,4 +1,4 @@
-#include "workflow/steady_methods.h"
+#include "workflow/run/steady_methods.h"
 
 #include <gtest/gtest.h>
 
@@ -12,9 +12,9 @@
 #include "fakes/tb601_cases.h"
 #include "fakes/tb601_names.h"
 #include "fakes/test_data.h"
-#include "platform/program_end.h"
+#include "platform/errors.h"
 #include "steady/steady_solver.h"
-#include "tb601_transient/tb601_solver.h"
+#include "tb601_transient/tb601/tb601_solver.h"
 
 // All methods by the rows of tests/data/steady_methods.json: a case with some fields changed and T
 // or I given, at an angle of 90 where nothing stands; and what comes of it, a number for what is

@@ -1,4 +1,4 @@
-#include "workflow/steady_run.h"
+#include "workflow/run/steady_run.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "workflow/transient_cells.h"
+#include "workflow/rules/transient_cells.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "steady/state_change.h"
+#include "steady/case/state_change.h"
 
 namespace zel {
 namespace {
@@ -20,7 +20,7 @@ CalcCase bundle_of(std::int16_t n) {
 
 std::optional<Box> type(CalcCase& c, StateCell cell, std::string_view text,
                         LangId lang = LangId::English, std::size_t row = 0) {
-    return enter_cell(c, {row, cell}, text, point, lang);
+    return enter_cell(c, {row, cell}, text, {lang, point});
 }
 
 struct LimitRow {
@@ -150,15 +150,15 @@ TEST(TransientCells, box_beyond_a_limit_names_the_row) {
 
 TEST(TransientCells, text_of_a_file_is_the_current_of_one_sub_conductor) {
     CalcCase c = bundle_of(2);
-    EXPECT_FALSE(read_cell(c, {3, &StateChange::Strom}, "700.5", point, LangId::English));
+    EXPECT_FALSE(read_cell(c, {3, &StateChange::Strom}, "700.5", {LangId::English, point}));
     EXPECT_EQ(c.Z[3].Strom, (Entry{"1401", 700.5}));
-    EXPECT_FALSE(read_cell(c, {3, &StateChange::sec}, "30", point, LangId::English));
+    EXPECT_FALSE(read_cell(c, {3, &StateChange::sec}, "30", {LangId::English, point}));
     EXPECT_EQ(c.Z[3].sec, (Entry{"30", 30}));
     // The limit stays that of the bundle.
-    EXPECT_TRUE(read_cell(c, {3, &StateChange::Strom}, "500000", point, LangId::English));
+    EXPECT_TRUE(read_cell(c, {3, &StateChange::Strom}, "500000", {LangId::English, point}));
     EXPECT_EQ(c.Z[3].Strom, Entry{});
-    EXPECT_TRUE(read_cell(c, {3, &StateChange::Strom}, "x", point, LangId::English));
-    EXPECT_FALSE(read_cell(c, {3, &StateChange::Strom}, "", point, LangId::English));
+    EXPECT_TRUE(read_cell(c, {3, &StateChange::Strom}, "x", {LangId::English, point}));
+    EXPECT_FALSE(read_cell(c, {3, &StateChange::Strom}, "", {LangId::English, point}));
     EXPECT_EQ(c.Z[3].Strom, Entry{});
 }
 

@@ -1,4 +1,4 @@
-#include "workflow/transient_check.h"
+#include "workflow/rules/transient_check.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

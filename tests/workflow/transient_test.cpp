@@ -1,4 +1,4 @@
-#include "workflow/transient.h"
+#include "workflow/run/transient.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,8 +7,8 @@
 
 #include "fakes/scripted_dialogs.h"
 #include "fakes/typed_rows.h"
-#include "workflow/transient_memory.h"
-#include "workflow/transient_text.h"
+#include "workflow/run/transient_memory.h"
+#include "workflow/run/transient_text.h"
 
 namespace zel {
 namespace {
@@ -148,7 +148,7 @@ TEST_F(TransientTest, failed_row_empties_what_it_and_the_later_rows_sought) {
     EXPECT_TRUE(c.Z[0].TEMP.given());
     EXPECT_EQ(c.Z[1].min, Entry{});
     EXPECT_EQ(c.Z[2].TEMP, Entry{});
-    const std::string text = transient_text(result, c, LangId::English, session.separator);
+    const std::string text = transient_text(result, c, session);
     EXPECT_THAT(text, HasSubstr("2nd change-of-state"));
     EXPECT_THAT(text, HasSubstr("Error"));
     EXPECT_THAT(text, Not(HasSubstr("3th change-of-state")));

@@ -1,12 +1,12 @@
 #include "fakes/formulas.h"
 #include "fakes/steady_cases.h"
-#include "platform/program_end.h"
-#include "workflow/advice.h"
-#include "workflow/bundle.h"
-#include "workflow/emissivity.h"
-#include "workflow/page_change.h"
-#include "workflow/steady_run.h"
-#include "workflow/wind.h"
+#include "platform/errors.h"
+#include "workflow/rules/bundle.h"
+#include "workflow/rules/emissivity.h"
+#include "workflow/rules/wind.h"
+#include "workflow/run/advice.h"
+#include "workflow/run/page_change.h"
+#include "workflow/run/steady_run.h"
 
 namespace zel {
 

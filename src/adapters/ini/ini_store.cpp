@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "adapters/ini/profile_text.h"
-#include "platform/output_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace zel {
 namespace {

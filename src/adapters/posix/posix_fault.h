@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/platform_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 

@@ -12,8 +12,7 @@
 
 #include "adapters/posix/posix_fault.h"
 #include "adapters/posix/text_file.h"
-#include "platform/input_error.h"
-#include "platform/output_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "adapters/posix/posix_fault.h"
-#include "platform/input_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

@@ -10,7 +10,7 @@
 
 #include "adapters/posix/posix_fault.h"
 #include "adapters/posix/text_file.h"
-#include "platform/output_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

@@ -9,7 +9,7 @@
 #include <pugixml.hpp>
 
 #include "adapters/xlsx/xml_tags.h"
-#include "platform/number_text.h"
+#include "platform/text/number_text.h"
 #include "platform/workbook.h"
 
 namespace zel::xlsx {

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "platform/output_error.h"
+#include "platform/errors.h"
 
 namespace zel {
 namespace {

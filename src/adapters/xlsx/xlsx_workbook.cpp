@@ -12,7 +12,7 @@
 #include "adapters/xlsx/sheet_writer.h"
 #include "adapters/xlsx/stale_values.h"
 #include "adapters/xlsx/workbook_parts.h"
-#include "platform/number_text.h"
+#include "platform/text/number_text.h"
 
 namespace zel {
 namespace {

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QDialog>
+#include <QElapsedTimer>
+#include <string>
+
+#include "desktop/frame/desktop_state.h"
+#include "excel_batch/batch_run.h"
+
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QPushButton;
+class QRadioButton;
+class QWidget;
+
+namespace zel {
+
+/// `Excel_Modus`: which batch the window starts.
+enum class ExcelMode : std::int16_t { Steady = 1, Transient = 2 };
+
+/// `frm_excel_IO`: calculates a workbook that the user chooses, shows how far it is, and opens it
+/// with the program that the user has for it. The conductor of the case stands where a workbook
+/// names no field. While it is there, no other window takes input.
+class FrmExcelIO : public QDialog {
+public:
+    FrmExcelIO(QWidget* parent, DesktopState& state, ExcelMode mode);
+    ~FrmExcelIO() override;
+
+protected:
+    /// While a workbook is calculated, closing is cancelling.
+    void reject() override;
+
+private:
+    class Observer;
+
+    [[nodiscard]] QWidget* make_choice();
+    [[nodiscard]] QWidget* make_progress();
+    [[nodiscard]] QWidget* make_tests();
+    QPushButton* make_button(const char* name, const Text& caption, void (FrmExcelIO::*action)());
+
+    void start();
+    void open_workbook();
+    void stop();
+    void fill_with_random_values();
+    void write_deviations();
+    void close_window();
+
+    /// `S_01_io_excel_arbeitsmappe_auswaehlen`: a workbook that is no template of the program;
+    /// empty where the user wants none.
+    [[nodiscard]] std::string choose_workbook();
+    [[nodiscard]] excel_batch::BatchJob job();
+    void run(const excel_batch::BatchJob& job);
+    void show_result(const excel_batch::BatchResult& result);
+    void set_running(bool running);
+    void show_rows_done(std::optional<int> rows);
+    [[nodiscard]] LangId lang() const { return state_.session.lang; }
+
+    DesktopState& state_;
+    ExcelMode mode_;
+    std::string path_;  // of the last workbook
+    bool running_ = false;
+    bool stop_ = false;  // `Excel_Stop`
+    QElapsedTimer clock_;
+    std::unique_ptr<Observer> observer_;
+    std::vector<QWidget*> at_rest_;  // cannot be used while a workbook is calculated
+    QRadioButton* with_conductor_ = nullptr;
+    QRadioButton* without_conductor_ = nullptr;
+    QProgressBar* progress_ = nullptr;
+    QLabel* status_ = nullptr;
+    QLabel* active_rows_ = nullptr;
+    QLabel* elapsed_ = nullptr;
+    QLabel* summary_ = nullptr;
+    QLineEdit* seed_ = nullptr;
+    QPushButton* open_ = nullptr;
+    QPushButton* stop_button_ = nullptr;
+};
+
+}  // namespace zel

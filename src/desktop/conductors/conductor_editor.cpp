@@ -1,0 +1,398 @@
+#include "desktop/conductors/conductor_editor.h"
+
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTableView>
+#include <utility>
+
+#include "desktop/frame/qt_text.h"
+#include "persistence/exchange_record.h"
+#include "platform/errors.h"
+
+namespace zel {
+
+struct ConductorEditor::ButtonRow {
+    const char* name;
+    Text caption;
+    void (ConductorEditor::*act)();
+    bool while_looking;  // shown while conductors are looked at; otherwise while one is changed
+    bool needs_selection;
+    bool needs_own = false;
+};
+
+namespace {
+
+constexpr int list_width = 620;  // pixels, of a window that is opened
+constexpr int sheet_width = 620;
+
+constexpr Text window_title = {"Leiterdatenbank", "Conductor database"};
+constexpr Text find_caption = {"&Suchen :", "&Find :"};
+constexpr Text find_hint = {"Bezeichnung, Norm oder Bemerkung", "Designation, standard or remark"};
+constexpr Text count_text = {"{0} von {1} Leitern", "{0} of {1} conductors"};
+constexpr Text copied_name = {"{0} - Kopie", "{0} - copy"};
+constexpr Text copied_source = {"Kopie von {0}: {1}", "Copy of {0}: {1}"};
+constexpr Text keeps_reason = {"vom Benutzer bestätigt", "confirmed by the user"};
+
+constexpr Text editor_title = {"Leiterdatenbank", "Conductor database"};
+constexpr BoxText own_refused = {
+    Icon::Warning,
+    editor_title,
+    {"Die Datei der eigenen Leiter kann nicht gelesen werden:\n{0}\n"
+     "Nur die mitgelieferten Leiter werden angezeigt, die Datei bleibt unverändert.",
+     "The file of your own conductors cannot be read:\n{0}\n"
+     "Only the shipped conductors are shown, the file stays as it is."}};
+constexpr BoxText not_kept = {
+    Icon::Stop,
+    editor_title,
+    {"Der Leiter konnte nicht gespeichert werden:\n{0}", "The conductor could not be kept:\n{0}"}};
+constexpr BoxText not_written = {
+    Icon::Stop,
+    editor_title,
+    {"Der Leiter konnte nicht in die Austauschdatei geschrieben werden:\n{0}",
+     "The conductor could not be written into the exchange file:\n{0}"}};
+constexpr BoxText no_exchange_file = {
+    Icon::Stop,
+    editor_title,
+    {"In den Einstellungen ist keine Austauschdatei (Einseil1_dat) genannt.",
+     "The settings name no exchange file (Einseil1_dat)."}};
+constexpr BoxText no_name = {
+    Icon::Stop,
+    editor_title,
+    {"Geben Sie bitte eine Bezeichnung 1 an.", "Please give the conductor a designation 1."}};
+constexpr BoxText no_kind = {Icon::Stop,
+                             editor_title,
+                             {"Wählen Sie bitte Leiterart und Leiteroberfläche aus.",
+                              "Please choose the conductor's type and shape."}};
+constexpr BoxText name_taken = {
+    Icon::Stop,
+    editor_title,
+    {"Ein eigener Leiter mit diesen beiden Bezeichnungen ist schon vorhanden:\n{0}",
+     "You have a conductor with these two designations already:\n{0}"}};
+constexpr BoxText implausible = {
+    Icon::Question,
+    editor_title,
+    {"Diese Werte passen nicht zueinander:\n{0}\nSollen sie trotzdem gespeichert werden ?",
+     "These figures contradict each other:\n{0}\nShall they be kept all the same ?"},
+    Buttons::YesNo,
+    Answer::No};
+constexpr BoxText remove_question = {
+    Icon::Question,
+    editor_title,
+    {"Soll der eigene Leiter {0} gelöscht werden ?", "Shall your conductor {0} be deleted ?"},
+    Buttons::YesNo,
+    Answer::No};
+constexpr BoxText discard_question = {
+    Icon::Question,
+    editor_title,
+    {"Der Leiter {0} ist nicht gespeichert.\nSollen die Änderungen verworfen werden ?",
+     "The conductor {0} is not kept.\nShall its changes be lost ?"},
+    Buttons::YesNo,
+    Answer::No};
+
+}  // namespace
+
+ConductorEditor::ConductorEditor(QWidget* parent, const DesktopState& program,
+                                 std::function<void()> take_over)
+    : QDialog(parent, Qt::Window),
+      program_(program),
+      take_over_(std::move(take_over)),
+      table_(program.session),
+      found_(table_),
+      find_label_(new QLabel),
+      find_(new QLineEdit),
+      view_(new QTableView),
+      count_(new QLabel),
+      sheet_(new ConductorSheet(program)) {
+    setObjectName("conductor_editor");
+    auto* split = new QSplitter;
+    split->setChildrenCollapsible(false);
+    split->addWidget(make_list());
+    split->addWidget(sheet_);
+    split->setStretchFactor(0, 1);
+    split->setStretchFactor(1, 1);
+    split->setSizes({list_width, sheet_width});
+    auto* buttons = new QHBoxLayout;
+    make_buttons(*buttons);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(split, 1);
+    layout->addLayout(buttons);
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, find_, [this] {
+        find_->setFocus();
+        find_->selectAll();
+    });
+    read_library();
+    // The arrow of the sorted column needs no room in all of them.
+    view_->horizontalHeader()->setSortIndicatorShown(false);
+    view_->resizeColumnsToContents();
+    view_->horizontalHeader()->setSortIndicatorShown(true);
+    recaption();
+    enter(Mode::Looking);
+    view_->selectRow(0);
+    resize(1260, 740);
+}
+
+void ConductorEditor::read_library() {
+    library_.emplace(*program_.conductors.files, program_.conductors.library,
+                     program_.session.separator);
+    table_.show(library_->conductors());
+}
+
+void ConductorEditor::open_anew() {
+    if (!isVisible()) {
+        const auto former = selected();
+        read_library();  // another program may have changed the user's file, or the separator
+        if (former) select(*former);
+        enter(Mode::Looking);
+        find_->setFocus();
+        show();
+        if (!library_->refusal_of_own().empty())
+            (void)tell(own_refused, {library_->refusal_of_own()});
+    }
+    raise();
+    activateWindow();
+}
+
+QWidget* ConductorEditor::make_list() {
+    find_->setObjectName("find");
+    find_->setClearButtonEnabled(true);
+    find_label_->setBuddy(find_);
+    view_->setObjectName("conductors");
+    view_->setModel(&found_);
+    view_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view_->setSelectionMode(QAbstractItemView::SingleSelection);
+    view_->setTabKeyNavigation(false);
+    view_->setSortingEnabled(true);
+    view_->setAlternatingRowColors(true);
+    view_->setShowGrid(false);
+    view_->setWordWrap(false);
+    view_->verticalHeader()->hide();
+    view_->verticalHeader()->setDefaultSectionSize(24);
+    view_->horizontalHeader()->setHighlightSections(false);
+    view_->horizontalHeader()->setStretchLastSection(true);
+    view_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    count_->setObjectName("count");
+    connect(find_, &QLineEdit::textChanged, this, [this](const QString& typed) {
+        found_.find(typed.toStdString());
+        if (!view_->currentIndex().isValid()) view_->selectRow(0);
+        show_selected();
+    });
+    connect(view_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this] { show_selected(); });
+    connect(view_, &QTableView::doubleClicked, this, [this] { choose_and_take_over(); });
+    auto* list = new QWidget;
+    auto* grid = new QGridLayout(list);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->addWidget(find_label_, 0, 0);
+    grid->addWidget(find_, 0, 1);
+    grid->addWidget(view_, 1, 0, 1, 2);
+    grid->addWidget(count_, 2, 0, 1, 2);
+    return list;
+}
+
+void ConductorEditor::make_buttons(QLayout& layout) {
+    static constexpr ButtonRow rows[] = {
+        {"add", {"&Neu", "&New"}, &ConductorEditor::add, true, false},
+        {"copy", {"&Kopieren", "&Copy"}, &ConductorEditor::copy, true, true},
+        {"change", {"Än&dern", "C&hange"}, &ConductorEditor::change, true, true, true},
+        {"remove", {"L&öschen", "De&lete"}, &ConductorEditor::remove, true, true, true},
+        {"choose", {"Nur a&uswählen", "Select &only"}, &ConductorEditor::choose, true, true},
+        {"choose_and_take_over",
+         {"&Auswählen und übernehmen", "&Select and take over"},
+         &ConductorEditor::choose_and_take_over,
+         true,
+         true},
+        {"keep", {"S&peichern", "&Keep"}, &ConductorEditor::keep, false, false},
+        {"discard", {"&Verwerfen", "&Discard"}, &ConductorEditor::discard, false, false},
+    };
+    auto& line = static_cast<QHBoxLayout&>(layout);
+    for (const ButtonRow& row : rows) {
+        auto* button = new QPushButton;
+        button->setObjectName(row.name);
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, [this, &row] { (this->*row.act)(); });
+        if (row.act == &ConductorEditor::choose) line.addStretch();
+        line.addWidget(button);
+        buttons_.emplace_back(button, &row);
+        if (row.act == &ConductorEditor::choose_and_take_over) button->setDefault(true);
+    }
+}
+
+void ConductorEditor::recaption() {
+    const LangId lang = program_.session.lang;
+    setWindowTitle(qt(window_title, lang));
+    find_label_->setText(qt(find_caption, lang));
+    find_->setPlaceholderText(qt(find_hint, lang));
+    for (const auto& [button, row] : buttons_) button->setText(qt(row->caption, lang));
+    table_.recaption();
+    sheet_->recaption(lang);
+    show_selected();
+}
+
+std::optional<LibraryConductor> ConductorEditor::selected() const {
+    const QModelIndex index = view_->currentIndex();
+    if (!index.isValid()) return std::nullopt;
+    return found_.conductor(index);
+}
+
+void ConductorEditor::select(const LibraryConductor& conductor) {
+    table_.show(library_->conductors());
+    if (!matches(conductor, find_->text().toStdString())) find_->clear();
+    for (int row = 0; row < found_.rowCount(); ++row) {
+        const LibraryConductor& candidate = found_.conductor(found_.index(row, 0));
+        if (candidate.own != conductor.own || !same_name(candidate, conductor)) continue;
+        view_->selectRow(row);
+        view_->scrollTo(found_.index(row, 0));
+        return;
+    }
+    view_->selectRow(0);
+}
+
+void ConductorEditor::show_selected() {
+    const LangId lang = program_.session.lang;
+    count_->setText(qt(fill(count_text.in(lang), {std::to_string(found_.rowCount()),
+                                                  std::to_string(table_.rowCount())})));
+    if (mode_ != Mode::Looking) return;
+    const auto conductor = selected();
+    sheet_->show_conductor(conductor.value_or(LibraryConductor{}), false);
+    for (const auto& [button, row] : buttons_)
+        button->setEnabled(!row->needs_selection ||
+                           (conductor && (!row->needs_own || conductor->own)));
+}
+
+void ConductorEditor::enter(Mode mode) {
+    mode_ = mode;
+    const bool looking = mode == Mode::Looking;
+    for (const auto& [button, row] : buttons_) button->setVisible(row->while_looking == looking);
+    find_->setEnabled(looking);
+    view_->setEnabled(looking);
+    show_selected();
+}
+
+void ConductorEditor::add() {
+    before_.reset();
+    enter(Mode::Adding);
+    LibraryConductor fresh;
+    fresh.c.conductor_shape_db = 1;
+    sheet_->show_conductor(fresh, true);
+    sheet_->focus_first();
+}
+
+void ConductorEditor::copy() {
+    LibraryConductor twin = *selected();
+    const LangId lang = program_.session.lang;
+    const std::string former = full_name(twin);
+    twin.c.Bezeichnung1_db = fill(copied_name.in(lang), {twin.c.Bezeichnung1_db});
+    twin.source = fill(copied_source.in(lang), {former, twin.source});
+    before_.reset();
+    enter(Mode::Adding);
+    sheet_->show_conductor(twin, true);
+    sheet_->focus_first();
+}
+
+void ConductorEditor::change() {
+    before_ = selected();
+    enter(Mode::Changing);
+    sheet_->show_conductor(*before_, true);
+    sheet_->focus_first();
+}
+
+void ConductorEditor::remove() {
+    const LibraryConductor conductor = *selected();
+    if (tell(remove_question, {full_name(conductor)}) != Answer::Yes) return;
+    if (carried_out([&] { library_->remove(conductor); }, not_kept)) select(conductor);
+}
+
+void ConductorEditor::keep() {
+    if (!sheet_->commit()) return;
+    LibraryConductor conductor = sheet_->conductor();
+    const CalcCase& c = conductor.c;
+    if (without_outer_blanks(c.Bezeichnung1_db).empty()) return (void)tell(no_name);
+    if (c.conductor_type_db == 0 || c.conductor_shape_db == 0) return (void)tell(no_kind);
+    for (const LibraryConductor& other : library_->conductors())
+        if (other.own && same_name(other, conductor) && !(before_ && same_name(other, *before_)))
+            return (void)tell(name_taken, {full_name(conductor)});
+    if (!confirmed(conductor)) return;
+    const LibraryConductor* former = before_ ? &*before_ : nullptr;
+    if (!carried_out([&] { library_->keep(conductor, former); }, not_kept)) return;
+    conductor.own = true;
+    enter(Mode::Looking);
+    select(conductor);
+    view_->setFocus();
+}
+
+bool ConductorEditor::confirmed(LibraryConductor& conductor) const {
+    const auto findings = implausible_figures(conductor.c, program_.session.lang);
+    if (findings.empty()) {
+        conductor.confirmed.clear();
+        return true;
+    }
+    if (tell(implausible, {joined(findings, "\n")}) != Answer::Yes) return false;
+    conductor.confirmed = keeps_reason.in(program_.session.lang);
+    return true;
+}
+
+void ConductorEditor::discard() {
+    if (!may_be_left()) return;
+    enter(Mode::Looking);
+    view_->setFocus();
+}
+
+bool ConductorEditor::may_be_left() {
+    if (mode_ == Mode::Looking) return true;
+    (void)sheet_->commit();
+    const LibraryConductor& conductor = sheet_->conductor();
+    if (before_ && conductor_table({&conductor, 1}) == conductor_table({&*before_, 1})) return true;
+    return tell(discard_question, {full_name(conductor)}) == Answer::Yes;
+}
+
+void ConductorEditor::reject() {
+    if (!may_be_left()) return;
+    enter(Mode::Looking);
+    QDialog::reject();
+}
+
+bool ConductorEditor::write_record() {
+    const auto conductor = selected();
+    if (!conductor || mode_ != Mode::Looking) return false;
+    const std::string path = program_.settings.now().Einseil1_dat;
+    if (path.empty()) {
+        (void)tell(no_exchange_file);
+        return false;
+    }
+    return carried_out(
+        [&] { program_.conductors.files->write(path, written_record(conductor->c)); }, not_written);
+}
+
+void ConductorEditor::choose() {
+    if (write_record()) hide();
+}
+
+void ConductorEditor::choose_and_take_over() {
+    if (!write_record()) return;
+    hide();
+    take_over_();
+}
+
+bool ConductorEditor::carried_out(const std::function<void()>& act, const BoxText& failed) const {
+    try {
+        act();
+        return true;
+    } catch (const InputError& error) {
+        (void)tell(failed, {error.what()});
+    } catch (const OutputError& error) {
+        (void)tell(failed, {error.what()});
+    }
+    return false;
+}
+
+Answer ConductorEditor::tell(const BoxText& text,
+                             std::initializer_list<std::string_view> values) const {
+    return program_.session.dialogs.show(box_in(program_.session.lang, text, values));
+}
+
+}  // namespace zel

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <optional>
+
+#include "desktop/conductors/conductor_sheet.h"
+#include "desktop/conductors/conductor_table.h"
+#include "persistence/conductor_library.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableView;
+
+namespace zel {
+
+/// The conductor database of this program: shows the shipped and the user's own conductors, finds,
+/// sorts, and keeps own ones; the chosen one is written as a record into the exchange file.
+class ConductorEditor : public QDialog {
+public:
+    /// `take_over` is called after a record was written that shall be taken over at once. Throws
+    /// `InputError` where the shipped library is missing.
+    ConductorEditor(QWidget* parent, const DesktopState& program, std::function<void()> take_over);
+
+    /// Comes up, to look at and choose from the conductors as they are now.
+    void open_anew();
+
+    /// Captions in the language of the program's session.
+    void recaption();
+    /// Asks before changes of a conductor are lost that are not kept; false where they shall not
+    /// be.
+    [[nodiscard]] bool may_be_left();
+    void reject() override;
+
+private:
+    struct ButtonRow;
+    enum class Mode : std::uint8_t { Looking, Adding, Changing };
+
+    void read_library();
+    [[nodiscard]] QWidget* make_list();
+    void make_buttons(QLayout& layout);
+    [[nodiscard]] std::optional<LibraryConductor> selected() const;
+    void select(const LibraryConductor& conductor);
+    void show_selected();
+    void enter(Mode mode);
+
+    void add();
+    void copy();
+    void change();
+    void remove();
+    void keep();
+    void discard();
+    void choose();
+    void choose_and_take_over();
+    [[nodiscard]] bool write_record();
+    [[nodiscard]] bool confirmed(LibraryConductor& conductor) const;
+    [[nodiscard]] bool carried_out(const std::function<void()>& act, const BoxText& failed) const;
+    Answer tell(const BoxText& text, std::initializer_list<std::string_view> values = {}) const;
+
+    const DesktopState& program_;
+    std::function<void()> take_over_;
+    std::optional<ConductorLibrary> library_;
+    ConductorTable table_;
+    FoundConductors found_;
+    QLabel* find_label_;
+    QLineEdit* find_;
+    QTableView* view_;
+    QLabel* count_;
+    ConductorSheet* sheet_;
+    std::vector<std::pair<QPushButton*, const ButtonRow*>> buttons_;
+    Mode mode_ = Mode::Looking;
+    std::optional<LibraryConductor> before_;  // what is being changed, as it was
+};
+
+}  // namespace zel

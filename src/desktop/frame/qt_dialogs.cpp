@@ -1,0 +1,61 @@
+#include "desktop/frame/qt_dialogs.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <algorithm>
+
+#include "desktop/frame/qt_text.h"
+
+namespace zel {
+namespace {
+
+constexpr int longest_line = 760;  // pixels
+constexpr int margin = 8;
+
+constexpr Text ok_caption = {"OK", "OK"};
+constexpr Text yes_caption = {"&Ja", "&Yes"};
+constexpr Text no_caption = {"&Nein", "&No"};
+
+QMessageBox::Icon qt_icon(Icon icon) {
+    switch (icon) {
+        case Icon::None: return QMessageBox::NoIcon;
+        case Icon::Stop: return QMessageBox::Critical;
+        case Icon::Warning: return QMessageBox::Warning;
+        case Icon::Question: return QMessageBox::Question;
+    }
+    return QMessageBox::NoIcon;
+}
+
+/// Lines break where the text says so, as long as they are not too long for that.
+void widen(QMessageBox& window) {
+    auto* text = window.findChild<QLabel*>("qt_msgbox_label");
+    if (text == nullptr) return;
+    const QSize lines = text->fontMetrics().size(0, window.text());
+    text->setMinimumWidth(std::min(lines.width() + margin, longest_line));
+}
+
+}  // namespace
+
+Answer QtDialogs::show(const Box& box) {
+    const LangId lang = lang_ != nullptr ? *lang_ : LangId::English;
+    QMessageBox window(QApplication::activeWindow());
+    window.setIcon(qt_icon(box.icon));
+    window.setWindowTitle(qt(box.title));
+    window.setTextFormat(Qt::PlainText);
+    window.setText(qt(joined(box.lines, "\n")));
+    widen(window);
+    if (box.buttons == Buttons::Ok) {
+        window.addButton(QMessageBox::Ok)->setText(qt(ok_caption, lang));
+        window.exec();
+        return Answer::Ok;
+    }
+    window.addButton(QMessageBox::Yes)->setText(qt(yes_caption, lang));
+    window.addButton(QMessageBox::No)->setText(qt(no_caption, lang));
+    window.setDefaultButton(QMessageBox::No);
+    window.setEscapeButton(QMessageBox::No);
+    return window.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+}  // namespace zel

@@ -1,0 +1,182 @@
+#include "desktop/line/form1_result_page.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/frame/group.h"
+#include "desktop/frame/qt_text.h"
+#include "workflow/run/steady_texts.h"
+
+namespace zel {
+namespace {
+
+constexpr Text results_caption = {"Ergebnis", "Result"};
+constexpr Text balance_caption = {"Wärmebilanz eines Teilleiters",
+                                  "Heat balance of one sub-conductor"};
+constexpr Text wind_caption = {"Wind", "Wind"};
+
+QLabel* make_label(const QString& name, double scale = 1, bool bold = false) {
+    auto* label = new QLabel;
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * scale);
+    font.setBold(bold);
+    label->setFont(font);
+    return label;
+}
+
+/// Names of the values of TB 601: the temperatures on the left, the factors on the right.
+constexpr const char* tb601_names[][2] = {
+    {"T_core", "k_Kiessling"}, {"T_surface", "k_skin"}, {nullptr, "k_mag"}};
+
+QString named(const char* prefix, Method method) { return prefix + qt(key_of(method)); }
+
+}  // namespace
+
+ResultPage::ResultPage()
+    : head_line_(make_label("head_line", 1.25, true)),
+      methods_line_(make_label("methods_line")),
+      balance_(make_label("balance_line")),
+      angle_caption_(make_label("caption_angle")),
+      angle_(make_label("angle")),
+      wind_caption_(make_label("caption_perpendicular_wind")),
+      wind_(make_label("perpendicular_wind")),
+      results_group_(make_results()),
+      tb601_group_(make_tb601()),
+      balance_group_(make_balance()),
+      wind_group_(make_wind()) {
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    auto* content = new QWidget;
+    auto* layout = new QVBoxLayout(content);
+    layout->setSpacing(14);
+    layout->addWidget(head_line_);
+    layout->addWidget(methods_line_);
+    layout->addWidget(results_group_);
+    layout->addWidget(tb601_group_);
+    layout->addWidget(balance_group_);
+    layout->addWidget(wind_group_);
+    layout->addStretch(1);
+    content->setMaximumWidth(1300);
+    setWidget(content);
+    content->hide();  // nothing to tell before the first valid run
+}
+
+QGroupBox* ResultPage::make_results() {
+    auto* group = new QGroupBox;
+    auto* grid = new QGridLayout(inside_of(*group));
+    grid->setHorizontalSpacing(24);
+    grid->setVerticalSpacing(8);
+    for (const Method method : all_methods) {
+        const Line line{method, make_label(named("caption_", method), 1.15),
+                        make_label(named("result_", method), 1.4, true)};
+        line.result->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        line.caption->setBackgroundRole(QPalette::Base);  // white: the method is selected
+        line.caption->setAutoFillBackground(true);
+        line.caption->setMargin(4);
+        const int row = static_cast<int>(lines_.size());
+        grid->addWidget(line.caption, row, 0);
+        grid->addWidget(line.result, row, 1);
+        line.caption->hide();
+        line.result->hide();
+        lines_.push_back(line);
+    }
+    grid->setColumnStretch(2, 1);
+    return group;
+}
+
+QGroupBox* ResultPage::make_tb601() {
+    auto* group = new QGroupBox("Cigre TB 601");
+    auto* grid = new QGridLayout(inside_of(*group));
+    grid->setHorizontalSpacing(24);
+    for (int column = 0; column < 2; ++column) {
+        for (int row = 0; row < 3; ++row) {
+            const char* name = tb601_names[row][column];
+            if (name == nullptr) continue;
+            const DetailLine line{make_label(QString("caption_") + name), make_label(name)};
+            line.value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            grid->addWidget(line.caption, row, 3 * column);
+            grid->addWidget(line.value, row, 3 * column + 1);
+            tb601_lines_.push_back(line);
+        }
+    }
+    grid->setColumnMinimumWidth(2, 24);
+    grid->setColumnStretch(5, 1);
+    return group;
+}
+
+QGroupBox* ResultPage::make_balance() {
+    auto* group = new QGroupBox;
+    auto* layout = new QVBoxLayout(inside_of(*group));
+    layout->addWidget(balance_);
+    return group;
+}
+
+QGroupBox* ResultPage::make_wind() {
+    auto* group = new QGroupBox;
+    auto* grid = new QGridLayout(inside_of(*group));
+    grid->setHorizontalSpacing(24);
+    angle_->setAlignment(Qt::AlignRight);
+    wind_->setAlignment(Qt::AlignRight);
+    grid->addWidget(angle_caption_, 0, 0);
+    grid->addWidget(angle_, 0, 1);
+    grid->addWidget(wind_caption_, 1, 0);
+    grid->addWidget(wind_, 1, 1);
+    grid->setColumnStretch(2, 1);
+    return group;
+}
+
+void ResultPage::show_run(const SteadyRunResult& run) {
+    widget()->setEnabled(true);
+    widget()->show();
+    head_line_->setText(qt(run.head_line));
+    methods_line_->setText(qt(run.methods_line));
+    for (const Line& line : lines_) {
+        const auto found =
+            std::find_if(run.methods.begin(), run.methods.end(),
+                         [&](const MethodResult& result) { return result.method == line.method; });
+        const bool ran = found != run.methods.end();
+        line.caption->setText(ran ? qt(found->caption) : QString());
+        line.result->setText(ran ? qt(found->result) : QString());
+        line.caption->setVisible(ran);
+        line.result->setVisible(ran);
+    }
+    std::vector<LabelledText> details = run.tb601_temperatures;
+    details.insert(details.end(), run.tb601_factors.begin(), run.tb601_factors.end());
+    for (std::size_t i = 0; i < details.size(); ++i) {
+        tb601_lines_[i].caption->setText(qt(details[i].label).trimmed());
+        tb601_lines_[i].value->setText(qt(details[i].text));
+    }
+    tb601_group_->setVisible(!details.empty());
+    balance_->setText(qt(joined(run.balance_lines, "\n")));
+    balance_group_->setVisible(!run.balance_lines.empty());
+    angle_->setText(qt(run.angle_text));
+    wind_->setText(qt(run.perpendicular_wind_text));
+}
+
+void ResultPage::show_nothing_new() {
+    widget()->setEnabled(false);
+    clear_balance();
+}
+
+void ResultPage::clear() { widget()->hide(); }
+
+void ResultPage::clear_balance() {
+    balance_->clear();
+    balance_group_->hide();
+}
+
+void ResultPage::recaption(LangId lang) {
+    results_group_->setTitle(qt(results_caption, lang));
+    balance_group_->setTitle(qt(balance_caption, lang));
+    wind_group_->setTitle(qt(wind_caption, lang));
+    angle_caption_->setText(qt(angle_label, lang));
+    wind_caption_->setText(qt(perpendicular_wind_label, lang));
+}
+
+}  // namespace zel

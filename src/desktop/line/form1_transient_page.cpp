@@ -1,0 +1,254 @@
+#include "desktop/line/form1_transient_page.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+#include "desktop/frame/group.h"
+#include "desktop/frame/qt_text.h"
+#include "desktop/frame/run_progress.h"
+#include "workflow/run/transient_text.h"
+
+namespace zel {
+namespace {
+
+constexpr Text start_caption = {"Ausgangszustand", "Initial state"};
+constexpr Text rows_caption = {"Zustandsänderungen", "Change-of-states"};
+constexpr Text method_caption = {"Berechnungsverfahren :", "Calculation method :"};
+constexpr Text button_caption = {"Bere&chnen", "C&alculate"};
+constexpr Text no_state = {"-", "-"};
+constexpr Text former_start = {
+    "Dieser Zustand ist der einer früheren Berechnung: die letzte ergab keinen.",
+    "This state is that of a former calculation: the last one found none."};
+
+/// A heading above columns of the grid, in two lines: the quantity and its unit.
+struct Heading {
+    int column;
+    int columns;
+    Text quantity;
+    const char* unit;
+};
+
+constexpr Heading headings[] = {
+    {kind_column, 3, {"gesucht", "sought"}, ""},
+    {cell_column, 1, {"Stromstärke neu", "new current load"}, "A"},
+    {cell_column + 1, 1, {"Temperatur neu", "new temperature"}, "°C"},
+    {cell_column + 2, 2, {"Zeitdauer", "duration"}, ""},
+    {total_column, 1, {"Zeit ab t 0", "time from t 0"}, ""},
+};
+constexpr int button_width = 180;  // pixels
+constexpr int button_height = 36;
+constexpr int quantity_line = 0;
+constexpr int unit_line = 1;
+constexpr int first_line = 2;
+
+QLabel* make_label(const char* name) {
+    auto* label = new QLabel;
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QLabel* make_notice(const char* name) {
+    QLabel* label = make_label(name);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    return label;
+}
+
+QLabel* unit_label(const char* unit) {
+    auto* label = new QLabel(qt(unit));
+    label->setAlignment(Qt::AlignHCenter);
+    return label;
+}
+
+}  // namespace
+
+TransientPage::TransientPage(DesktopState& state, TransientRowPanel::Refused refused)
+    : state_(state),
+      refused_(std::move(refused)),
+      method_caption_(make_label("caption_transient_method")),
+      method_(make_label("transient_method")),
+      start_current_caption_(make_label("caption_start_current")),
+      start_current_(make_label("start_current")),
+      start_temperature_caption_(make_label("caption_start_temperature")),
+      start_temperature_(make_label("start_temperature")),
+      former_notice_(make_notice("former_start_notice")),
+      button_(new QPushButton),
+      notice_(make_notice("stale_notice")),
+      start_group_(make_start()),
+      rows_group_(make_rows()),
+      actions_(make_actions()) {
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    auto* content = new QWidget;
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(16, 16, 16, 16);
+    layout->setSpacing(14);
+    layout->addWidget(start_group_);
+    layout->addWidget(rows_group_);
+    layout->addWidget(actions_);
+    layout->addStretch(1);
+    content->setMaximumWidth(1300);
+    setWidget(content);
+    set_tab_order();
+    recaption();
+    load();
+}
+
+QGroupBox* TransientPage::make_start() {
+    auto* group = new QGroupBox;
+    auto* grid = new QGridLayout(inside_of(*group));
+    grid->setHorizontalSpacing(24);
+    grid->setVerticalSpacing(6);
+    int line = 0;
+    for (const auto& [caption, value] :
+         {std::pair{method_caption_, method_}, std::pair{start_current_caption_, start_current_},
+          std::pair{start_temperature_caption_, start_temperature_}}) {
+        grid->addWidget(caption, line, 0);
+        grid->addWidget(value, line++, 1);
+    }
+    grid->addWidget(former_notice_, line, 0, 1, 3);
+    grid->setColumnStretch(2, 1);
+    return group;
+}
+
+QGroupBox* TransientPage::make_rows() {
+    auto* group = new QGroupBox;
+    auto* grid = new QGridLayout(inside_of(*group));
+    grid->setHorizontalSpacing(12);
+    grid->setVerticalSpacing(10);
+    for (const Heading& heading : headings) {
+        auto* label = new QLabel;
+        label->setAlignment(heading.column == total_column ? Qt::AlignLeft : Qt::AlignHCenter);
+        grid->addWidget(label, quantity_line, heading.column, 1, heading.columns);
+        headings_.push_back(label);
+        if (*heading.unit != '\0')
+            grid->addWidget(unit_label(heading.unit), unit_line, heading.column);
+    }
+    grid->addWidget(unit_label("min"), unit_line, cell_column + 2);
+    grid->addWidget(unit_label("sec"), unit_line, cell_column + 3);
+    const auto refuse = [this](QWidget* input) {
+        typing_refused_ = true;
+        refused_(input);
+    };
+    for (std::size_t i = 0; i < state_change_count; ++i)
+        rows_.push_back(std::make_unique<TransientRowPanel>(i, state_, refuse, *grid,
+                                                            first_line + static_cast<int>(i)));
+    grid->setColumnStretch(total_column, 1);
+    return group;
+}
+
+QWidget* TransientPage::make_actions() {
+    auto* actions = new QWidget;
+    auto* layout = new QHBoxLayout(actions);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(24);
+    button_->setObjectName("calculate_transient");
+    button_->setAutoDefault(true);
+    button_->setMinimumSize(button_width, button_height);
+    connect(button_, &QPushButton::clicked, this, [this] { press_button(); });
+    layout->addWidget(button_);
+    layout->addWidget(notice_);
+    layout->addStretch(1);
+    return actions;
+}
+
+/// Along the rows to the button; the buttons that switch rows off stand last, out of the way.
+void TransientPage::set_tab_order() {
+    QWidget* last = nullptr;
+    const auto follow = [&last](QWidget* input) {
+        if (last != nullptr) setTabOrder(last, input);
+        last = input;
+    };
+    for (const auto& row : rows_)
+        for (QWidget* input : row->inputs()) follow(input);
+    follow(button_);
+    for (const auto& row : rows_) follow(row->off_button());
+}
+
+void TransientPage::focus_first() { rows_.front()->input(nullptr)->setFocus(); }
+
+void TransientPage::recaption() {
+    const LangId lang = state_.session.lang;
+    start_group_->setTitle(qt(start_caption, lang));
+    rows_group_->setTitle(qt(rows_caption, lang));
+    for (std::size_t i = 0; i < headings_.size(); ++i)
+        headings_[i]->setText(qt(headings[i].quantity, lang));
+    method_caption_->setText(qt(method_caption, lang));
+    start_current_caption_->setText(qt(start_current_label, lang).trimmed());
+    start_temperature_caption_->setText(qt(start_temperature_label, lang).trimmed());
+    button_->setText(qt(button_caption, lang));
+    notice_->setText(qt(lines_of(stale_question.lines.in(lang)).front()));
+    former_notice_->setText(qt(former_start, lang));
+    for (const auto& row : rows_) row->recaption();
+}
+
+bool TransientPage::is_stale() const {
+    return state_.transient.result_is_stale(state_.calc_case, state_.session);
+}
+
+void TransientPage::load() {
+    const LangId lang = state_.session.lang;
+    const auto& start = state_.transient.basis().start;
+    const auto method = transient_method(state_.calc_case);
+    method_->setText(method ? qt(name_of(*method)) : qt(no_state, lang));
+    const DecimalSeparator separator = state_.session.separator;
+    start_current_->setText(start ? qt(start_current_text(*start, state_.calc_case, separator))
+                                  : qt(no_state, lang));
+    start_temperature_->setText(start ? qt(start_temperature_text(*start, separator))
+                                      : qt(no_state, lang));
+    former_notice_->setVisible(state_.transient.start_is_former());
+    const bool stale = is_stale();
+    for (const auto& row : rows_) row->load(stale);
+    notice_->setVisible(stale);
+}
+
+void TransientPage::commit() {
+    for (const auto& row : rows_) row->commit();
+}
+
+void TransientPage::press_button() {
+    typing_refused_ = false;
+    commit();
+    if (!typing_refused_) calculate();
+}
+
+void TransientPage::calculate() {
+    if (running_) return;
+    const QScopedValueRollback<bool> guard(running_, true);
+    TransientRunResult result;
+    {
+        RunProgress progress(this, state_);
+        RunTransient(
+            state_.calc_case, state_.transient.basis(), state_.session,
+            [&progress](const TransientProgress& at) { return progress.goes_on(at); }, result);
+    }
+    if (!result.input_valid) {
+        state_.session.tell(result.refusal.box);
+        if (result.refusal.row) rows_[*result.refusal.row]->input(result.refusal.cell)->setFocus();
+        return;
+    }
+    if (result.end == TransientEnd::Cancelled) return;
+    state_.transient.keep(result, state_.calc_case);
+    state_.case_changed();
+    calculated();
+}
+
+std::string TransientPage::text_to_copy() {
+    if (state_.transient.result() == nullptr) return {};
+    const Session& session = state_.session;
+    if (is_stale()) {
+        if (session.dialogs.show(box_in(session.lang, stale_question)) != Answer::Yes) return {};
+        press_button();
+        if (is_stale()) return {};
+    }
+    return transient_text(*state_.transient.result(), state_.calc_case, session);
+}
+
+}  // namespace zel

@@ -1,0 +1,234 @@
+#include "desktop/line/transient_row_panel.h"
+
+#include <QButtonGroup>
+#include <QFocusEvent>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QToolButton>
+#include <algorithm>
+#include <string>
+
+#include "desktop/frame/focus_chain.h"
+#include "desktop/frame/number_keys.h"
+#include "desktop/frame/qt_text.h"
+#include "workflow/rules/transient_cells.h"
+#include "workflow/run/transient_text.h"
+
+namespace zel {
+namespace {
+
+constexpr int cell_width = 96;  // pixels
+
+/// Each control array holds the four cells of a row: current, temperature, minutes, seconds.
+constexpr std::array<const char*, state_change_count> control_arrays = {
+    "Text32", "Text33", "Text34", "Text35", "Text48", "Text49"};
+
+constexpr std::array<Text, 3> kind_captions = {
+    {{"Stromstärke", "current"}, {"Temperatur", "temperature"}, {"Zeitdauer", "duration"}}};
+constexpr std::array<Text, 3> kind_hints = {
+    {{"gesucht wird die Stromstärke zu Temperatur und Zeitdauer",
+      "the current is sought for temperature and duration"},
+     {"gesucht wird die Temperatur zu Stromstärke und Zeitdauer",
+      "the temperature is sought for current and duration"},
+     {"gesucht wird die Zeitdauer zu Stromstärke und Temperatur",
+      "the duration is sought for current and temperature"}}};
+constexpr Text off_hint = {"Zustandsänderung inaktiv setzen (Taste - auf der Auswahl)",
+                           "Deactivate this change-of-state (key - on the choice)"};
+constexpr std::array<Text, 4> cell_names = {{{"Stromstärke neu, A", "new current load, A"},
+                                             {"Temperatur neu, °C", "new temperature, °C"},
+                                             {"Zeitdauer, min", "duration, min"},
+                                             {"Zeitdauer, sec", "duration, sec"}}};
+
+const std::string TransientRowTexts::*const found_texts[] = {
+    &TransientRowTexts::Strom, &TransientRowTexts::Temp, &TransientRowTexts::Min,
+    &TransientRowTexts::Sec};
+
+QString named(const QString& array, std::size_t index) {
+    return array + "(" + QString::number(index) + ")";
+}
+
+/// What was found stands out, and still reads well where the cell takes no input.
+void set_look(QLineEdit& edit, bool found, bool stale) {
+    QFont font = edit.font();
+    font.setBold(found);
+    font.setItalic(found && stale);
+    edit.setFont(font);
+    QPalette palette;
+    if (found)
+        palette.setColor(
+            QPalette::Disabled, QPalette::Text,
+            palette.color(stale ? QPalette::Disabled : QPalette::Active, QPalette::WindowText));
+    edit.setPalette(palette);
+}
+
+}  // namespace
+
+TransientRowPanel::TransientRowPanel(std::size_t index, DesktopState& state, Refused refused,
+                                     QGridLayout& grid, int line)
+    : index_(index),
+      state_(state),
+      refused_(std::move(refused)),
+      name_(new QLabel),
+      kinds_(new QButtonGroup(this)),
+      off_(new QToolButton),
+      total_(new QLabel) {
+    grid.addWidget(name_, line, name_column);
+    make_kinds(grid, line);
+    make_cells(grid, line);
+    total_->setObjectName(named("total", index_));
+    grid.addWidget(total_, line, total_column);
+}
+
+void TransientRowPanel::make_kinds(QGridLayout& grid, int line) {
+    for (std::size_t i = 0; i < kind_buttons_.size(); ++i) {
+        auto* button = kind_buttons_[i] = new QRadioButton;
+        const std::int16_t kind = transient_kinds[i];
+        button->setObjectName(
+            named(QString("Z%1_merker_db").arg(index_ + 1), static_cast<std::size_t>(kind)));
+        button->installEventFilter(this);
+        button->installEventFilter(new FocusChain(button));
+        kinds_->addButton(button, kind);
+        grid.addWidget(button, line, kind_column + static_cast<int>(i));
+    }
+    connect(kinds_, &QButtonGroup::idClicked, this,
+            [this](int kind) { set_kind(static_cast<std::int16_t>(kind)); });
+    off_->setObjectName(named("off", index_));
+    off_->setText(" - ");
+    off_->setFocusPolicy(Qt::TabFocus);
+    connect(off_, &QToolButton::clicked, this, [this] { set_kind(row_unused); });
+    grid.addWidget(off_, line, off_column);
+}
+
+void TransientRowPanel::make_cells(QGridLayout& grid, int line) {
+    for (std::size_t i = 0; i < cells_.size(); ++i) {
+        auto* edit = cells_[i] = new QLineEdit;
+        edit->setObjectName(named(control_arrays[index_], i));
+        edit->setAlignment(Qt::AlignRight);
+        edit->setFixedWidth(cell_width);
+        edit->installEventFilter(this);
+        edit->installEventFilter(new FocusChain(edit));
+        edit->installEventFilter(new NumberKeys(edit, state_.session));
+        // An input method would type past the filter of keys.
+        edit->setAttribute(Qt::WA_InputMethodEnabled, false);
+        grid.addWidget(edit, line, cell_column + static_cast<int>(i));
+    }
+}
+
+StateChange& TransientRowPanel::row() const { return state_.calc_case.Z[index_]; }
+
+bool TransientRowPanel::is_found(std::size_t cell) const {
+    return is_in_use(row()) && !takes_input(row().merker, state_cells[cell]);
+}
+
+/// The text that stands in a cell: the input, or what the last run found for this kind of row.
+std::string TransientRowPanel::text_of(std::size_t cell) const {
+    if (!is_found(cell)) return (row().*state_cells[cell]).text;
+    const TransientRunResult* result = state_.transient.result();
+    const bool same_kind = result != nullptr && result->rows[index_].Merker == row().merker;
+    return same_kind ? result->texts[index_].*found_texts[cell] : std::string();
+}
+
+void TransientRowPanel::load(bool stale) {
+    show_kind();
+    for (std::size_t i = 0; i < cells_.size(); ++i) {
+        QLineEdit& edit = *cells_[i];
+        const QString text = qt(text_of(i));
+        if (edit.text() != text) {
+            edit.setText(text);
+            edit.setCursorPosition(0);
+        }
+        edit.setEnabled(takes_input(row().merker, state_cells[i]));
+        set_look(edit, is_found(i), stale);
+    }
+    const TransientRunResult* result = state_.transient.result();
+    const bool ran = result != nullptr && is_in_use(row());
+    total_->setText(ran ? qt(result->texts[index_].total) : QString());
+    total_->setEnabled(!stale);
+    name_->setEnabled(is_in_use(row()));
+    off_->setEnabled(is_in_use(row()));
+}
+
+void TransientRowPanel::show_kind() {
+    kinds_->setExclusive(false);
+    for (QRadioButton* button : kind_buttons_)
+        button->setChecked(kinds_->id(button) == row().merker);
+    kinds_->setExclusive(true);
+    // Tab stops once: at the chosen kind, or at the first.
+    QWidget* stop = input(nullptr);
+    for (QRadioButton* button : kind_buttons_)
+        button->setFocusPolicy(button == stop ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+void TransientRowPanel::set_kind(std::int16_t kind) {
+    row().merker = kind;
+    state_.case_changed();
+}
+
+bool TransientRowPanel::eventFilter(QObject* watched, QEvent* event) {
+    const auto edit = std::find(cells_.begin(), cells_.end(), watched);
+    if (edit == cells_.end()) {  // a button of the kinds
+        if (event->type() != QEvent::KeyPress ||
+            static_cast<QKeyEvent*>(event)->key() != Qt::Key_Minus)
+            return false;
+        set_kind(row_unused);
+        input(nullptr)->setFocus();
+        return true;
+    }
+    if (event->type() != QEvent::FocusOut) return false;
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) return false;
+    take_in(static_cast<std::size_t>(edit - cells_.begin()));
+    return false;
+}
+
+void TransientRowPanel::take_in(std::size_t cell) {
+    QLineEdit& edit = *cells_[cell];
+    if (!edit.isEnabled()) return;
+    const std::string typed = edit.text().toStdString();
+    if (typed == text_of(cell)) return;
+    const Session& session = state_.session;
+    const auto refusal = enter_cell(state_.calc_case, {index_, state_cells[cell]}, typed, session);
+    state_.case_changed();
+    if (!refusal) return;
+    session.tell(*refusal);
+    refused_(&edit);
+}
+
+void TransientRowPanel::commit() {
+    for (std::size_t i = 0; i < cells_.size(); ++i) take_in(i);
+}
+
+QWidget* TransientRowPanel::input(StateCell cell) const {
+    for (std::size_t i = 0; i < cells_.size(); ++i)
+        if (state_cells[i] == cell) return cells_[i];
+    QAbstractButton* chosen = kinds_->checkedButton();
+    return chosen != nullptr ? chosen : kind_buttons_.front();
+}
+
+std::vector<QWidget*> TransientRowPanel::inputs() const {
+    std::vector<QWidget*> all(kind_buttons_.begin(), kind_buttons_.end());
+    all.insert(all.end(), cells_.begin(), cells_.end());
+    return all;
+}
+
+QWidget* TransientRowPanel::off_button() const { return off_; }
+
+void TransientRowPanel::recaption() {
+    const LangId lang = state_.session.lang;
+    const QString name = qt(change_of_state_names[index_], lang);
+    name_->setText(name);
+    for (std::size_t i = 0; i < kind_buttons_.size(); ++i) {
+        kind_buttons_[i]->setText(qt(kind_captions[i], lang));
+        kind_buttons_[i]->setToolTip(qt(kind_hints[i], lang));
+        kind_buttons_[i]->setAccessibleName(name + ": " + qt(kind_hints[i], lang));
+    }
+    off_->setToolTip(qt(off_hint, lang));
+    off_->setAccessibleName(name + ": " + qt(off_hint, lang));
+    for (std::size_t i = 0; i < cells_.size(); ++i)
+        cells_[i]->setAccessibleName(name + ": " + qt(cell_names[i], lang));
+}
+
+}  // namespace zel

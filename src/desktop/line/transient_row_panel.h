@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QObject>
+#include <array>
+#include <cstddef>
+#include <functional>
+
+#include "desktop/frame/desktop_state.h"
+#include "steady/case/case_fields.h"
+
+class QButtonGroup;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QRadioButton;
+class QToolButton;
+
+namespace zel {
+
+/// The columns of the grid of changes of state.
+enum TransientColumn {
+    name_column = 0,
+    kind_column = 1,  // and the two after it
+    off_column = 4,
+    cell_column = 5,  // and the three after it
+    total_column = 9,
+};
+
+/// One change of state as a row of the grid: its kind, the ' - ' button that switches it off, its
+/// four cells and the time up to its end. A cell of a quantity that is sought takes no input and
+/// shows what the last run found.
+class TransientRowPanel : public QObject {
+public:
+    /// Called with the input whose text was refused.
+    using Refused = std::function<void(QWidget*)>;
+
+    /// Row `index` (0 to 5), placed into line `line` of `grid`.
+    TransientRowPanel(std::size_t index, DesktopState& state, Refused refused, QGridLayout& grid,
+                      int line);
+
+    /// Captions in the language of the session.
+    void recaption();
+    /// Shows what stands in the case and what the last run found; a stale result is greyed.
+    void load(bool stale);
+    /// Takes in what is typed but not yet finished.
+    void commit();
+
+    /// The input of `cell`, or of the kind for a null `cell`.
+    [[nodiscard]] QWidget* input(StateCell cell) const;
+    /// In the order in which tab leads along them; the button that switches off comes apart.
+    [[nodiscard]] std::vector<QWidget*> inputs() const;
+    [[nodiscard]] QWidget* off_button() const;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void make_kinds(QGridLayout& grid, int line);
+    void make_cells(QGridLayout& grid, int line);
+    void set_kind(std::int16_t kind);
+    void show_kind();
+    void take_in(std::size_t cell);
+    [[nodiscard]] StateChange& row() const;
+    [[nodiscard]] std::string text_of(std::size_t cell) const;
+    [[nodiscard]] bool is_found(std::size_t cell) const;
+
+    std::size_t index_;
+    DesktopState& state_;
+    Refused refused_;
+    QLabel* name_;
+    QButtonGroup* kinds_;
+    std::array<QRadioButton*, 3> kind_buttons_{};
+    QToolButton* off_;
+    std::array<QLineEdit*, 4> cells_{};
+    QLabel* total_;
+};
+
+}  // namespace zel

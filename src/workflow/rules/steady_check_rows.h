@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "platform/message_box.h"
+#include "steady/case/calc_case.h"
+#include "steady/case/method.h"
+
+// The rows of the steady input check. Their order is behaviour: only the first refusal is shown.
+
+namespace zel::steady_check {
+
+/// When a case is refused, and by which sort of box.
+struct Rule {
+    int number;
+    unsigned applies;  // the methods that read the field, or `always`
+    bool (*refuses)(const CalcCase&);
+    const BoxText* frame;  // title and what else the boxes of a sort share
+};
+
+struct Check {
+    Rule rule;
+    Text lines;  // they go to the place {0} of the frame
+};
+
+/// Numbers 1 to 40: the methods and what is typed into the forms.
+[[nodiscard]] std::span<const Check> input_checks();
+
+/// Numbers 41 to 59: the data of the conductor, and whether they go with the methods.
+[[nodiscard]] std::span<const Check> conductor_checks();
+
+[[nodiscard]] Box box_of(const Check& check, LangId lang);
+
+struct SteadyRefusal {
+    int number = 0;
+    Box box;
+};
+
+/// The first check that refuses the case, or nothing where it may run.
+[[nodiscard]] std::optional<SteadyRefusal> first_refusal(const CalcCase& c, LangId lang);
+
+constexpr unsigned bit(Method method) { return 1U << static_cast<unsigned>(method); }
+
+inline constexpr unsigned TB601 = bit(Method::TB601);
+inline constexpr unsigned TB207 = bit(Method::TB207);
+inline constexpr unsigned TBB = bit(Method::TBB);
+inline constexpr unsigned Webs = bit(Method::Webs);
+inline constexpr unsigned Kirn = bit(Method::Kirn);
+inline constexpr unsigned always = 1U << all_methods.size();
+
+/// The selected methods, with `always`.
+[[nodiscard]] unsigned selected(const CalcCase& c);
+
+inline constexpr Text incomplete_title = {"Unvollständige Eingabe", "Input incomplete !"};
+
+inline constexpr BoxText incomplete = {
+    Icon::Stop,
+    incomplete_title,
+    {"{0}\nBitte vervollständigen Sie ihre Eingabe !", "{0}\nPlease complete your input !"}};
+
+inline constexpr BoxText incorrect = {
+    Icon::Stop,
+    {" Fehlerhafte Eingabe", "Input incorrect !"},
+    {"{0}\nBitte korrigieren Sie Ihre Eingabe !", "{0}\nPlease correct your input !"}};
+
+inline double number(const Entry& field) { return field.value; }
+inline double number(std::int16_t field) { return field; }
+
+template <auto field>
+bool missing(const CalcCase& c) {
+    return !(c.*field).given();
+}
+
+template <auto field, int low, int high>
+bool outside(const CalcCase& c) {
+    return number(c.*field) < low || number(c.*field) > high;
+}
+
+/// An emptied field is no input, whatever its double still holds.
+inline bool positive(const Entry& field) { return field.given() && field.value > 0; }
+inline bool positive(std::int16_t field) { return field > 0; }
+
+template <auto field>
+bool not_positive(const CalcCase& c) {
+    return !positive(c.*field);
+}
+
+}  // namespace zel::steady_check

@@ -1,0 +1,114 @@
+#include "workflow/rules/transient_cells.h"
+
+#include <string>
+
+#include "platform/rounding.h"
+#include "steady/case/state_change.h"
+#include "workflow/rules/entry_rules.h"
+
+namespace zel {
+namespace {
+
+constexpr float largest_seconds = 59;
+
+/// Seconds count as the whole number that the run takes.
+bool too_many_seconds(float seconds) {
+    const auto whole = round_to_int16(static_cast<double>(seconds));
+    return whole ? *whole > largest_seconds : seconds > largest_seconds;
+}
+
+struct Limit {
+    StateCell cell;
+    bool (*is_beyond)(float number);  // of a current: that of the bundle
+    Text lines;                       // {0} the number of the row
+};
+
+constexpr Limit limits[] = {
+    {&StateChange::Strom,
+     [](float current) { return current > 999999; },
+     {"Der Maximalwert für die Stromstärke \n"
+      "der Zustandsänderung {0} beträgt 999999 Ampere !\n"
+      "Geben Sie bitte einen geringeren Wert für die Stromstärke ein",
+      "Maximum value for current \n"
+      "for the change-of-state {0} is 999999 Ampere !\n"
+      "Please correct your input. "}},
+    {&StateChange::TEMP,
+     [](float temperature) { return temperature > 350; },
+     {"Der maximale Eingabewert für die Temperatur\n"
+      "der Zustandsänderung {0} beträgt 350 °C!\n"
+      "Geben Sie bitte einen geringeren Wert für die Temperatur ein",
+      "Maximum value of conductor temperature\n"
+      "for the change-of-state {0} is 350 °C !\n"
+      "Please correct your input."}},
+    {&StateChange::TEMP,
+     [](float temperature) { return temperature < -50; },
+     {"Der minimale Eingabewert für die Temperatur\n"
+      "der Zustandsänderung {0} beträgt -50 °C!\n"
+      "Geben Sie bitte einen größeren Wert für die Temperatur ein",
+      "Minimum value of conductor temperature\n"
+      "for the change-of-state {0} is -50 °C !\n"
+      "Please correct your input."}},
+    {&StateChange::min,
+     [](float minutes) { return minutes > 60; },
+     {"Der Maximalwert für die Zeitdauer \n"
+      "der Zustandsänderung {0} beträgt 60 min !\n"
+      "Geben Sie bitte einen geringeren Wert für die Zeitdauer ein",
+      "Maximum value for time\n"
+      "of the change-of-state {0} is 60 min !\n"
+      "Please correct your input."}},
+    {&StateChange::sec,
+     too_many_seconds,
+     {"Der Maximalwert für die Sekundenangabe der Zeitdauer\n"
+      "der Zustandsänderung {0} beträgt 59 Sekunden !\n"
+      "Geben Sie bitte einen geringeren Sekundenwert",
+      "Maximum input value for seconds\n"
+      "of the change-of-state {0} is 59 seconds !\n"
+      "Please correct your input."}},
+};
+
+constexpr Text beyond_title = {" Fehlerhafte Eingabe", "Incorrect input"};
+
+/// The box for a number that the cell cannot hold.
+std::optional<Box> refusal(StateCellPlace place, double number, LangId lang) {
+    for (const auto& [cell, is_beyond, lines] : limits)
+        if (cell == place.cell && is_beyond(static_cast<float>(number)))
+            return box_in(lang, {Icon::Stop, beyond_title, lines}, {std::to_string(place.row + 1)});
+    return std::nullopt;
+}
+
+/// The number of a typed text, or the box that says that it is none.
+std::optional<Box> parse(std::string_view text, Entry& number, const Locale& locale) {
+    auto box = enter(number, nullptr, text, locale);
+    if (box) box->icon = Icon::Stop;
+    return box;
+}
+
+}  // namespace
+
+std::optional<Box> enter_cell(CalcCase& c, StateCellPlace place, std::string_view text,
+                              const Locale& locale) {
+    Entry& cell = c.Z[place.row].*place.cell;
+    cell = {};
+    Entry typed;
+    auto box = parse(text, typed, locale);
+    if (!box) box = refusal(place, typed.value, locale.lang);
+    if (box) return box;
+    if (place.cell == &StateChange::Strom) typed.value /= sharing_conductors(c);
+    cell = typed;
+    return std::nullopt;
+}
+
+std::optional<Box> read_cell(CalcCase& c, StateCellPlace place, std::string_view text,
+                             const Locale& locale) {
+    Entry share;
+    if (place.cell != &StateChange::Strom || parse(text, share, locale) || text.empty())
+        return enter_cell(c, place, text, locale);
+    StateChange& row = c.Z[place.row];
+    const int n = sharing_conductors(c);
+    auto box = refusal(place, share.value * n, locale.lang);
+    row.Strom = box ? Entry{} : share;
+    if (!box) show_bundle_current(row, n, locale.separator);
+    return box;
+}
+
+}  // namespace zel

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "shell/session.h"
+#include "steady/case/calc_case.h"
+#include "steady/case/transient_row.h"
+#include "workflow/run/steady_methods.h"
+
+namespace zel {
+
+/// One line of the result page.
+struct MethodResult {
+    Method method = Method::TB207;
+    std::string caption;  // "2-conductor-bundle by Cigre TB 207 :"
+    std::string result;   // "1360 A", "80.0 °C" or " Error"
+    MethodOutcome outcome;
+};
+
+/// A label of the result page and what stands behind it.
+struct LabelledText {
+    std::string label;
+    std::string text;
+};
+
+/// Texts that the kind of result (current or temperature) sets for tables and printing.
+struct ResultTexts {
+    std::string parameter_table_caption;
+    std::vector<std::string> table_steps;
+    std::string print_caption;
+};
+
+/// What the texts of a result need of the case that was run.
+struct RunBasis {
+    bool current_given = false;  // the temperature was sought
+    int sub_conductors = 0;
+    double given = 0;            // A of the bundle, or °C
+    bool ambient_table = false;  // the parameter table steps the ambient temperature
+};
+
+/// All that the result page shows after a run.
+struct SteadyRunResult {
+    bool input_valid = false;
+    Box refusal;  // why the input was refused
+    RunBasis basis;
+    double angle = 0;                   // degrees, folded angle between wind and conductor
+    double perpendicular_wind = 0;      // m/s
+    std::vector<MethodResult> methods;  // the selected ones, in the order of `Method`
+    std::optional<TransientStart> transient_start;
+    bool may_save = false;    // TB 601, TB 207 or the busbar method succeeded
+    std::vector<Box> advice;  // to be told in this order once the result is on the page
+
+    // Texts, see write_texts
+    std::string angle_text;
+    std::string perpendicular_wind_text;
+    std::string head_line;
+    std::string methods_line;
+    std::vector<std::string> balance_lines;        // of the methods that succeeded
+    std::vector<LabelledText> tb601_temperatures;  // core and surface, where TB 601 succeeded
+    std::vector<LabelledText> tb601_factors;       // skin effect and magnetic heating
+    ResultTexts texts;
+};
+
+/// What going to the result page does: the input check, the folded angle, the two currents of the
+/// bundle (this changes `c`), then every selected method in its order. A failing method shows
+/// " Error" and does not stop the others. A refused case has `input_valid` false and its box told.
+/// Throws `ProgramEnd` where the calculation must end the program; `result` then holds what was
+/// found up to there, and the status of the method that ended it.
+void RunSteady(CalcCase& c, const Session& session, SteadyRunResult& result);
+
+[[nodiscard]] SteadyRunResult RunSteady(CalcCase& c, const Session& session);
+
+}  // namespace zel

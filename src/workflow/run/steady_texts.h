@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/text/locale.h"
+#include "workflow/run/steady_run.h"
+
+namespace zel {
+
+/// The labels of the folded angle and of the wind across the conductor.
+inline constexpr Text angle_label = {"Winkel-Wind-Leiter:", "Angle wind conductor:"};
+inline constexpr Text perpendicular_wind_label = {"Wind _I_ Leiter:", "Wind _I_ conductor:"};
+
+/// Writes all texts of a valid run from its numbers. So a result can be told again in another
+/// language without being computed again.
+void write_texts(SteadyRunResult& result, const Locale& locale);
+
+/// The balance line of a solution: the four heat terms of one sub-conductor in W/m.
+[[nodiscard]] std::string balance_line(std::string_view head, const HeatTerms& terms,
+                                       DecimalSeparator separator);
+
+}  // namespace zel
