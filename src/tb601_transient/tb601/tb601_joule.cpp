@@ -19,16 +19,6 @@ double temperature_factor(const TB601Params& p, double T) {
     return 1 + p.Alpha * rise + p.Beta * (rise * rise);
 }
 
-/// The number of points before the table ends: at a temperature of 0, or one that does not rise.
-/// Two points always count, since there is no line through fewer.
-std::size_t points_of(const ResistanceTable& table) {
-    std::size_t count = 1;
-    while (count < table.size() && table[count].TACR != 0 &&
-           table[count].TACR > table[count - 1].TACR)
-        ++count;
-    return std::max<std::size_t>(count, 2);
-}
-
 float on_line(const ResistancePoint& n, const ResistancePoint& m, float T) {
     return n.ACR + (m.ACR - n.ACR) / (m.TACR - n.TACR) * (T - n.TACR);
 }
@@ -145,6 +135,14 @@ Tb601Term ST_F01_CigreTB601_PJ_steady(const TB601Params& params, TB601State& sta
     PJ.value = computed(PJ.value);
     if (!PJ.failure) PJ.failure = fault_in(Tb601Procedure::JouleHeating, arithmetic);
     return PJ;
+}
+
+std::size_t points_of(const ResistanceTable& table) {
+    std::size_t count = 1;
+    while (count < table.size() && table[count].TACR != 0 &&
+           table[count].TACR > table[count - 1].TACR)
+        ++count;
+    return std::max<std::size_t>(count, 2);
 }
 
 float ST_F01_CigreTB601_Resistance(const ResistanceTable& table, double T) {

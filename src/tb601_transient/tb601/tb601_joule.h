@@ -18,6 +18,10 @@ namespace zel {
 /// the outermost ones beyond the ends.
 [[nodiscard]] float ST_F01_CigreTB601_Resistance(const ResistanceTable& table, double T);
 
+/// The number of points before the table ends: at a temperature of 0, or one that does not rise.
+/// Two points always count, since there is no line through fewer.
+[[nodiscard]] std::size_t points_of(const ResistanceTable& table);
+
 /// The ratio of AC to DC resistance at `T` of the state by the first four terms of the Bessel
 /// series, those of a solid round conductor, less the share of core or bore. 0 for an unknown type.
 [[nodiscard]] double ST_F06_CigreTB601_skin_effect_factor_601(const TB601Params& params,

@@ -11,6 +11,7 @@
 #include "workflow/rules/steady_check.h"
 #include "workflow/rules/wind.h"
 #include "workflow/run/advice.h"
+#include "workflow/run/notes.h"
 #include "workflow/run/steady_texts.h"
 
 namespace zel {
@@ -107,6 +108,7 @@ void RunSteady(CalcCase& c, const Session& session, SteadyRunResult& result) {
         finish(c, session, result);
         throw;
     }
+    result.remarks = remarks_on(c, result, session);
     finish(c, session, result);
     result.advice =
         advice(c, {result.angle, result.perpendicular_wind, Kirn_temperature(result)}, session);

@@ -40,6 +40,40 @@ struct RunBasis {
     bool ambient_table = false;  // the parameter table steps the ambient temperature
 };
 
+/// A remark of the program's own beside a result: never a box, never in a field of the result.
+struct Note {
+    std::string_view code;  // for scripts, see docs/notes.md
+    std::string text;
+
+    friend bool operator==(const Note&, const Note&) = default;
+};
+
+/// What is remarkable about a result, without its wording.
+struct SteadyRemarks {
+    /// The folded angle is not the acute one between wind and line: how the case is rated with
+    /// that.
+    struct TrueWind {
+        double angle = 0;    // degrees, the acute angle
+        double counted = 0;  // degrees, the folded one
+        std::vector<MethodResult> methods;
+    };
+    std::optional<TrueWind> wind_fold;
+
+    /// A balance that misses by more than a hundredth of the Joule heat.
+    struct Miss {
+        Method method = Method::TB207;
+        double missing = 0;  // W/m, gains less losses
+    };
+    std::vector<Miss> misses;
+
+    /// TB 601 reads fewer pairs of AC resistance than are filled in.
+    struct ShortTable {
+        int read = 0;
+        int filled = 0;
+    };
+    std::optional<ShortTable> short_table;
+};
+
 /// All that the result page shows after a run.
 struct SteadyRunResult {
     bool input_valid = false;
@@ -51,6 +85,7 @@ struct SteadyRunResult {
     std::optional<TransientStart> transient_start;
     bool may_save = false;    // TB 601, TB 207 or the busbar method succeeded
     std::vector<Box> advice;  // to be told in this order once the result is on the page
+    SteadyRemarks remarks;
 
     // Texts, see write_texts
     std::string angle_text;
@@ -61,6 +96,7 @@ struct SteadyRunResult {
     std::vector<LabelledText> tb601_temperatures;  // core and surface, where TB 601 succeeded
     std::vector<LabelledText> tb601_factors;       // skin effect and magnetic heating
     ResultTexts texts;
+    std::vector<Note> notes;  // of the remarks
 };
 
 /// What going to the result page does: the input check, the folded angle, the two currents of the

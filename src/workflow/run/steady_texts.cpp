@@ -4,6 +4,7 @@
 #include <span>
 
 #include "workflow/rules/bundle.h"
+#include "workflow/run/notes.h"
 
 namespace zel {
 namespace {
@@ -74,15 +75,6 @@ std::vector<LabelledText> lines_of(std::span<const Tb601Line> lines, const Tb601
     return texts;
 }
 
-std::string result_text(const MethodOutcome& outcome, const RunBasis& basis,
-                        DecimalSeparator separator) {
-    if (!outcome.status.empty()) return " Error";
-    if (!outcome.fault.empty()) return {};
-    if (!basis.current_given)
-        return masked(basis.sub_conductors * *outcome.current_A, "####0", separator) + " A";
-    return masked(*outcome.temperature_C, "###0.0", separator) + " °C";
-}
-
 std::string head_line(const Kind& kind, const RunBasis& basis, const Locale& locale) {
     return fill(kind.head_line.in(locale.lang),
                 {masked(basis.given, kind.head_mask, locale.separator),
@@ -114,6 +106,15 @@ void write_method(MethodResult& line, SteadyRunResult& result, const Locale& loc
 
 }  // namespace
 
+std::string result_text(const MethodOutcome& outcome, const RunBasis& basis,
+                        DecimalSeparator separator) {
+    if (!outcome.status.empty()) return " Error";
+    if (!outcome.fault.empty()) return {};
+    if (!basis.current_given)
+        return masked(basis.sub_conductors * *outcome.current_A, "####0", separator) + " A";
+    return masked(*outcome.temperature_C, "###0.0", separator) + " °C";
+}
+
 std::string balance_line(std::string_view head, const HeatTerms& terms,
                          DecimalSeparator separator) {
     const auto watts = [separator](double term) {
@@ -135,6 +136,7 @@ void write_texts(SteadyRunResult& result, const Locale& locale) {
     }
     result.methods_line = joined(names, " / ");
     result.angle_text = masked(result.angle, "##0.0#", locale.separator) + " °";
+    result.notes = notes_on(result, locale);
     result.perpendicular_wind_text =
         masked(result.perpendicular_wind, "#0.0##", locale.separator) + " m/s";
 }

@@ -16,6 +16,10 @@ inline constexpr Text perpendicular_wind_label = {"Wind _I_ Leiter:", "Wind _I_ 
 /// language without being computed again.
 void write_texts(SteadyRunResult& result, const Locale& locale);
 
+/// The result of a method as its line shows it: "1360 A", "80.0 °C" or " Error".
+[[nodiscard]] std::string result_text(const MethodOutcome& outcome, const RunBasis& basis,
+                                      DecimalSeparator separator);
+
 /// The balance line of a solution: the four heat terms of one sub-conductor in W/m.
 [[nodiscard]] std::string balance_line(std::string_view head, const HeatTerms& terms,
                                        DecimalSeparator separator);

@@ -104,15 +104,34 @@ void write_back(CalcCase& c, const TransientRunResult& result, DecimalSeparator 
     }
 }
 
+/// The rows, then the check of the currents that they found.
 TransientEnd run_rows(const CalcCase& c, const TransientBasis& basis, const Session& session,
                       const TransientObserver& observer, TransientRunResult& result) {
     const TransientInput input = input_of(c, basis, result.method, session);
     const TransientSurroundings surroundings = {session.reporting(), session.separator, observer};
-    if (result.method == Method::TB601)
-        return TS_S01_CigreTB601_temp_strom_transient_state_Programm_aktuell(
-            result.rows, input, session.memory->tb601, surroundings);
-    return TS_S01_CigreTB207_temp_strom_transient_state(result.rows, input,
-                                                        steady_input(c, basis.angle), surroundings);
+    const Zustand16 given = result.rows;
+    const auto checked = [&](TransientEnd end, const auto& source) {
+        if (end == TransientEnd::Cancelled) return end;
+        if (auto checks = check_currents(result.rows, input, source, observer)) {
+            result.checks = *checks;
+            return end;
+        }
+        result.rows = given;
+        return TransientEnd::Cancelled;
+    };
+    if (result.method == Method::TB601) {
+        const TB601Records before = session.memory->tb601;
+        const TransientEnd end =
+            checked(TS_S01_CigreTB601_temp_strom_transient_state_Programm_aktuell(
+                        result.rows, input, session.memory->tb601, surroundings),
+                    before);
+        if (end == TransientEnd::Cancelled) session.memory->tb601 = before;
+        return end;
+    }
+    const SteadyInputBlock params = steady_input(c, basis.angle);
+    return checked(
+        TS_S01_CigreTB207_temp_strom_transient_state(result.rows, input, params, surroundings),
+        params);
 }
 
 }  // namespace

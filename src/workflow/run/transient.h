@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "shell/session.h"
+#include "tb601_transient/transient/current_check.h"
 #include "tb601_transient/transient/transient_run.h"
 #include "tb601_transient/transient/transient_series.h"
 #include "tb601_transient/transient/transient_texts.h"
@@ -44,6 +45,7 @@ struct TransientRunResult {
     std::int16_t cigre_TKW_merker = 0;  // the option of heat capacity in force
     TransientEnd end = TransientEnd::Completed;
     Zustand16 rows;
+    CurrentChecks checks;  // of the currents that were sought; says where one misses its target
     std::array<TransientRowTexts, state_change_count> texts;
 
     /// How many rows ran, the failed one included.

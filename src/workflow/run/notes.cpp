@@ -1,0 +1,177 @@
+#include "workflow/run/notes.h"
+
+#include <cmath>
+
+#include "platform/errors.h"
+#include "tb601_transient/tb601/tb601_joule.h"
+#include "workflow/rules/wind.h"
+#include "workflow/run/steady_texts.h"
+#include "workflow/run/transient_text.h"
+
+namespace zel {
+namespace {
+
+constexpr double same_angle = 1e-9;       // degrees
+constexpr double share_of_joule = 0.01;   // of the Joule heat, by which a balance may miss
+constexpr double last_direction = 359.9;  // degrees, that a case may hold
+
+constexpr Text wind_fold_text = {
+    "Der Wind trifft die Leitung unter {0}°, gerechnet ist mit {1}° (Winkel durch Abzug gefaltet). "
+    "Mit {0}°: {2}.",
+    "The wind meets the line at {0}°, the calculation counts {1}° (angle folded by subtraction). "
+    "With {0}°: {2}."};
+constexpr Text balance_text = {
+    "{0}: die Wärmebilanz geht um {1} W/m nicht auf, mehr als 1 % der Stromwärme. Der wirksame "
+    "Strom springt hier.",
+    "{0}: the heat balance misses by {1} W/m, more than 1 % of the Joule heat. The effective "
+    "current jumps here."};
+constexpr Text short_table_text = {
+    "Von {1} AC-Wertepaaren sind nur die ersten {0} gerechnet: die Tabelle endet bei einer "
+    "Temperatur von 0 °C und vor einer, die nicht steigt.",
+    "Of {1} pairs of AC resistances only the first {0} count: the table ends at a temperature of "
+    "0 °C, and before one that does not rise."};
+
+constexpr Text leads_elsewhere = {"{0} A führen in {2} zu {1} °C statt zu {3} °C.",
+                                  "{0} A lead to {1} °C in {2}, not to {3} °C."};
+constexpr Text no_end_known = {"Wohin {0} A in {2} führen, läßt sich nicht berechnen.",
+                               "Where {0} A lead in {2} cannot be calculated."};
+constexpr Text sought_in_vain = {"Es wurde keine Stromstärke gefunden, die in {2} zu {3} °C führt.",
+                                 "No current was found that leads to {3} °C in {2}."};
+constexpr Text right_current = {" {0} A führen zu {1} °C.", " {0} A lead to {1} °C."};
+constexpr Text below_jump = {
+    " Die Temperatur springt über {1} °C; die höchste Stromstärke darunter ist {0} A.",
+    " The temperature jumps over {1} °C; the highest current below that is {0} A."};
+constexpr Text no_right_current = {" Keine Stromstärke erreicht {1} °C.",
+                                   " No current reaches {1} °C."};
+constexpr Text duration_text = {"{0} min {1} s", "{0} min {1} s"};
+
+/// `c` with a wind that meets the line at `angle`, so that no fold changes it.
+CalcCase with_wind_at(CalcCase c, double angle) {
+    const double line = c.Winkel_S_S_db.value;
+    c.Winkel_W_S_db.value = line + angle <= last_direction ? line + angle : line - angle;
+    return c;
+}
+
+std::optional<SteadyRemarks::TrueWind> wind_fold(const CalcCase& c, const SteadyRunResult& result,
+                                                 const Session& session) {
+    const double angle = acute_angle(c);
+    const double counted = S_Winkel_Wind_Leiter(c);
+    if (std::abs(angle - counted) < same_angle || c.Windgeschwindigkeit_db.value == 0)
+        return std::nullopt;
+    MethodMemory memory;
+    Session quiet = session;
+    quiet.Meldung_merker = RunMode::Silent;
+    quiet.memory = &memory;
+    const CalcCase turned = with_wind_at(c, angle);
+    SteadyRemarks::TrueWind remark = {angle, counted, {}};
+    for (const MethodResult& line : result.methods) {
+        MethodResult& rated = remark.methods.emplace_back();
+        rated.method = line.method;
+        try {
+            rated.outcome = find_method(line.method)->run(turned, angle, quiet);
+        } catch (const ProgramEnd& end) {
+            rated.outcome.status = end.what();
+        }
+    }
+    return remark;
+}
+
+std::vector<SteadyRemarks::Miss> misses(const SteadyRunResult& result) {
+    std::vector<SteadyRemarks::Miss> found;
+    for (const MethodResult& line : result.methods) {
+        if (!line.outcome.sound() || !line.outcome.terms) continue;
+        const HeatTerms& terms = *line.outcome.terms;
+        const double missing = terms.PJ + terms.PS - terms.PC - terms.PR;
+        if (std::abs(missing) > share_of_joule * terms.PJ) found.push_back({line.method, missing});
+    }
+    return found;
+}
+
+std::optional<SteadyRemarks::ShortTable> short_table(const CalcCase& c) {
+    if (!is_selected(c, Method::TB601) || c.ACDC_R_Option_Merker_db != resistance_by_table)
+        return std::nullopt;
+    constexpr Entry CalcCase::*pairs[][2] = {
+        {&CalcCase::ACR1_db, &CalcCase::TACR1_db}, {&CalcCase::ACR2_db, &CalcCase::TACR2_db},
+        {&CalcCase::ACR3_db, &CalcCase::TACR3_db}, {&CalcCase::ACR4_db, &CalcCase::TACR4_db},
+        {&CalcCase::ACR5_db, &CalcCase::TACR5_db}, {&CalcCase::ACR6_db, &CalcCase::TACR6_db}};
+    SteadyRemarks::ShortTable table;
+    for (int i = 0; const auto& [ACR, TACR] : pairs) {
+        ++i;
+        if ((c.*ACR).value != 0 && (c.*TACR).given()) table.filled = i;
+    }
+    TB601Records records;
+    fill(records, c, 0);
+    table.read = static_cast<int>(points_of(records.state.table));
+    if (table.read >= table.filled) return std::nullopt;
+    return table;
+}
+
+std::string degrees(double angle, const Locale& locale) {
+    return masked(angle, "##0.0#", locale.separator);
+}
+
+Note wind_fold_note(const SteadyRemarks::TrueWind& remark, const RunBasis& basis,
+                    const Locale& locale) {
+    std::vector<std::string> results;
+    for (const MethodResult& line : remark.methods)
+        results.push_back(
+            std::string(name_of(line.method)) + " " +
+            without_outer_blanks(line.outcome.sound()
+                                     ? result_text(line.outcome, basis, locale.separator)
+                                     : "Error"));
+    return {note_code::wind_fold, fill(wind_fold_text.in(locale.lang),
+                                       {degrees(remark.angle, locale),
+                                        degrees(remark.counted, locale), joined(results, ", ")})};
+}
+
+}  // namespace
+
+double acute_angle(const CalcCase& c) {
+    const double turn = std::fmod(std::abs(c.Winkel_W_S_db.value - c.Winkel_S_S_db.value), 180);
+    return turn > 90 ? 180 - turn : turn;
+}
+
+SteadyRemarks remarks_on(const CalcCase& c, const SteadyRunResult& result, const Session& session) {
+    return {wind_fold(c, result, session), misses(result), short_table(c)};
+}
+
+std::vector<Note> notes_on(const SteadyRunResult& result, const Locale& locale) {
+    const SteadyRemarks& remarks = result.remarks;
+    std::vector<Note> notes;
+    if (remarks.wind_fold)
+        notes.push_back(wind_fold_note(*remarks.wind_fold, result.basis, locale));
+    for (const auto& [method, missing] : remarks.misses)
+        notes.push_back({note_code::balance,
+                         fill(balance_text.in(locale.lang),
+                              {name_of(method), masked(missing, "###0.0#", locale.separator)})});
+    if (const auto& table = remarks.short_table)
+        notes.push_back({note_code::short_table,
+                         fill(short_table_text.in(locale.lang),
+                              {std::to_string(table->read), std::to_string(table->filled)})});
+    return notes;
+}
+
+std::optional<Note> note_on_row(const TransientRunResult& result, const CalcCase& c,
+                                std::size_t row, const Locale& locale) {
+    const auto& check = result.checks[row];
+    if (!check) return std::nullopt;
+    const TransientRow& told = result.rows[row];
+    const int n = sharing_conductors(c);
+    const auto ampere = [&](double I) { return masked(I * n, "####0.0", locale.separator); };
+    const auto celsius = [&](double T) { return masked(T, "####0.0", locale.separator); };
+    const Text& first = told.Failed == 1 ? sought_in_vain
+                        : check->reached ? leads_elsewhere
+                                         : no_end_known;
+    const std::string duration =
+        fill(duration_text.in(locale.lang), {std::to_string(told.Min), std::to_string(told.Sec)});
+    const Text& second = !check->current ? no_right_current
+                         : check->jumps  ? below_jump
+                                         : right_current;
+    return Note{
+        note_code::transient_check,
+        fill(first.in(locale.lang), {ampere(told.Strom), celsius(check->reached.value_or(0)),
+                                     duration, celsius(told.Temp)}) +
+            fill(second.in(locale.lang), {ampere(check->current.value_or(0)), celsius(told.Temp)})};
+}
+
+}  // namespace zel

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <vector>
+
+#include "workflow/run/transient.h"
+
+// The program's own remarks beside results that are told to the letter of their method, where that
+// would surprise the user or is on the unsafe side. docs/notes.md lists their codes.
+
+namespace zel {
+
+namespace note_code {
+inline constexpr std::string_view wind_fold = "wind_fold";
+inline constexpr std::string_view balance = "balance";
+inline constexpr std::string_view short_table = "ac_table";
+inline constexpr std::string_view transient_check = "transient_check";
+}  // namespace note_code
+
+/// The acute angle between wind and line, degrees: 175° and 5° are one.
+[[nodiscard]] double acute_angle(const CalcCase& c);
+
+/// What is remarkable about the run of `c` that led to `result`, whose case has been prepared. Runs
+/// the methods once more, silently, where the folded angle is not the acute one.
+[[nodiscard]] SteadyRemarks remarks_on(const CalcCase& c, const SteadyRunResult& result,
+                                       const Session& session);
+
+/// The remarks on a result in words.
+[[nodiscard]] std::vector<Note> notes_on(const SteadyRunResult& result, const Locale& locale);
+
+/// A remark on row `row` (from 0) of a transient run of `c`; nothing where its current is sound.
+[[nodiscard]] std::optional<Note> note_on_row(const TransientRunResult& result, const CalcCase& c,
+                                              std::size_t row, const Locale& locale);
+
+}  // namespace zel
