@@ -3,7 +3,7 @@
 #include "cli/batch_progress.h"
 #include "cli/case_output.h"
 #include "cli/commands.h"
-#include "excel_batch/batch_by_kind.h"
+#include "excel_batch/batch_run.h"
 #include "platform/errors.h"
 #include "program/conductor_source.h"
 #include "program/console.h"
@@ -107,7 +107,7 @@ int calculate_workbook(const BatchWords& words) {
     Session session = {words, RunMode::Messages, dialogs};
     take_settings(session, settings);
     XlsxStore store;
-    BatchJob job = {&store, words.workbook, session, progress};
+    BatchJob job = {store, words.workbook, session, progress};
     take_settings(job.preset, settings);
     if (!words.conductor.empty()) take_conductor(job.preset, words.conductor, words, console);
     job.data_folder = stores.paths.data_folder;
