@@ -69,10 +69,20 @@ CalcCase spoiled(const Methods& methods, const json& fault) {
     return c;
 }
 
+/// The checks in their order.
+std::vector<const steady_check::Check*> checks() {
+    std::vector<const steady_check::Check*> all;
+    for (const auto list : {steady_check::input_checks(), steady_check::conductor_checks()})
+        for (const auto& check : list) all.push_back(&check);
+    return all;
+}
+
 /// The number of the check that refuses the case, or 0.
 int refused_by(const CalcCase& c) {
-    const auto refusal = steady_check::first_refusal(c, LangId::English);
-    return refusal ? refusal->number : 0;
+    const auto* const refusal = steady_check::first_refusal(c);
+    if (refusal == nullptr) return 0;
+    const auto all = checks();
+    return static_cast<int>(std::find(all.begin(), all.end(), refusal) - all.begin()) + 1;
 }
 
 /// The number of the first check of `methods` that `fault` comes up against, or 0. One fault may
@@ -99,14 +109,10 @@ TEST(SteadyCheck, complete_case_passes_with_every_method) {
     EXPECT_EQ(S_Eingabepruefung_steady(complete(overhead), LangId::German), std::nullopt);
 }
 
-TEST(SteadyCheck, checks_are_numbered_in_their_order_and_each_has_its_fault) {
-    int number = 0;
-    for (const auto checks : {steady_check::input_checks(), steady_check::conductor_checks()})
-        for (const auto& check : checks) {
-            EXPECT_EQ(check.rule.number, ++number);
-            EXPECT_EQ(data.at("faults")[static_cast<std::size_t>(number) - 1].at("check"), number);
-        }
-    EXPECT_EQ(number, 59);
+TEST(SteadyCheck, each_check_has_its_fault) {
+    EXPECT_EQ(data.at("faults").size(), checks().size());
+    for (std::size_t i = 0; i < checks().size(); ++i)
+        EXPECT_EQ(data.at("faults").at(i).at("check"), i + 1);
 }
 
 TEST(SteadyCheck, each_fault_is_refused_by_its_own_box) {
@@ -115,11 +121,7 @@ TEST(SteadyCheck, each_fault_is_refused_by_its_own_box) {
             for (const LangId lang : {LangId::German, LangId::English}) {
                 SCOPED_TRACE(fault.dump() + std::string(key_of(method)));
                 const CalcCase c = spoiled({method}, fault);
-                const auto refusal = steady_check::first_refusal(c, lang);
-                ASSERT_TRUE(refusal);
-                EXPECT_EQ(refusal->number, fault.at("check"));
-                EXPECT_EQ(refusal->box.title, expected_box(fault, lang).title);
-                EXPECT_EQ(refusal->box.lines, expected_box(fault, lang).lines);
+                EXPECT_EQ(refused_by(c), fault.at("check"));
                 EXPECT_EQ(S_Eingabepruefung_steady(c, lang), expected_box(fault, lang));
             }
 }
@@ -150,15 +152,15 @@ TEST(SteadyCheck, case_without_mode_and_without_value_asks_for_the_mode) {
     const json& fault = data.at("faults").at(38);
     CalcCase c = spoiled({Method::TB207}, fault);
     EXPECT_EQ(refused_by(c), 36);
-    const steady_check::Check& hidden = steady_check::input_checks()[38];
+    const steady_check::Check& hidden = *checks().at(38);
     for (const LangId lang : {LangId::German, LangId::English})
-        EXPECT_EQ(steady_check::box_of(hidden, lang), expected_box(fault, lang));
-    EXPECT_TRUE(hidden.rule.refuses(c));
+        EXPECT_EQ(hidden.box(lang), expected_box(fault, lang));
+    EXPECT_TRUE(hidden.refuses(c));
     for (const json& given : {json{{"Stromstaerke_db", 500}}, json{{"Leitertemp_db", 80}},
                               json{{"Stromstaerke_Merker_db", true}}}) {
         CalcCase with = c;
         set_fields(with, given);
-        EXPECT_FALSE(hidden.rule.refuses(with)) << given;
+        EXPECT_FALSE(hidden.refuses(with)) << given;
     }
 }
 

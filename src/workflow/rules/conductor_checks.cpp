@@ -61,47 +61,47 @@ bool reads_dc_resistance(const CalcCase& c) {
 }
 
 constexpr Check checks[] = {
-    {{41, always, not_positive<&CalcCase::conductor_type_db>, &conductor},
+    {{read_by<always>, not_positive<&CalcCase::conductor_type_db>, &conductor},
      {"Leiterart", "conductor type"}},
-    {{42, always, not_positive<&CalcCase::conductor_shape_db>, &conductor},
+    {{read_by<always>, not_positive<&CalcCase::conductor_shape_db>, &conductor},
      {"Leiteroberfläche", "conductor shape"}},
-    {{43, always, not_positive<&CalcCase::Seildurchmesser_db>, &conductor_sentence},
+    {{read_by<always>, not_positive<&CalcCase::Seildurchmesser_db>, &conductor_sentence},
      {"erfolgte keine Angabe zum Seildurchmesser!", "Conductor diameter "}},
-    {{44, TB601 | TB207 | Webs | Kirn,
+    {{read_by<TB601 | TB207 | Webs | Kirn>,
       [](const CalcCase& c) {
           return reads_dc_resistance(c) && not_positive<&CalcCase::DCR_20_db>(c);
       },
       &conductor_sentence},
      {"erfolgte keine Angabe zum Widerstandsbelag!", "DC-resistance at 20°C "}},
-    {{45, TBB, not_positive<&CalcCase::DrahtdurchmesserLeiter_db>, &conductor},
+    {{read_by<TBB>, not_positive<&CalcCase::DrahtdurchmesserLeiter_db>, &conductor},
      {"Wandstärke\n"
       "der Kreisring-Stromschiene.",
       "Conductor layer data: Wall thickness\n"
       "of the tubular busbar !"}},
-    {{46, TB601 | TB207, not_positive<&CalcCase::DrahtdurchmesserLeiter_db>, &conductor},
+    {{read_by<TB601 | TB207>, not_positive<&CalcCase::DrahtdurchmesserLeiter_db>, &conductor},
      {"Drahtdurchmesser\n"
       "des Leiterwerkstoffes.",
       "Conductor layer data: Diameter of wires "}},
-    {{47, TB601 | TB207, not_positive<&CalcCase::DrahtlagenzahlLeiter_db>, &conductor},
+    {{read_by<TB601 | TB207>, not_positive<&CalcCase::DrahtlagenzahlLeiter_db>, &conductor},
      {"Drahtlagenanzahl", "Conductor layer data: Number of layers "}},
-    {{48, TB601 | TB207, not_positive<&CalcCase::Mantelquerschnitt_db>, &conductor},
+    {{read_by<TB601 | TB207>, not_positive<&CalcCase::Mantelquerschnitt_db>, &conductor},
      {"Gesamtfläche (Mantelquerschnitt)", "Conductor layer data: Conductor cross section area "}},
-    {{49, TB601 | TBB | Webs, not_positive<&CalcCase::DC_Resist_Leiter_db>, &conductor},
+    {{read_by<TB601 | TBB | Webs>, not_positive<&CalcCase::DC_Resist_Leiter_db>, &conductor},
      {"DC-Resistivität", "Conductor layer data: DC-Resistivity at 20°C "}},
-    {{50, always, not_positive<&CalcCase::T_Koeff_DC_Resist_Leiter_linear_db>, &conductor},
+    {{read_by<always>, not_positive<&CalcCase::T_Koeff_DC_Resist_Leiter_linear_db>, &conductor},
      {"linearen Temperaturkoeffizienten der DC-Resistivität",
       "Conductor layer data: linear temperature coefficient DC-Resistivity"}},
     // A given 0 is a value here.
-    {{51, TB601, missing<&CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db>, &conductor},
+    {{read_by<TB601>, missing<&CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db>, &conductor},
      {"quadratischen Temperaturkoeffizienten der DC-Resistivität",
       "Conductor layer data: quadratic temperature coefficient DC-Resistivity"}},
-    {{52, TB601,
+    {{read_by<TB601>,
       [](const CalcCase& c) {
           return has_core(c) && not_positive<&CalcCase::KerndurchmesserTraeger_db>(c);
       },
       &conductor},
      {"Kerndurchmesser", "Core data: core diameter"}},
-    {{53, TB207 | Webs | Kirn,
+    {{read_by<TB207 | Webs | Kirn>,
       [](const CalcCase& c) { return c.ACDC_R_Option_Merker_db == ac_resistance_pairs; },
       &not_admissible},
      {"Bei Auswahl der Berechnungsmethode nach Cigre TB 207, Webs oder Kirn kann die Berechnung nur mit\n"
@@ -111,7 +111,7 @@ constexpr Check checks[] = {
       "can only be done with DC - resistance and temperature coefficient \n"
       "Please change your input."}},
     // The English wording names TB 207, the check is one of TB 601.
-    {{54, TB601,
+    {{read_by<TB601>,
       [](const CalcCase& c) {
           return c.ACDC_R_Option_Merker_db != dc_resistance &&
                  c.ACDC_R_Option_Merker_db != ac_resistance_pairs;
@@ -128,7 +128,7 @@ constexpr Check checks[] = {
       "or with: \n"
       "AC-resistances and temperatures\n"
       "Please make a choice."}},
-    {{55, TB601,
+    {{read_by<TB601>,
       [](const CalcCase& c) {
           return c.conductor_type_db == steel_cored_conductor && c.DrahtlagenzahlLeiter_db == 1;
       },
@@ -148,7 +148,7 @@ constexpr Check checks[] = {
       "For further information see userbook ZEL \n"
       "Please choose another conductor\n"
       "or another calculation method."}},
-    {{56, TB601,
+    {{read_by<TB601>,
       [](const CalcCase& c) {
           return is_homogeneous(c) &&
                  not_positive<&CalcCase::radialthermalconductivity_unter_KPT_db>(c);
@@ -157,7 +157,7 @@ constexpr Check checks[] = {
      {"Es erfolgte keine Angabe zur radialen thermischen Leitfähigkeit des Leiters\n"
       "Bitte geben sie einen Wert ein.",
       "You havn't made an input for the radial thermal conductivity of the conductor."}},
-    {{57, TB601,
+    {{read_by<TB601>,
       [](const CalcCase& c) {
           return !is_homogeneous(c) &&
                  not_positive<&CalcCase::radialthermalconductivity_unter_KPT_db>(c);
@@ -167,14 +167,14 @@ constexpr Check checks[] = {
       "unterhalb der Kniepunkt-Temperatur.",
       "You havn't made an input for the radial thermal conductivity of the conductor\n"
       "below knee-point-temperature."}},
-    {{58, TB601,
+    {{read_by<TB601>,
       [](const CalcCase& c) {
           return !is_homogeneous(c) && not_positive<&CalcCase::KniepunktTemperatur_db>(c);
       },
       &incomplete},
      {"Es erfolgte keine Angabe zur Kniepunkt-Temperatur des Verbundleiters.",
       "You havn't made an input for the knee-point-temperature of the composite conductor."}},
-    {{59, TB601,
+    {{read_by<TB601>,
       [](const CalcCase& c) {
           return !is_homogeneous(c) &&
                  not_positive<&CalcCase::radialthermalconductivity_ueber_KPT_db>(c);

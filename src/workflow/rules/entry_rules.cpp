@@ -2,15 +2,13 @@
 
 #include <algorithm>
 #include <iterator>
-#include <limits>
 
 #include "platform/rounding.h"
 #include "steady/case/case_fields.h"
+#include "workflow/rules/rule_tables.h"
 
 namespace zel {
 namespace {
-
-constexpr double none = std::numeric_limits<double>::infinity();
 
 constexpr BoxText not_numeric = {
     Icon::Warning,
@@ -19,93 +17,75 @@ constexpr BoxText not_numeric = {
      "Eingabe !",
      "Input value can not be identified as a number. Please correct your input data !"}};
 
-/// The limits of a field, each with what is told beyond it.
-struct Range {
-    double low;
-    Text below;
-    double high;
-    Text above;
-    Text title = not_numeric.title;
-};
+constexpr Limits any_number;
 
-constexpr Range any_number = {-none, {}, none, {}};
+constexpr Text title = {"Fehlerhafte Eingabe", "Incorrect input"};
+constexpr Text input_title = {" Fehlerhafte Eingabe", "Incorrect Input"};
 
-constexpr Range wind_angle = {0,
-                              {"Minimalwert für Winkel beträgt 0° !\n"
-                               "Geben Sie bitte einen geeigneten Wert ein",
-                               "Minimum value for angle is 0° !\n"
-                               "Please use a value within this range !"},
-                              359.9,
-                              {"Maximalwert für Winkel beträgt 359.9° !\n"
-                               "Geben Sie bitte einen geeigneten Wert ein",
-                               "Maximum value for angle is 359.9° !\n"
-                               "Please use a value within this range !"},
-                              {"Fehlerhafte Eingabe", "Incorrect input"}};
+constexpr Limits wind_angle = Limits()
+                                  .at_least(0, {"Minimalwert für Winkel beträgt 0° !\n"
+                                                "Geben Sie bitte einen geeigneten Wert ein",
+                                                "Minimum value for angle is 0° !\n"
+                                                "Please use a value within this range !"})
+                                  .at_most(359.9, {"Maximalwert für Winkel beträgt 359.9° !\n"
+                                                   "Geben Sie bitte einen geeigneten Wert ein",
+                                                   "Maximum value for angle is 359.9° !\n"
+                                                   "Please use a value within this range !"})
+                                  .titled(title);
 
-constexpr Range conductor_angle = {
-    0,
-    {"Minimalwert für Winkel beträgt 0° !", "Minimum value for angle is 0° !"},
-    360,
-    {"Maximalwert für Winkel beträgt 360° !", "Maximum value for angle is 360° !"},
-    {"Fehlerhafte Eingabe", "Incorrect input"}};
+constexpr Limits conductor_angle =
+    Limits()
+        .at_least(0, {"Minimalwert für Winkel beträgt 0° !", "Minimum value for angle is 0° !"})
+        .at_most(360,
+                 {"Maximalwert für Winkel beträgt 360° !", "Maximum value for angle is 360° !"})
+        .titled(title);
 
 // There is no lower limit.
-constexpr Range altitude = {-none,
-                            {},
-                            4500,
-                            {"Maximalwert für die Höhe beträgt 4500 m über N.N. !",
-                             "Maximum value for altitude is 4500 m above sea level !"}};
+constexpr Limits altitude =
+    Limits().at_most(4500, {"Maximalwert für die Höhe beträgt 4500 m über N.N. !",
+                            "Maximum value for altitude is 4500 m above sea level !"});
 
 // The wording names 1370, the limit is 1400.
-constexpr Range radiation = {-none,
-                             {},
-                             1400,
-                             {"Maximalwert für die Globalstrahlung beträgt 1370 W /qm !\n"
-                              "=Solarkonstante bei senkrechtem Strahleneinfall\n"
-                              "ohne Schwächung durch Erdatmosphäre!",
-                              "Maximum value for solar heating is 1370 W /qm !\n"
-                              "Please use a value beneath the maximum value !"}};
+constexpr Limits radiation =
+    Limits().at_most(1400, {"Maximalwert für die Globalstrahlung beträgt 1370 W /qm !\n"
+                            "=Solarkonstante bei senkrechtem Strahleneinfall\n"
+                            "ohne Schwächung durch Erdatmosphäre!",
+                            "Maximum value for solar heating is 1370 W /qm !\n"
+                            "Please use a value beneath the maximum value !"});
 
-constexpr Text input_title = {" Fehlerhafte Eingabe", "Incorrect Input"};
-constexpr Text below_minus_50 = {"Eingegebener Wert < -50 °C. Korrigieren Sie bitte die Eingabe !",
-                                 "Input value lower than -50 °C. Please correct your input !"};
+constexpr Limits from_minus_50 =
+    Limits()
+        .at_least(-50, {"Eingegebener Wert < -50 °C. Korrigieren Sie bitte die Eingabe !",
+                        "Input value lower than -50 °C. Please correct your input !"})
+        .titled(input_title);
 
-constexpr Range conductor_temperature = {
-    -50,
-    below_minus_50,
-    500,
-    {"Eingegebener Wert > 500 °C. Korrigieren Sie bitte die Eingabe !",
-     "Input value higher than 500 °C. Please correct your input !"},
-    input_title};
+constexpr Limits conductor_temperature =
+    from_minus_50.at_most(500, {"Eingegebener Wert > 500 °C. Korrigieren Sie bitte die Eingabe !",
+                                "Input value higher than 500 °C. Please correct your input !"});
 
-constexpr Range table_temperature = {
-    -50,
-    below_minus_50,
-    500,
-    {"Eingegebener Wert größer 500 °C. Korrigieren Sie bitte die Eingabe !",
-     "Input value higher than 500 °C. Please correct your input !"},
-    input_title};
+constexpr Limits table_temperature = from_minus_50.at_most(
+    500, {"Eingegebener Wert größer 500 °C. Korrigieren Sie bitte die Eingabe !",
+          "Input value higher than 500 °C. Please correct your input !"});
 
-constexpr Range table_current = {
-    -none,
-    {},
-    1000000,
-    {"Eingegebener Wert größer als 1000000 A. Korrigieren Sie bitte die Eingabe !",
-     "Input value higher than 1000000 A. Please correct your input !"},
-    input_title};
+constexpr Limits table_current =
+    Limits()
+        .at_most(1000000,
+                 {"Eingegebener Wert größer als 1000000 A. Korrigieren Sie bitte die Eingabe !",
+                  "Input value higher than 1000000 A. Please correct your input !"})
+        .titled(input_title);
 
-constexpr Text wind_told = {
-    "Die Eingabe für die Windgeschwindigkeit liegt nicht innerhalb der Berechnungsbandbreite von 0 bis 80 m/s !",
-    "The input for the windspeed isn't within the range of 0 to 80 m/s !"};
-constexpr Range wind_speed = {0, wind_told, 80, wind_told};
+constexpr Limits wind_speed = Limits().between(
+    0, 80,
+    {"Die Eingabe für die Windgeschwindigkeit liegt nicht innerhalb der Berechnungsbandbreite von 0 bis 80 m/s !",
+     "The input for the windspeed isn't within the range of 0 to 80 m/s !"});
 
-struct Rule {
+struct FieldRule {
     Entry CalcCase::*field;
-    const Range* range;  // null: the field takes any text
+    const Limits* limits;  // null: the field takes any text
 };
 
 // A numeric field that is not named here takes any number.
-constexpr Rule rules[] = {
+constexpr FieldRule rules[] = {
     {&CalcCase::Winkel_W_S_db, &wind_angle},
     {&CalcCase::Winkel_S_S_db, &conductor_angle},
     {&CalcCase::Hoehe_ueber_NN_db, &altitude},
@@ -126,17 +106,17 @@ constexpr Rule rules[] = {
     {&CalcCase::Messwert_Temperatur_db, nullptr},
 };
 
-const Range* range_of(Entry CalcCase::*key) {
+const Limits* limits_of(Entry CalcCase::*key) {
     const auto* const rule = std::find_if(std::begin(rules), std::end(rules),
-                                          [&](const Rule& r) { return r.field == key; });
-    return rule == std::end(rules) ? &any_number : rule->range;
+                                          [&](const FieldRule& r) { return r.field == key; });
+    return rule == std::end(rules) ? &any_number : rule->limits;
 }
 
-std::optional<BoxText> refusal(std::optional<double> number, const Range& range) {
+std::optional<BoxText> refusal(std::optional<double> number, const Limits& limits) {
     if (!number) return not_numeric;
-    if (*number > range.high) return BoxText{Icon::Warning, range.title, range.above};
-    if (*number < range.low) return BoxText{Icon::Warning, range.title, range.below};
-    return std::nullopt;
+    const Text* const told = limits.broken_by(*number);
+    if (told == nullptr) return std::nullopt;
+    return BoxText{Icon::Warning, limits.title_or(not_numeric.title), *told};
 }
 
 }  // namespace
@@ -152,9 +132,8 @@ std::optional<Box> enter(Entry& field, Entry CalcCase::*key, std::string_view te
         // The box shows the number that counts.
         if (*number != typed) field.text = plain_number(*number, locale.separator);
     }
-    const Range* range = range_of(key);
-    if (range != nullptr)
-        if (const auto told = refusal(number, *range)) {
+    if (const Limits* const limits = limits_of(key))
+        if (const auto told = refusal(number, *limits)) {
             field.text.clear();
             return box_in(locale.lang, *told);
         }

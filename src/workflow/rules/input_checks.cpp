@@ -6,10 +6,10 @@ namespace {
 bool no_mode(const CalcCase& c) { return !c.Leitertemp_Merker_db && !c.Stromstaerke_Merker_db; }
 
 constexpr Check checks[] = {
-    {{1, always, [](const CalcCase& c) { return selected(c) == always; }, &incomplete},
+    {{read_by<always>, [](const CalcCase& c) { return selected(c) == always; }, &incomplete},
      {"Es wurde kein Verfahren zur Bestimmung des stationären Zustands des Leiters ausgewählt ",
       "You havn't selected a steady-state calculation method ! "}},
-    {{2, TBB,
+    {{read_by<TBB>,
       [](const CalcCase& c) {
           return c.conductor_type_db == homogeneous_conductor ||
                  c.conductor_type_db == steel_cored_conductor ||
@@ -24,109 +24,109 @@ constexpr Check checks[] = {
       "Please change your selected conductor \n"
       "within the conductor database application R-MOX \n"
       "or change the calculation method."}},
-    {{3, TB601 | TB207 | Webs | Kirn,
+    {{read_by<TB601 | TB207 | Webs | Kirn>,
       [](const CalcCase& c) { return c.conductor_type_db == tubular_busbar; }, &incorrect},
      {"Es wurde ein Berechnungsverfahren für Leiterseile in Kombination mit Leiterdaten für Kreisring-Stromschienen ausgewählt.\n"
       "Daten für ein Leiterseil aus oder ändern sie das Berechnungsverfahren.",
       "You have choosen a calculation method for overhead conductors in combination with datas for tubular busbars."}},
-    {{4, always, missing<&CalcCase::Hoehe_ueber_NN_db>, &incomplete},
+    {{read_by<always>, missing<&CalcCase::Hoehe_ueber_NN_db>, &incomplete},
      {"Es wurde keine Angabe zur Höhe der Freileitung / Anlage über N.N. gemacht. ",
       "You havn't made an input for altitude above sea level. "}},
-    {{5, always, missing<&CalcCase::Winkel_S_S_db>, &incomplete},
+    {{read_by<always>, missing<&CalcCase::Winkel_S_S_db>, &incomplete},
      {"Geben Sie den Winkel zwischen Seilrichtung und Nordrichtung in Grad an !",
       "You havn't made an input for the conductor angle relative to north. "}},
-    {{6, Webs | Kirn, missing<&CalcCase::geogr_Breite_db>, &incomplete},
+    {{read_by<Webs | Kirn>, missing<&CalcCase::geogr_Breite_db>, &incomplete},
      {"Es wurden keine Angaben zur\n"
       "geographischen Breite \n"
       "des Spannfeldstandortes gemacht.",
       "You havn't made an input for the latitude \n"
       "of the overhead line !"}},
-    {{7, Webs | Kirn, missing<&CalcCase::geo_laeng_db>, &incomplete},
+    {{read_by<Webs | Kirn>, missing<&CalcCase::geo_laeng_db>, &incomplete},
      {"Geben Sie einen Wert für den Laengengrad an !\n"
       "auf welchem sich die Leitung befindet\n"
       "Fuer Leitungen mit groesserer Ausdehnung \n"
       "genuegt ein Mittelwert ",
       "You havn't made an input for the longitude \n"
       "of the overhead line !"}},
-    {{8, Webs | Kirn, missing<&CalcCase::geo_laeng_zeit_db>, &incomplete},
+    {{read_by<Webs | Kirn>, missing<&CalcCase::geo_laeng_zeit_db>, &incomplete},
      {"Geben Sie einen Wert für den Laengengrad  an !\n"
       "auf welchen sich die oertl. Standardzeit bezieht\n"
       "Bsp. MEZ => -15° (= 15°Ost)",
       "You havn't made an input for the longitude \n"
       "of local time !"}},
-    {{9, always, missing<&CalcCase::Windgeschwindigkeit_db>, &incomplete},
+    {{read_by<always>, missing<&CalcCase::Windgeschwindigkeit_db>, &incomplete},
      {"Es wurde keine Angabe zur  \n"
       "Windgeschwindigkeit auf Seilhöhe gemacht",
       "You havn't made an input for the wind speed\n"
       "at conductor level !"}},
-    {{10, always, outside<&CalcCase::Windgeschwindigkeit_db, 0, 80>, &incorrect},
+    {{read_by<always>, outside<&CalcCase::Windgeschwindigkeit_db, 0, 80>, &incorrect},
      {"Die Eingabe für die Windgeschwindigkeit liegt nicht innerhalb der Berechnungsbandbreite von 0 bis 80 m/s !\n"
       "Geben Sie bitte einen geringeren Wert ein",
       "The input for the windspeed isn't within the range of 0 to 80 m/s !"}},
-    {{11, always, missing<&CalcCase::Winkel_W_S_db>, &incomplete},
+    {{read_by<always>, missing<&CalcCase::Winkel_W_S_db>, &incomplete},
      {"Geben Sie den Winkel zwischen Windrichtung und Nordrichtung in Grad an !",
       "You havn't made an input for the wind angle\n"
       "relative to north !"}},
-    {{12, always, missing<&CalcCase::Umgebungstemperatur_db>, &incomplete},
+    {{read_by<always>, missing<&CalcCase::Umgebungstemperatur_db>, &incomplete},
      {"Es wurde keine Angabe zur \n"
       "Umgebungstemperatur gemacht.",
       "You havn't made an input for the ambient temperature !"}},
-    {{13, Kirn, missing<&CalcCase::Bodentemp_db>, &incomplete},
+    {{read_by<Kirn>, missing<&CalcCase::Bodentemp_db>, &incomplete},
      {"Geben Sie die Bodentemperatur in Grad Celsius an !",
       "You havn't made an input for the ground temperature !"}},
-    {{14, Kirn, missing<&CalcCase::Bodenart_db>, &incomplete},
+    {{read_by<Kirn>, missing<&CalcCase::Bodenart_db>, &incomplete},
      {"Geben Sie einen Wert für die Bodenbeschaffenheit an !",
       "You havn't made an input for the ground reflectivity / albedo !"}},
-    {{15, always, missing<&CalcCase::Globalstrahlung_db>, &incomplete},
+    {{read_by<always>, missing<&CalcCase::Globalstrahlung_db>, &incomplete},
      {"Es wurde keine Angabe zur\n"
       "Globalstrahlung gemacht.",
       "You havn't made an input for the solar heating !"}},
-    {{16, Kirn, missing<&CalcCase::Bewoelkungsgrad_db>, &incomplete},
+    {{read_by<Kirn>, missing<&CalcCase::Bewoelkungsgrad_db>, &incomplete},
      {"Geben Sie bitte einen Wert für die Bewölkung (= Bewölkungsgrad) an !",
       "You havn't made an input for the clearness ratio !"}},
-    {{17, Webs | Kirn, missing<&CalcCase::Tag_db>, &incomplete},
+    {{read_by<Webs | Kirn>, missing<&CalcCase::Tag_db>, &incomplete},
      {"Geben Sie bitte den Kalendertag an, für welchen die Berechnung durchgeführt werden soll !",
       "You havn't made an input for the calendary day !"}},
-    {{18, Webs | Kirn, outside<&CalcCase::Tag_db, 1, 31>, &incorrect},
+    {{read_by<Webs | Kirn>, outside<&CalcCase::Tag_db, 1, 31>, &incorrect},
      {"Die Angabe zum Kalendertag muss zwischen 1 und 31 liegen ! ",
       "The input for calendary day isn't between the range of 1 to 31 !"}},
-    {{19, Webs | Kirn, missing<&CalcCase::Monat_db>, &incomplete},
+    {{read_by<Webs | Kirn>, missing<&CalcCase::Monat_db>, &incomplete},
      {"Geben Sie bitte den Kalendermonat an, für welchen die Berechnung durchgeführt werden soll !",
       "You havn't made an input for the calendary month !"}},
-    {{20, Webs | Kirn, outside<&CalcCase::Monat_db, 1, 12>, &incorrect},
+    {{read_by<Webs | Kirn>, outside<&CalcCase::Monat_db, 1, 12>, &incorrect},
      {"Die Angabe zum Kalendermonat muss zwischen 1 und 12 liegen ! ",
       "The input for calendary month isn't between the range of 1 to 12 !"}},
-    {{21, Webs | Kirn, missing<&CalcCase::Stunden_db>, &incomplete},
+    {{read_by<Webs | Kirn>, missing<&CalcCase::Stunden_db>, &incomplete},
      {" Geben Sie bitte die Stunden der Uhrzeit ( 00.00 -24.00 ) an, für welche die Berechnung durchgeführt werden soll !",
       "You havn't made an input for the daytime hour !"}},
     // The hour 24 is refused, whatever the English wording says.
-    {{22, Webs | Kirn, outside<&CalcCase::Stunden_db, 0, 23>, &incorrect},
+    {{read_by<Webs | Kirn>, outside<&CalcCase::Stunden_db, 0, 23>, &incorrect},
      {"Die Angabe zur Stunde muss im Bereich 0 bis 23 liegen ! ",
       "The input for the daytime hour isn't between the range of 0 to 24 !"}},
-    {{23, Webs | Kirn, missing<&CalcCase::Minuten_db>, &incomplete},
+    {{read_by<Webs | Kirn>, missing<&CalcCase::Minuten_db>, &incomplete},
      {"Geben Sie bitte die Minuten der Uhrzeit an, für welche die Berechnung durchgeführt werden soll !",
       "You havn't made an input for the minutes of daytime !"}},
-    {{24, Webs | Kirn, outside<&CalcCase::Minuten_db, 0, 59>, &incorrect},
+    {{read_by<Webs | Kirn>, outside<&CalcCase::Minuten_db, 0, 59>, &incorrect},
      {"Die Angabe zur Minute muss zwischen 0 und 59 liegen ! ",
       "The input for the minutes of daytime isn't between the range of 0 to 59 !"}},
-    {{25, Kirn, not_positive<&CalcCase::Feldlaenge_db>, &incomplete},
+    {{read_by<Kirn>, not_positive<&CalcCase::Feldlaenge_db>, &incomplete},
      {"Geben Sie bitte einen Wert für die Feldlaenge bzw. einen Wert groesser 0 m an !",
       "You havn't made an input for the span length !"}},
-    {{26, Kirn, missing<&CalcCase::Hoehendifferenz_db>, &incomplete},
+    {{read_by<Kirn>, missing<&CalcCase::Hoehendifferenz_db>, &incomplete},
      {"Geben Sie bitte die Höhendifferenz der Aufhängepunkte in m an !",
       "You havn't made an input for the difference of altitude !"}},
-    {{27, always, missing<&CalcCase::Netzfrequenz_db>, &incomplete},
+    {{read_by<always>, missing<&CalcCase::Netzfrequenz_db>, &incomplete},
      {"Es wurde keine Angabe zur\n"
       "Netzfrequenz gemacht.",
       "You havn't made an input for the frequency !"}},
-    {{28, TB207 | Kirn, outside<&CalcCase::Netzfrequenz_db, 49, 61>, &incorrect},
+    {{read_by<TB207 | Kirn>, outside<&CalcCase::Netzfrequenz_db, 49, 61>, &incorrect},
      {"Die Berechnungen nach Cigre TB 207 und/oder Kirn \n"
       "können nur für Netzfrequenzen von 50 - 60 Hz durchgeführt werden.\n"
       "Bitt ändern sie den Wert der Netzfrequenz.",
       "Calculations by Cigre TB 207 or Kirn can only be carried out\n"
       "for frequencies from 50Hz - 60 Hz. \n"
       "Please correct your input for frequency "}},
-    {{29, TBB,
+    {{read_by<TBB>,
       [](const CalcCase& c) {
           return outside<&CalcCase::Netzfrequenz_db, 0, 1>(c) &&
                  outside<&CalcCase::Netzfrequenz_db, 49, 61>(c);
@@ -138,40 +138,40 @@ constexpr Check checks[] = {
       "Bitte ändern sie den Wert der Netzfrequenz.",
       "Calculations by TBB 2018 can only be carried out\n"
       "for frequencies from 50Hz - 60 Hz and 0 Hz (DC). "}},
-    {{30, TB601 | Webs, outside<&CalcCase::Netzfrequenz_db, 0, 61>, &incorrect},
+    {{read_by<TB601 | Webs>, outside<&CalcCase::Netzfrequenz_db, 0, 61>, &incorrect},
      {"Die Berechnungen nach Cigre TB 601 und/oder Webs \n"
       "können nur für Frequenzen von: \n"
       " 1 bis 60 Hz oder Gleichstrom (0 Hz) durchgeführt werden.",
       "Calculations by Cigre TB 601 or Webs can only be carried out\n"
       "for frequencies from 0 Hz (DC) to 60 Hz. "}},
-    {{31, always, missing<&CalcCase::Emissionsverhaeltnis_db>, &incomplete},
+    {{read_by<always>, missing<&CalcCase::Emissionsverhaeltnis_db>, &incomplete},
      {"Es wurde keine Angabe zum\n"
       "Emissionsverhältnis gemacht.",
       "You havn't made an input for the emissivity !"}},
-    {{32, always, outside<&CalcCase::Emissionsverhaeltnis_db, 0, 1>, &incorrect},
+    {{read_by<always>, outside<&CalcCase::Emissionsverhaeltnis_db, 0, 1>, &incorrect},
      {"Maximalwert für das Emissionsverhältnis beträgt 1 (=schwarzer Körper) !",
       "The input for the emissivity isn't between the range of 0 to 1 !"}},
-    {{33, TB601 | TB207 | TBB, missing<&CalcCase::Absorptionsverhaeltnis_db>, &incomplete},
+    {{read_by<TB601 | TB207 | TBB>, missing<&CalcCase::Absorptionsverhaeltnis_db>, &incomplete},
      {"Es wurde keine Angabe zum\n"
       "Absorptionsverhältnis gemacht.",
       "You havn't made an input for the absorptivity !"}},
     // There is no lower limit.
-    {{34, TB601 | TB207 | TBB,
+    {{read_by<TB601 | TB207 | TBB>,
       [](const CalcCase& c) { return c.Absorptionsverhaeltnis_db.value > 1; }, &incorrect},
      {"Maximalwert für das Absorptionsverhältnis beträgt 1 (=schwarzer Körper) !",
       "The input for the absorptivity isn't between the range of 0 to 1 !"}},
-    {{35, always, outside<&CalcCase::Anzahl_Teilleiter_db, 1, 8>, &incomplete},
+    {{read_by<always>, outside<&CalcCase::Anzahl_Teilleiter_db, 1, 8>, &incomplete},
      {"Wählen Sie bitte die Anzahl der Teilleiter\n"
       "des zu berechnenden Leiterseiles\n"
       "innerhalb der Grenzen 1 - 8 aus!",
       "You havn't made a selection for the number of conductors !"}},
-    {{36, always, no_mode, &incomplete},
+    {{read_by<always>, no_mode, &incomplete},
      {"Es wurde keine Auswahl getroffen\n"
       "ob Seiltemperatur oder Stromstärke\n"
       "berechnet werden soll.",
       "You havn't made a selection of calculating current\n"
       "or conductor temperature !"}},
-    {{37, always,
+    {{read_by<always>,
       [](const CalcCase& c) {
           return c.Leitertemp_Merker_db && missing<&CalcCase::Leitertemp_db>(c);
       },
@@ -179,7 +179,7 @@ constexpr Check checks[] = {
      {"Es wurde keine Angabe zur\n"
       "Leitertemperatur gemacht.",
       "You havn't made an input for the conductor temperature !"}},
-    {{38, always,
+    {{read_by<always>,
       [](const CalcCase& c) {
           return c.Stromstaerke_Merker_db && !c.Stromstaerkebuendel_Merker_db &&
                  missing<&CalcCase::Stromstaerke_db>(c);
@@ -189,7 +189,7 @@ constexpr Check checks[] = {
       "Stromstaerke gemacht.",
       "You havn't made an input for the current !"}},
     // Out of reach behind the check of the mode, and kept with the list.
-    {{39, always,
+    {{read_by<always>,
       [](const CalcCase& c) {
           return no_mode(c) && missing<&CalcCase::Leitertemp_db>(c) &&
                  missing<&CalcCase::Stromstaerke_db>(c);
@@ -198,7 +198,7 @@ constexpr Check checks[] = {
      {"Es wurde keine Angabe zur\n"
       "Leitertemperatur oder Stromstärke gemacht.",
       "You havn't made an input for conductor temperature or conductor current  !"}},
-    {{40, always,
+    {{read_by<always>,
       [](const CalcCase& c) {
           return c.Stromstaerkebuendel_Merker_db && missing<&CalcCase::Stromstaerke_Buendel>(c);
       },
@@ -211,5 +211,7 @@ constexpr Check checks[] = {
 }  // namespace
 
 std::span<const Check> input_checks() { return checks; }
+
+std::span<const Check> kind_checks() { return input_checks().subspan(1, 2); }
 
 }  // namespace zel::steady_check

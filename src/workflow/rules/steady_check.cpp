@@ -1,7 +1,5 @@
 #include "workflow/rules/steady_check.h"
 
-#include <utility>
-
 #include "workflow/rules/steady_check_rows.h"
 
 namespace zel {
@@ -14,25 +12,17 @@ unsigned selected(const CalcCase& c) {
     return methods;
 }
 
-Box box_of(const Check& check, LangId lang) {
-    return box_in(lang, *check.rule.frame, {check.lines.in(lang)});
-}
-
-std::optional<SteadyRefusal> first_refusal(const CalcCase& c, LangId lang) {
-    const unsigned methods = selected(c);
-    for (const auto checks : {input_checks(), conductor_checks()})
-        for (const Check& check : checks)
-            if ((check.rule.applies & methods) != 0 && check.rule.refuses(c))
-                return SteadyRefusal{check.rule.number, box_of(check, lang)};
-    return std::nullopt;
+const Check* first_refusal(const CalcCase& c) {
+    const Check* const refusal = first_refusing(input_checks(), c);
+    return refusal != nullptr ? refusal : first_refusing(conductor_checks(), c);
 }
 
 }  // namespace steady_check
 
 std::optional<Box> S_Eingabepruefung_steady(const CalcCase& c, LangId lang) {
-    auto refusal = steady_check::first_refusal(c, lang);
-    if (!refusal) return std::nullopt;
-    return std::move(refusal->box);
+    const steady_check::Check* const refusal = steady_check::first_refusal(c);
+    if (refusal == nullptr) return std::nullopt;
+    return refusal->box(lang);
 }
 
 }  // namespace zel

@@ -1,45 +1,29 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <span>
 
-#include "platform/message_box.h"
 #include "steady/case/calc_case.h"
 #include "steady/case/method.h"
+#include "workflow/rules/rule_tables.h"
 
 // The rows of the steady input check. Their order is behaviour: only the first refusal is shown.
 
 namespace zel::steady_check {
 
-/// When a case is refused, and by which sort of box.
-struct Rule {
-    int number;
-    unsigned applies;  // the methods that read the field, or `always`
-    bool (*refuses)(const CalcCase&);
-    const BoxText* frame;  // title and what else the boxes of a sort share
-};
+using Check = zel::Check<CalcCase>;
 
-struct Check {
-    Rule rule;
-    Text lines;  // they go to the place {0} of the frame
-};
-
-/// Numbers 1 to 40: the methods and what is typed into the forms.
+/// The methods and what is typed into the forms.
 [[nodiscard]] std::span<const Check> input_checks();
 
-/// Numbers 41 to 59: the data of the conductor, and whether they go with the methods.
+/// Those of them that the kind of the conductor goes with the methods.
+[[nodiscard]] std::span<const Check> kind_checks();
+
+/// The data of the conductor, and whether they go with the methods.
 [[nodiscard]] std::span<const Check> conductor_checks();
 
-[[nodiscard]] Box box_of(const Check& check, LangId lang);
-
-struct SteadyRefusal {
-    int number = 0;
-    Box box;
-};
-
-/// The first check that refuses the case, or nothing where it may run.
-[[nodiscard]] std::optional<SteadyRefusal> first_refusal(const CalcCase& c, LangId lang);
+/// The first check that refuses the case, or null where it may run.
+[[nodiscard]] const Check* first_refusal(const CalcCase& c);
 
 constexpr unsigned bit(Method method) { return 1U << static_cast<unsigned>(method); }
 
@@ -52,6 +36,11 @@ inline constexpr unsigned always = 1U << all_methods.size();
 
 /// The selected methods, with `always`.
 [[nodiscard]] unsigned selected(const CalcCase& c);
+
+template <unsigned methods>
+bool read_by(const CalcCase& c) {
+    return (methods & selected(c)) != 0;
+}
 
 inline constexpr Text incomplete_title = {"Unvollständige Eingabe", "Input incomplete !"};
 
@@ -67,11 +56,6 @@ inline constexpr BoxText incorrect = {
 
 inline double number(const Entry& field) { return field.value; }
 inline double number(std::int16_t field) { return field; }
-
-template <auto field>
-bool missing(const CalcCase& c) {
-    return !(c.*field).given();
-}
 
 template <auto field, int low, int high>
 bool outside(const CalcCase& c) {

@@ -5,74 +5,70 @@
 #include "platform/rounding.h"
 #include "steady/case/state_change.h"
 #include "workflow/rules/entry_rules.h"
+#include "workflow/rules/rule_tables.h"
 
 namespace zel {
 namespace {
 
-constexpr float largest_seconds = 59;
-
 /// Seconds count as the whole number that the run takes.
-bool too_many_seconds(float seconds) {
-    const auto whole = round_to_int16(static_cast<double>(seconds));
-    return whole ? *whole > largest_seconds : seconds > largest_seconds;
+double counted(StateCell cell, double number) {
+    const auto single = static_cast<double>(static_cast<float>(number));
+    return cell == &StateChange::sec ? round_half_even(single) : single;
 }
 
-struct Limit {
+struct CellLimits {
     StateCell cell;
-    bool (*is_beyond)(float number);  // of a current: that of the bundle
-    Text lines;                       // {0} the number of the row
+    Limits limits;  // {0} the number of the row
 };
 
-constexpr Limit limits[] = {
+constexpr CellLimits cell_limits[] = {
+    // the current of the bundle
     {&StateChange::Strom,
-     [](float current) { return current > 999999; },
-     {"Der Maximalwert für die Stromstärke \n"
-      "der Zustandsänderung {0} beträgt 999999 Ampere !\n"
-      "Geben Sie bitte einen geringeren Wert für die Stromstärke ein",
-      "Maximum value for current \n"
-      "for the change-of-state {0} is 999999 Ampere !\n"
-      "Please correct your input. "}},
+     Limits().at_most(999999, {"Der Maximalwert für die Stromstärke \n"
+                               "der Zustandsänderung {0} beträgt 999999 Ampere !\n"
+                               "Geben Sie bitte einen geringeren Wert für die Stromstärke ein",
+                               "Maximum value for current \n"
+                               "for the change-of-state {0} is 999999 Ampere !\n"
+                               "Please correct your input. "})},
     {&StateChange::TEMP,
-     [](float temperature) { return temperature > 350; },
-     {"Der maximale Eingabewert für die Temperatur\n"
-      "der Zustandsänderung {0} beträgt 350 °C!\n"
-      "Geben Sie bitte einen geringeren Wert für die Temperatur ein",
-      "Maximum value of conductor temperature\n"
-      "for the change-of-state {0} is 350 °C !\n"
-      "Please correct your input."}},
-    {&StateChange::TEMP,
-     [](float temperature) { return temperature < -50; },
-     {"Der minimale Eingabewert für die Temperatur\n"
-      "der Zustandsänderung {0} beträgt -50 °C!\n"
-      "Geben Sie bitte einen größeren Wert für die Temperatur ein",
-      "Minimum value of conductor temperature\n"
-      "for the change-of-state {0} is -50 °C !\n"
-      "Please correct your input."}},
+     Limits()
+         .at_most(350, {"Der maximale Eingabewert für die Temperatur\n"
+                        "der Zustandsänderung {0} beträgt 350 °C!\n"
+                        "Geben Sie bitte einen geringeren Wert für die Temperatur ein",
+                        "Maximum value of conductor temperature\n"
+                        "for the change-of-state {0} is 350 °C !\n"
+                        "Please correct your input."})
+         .at_least(-50, {"Der minimale Eingabewert für die Temperatur\n"
+                         "der Zustandsänderung {0} beträgt -50 °C!\n"
+                         "Geben Sie bitte einen größeren Wert für die Temperatur ein",
+                         "Minimum value of conductor temperature\n"
+                         "for the change-of-state {0} is -50 °C !\n"
+                         "Please correct your input."})},
     {&StateChange::min,
-     [](float minutes) { return minutes > 60; },
-     {"Der Maximalwert für die Zeitdauer \n"
-      "der Zustandsänderung {0} beträgt 60 min !\n"
-      "Geben Sie bitte einen geringeren Wert für die Zeitdauer ein",
-      "Maximum value for time\n"
-      "of the change-of-state {0} is 60 min !\n"
-      "Please correct your input."}},
+     Limits().at_most(60, {"Der Maximalwert für die Zeitdauer \n"
+                           "der Zustandsänderung {0} beträgt 60 min !\n"
+                           "Geben Sie bitte einen geringeren Wert für die Zeitdauer ein",
+                           "Maximum value for time\n"
+                           "of the change-of-state {0} is 60 min !\n"
+                           "Please correct your input."})},
     {&StateChange::sec,
-     too_many_seconds,
-     {"Der Maximalwert für die Sekundenangabe der Zeitdauer\n"
-      "der Zustandsänderung {0} beträgt 59 Sekunden !\n"
-      "Geben Sie bitte einen geringeren Sekundenwert",
-      "Maximum input value for seconds\n"
-      "of the change-of-state {0} is 59 seconds !\n"
-      "Please correct your input."}},
+     Limits().at_most(59, {"Der Maximalwert für die Sekundenangabe der Zeitdauer\n"
+                           "der Zustandsänderung {0} beträgt 59 Sekunden !\n"
+                           "Geben Sie bitte einen geringeren Sekundenwert",
+                           "Maximum input value for seconds\n"
+                           "of the change-of-state {0} is 59 seconds !\n"
+                           "Please correct your input."})},
 };
 
 constexpr Text beyond_title = {" Fehlerhafte Eingabe", "Incorrect input"};
 
 /// The box for a number that the cell cannot hold.
 std::optional<Box> refusal(StateCellPlace place, double number, LangId lang) {
-    for (const auto& [cell, is_beyond, lines] : limits)
-        if (cell == place.cell && is_beyond(static_cast<float>(number)))
-            return box_in(lang, {Icon::Stop, beyond_title, lines}, {std::to_string(place.row + 1)});
+    for (const auto& [cell, limits] : cell_limits) {
+        if (cell != place.cell) continue;
+        if (const Text* const told = limits.broken_by(counted(cell, number)))
+            return box_in(lang, {Icon::Stop, beyond_title, *told}, {std::to_string(place.row + 1)});
+    }
     return std::nullopt;
 }
 
