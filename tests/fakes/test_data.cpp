@@ -66,4 +66,18 @@ json as_json(const std::vector<Box>& boxes) {
     return list;
 }
 
+json in_both(const std::function<std::optional<Box>(LangId)>& box) {
+    json told;
+    for (const LangId lang : {LangId::German, LangId::English}) {
+        const auto shown = box(lang);
+        if (!shown) continue;
+        json& texts = told[json(lang).get<std::string>()] = {shown->title};
+        for (const std::string& line : shown->lines) texts.push_back(line);
+        told["icon"] = name_of(shown->icon);
+        if (shown->buttons == Buttons::YesNo)
+            told["unattended"] = shown->unattended == Answer::Yes ? "yes" : "no";
+    }
+    return told;
+}
+
 }  // namespace zel

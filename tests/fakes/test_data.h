@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -40,5 +42,9 @@ void set_fields(CalcCase& c, const nlohmann::json& fields);
 /// Icon, title and lines of each box, and its buttons and its answer of a run without a user where
 /// it asks something.
 [[nodiscard]] nlohmann::json as_json(const std::vector<Box>& boxes);
+
+/// A box in both languages: its icon, and of each language the title and the lines. Null where
+/// `box` gives none.
+[[nodiscard]] nlohmann::json in_both(const std::function<std::optional<Box>(LangId)>& box);
 
 }  // namespace zel

@@ -1,9 +1,6 @@
 #include "fakes/formulas.h"
 #include "fakes/steady_cases.h"
 #include "platform/errors.h"
-#include "workflow/rules/bundle.h"
-#include "workflow/rules/emissivity.h"
-#include "workflow/rules/wind.h"
 #include "workflow/run/advice.h"
 #include "workflow/run/page_change.h"
 #include "workflow/run/steady_run.h"
@@ -11,8 +8,6 @@
 namespace zel {
 
 using nlohmann::json;
-
-void to_json(json& j, const Entry& entry) { j = {{"text", entry.text}, {"value", entry.value}}; }
 
 namespace {
 
@@ -31,21 +26,6 @@ Session session_of(const json& options, Dialogs& dialogs) {
             dialogs,
             nullptr,
             options.value("warn", true)};
-}
-
-std::vector<std::string_view> name_of_bundle(int n) {
-    const Text name = bundle_name(n);
-    return {name.de, name.en};
-}
-
-json bundle_current(json fields, DecimalSeparator separator) {
-    const CalcCase before = changed(fields);
-    CalcCase c = before;
-    S_Stromstaerke_buendel(c, separator);
-    return {{"bundle", c.Stromstaerke_Buendel},
-            {"sub_conductor", c.Stromstaerke_db},
-            {"entered", without_derived_current(c) == before},
-            {"entered_sub_conductor", without_derived_current(c).Stromstaerke_db.text}};
 }
 
 json page_change(json fields, int from, int to, LangId lang) {
@@ -108,12 +88,9 @@ json run_steady(json fields, json options) {
               {"print_caption", result.texts.print_caption}}}};
 }
 
-TEST(WorkflowFormulas, have_the_values_of_their_rows) {
-    expect_formulas("workflow_formulas",
-                    {ZEL_FORMULA(fold_angle), ZEL_FORMULA(perpendicular_wind),
-                     ZEL_FORMULA(emissivity_from_age), ZEL_FORMULA(name_of_bundle),
-                     ZEL_FORMULA(bundle_current), ZEL_FORMULA(page_change), ZEL_FORMULA(advice_on),
-                     ZEL_FORMULA(run_steady)});
+TEST(Runs, give_what_their_rows_expect) {
+    expect_formulas("runs",
+                    {ZEL_FORMULA(page_change), ZEL_FORMULA(advice_on), ZEL_FORMULA(run_steady)});
 }
 
 }  // namespace
