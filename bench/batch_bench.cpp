@@ -6,7 +6,7 @@
 
 #include "adapters/xlsx/new_xlsx.h"
 #include "adapters/xlsx/xlsx_workbook.h"
-#include "excel_batch/batch_by_kind.h"
+#include "excel_batch/batch_run.h"
 #include "excel_batch/input_cells.h"
 #include "excel_batch/template_design.h"
 #include "fakes/sunny_cases.h"
@@ -127,9 +127,9 @@ class Unwatched : public BatchObserver {
 public:
     void status(const std::string&) override {}
     void percent(double) override {}
-    void active_rows(int, const std::string&) override {}
+    void active_rows(const std::string&) override {}
     void time_suffix(std::string_view) override {}
-    bool stop_after_row() override { return false; }
+    bool cancelled() override { return false; }
 };
 
 void steady_batch(benchmark::State& state) {
@@ -139,7 +139,7 @@ void steady_batch(benchmark::State& state) {
     Unwatched observer;
     RecordingDialogs dialogs;
     const Session session = {LangId::English, DecimalSeparator::Point, RunMode::Messages, dialogs};
-    BatchJob job = {&store, "bench.xlsx", session, observer};
+    BatchJob job = {store, "bench.xlsx", session, observer};
     job.Excel_Leiterdaten_Merker = 1;
     const auto begin = Clock::now();
     for (auto _ : state)

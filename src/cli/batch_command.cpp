@@ -8,7 +8,7 @@
 #include "cli/messages_json.h"
 #include "cli/program_stores.h"
 #include "cli/xlsx_store.h"
-#include "excel_batch/batch_by_kind.h"
+#include "excel_batch/batch_run.h"
 #include "platform/errors.h"
 #include "shell/case_settings.h"
 
@@ -95,7 +95,7 @@ int batch_command(const BatchOptions& batch, const CommonOptions& options) {
     Session session = {options, RunMode::Messages, dialogs};
     take_settings(session, settings);
     XlsxStore store;
-    BatchJob job = {&store, batch.workbook, session, progress};
+    BatchJob job = {store, batch.workbook, session, progress};
     take_settings(job.preset, settings);
     if (!options.conductor.empty()) take_conductor(job.preset, options.conductor, options, console);
     job.data_folder = stores.paths.data_folder;

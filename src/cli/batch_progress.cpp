@@ -57,9 +57,9 @@ void BatchProgress::percent(double percent) {
     draw();
 }
 
-void BatchProgress::active_rows(int /*count*/, const std::string& line) { status(line); }
+void BatchProgress::active_rows(const std::string& line) { status(line); }
 
-bool BatchProgress::stop_after_row() {
+bool BatchProgress::cancelled() {
     if (shown_ && Clock::now() - drawn_ > redraw_after) draw();
     return false;
 }

@@ -19,9 +19,9 @@ public:
 
     void status(const std::string& line) override;
     void percent(double percent) override;
-    void active_rows(int count, const std::string& line) override;
+    void active_rows(const std::string& line) override;
     void time_suffix(std::string_view suffix) override { suffix_ = suffix; }
-    bool stop_after_row() override;
+    bool cancelled() override;
 
     /// Takes the line away, so that something else can be told.
     void clear();

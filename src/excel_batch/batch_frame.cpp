@@ -10,20 +10,33 @@ constexpr std::string_view batch_module = "MOD02EXCEL";
 
 std::string file_name(const std::string& path) { return path.substr(path.find_last_of('/') + 1); }
 
+bool is_transient(Workbook& workbook) {
+    try {
+        workbook.select(fixed_sheet);
+    } catch (const WorkbookError& error) {
+        // Told by the steps.
+        if (error.fault() == WorkbookFault::NoSheet) return false;
+        throw;
+    }
+    return kind_of(workbook.text(identifier_row, identifier_column)) == WorkbookKind::Transient;
+}
+
 /// The run as far as it is the same for all kinds of workbooks.
 class Frame {
 public:
-    Frame(const BatchJob& job, const BatchSteps& steps)
-        : job_(job), steps_(steps), name_(file_name(job.path)) {}
+    explicit Frame(const BatchJob& job) : job_(job), name_(file_name(job.path)) {}
 
-    BatchResult run() {
+    /// `choose` gives the steps for the open workbook. A missing sheet is told and refuses it.
+    template <class Choose>
+    BatchResult run(Choose choose) {
         if (is_shipped_template(job_.real_path, job_.data_folder)) {
             tell(template_refused, name_);
             return result_;
         }
         status(opening, name_);
         job_.observer.percent(1);
-        workbook_ = job_.store->open(job_.path);
+        workbook_ = job_.store.open(job_.path);
+        steps_ = choose(*workbook_);
         try {
             calculate();
         } catch (const WorkbookError& error) {
@@ -103,7 +116,7 @@ private:
     }
 
     const BatchJob& job_;
-    const BatchSteps& steps_;
+    BatchSteps steps_;
     std::string name_;
     std::unique_ptr<Workbook> workbook_;
     BatchResult result_;
@@ -111,8 +124,18 @@ private:
 
 }  // namespace
 
-BatchResult run_frame(const BatchJob& job, const BatchSteps& steps) {
-    return Frame(job, steps).run();
+BatchResult run_batch(const BatchJob& job) {
+    return Frame(job).run([&](Workbook& workbook) {
+        return is_transient(workbook) ? transient_steps(job) : steady_steps(job);
+    });
+}
+
+BatchResult S_00_io_excel_gesamt_rahmen_stat(const BatchJob& job) {
+    return Frame(job).run([&](Workbook&) { return steady_steps(job); });
+}
+
+BatchResult S_100_io_excel_gesamt_rahmen_transient(const BatchJob& job) {
+    return Frame(job).run([&](Workbook&) { return transient_steps(job); });
 }
 
 }  // namespace zel::excel_batch

@@ -24,9 +24,8 @@ struct BatchSteps {
     bool keeps_rows_before_a_stop = true;
 };
 
-/// Opens the workbook, walks through the steps and saves it. A missing sheet is told and refuses
-/// the workbook. Throws `WorkbookError` and `OutputError`, and `ProgramEnd` where a calculation had
-/// to end the program; the file is then as it was.
-[[nodiscard]] BatchResult run_frame(const BatchJob& job, const BatchSteps& steps);
+/// What the batches put into it.
+[[nodiscard]] BatchSteps steady_steps(const BatchJob& job);
+[[nodiscard]] BatchSteps transient_steps(const BatchJob& job);
 
 }  // namespace zel::excel_batch

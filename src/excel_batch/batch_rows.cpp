@@ -152,7 +152,7 @@ PassEnd walk_rows(const BatchJob& job, const SheetOrigin& origin, Workbook& work
                 ++result.inactive;
             }
             ++result.rows;
-            if (job.observer.stop_after_row()) return PassEnd::Stopped;
+            if (job.observer.cancelled()) return PassEnd::Stopped;
         }
         for (const Box& box : flags.refusals()) job.session.tell(box);
         if (!flags.sound()) return PassEnd::Wrong;

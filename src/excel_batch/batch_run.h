@@ -14,23 +14,23 @@
 
 namespace zel::excel_batch {
 
-/// Who watches a run. Nothing here changes the results but the wish to stop.
+/// Who watches a run, on the thread that the run has. Nothing here changes the results but the wish
+/// to stop.
 class BatchObserver {
 public:
     virtual ~BatchObserver() = default;
     virtual void status(const std::string& line) = 0;
     virtual void percent(double percent) = 0;
-    /// How many rows are to be calculated, as a number and as a line.
-    virtual void active_rows(int count, const std::string& line) = 0;
+    /// How many rows are to be calculated.
+    virtual void active_rows(const std::string& line) = 0;
     /// What follows the elapsed time wherever it is shown.
     virtual void time_suffix(std::string_view suffix) = 0;
-    /// After each row: time to show the elapsed time and to let the windows live. True where the
-    /// run is to stop behind this row.
-    virtual bool stop_after_row() = 0;
+    /// Asked behind each row: whether the run is to stop there.
+    virtual bool cancelled() = 0;
 };
 
 struct BatchJob {
-    WorkbookStore* store = nullptr;
+    WorkbookStore& store;
     std::string path;
     /// Language, and the message mode of the batch's own boxes; its methods are always silent.
     const Session& session;
@@ -59,5 +59,21 @@ struct BatchResult {
     bool saved = false;                // otherwise the workbook is as it was
     std::vector<std::string> summary;  // what was read, and where the results stand
 };
+
+// The batches calculate each active row of a workbook by the methods that its sheet `fixed_input`
+// selects, write the results beside it and save. Wrong input is told and stops the run. They throw
+// `WorkbookError` and `OutputError`, and `ProgramEnd`, which names the row, where a calculation had
+// to end the program; the file is then as it was.
+
+/// The batch that cell B2 of the workbook asks for: the transient one, or the steady one, which
+/// refuses what is neither.
+[[nodiscard]] BatchResult run_batch(const BatchJob& job);
+
+/// `S_00_io_excel_gesamt_rahmen_stat`: the steady batch. A wrong row leaves the workbook as it was.
+[[nodiscard]] BatchResult S_00_io_excel_gesamt_rahmen_stat(const BatchJob& job);
+
+/// `S_100_io_excel_gesamt_rahmen_transient`: PATL and TATL by Cigre TB 601. A wrong row and a stop
+/// keep the results of the rows before it cell by cell, and none as an array.
+[[nodiscard]] BatchResult S_100_io_excel_gesamt_rahmen_transient(const BatchJob& job);
 
 }  // namespace zel::excel_batch

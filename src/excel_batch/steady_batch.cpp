@@ -1,4 +1,4 @@
-#include "excel_batch/steady_batch.h"
+#include <memory>
 
 #include "excel_batch/batch_frame.h"
 #include "excel_batch/batch_texts.h"
@@ -105,7 +105,7 @@ public:
         for (const Box& box : flags.refusals()) job_.session.tell(box);
         if (!flags.sound()) return PassEnd::Refused;
         job_.observer.active_rows(
-            active, fill(active_rows_line.in(job_.session.lang), {std::to_string(active)}));
+            fill(active_rows_line.in(job_.session.lang), {std::to_string(active)}));
         return walk(first_row, active, result);
     }
 
@@ -147,18 +147,19 @@ private:
 
 }  // namespace
 
-BatchResult S_00_io_excel_gesamt_rahmen_stat(const BatchJob& job) {
+BatchSteps steady_steps(const BatchJob& job) {
     const WorkbookKind kind =
         job.Excel_Leiterdaten_Merker == 1 ? WorkbookKind::SteadyVar : WorkbookKind::SteadyFix;
-    CalcCase fixed = start_case(job.preset);
-    return run_frame(job, {"S_00_io_excel_gesamt_rahmen_stat",
-                           [&](Workbook& workbook, CellReading& reading) {
-                               S_02_io_excel_Fixed_input_einlesen_pruefen_stat(
-                                   workbook, kind, job.session.lang, fixed, reading);
-                           },
-                           [&](Workbook& workbook, const SheetOrigin& origin, BatchResult& result) {
-                               return SteadyRows(job, kind, fixed, workbook, origin).work(result);
-                           }});
+    const auto fixed = std::make_shared<CalcCase>(start_case(job.preset));
+    return {
+        "S_00_io_excel_gesamt_rahmen_stat",
+        [&job, kind, fixed](Workbook& workbook, CellReading& reading) {
+            S_02_io_excel_Fixed_input_einlesen_pruefen_stat(workbook, kind, job.session.lang,
+                                                            *fixed, reading);
+        },
+        [&job, kind, fixed](Workbook& workbook, const SheetOrigin& origin, BatchResult& result) {
+            return SteadyRows(job, kind, *fixed, workbook, origin).work(result);
+        }};
 }
 
 }  // namespace zel::excel_batch

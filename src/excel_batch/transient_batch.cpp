@@ -1,6 +1,5 @@
-#include "excel_batch/transient_batch.h"
-
 #include <array>
+#include <memory>
 
 #include "excel_batch/batch_frame.h"
 #include "excel_batch/batch_texts.h"
@@ -134,8 +133,7 @@ public:
         const int active = count_active_rows(workbook_, first_row, flags, [](int) {});
         for (const Box& box : flags.refusals()) tell(box);
         if (!flags.sound()) return PassEnd::Refused;
-        job_.observer.active_rows(active,
-                                  fill(active_rows_line.in(lang()), {std::to_string(active)}));
+        job_.observer.active_rows(fill(active_rows_line.in(lang()), {std::to_string(active)}));
         if (as_array_ && active > array_rows) {
             tell(box_in(lang(), array_too_small,
                         {std::to_string(array_rows), std::to_string(active)}));
@@ -222,18 +220,18 @@ private:
 
 }  // namespace
 
-BatchResult S_100_io_excel_gesamt_rahmen_transient(const BatchJob& job) {
-    TransientFixed fixed = {job.preset, {}, {}};
+BatchSteps transient_steps(const BatchJob& job) {
+    const auto fixed = std::make_shared<TransientFixed>(TransientFixed{job.preset, {}, {}});
     const bool as_array = TransientRows::is_array_form(job);
-    return run_frame(job, {"S_100_io_excel_gesamt_rahmen_transient",
-                           [&](Workbook& workbook, CellReading& reading) {
-                               S_102_io_excel_Fixed_input_einlesen_pruefen_transient(
-                                   workbook, job.session.lang, fixed, reading);
-                           },
-                           [&](Workbook& workbook, const SheetOrigin& origin, BatchResult& result) {
-                               return TransientRows(job, fixed, workbook, origin).work(result);
-                           },
-                           !as_array, !as_array});
+    return {"S_100_io_excel_gesamt_rahmen_transient",
+            [&job, fixed](Workbook& workbook, CellReading& reading) {
+                S_102_io_excel_Fixed_input_einlesen_pruefen_transient(workbook, job.session.lang,
+                                                                      *fixed, reading);
+            },
+            [&job, fixed](Workbook& workbook, const SheetOrigin& origin, BatchResult& result) {
+                return TransientRows(job, *fixed, workbook, origin).work(result);
+            },
+            !as_array, !as_array};
 }
 
 }  // namespace zel::excel_batch

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "excel_batch/batch_by_kind.h"
+#include "excel_batch/batch_run.h"
 #include "excel_batch/template_design.h"
 #include "fakes/memory_workbook.h"
 #include "fakes/scripted_dialogs.h"
@@ -23,17 +23,13 @@ class RecordingObserver : public BatchObserver {
 public:
     void status(const std::string& line) override { statuses.push_back(line); }
     void percent(double percent) override { percents.push_back(percent); }
-    void active_rows(int count, const std::string& line) override {
-        active = count;
-        statuses.push_back(line);
-    }
+    void active_rows(const std::string& line) override { statuses.push_back(line); }
     void time_suffix(std::string_view text) override { suffix = text; }
-    bool stop_after_row() override { return ++rows == stop_after; }
+    bool cancelled() override { return ++rows == stop_after; }
 
     std::vector<std::string> statuses;
     std::vector<double> percents;
     std::string suffix;
-    int active = -1;
     int rows = 0;
     int stop_after = -1;
 };
@@ -184,7 +180,7 @@ struct BatchOfRows {
 
     BatchResult run() {
         const Session session = {lang, DecimalSeparator::Point, mode, dialogs};
-        BatchJob job = {&store, path, session, observer};
+        BatchJob job = {store, path, session, observer};
         job.preset = preset;
         job.data_folder = "/data";
         job.real_path = path;

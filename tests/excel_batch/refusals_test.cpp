@@ -324,7 +324,7 @@ TEST_F(Refusals, in_the_second_pass_a_row_may_be_inactive) {
     const auto run_with = [&](double flag) {
         rows()[{6, 2}] = flag;
         const Session session = {lang, DecimalSeparator::Point, mode, dialogs};
-        return run_batch({&changing, path, session, observer});
+        return run_batch({changing, path, session, observer});
     };
     const BatchResult inactive = run_with(2);
     EXPECT_EQ(inactive.end, BatchEnd::Done);
@@ -344,7 +344,7 @@ TEST_F(Refusals, of_the_shipped_templates) {
     for (const std::string& there :
          {"/data/" + name, std::string("/DATA/template_CALC_h_german_80.XLSX")}) {
         dialogs.shown.clear();
-        BatchJob job = {&store, there, session, observer};
+        BatchJob job = {store, there, session, observer};
         job.data_folder = "/data";
         job.real_path = job.path;
         EXPECT_EQ(run_batch(job).end, BatchEnd::Refused);
@@ -355,7 +355,7 @@ TEST_F(Refusals, of_the_shipped_templates) {
                       "excel workbook with this name ! \nPlease correct your input !");
     }
     store.files["/elsewhere/" + name] = workbook();
-    BatchJob job = {&store, "/elsewhere/" + name, session, observer};
+    BatchJob job = {store, "/elsewhere/" + name, session, observer};
     job.data_folder = "/data";
     job.real_path = job.path;
     EXPECT_EQ(run_batch(job).end, BatchEnd::Done);

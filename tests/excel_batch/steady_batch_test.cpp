@@ -206,7 +206,7 @@ TEST_F(SteadyBatch, an_empty_first_flag_ends_with_no_rows) {
     EXPECT_EQ(result.end, BatchEnd::Done);
     EXPECT_TRUE(result.saved);
     EXPECT_EQ(result.rows, 0);
-    EXPECT_EQ(observer.active, 0);
+    EXPECT_THAT(observer.statuses, testing::Contains("number of active calculation rows: 0"));
     EXPECT_THAT(dialogs.shown, IsEmpty());
 }
 
@@ -384,7 +384,7 @@ TEST_F(SteadyBatch, rows_beyond_the_limit_are_told) {
     add_row(none);
     EndlessStore endless(store);
     const Session session = {lang, DecimalSeparator::Point, mode, dialogs};
-    const BatchResult result = run_batch({&endless, path, session, observer});
+    const BatchResult result = run_batch({endless, path, session, observer});
     EXPECT_EQ(result.end, BatchEnd::Done);
     EXPECT_EQ(result.rows, 100000);
     ASSERT_EQ(dialogs.shown.size(), 1U);

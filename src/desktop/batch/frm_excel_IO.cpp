@@ -16,9 +16,7 @@
 #include "desktop/frame/group.h"
 #include "desktop/frame/qt_text.h"
 #include "excel_batch/batch_texts.h"
-#include "excel_batch/steady_batch.h"
 #include "excel_batch/test_rows.h"
-#include "excel_batch/transient_batch.h"
 #include "forms/config_options.h"
 
 namespace zel {
@@ -91,11 +89,9 @@ public:
             qt(masked(percent, whole ? "##0 %" : "##0.0# %", form_.state_.session.separator)));
         look();
     }
-    void active_rows(int /*count*/, const std::string& line) override {
-        form_.active_rows_->setText(qt(line));
-    }
+    void active_rows(const std::string& line) override { form_.active_rows_->setText(qt(line)); }
     void time_suffix(std::string_view suffix) override { suffix_ = suffix; }
-    bool stop_after_row() override {
+    bool cancelled() override {
         if (form_.clock_.elapsed() - looked_ >= pause) look();
         return form_.stop_;
     }
@@ -256,7 +252,7 @@ std::string FrmExcelIO::choose_workbook() {
 
 BatchJob FrmExcelIO::job() {
     const ProgramSettings& settings = state_.settings.now();
-    BatchJob job = {state_.workbooks, path_, state_.session, *observer_};
+    BatchJob job = {*state_.workbooks, path_, state_.session, *observer_};
     job.preset = state_.calc_case;
     job.data_folder = state_.data_folder;
     job.real_path = path_;
