@@ -11,8 +11,8 @@
 #include "persistence/case_file.h"
 #include "persistence/exchange_record.h"
 #include "platform/errors.h"
-#include "workflow/rules/conductor_needs.h"
 #include "workflow/rules/entry_rules.h"
+#include "workflow/rules/steady_check.h"
 #include "workflow/rules/transient_cells.h"
 
 namespace zel {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/text/locale.h"
-#include "steady/run_mode.h"
+#include "steady/steady_report.h"
 
 namespace zel {
 

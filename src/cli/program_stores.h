@@ -3,8 +3,8 @@
 #include "adapters/ini/ini_store.h"
 #include "adapters/posix/shared_files.h"
 #include "adapters/posix/system_facts.h"
-#include "shell/program_paths.h"
 #include "shell/program_settings.h"
+#include "shell/program_texts.h"
 
 namespace zel {
 

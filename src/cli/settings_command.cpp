@@ -6,7 +6,7 @@
 #include "cli/program_stores.h"
 #include "platform/errors.h"
 #include "platform/text/listing.h"
-#include "shell/settings_entry.h"
+#include "shell/program_settings.h"
 
 namespace zel {
 namespace {

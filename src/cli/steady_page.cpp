@@ -1,7 +1,7 @@
 #include "cli/case_listing.h"
 #include "cli/steady_output.h"
 #include "shell/program_texts.h"
-#include "workflow/run/result_text.h"
+#include "workflow/run/steady_texts.h"
 
 namespace zel {
 

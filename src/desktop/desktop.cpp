@@ -4,7 +4,6 @@
 #include <QFontInfo>
 #include <QLocale>
 #include <QPalette>
-#include <QPrinterInfo>
 #include <QStyleFactory>
 #include <cstdio>
 #include <cstdlib>
@@ -68,9 +67,6 @@ Started start_up(const DesktopOptions& options, const DesktopPlatform& platform,
     StartupPlatform startup{platform.system, dialogs, options.separator, options.lang};
     startup.ask_language = ask_language;
     startup.start_companion = platform.start_companion;
-    startup.printer_exists = [](const std::string& name) {
-        return !QPrinterInfo::printerInfo(qt(name)).isNull();
-    };
     return S00_Start_Programminitialisierung(platform.settings, startup, true);
 }
 

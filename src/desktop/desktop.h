@@ -7,7 +7,7 @@
 
 #include "desktop/frame/conductor_places.h"
 #include "platform/case_store.h"
-#include "platform/system_facts.h"
+#include "platform/system.h"
 #include "platform/text/number_text.h"
 #include "platform/text/text.h"
 #include "platform/workbook.h"

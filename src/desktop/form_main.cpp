@@ -203,7 +203,6 @@ void FormMain::apply_settings() {
     take_settings(state_.session, now);
     take_settings(state_.calc_case, now);
     // Switching the preview on again does not take this back.
-    if (now.Druckvorschau == 2) state_.program.Druck_direkt = true;
     apply_separator();
     apply_window_mode();
     settings_menu_.refresh();

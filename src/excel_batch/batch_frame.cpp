@@ -1,7 +1,7 @@
 #include "excel_batch/batch_frame.h"
 
 #include "excel_batch/batch_texts.h"
-#include "shell/error_text.h"
+#include "shell/error_table.h"
 
 namespace zel::excel_batch {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "workflow/rules/steady_check_rows.h"
+#include "workflow/rules/steady_check.h"
 
 namespace zel::excel_batch {
 

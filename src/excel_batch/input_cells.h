@@ -6,7 +6,7 @@
 
 #include "excel_batch/cell_limits.h"
 #include "steady/case/case_fields.h"
-#include "workflow/rules/steady_check_rows.h"
+#include "workflow/rules/steady_check.h"
 
 // The input cells of the workbooks: which cell becomes which field of the case.
 

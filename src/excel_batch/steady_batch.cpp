@@ -3,12 +3,10 @@
 #include "excel_batch/batch_frame.h"
 #include "excel_batch/batch_texts.h"
 #include "excel_batch/missing_data.h"
-#include "excel_batch/silent_session.h"
 #include "excel_batch/steady_input.h"
 #include "platform/arithmetic_fault.h"
 #include "platform/errors.h"
-#include "workflow/rules/bundle.h"
-#include "workflow/rules/wind.h"
+#include "workflow/rules/derived.h"
 
 namespace zel::excel_batch {
 namespace {
@@ -53,11 +51,11 @@ private:
         const double angle = computed(S_Winkel_Wind_Leiter(c));
         S_Stromstaerke_buendel(c, DecimalSeparator::Comma);
         const bool sound = arithmetic.fault() == ArithmeticFault::None;
-        const SilentSession silent(job_.session);
+        const Session session = silent(job_.session);
         for (const ResultColumns& columns : steady_results)
             if (is_selected(c, columns.method))
                 add(columns, c,
-                    sound ? find_method(columns.method)->run(c, angle, silent.session())
+                    sound ? find_method(columns.method)->run(c, angle, session)
                           : MethodOutcome{std::string(failed_result), {}, {}, {}, {}},
                     outcome);
     }

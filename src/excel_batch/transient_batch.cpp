@@ -4,11 +4,10 @@
 #include "excel_batch/batch_frame.h"
 #include "excel_batch/batch_texts.h"
 #include "excel_batch/missing_data.h"
-#include "excel_batch/silent_session.h"
 #include "excel_batch/transient_input.h"
 #include "platform/errors.h"
 #include "tb601_transient/transient/transient_excel.h"
-#include "workflow/rules/wind.h"
+#include "workflow/rules/derived.h"
 #include "workflow/run/steady_methods.h"
 
 namespace zel::excel_batch {
@@ -46,9 +45,9 @@ public:
           c_(c),
           seconds_(static_cast<float>(seconds)),
           mass_(conductor_mass(c)),
-          heat_option_(static_cast<HeatCapacityOption>(job.session.cigre_TKW_merker)),
+          heat_option_(job.session.cigre_TKW_merker),
           angle_(S_Winkel_Wind_Leiter(c)),
-          silent_(job.session, &memory_) {}
+          silent_(silent(job.session, &memory_)) {}
 
     void rate(RowOutcome& row) {
         c_.Leitertemp_Merker_db = true;
@@ -82,9 +81,7 @@ private:
         add(row, column, static_cast<double>(TATL), tatl_mask);
     }
 
-    MethodOutcome run_steady() {
-        return find_method(Method::TB601)->run(c_, angle_, silent_.session());
-    }
+    MethodOutcome run_steady() { return find_method(Method::TB601)->run(c_, angle_, silent_); }
 
     void add(RowOutcome& row, int column, double current, std::string_view mask) const {
         if (const auto number = rounded(current * c_.Anzahl_Teilleiter_db, mask))
@@ -106,7 +103,7 @@ private:
     double angle_;
     MethodMemory memory_;  // the search goes on from the records of the steady run
     TransientSlots slots_{};
-    SilentSession silent_;
+    Session silent_;
 };
 
 /// The rows of a transient workbook, cell by cell or as an array:

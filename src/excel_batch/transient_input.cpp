@@ -1,7 +1,7 @@
 #include "excel_batch/transient_input.h"
 
 #include "excel_batch/identifier_check.h"
-#include "workflow/rules/steady_check_rows.h"
+#include "workflow/rules/steady_check.h"
 
 namespace zel::excel_batch {
 namespace {

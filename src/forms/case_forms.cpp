@@ -4,7 +4,7 @@
 #include <array>
 
 #include "platform/rounding.h"
-#include "workflow/rules/bundle.h"
+#include "workflow/rules/derived.h"
 #include "workflow/rules/entry_rules.h"
 
 namespace zel {

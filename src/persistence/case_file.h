@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/flat_object.h"
+#include "platform/case_store.h"
 #include "platform/message_box.h"
 #include "platform/text/number_text.h"
 #include "steady/case/calc_case.h"

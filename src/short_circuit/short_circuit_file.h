@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "persistence/case_file.h"
-#include "platform/flat_object.h"
+#include "platform/case_store.h"
 #include "platform/text/locale.h"
 #include "short_circuit/short_circuit_form.h"
 

@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "fakes/refusal.h"
+#include "fakes/scripted_dialogs.h"
 
 namespace zel {
 namespace {

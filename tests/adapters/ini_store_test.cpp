@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include "adapters/posix/shared_files.h"
-#include "fakes/as_nobody.h"
 #include "fakes/scratch_folder.h"
 #include "platform/errors.h"
 

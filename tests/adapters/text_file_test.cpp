@@ -5,7 +5,7 @@
 
 #include <fstream>
 
-#include "fakes/refusal.h"
+#include "fakes/scripted_dialogs.h"
 
 namespace zel {
 namespace {

@@ -7,8 +7,8 @@
 #include <fstream>
 
 #include "adapters/posix/text_file.h"
-#include "fakes/as_nobody.h"
-#include "fakes/refusal.h"
+#include "fakes/scratch_folder.h"
+#include "fakes/scripted_dialogs.h"
 
 namespace zel {
 namespace {

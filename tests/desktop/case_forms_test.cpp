@@ -8,10 +8,10 @@
 #include <set>
 
 #include "fakes/scripted_dialogs.h"
-#include "fakes/sunny_cases.h"
+#include "fakes/steady_cases.h"
 #include "fakes/tb601_cases.h"
 #include "forms/given_value.h"
-#include "workflow/rules/bundle.h"
+#include "workflow/rules/derived.h"
 #include "workflow/rules/steady_check.h"
 
 namespace zel {

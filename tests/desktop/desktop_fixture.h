@@ -15,10 +15,7 @@
 
 #include "desktop/form_main.h"
 #include "desktop/frame/qt_text.h"
-#include "fakes/memory_case_store.h"
-#include "fakes/memory_files.h"
-#include "fakes/memory_settings.h"
-#include "fakes/recording_launcher.h"
+#include "fakes/memory_stores.h"
 #include "fakes/scripted_chooser.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/steady_cases.h"

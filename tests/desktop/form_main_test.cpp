@@ -9,7 +9,7 @@
 #include "desktop/desktop.h"
 #include "desktop/desktop_fixture.h"
 #include "fakes/memory_workbook.h"
-#include "fakes/sunny_cases.h"
+#include "fakes/steady_cases.h"
 #include "persistence/exchange_record.h"
 #include "workflow/run/page_change.h"
 

@@ -15,7 +15,7 @@
 #include <memory>
 
 #include "desktop/frame/qt_text.h"
-#include "fakes/memory_case_store.h"
+#include "fakes/memory_stores.h"
 #include "fakes/scripted_chooser.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/short_circuit_cases.h"

@@ -97,10 +97,10 @@ TEST_F(SettingsWindows, heat_capacity_without_coefficient_is_told_and_not_kept) 
     EXPECT_EQ(dialogs.shown[0].icon, Icon::Stop);
     EXPECT_EQ(dialogs.shown[0].title, "Option temperature coeffizient heat capacity");
     EXPECT_EQ(dialogs.shown[0].lines.back(), "nach unserer Meinung evtl. anwenden.");
-    EXPECT_EQ(state->session.cigre_TKW_merker, 2);
+    EXPECT_EQ(state->session.cigre_TKW_merker, HeatCapacityOption::At20Degrees);
     EXPECT_THAT(shared_settings.written, IsEmpty());
     in<QRadioButton>(form, "Option19").click();
-    EXPECT_EQ(state->session.cigre_TKW_merker, 1);
+    EXPECT_EQ(state->session.cigre_TKW_merker, HeatCapacityOption::WithTemperature);
     EXPECT_EQ(shared_settings.read("VOR", "cigre_TKW_merker"), "1");
 }
 

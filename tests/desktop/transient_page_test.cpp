@@ -6,7 +6,7 @@
 #include <QToolButton>
 
 #include "desktop/desktop_fixture.h"
-#include "fakes/typed_rows.h"
+#include "fakes/transient_cases.h"
 #include "persistence/case_file.h"
 #include "workflow/run/page_change.h"
 #include "workflow/run/transient.h"

@@ -11,7 +11,7 @@
 #include "excel_batch/template_design.h"
 #include "fakes/memory_workbook.h"
 #include "fakes/scripted_dialogs.h"
-#include "fakes/sunny_cases.h"
+#include "fakes/steady_cases.h"
 #include "fakes/tb601_cases.h"
 #include "platform/errors.h"
 #include "workflow/run/steady_run.h"

@@ -3,7 +3,7 @@
 #include "platform/rounding.h"
 #include "tb601_transient/tb601/tb601_solver.h"
 #include "tb601_transient/transient/transient_excel.h"
-#include "workflow/rules/wind.h"
+#include "workflow/rules/derived.h"
 
 namespace zel::excel_batch {
 namespace {

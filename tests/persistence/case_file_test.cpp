@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "fakes/refusal.h"
+#include "fakes/scripted_dialogs.h"
 #include "steady/case/case_fields.h"
 #include "workflow/rules/entry_rules.h"
 #include "workflow/rules/transient_cells.h"

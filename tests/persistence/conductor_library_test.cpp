@@ -6,7 +6,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "fakes/memory_files.h"
+#include "fakes/memory_stores.h"
 #include "fakes/steady_cases.h"
 #include "persistence/exchange_record.h"
 #include "platform/errors.h"

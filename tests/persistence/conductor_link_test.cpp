@@ -3,8 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "fakes/memory_files.h"
-#include "fakes/memory_settings.h"
+#include "fakes/memory_stores.h"
 #include "fakes/steady_cases.h"
 #include "persistence/exchange_record.h"
 

@@ -11,8 +11,8 @@
 #include "desktop/frame/group.h"
 #include "desktop/frame/number_keys.h"
 #include "desktop/frame/qt_text.h"
-#include "workflow/rules/conductor_needs.h"
 #include "workflow/rules/entry_rules.h"
+#include "workflow/rules/steady_check.h"
 
 namespace zel {
 namespace {

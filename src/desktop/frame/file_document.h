@@ -6,7 +6,6 @@
 #include "desktop/frame/file_chooser.h"
 #include "persistence/case_file.h"
 #include "platform/case_store.h"
-#include "platform/flat_object.h"
 #include "shell/session.h"
 
 namespace zel {

@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/frame/qt_text.h"
-#include "shell/program_paths.h"
+#include "shell/program_texts.h"
 
 namespace zel {
 namespace {
@@ -59,9 +59,6 @@ void FrmSelectPath::select() {
     if (!chosen) return;
     state_.settings.set(role_.path, *chosen);
     path_->setText(qt(*chosen + " "));
-    const ProgramSettings& now = state_.settings.now();
-    state_.program.companion_program_folder = folder_of(now.Seildatenbanknamepluspfad);
-    state_.program.calculation_folder = folder_of(now.Berechnungsdaten);
     state_.settings_changed();
 }
 

@@ -3,7 +3,7 @@
 #include <QChar>
 #include <QKeyEvent>
 
-#include "workflow/rules/key_filter.h"
+#include "workflow/rules/entry_rules.h"
 
 namespace zel {
 namespace {

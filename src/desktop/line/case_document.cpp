@@ -7,7 +7,7 @@
 #include "persistence/case_file.h"
 #include "shell/case_settings.h"
 #include "shell/program_texts.h"
-#include "workflow/rules/bundle.h"
+#include "workflow/rules/derived.h"
 #include "workflow/rules/entry_rules.h"
 #include "workflow/rules/transient_cells.h"
 

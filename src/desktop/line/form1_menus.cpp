@@ -11,7 +11,7 @@
 #include "desktop/line/form1_transient_page.h"
 #include "steady/case/state_change.h"
 #include "workflow/run/page_change.h"
-#include "workflow/run/result_text.h"
+#include "workflow/run/steady_texts.h"
 
 // The menus of Form1 and what they do.
 

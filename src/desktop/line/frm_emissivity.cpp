@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/frame/qt_text.h"
-#include "workflow/rules/emissivity.h"
+#include "workflow/rules/derived.h"
 #include "workflow/rules/entry_rules.h"
 
 namespace zel {

@@ -3,7 +3,7 @@
 #include <array>
 #include <span>
 
-#include "workflow/rules/bundle.h"
+#include "workflow/rules/derived.h"
 
 namespace zel {
 namespace {

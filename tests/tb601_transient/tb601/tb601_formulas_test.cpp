@@ -1,6 +1,5 @@
 #include "fakes/formulas.h"
 #include "fakes/tb601_cases.h"
-#include "fakes/tb601_names.h"
 #include "tb601_transient/tb601/math_module.h"
 #include "tb601_transient/tb601/tb601_joule.h"
 #include "tb601_transient/tb601/tb601_radial.h"

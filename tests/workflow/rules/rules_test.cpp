@@ -6,14 +6,11 @@
 #include "fakes/steady_cases.h"
 #include "fakes/tb601_cases.h"
 #include "steady/case/case_fields.h"
-#include "workflow/rules/bundle.h"
-#include "workflow/rules/conductor_needs.h"
-#include "workflow/rules/emissivity.h"
+#include "workflow/rules/derived.h"
 #include "workflow/rules/entry_rules.h"
-#include "workflow/rules/key_filter.h"
+#include "workflow/rules/steady_check.h"
 #include "workflow/rules/transient_cells.h"
 #include "workflow/rules/transient_check.h"
-#include "workflow/rules/wind.h"
 
 // The rules by the rows of tests/data/rules.json. A German user types with comma.
 

@@ -9,7 +9,6 @@
 
 #include "fakes/test_data.h"
 #include "steady/case/case_fields.h"
-#include "workflow/rules/steady_check_rows.h"
 
 // tests/data/steady_check.json holds for each check of the steady input a fault that it refuses
 // and the texts that it then shows, and limits: values of a field, each with the number of the

@@ -7,7 +7,7 @@
 #include <set>
 
 #include "fakes/scripted_dialogs.h"
-#include "fakes/tb601_names.h"
+#include "fakes/tb601_cases.h"
 #include "fakes/test_data.h"
 #include "platform/errors.h"
 #include "steady/steady_report.h"

@@ -4,6 +4,7 @@
 #include "workflow/run/advice.h"
 #include "workflow/run/page_change.h"
 #include "workflow/run/steady_run.h"
+#include "workflow/run/steady_texts.h"
 
 namespace zel {
 
@@ -80,6 +81,7 @@ json run_steady(json fields, json options) {
             {"angle_text", result.angle_text},
             {"perpendicular_wind_text", result.perpendicular_wind_text},
             {"balance_lines", result.balance_lines},
+            {"page", lines_of(result_text(result, session_of(options, dialogs).lang))},
             {"transient_start", start},
             {"may_save", result.may_save},
             {"texts",

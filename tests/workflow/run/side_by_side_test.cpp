@@ -5,7 +5,7 @@
 #include <random>
 #include <thread>
 
-#include "fakes/sunny_cases.h"
+#include "fakes/steady_cases.h"
 #include "platform/errors.h"
 #include "workflow/run/steady_run.h"
 

@@ -8,9 +8,8 @@
 
 #include "fakes/allocation_count.h"
 #include "fakes/scripted_dialogs.h"
-#include "fakes/sunny_cases.h"
+#include "fakes/steady_cases.h"
 #include "fakes/tb601_cases.h"
-#include "fakes/tb601_names.h"
 #include "fakes/test_data.h"
 #include "platform/errors.h"
 #include "steady/steady_solver.h"

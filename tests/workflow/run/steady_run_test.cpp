@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "fakes/sunny_cases.h"
+#include "fakes/steady_cases.h"
 #include "fakes/tb601_cases.h"
 
 // What runs keep from one to the next; the run itself stands in tests/data/workflow_formulas.json.

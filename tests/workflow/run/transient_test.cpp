@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "fakes/scripted_dialogs.h"
-#include "fakes/typed_rows.h"
+#include "fakes/transient_cases.h"
 #include "workflow/run/transient_memory.h"
 #include "workflow/run/transient_text.h"
 
@@ -213,7 +213,7 @@ TEST_F(TransientTest, no_box_comes_up_in_the_silent_mode) {
 TEST_F(TransientTest, heat_capacity_option_counts) {
     CalcCase c = bundle_with_rows({typed_temperature_row(2400, 5, 0)});
     const double with_temperature = run_from_steady(c).rows[0].Temp;
-    session.cigre_TKW_merker = 2;
+    session.cigre_TKW_merker = HeatCapacityOption::At20Degrees;
     // A capacity that does not grow with the temperature is smaller: the conductor gets hotter.
     EXPECT_GT(run_from_steady(c).rows[0].Temp, with_temperature + 0.1);
 }
@@ -247,9 +247,9 @@ TEST_F(TransientTest, result_is_stale_once_an_input_has_changed) {
     EXPECT_FALSE(changed([](CalcCase& o) { o.Z[0].TEMP = {}; }));
     EXPECT_FALSE(changed([](CalcCase& o) { o.Projekt_db = "other"; }));
     EXPECT_FALSE(changed([](CalcCase& o) { o.Wind1_db = typed(1); }));
-    session.cigre_TKW_merker = 2;
+    session.cigre_TKW_merker = HeatCapacityOption::At20Degrees;
     EXPECT_TRUE(kept.result_is_stale(c, session));
-    session.cigre_TKW_merker = 1;
+    session.cigre_TKW_merker = HeatCapacityOption::WithTemperature;
     // The same inputs again, after a steady run of others in between.
     CalcCase other = c;
     other.Leitertemp_db = typed(70);

@@ -1,6 +1,9 @@
-#include "workflow/rules/bundle.h"
+#include "workflow/rules/derived.h"
 
 #include <array>
+#include <cmath>
+
+#include "steady/constants.h"
 
 namespace zel {
 namespace {
@@ -38,6 +41,26 @@ CalcCase without_derived_current(CalcCase c) {
     else if (c.Stromstaerke_Merker_db)
         c.Stromstaerke_Buendel = {};
     return c;
+}
+
+double fold_angle(double Winkel_W_S, double Winkel_S_S) {
+    const double delta = std::abs(Winkel_W_S - Winkel_S_S);
+    if (delta <= 90) return delta;
+    if (delta <= 180) return delta - 90;
+    if (delta <= 270) return delta - 180;
+    if (delta <= 360) return delta - 270;
+    return delta;
+}
+
+double S_Winkel_Wind_Leiter(const CalcCase& c) {
+    return fold_angle(c.Winkel_W_S_db.value, c.Winkel_S_S_db.value);
+}
+
+double perpendicular_wind(double V, double delta) { return std::abs(std::sin(radians(delta)) * V); }
+
+std::optional<double> emissivity_from_age(double age) {
+    if (!(age >= 0)) return std::nullopt;
+    return 0.3 + (0.6 * age) / (1 + age);
 }
 
 }  // namespace zel

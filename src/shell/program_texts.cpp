@@ -1,5 +1,3 @@
-#include "shell/program_paths.h"
-
 #include "shell/program_texts.h"
 
 namespace zel {
