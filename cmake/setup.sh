@@ -89,10 +89,10 @@ install_packages() {
         -o APT::Status-Fd=1 -o DPkg::Lock::Timeout=300 "${missing[@]}" || exit $set_up_failed
 }
 
-# build PRESET TESTS [TARGET]: configures where that is needed, then builds. TESTS is OFF or ON: a
+# build PRESET TESTS [TARGETS]: configures where that is needed, then builds. TESTS is OFF or ON: a
 # build without them needs no test packages, and the first one that wants them turns them on.
 build() {
-    local preset=$1 tests=$2 target=${3-} folder=build/$1 cache='' configure=()
+    local preset=$1 tests=$2 folder=build/$1 cache='' configure=()
     [[ ! -f $folder/build.ninja ]] || cache=$(<"$folder/CMakeCache.txt")
     if [[ $cache != *$'\n'"CMAKE_HOME_DIRECTORY:INTERNAL=$PWD"$'\n'* ]]; then
         configure=(cmake --fresh) # nothing there yet, or the clone was moved
@@ -105,5 +105,5 @@ build() {
             "${configure[@]}" --preset "$preset" -DZEL_TESTS="$tests" || exit $set_up_failed
     fi
     logged "build-$preset.log" "building $preset" \
-        cmake --build --preset "$preset" ${target:+--target "$target"} || exit $set_up_failed
+        cmake --build --preset "$preset" ${3+--target "${@:3}"} || exit $set_up_failed
 }

@@ -1,15 +1,13 @@
-#include "cli/batch_command.h"
-
 #include <nlohmann/json.hpp>
 
 #include "cli/batch_progress.h"
-#include "cli/conductor_source.h"
-#include "cli/console.h"
-#include "cli/messages_json.h"
-#include "cli/program_stores.h"
-#include "cli/xlsx_store.h"
+#include "cli/case_output.h"
+#include "cli/commands.h"
 #include "excel_batch/batch_run.h"
 #include "platform/errors.h"
+#include "program/conductor_source.h"
+#include "program/console.h"
+#include "program/stores.h"
 #include "shell/case_settings.h"
 
 namespace zel {
@@ -17,6 +15,22 @@ namespace {
 
 using namespace excel_batch;
 using nlohmann::ordered_json;
+
+constexpr const char* batch_notes =
+    "\n"
+    "Calculates each active row of an xlsx workbook and writes the results beside it, in place.\n"
+    "Cell B2 of its sheet fixed_input says what it is; \"zel template\" makes an empty one, and\n"
+    "docs/workbooks.md tells what each cell holds. A workbook that is refused, and one whose run\n"
+    "breaks off, is left as it was. It must not be open in a spreadsheet program meanwhile.\n"
+    "\n"
+    "Exit status: 0 done; 1 a result could not be calculated, or not all rows were; 2 the workbook\n"
+    "was refused and is as it was; 3 a calculation had to end the program.";
+
+struct BatchWords : CommonOptions {
+    std::string workbook{};
+    std::optional<bool> conductor_columns{};  // nothing: as the setting says
+    std::optional<bool> write_by_cell{};
+};
 
 /// The progress line gives way to a box. A silent run shows none, but why it was refused is told in
 /// the end.
@@ -84,34 +98,49 @@ int run(const BatchJob& job, BatchResult& result, BatchProgress& progress) {
     }
 }
 
-}  // namespace
-
-int batch_command(const BatchOptions& batch, const CommonOptions& options) {
-    Console console(options);
-    BatchProgress progress(options);
-    BatchDialogs dialogs(console, progress, options.silent);
+int calculate_workbook(const BatchWords& words) {
+    Console console(words);
+    BatchProgress progress(words);
+    BatchDialogs dialogs(console, progress, words.silent);
     ProgramStores stores;
     const ProgramSettings settings = stores.settings().now();
-    Session session = {options, RunMode::Messages, dialogs};
+    Session session = {words, RunMode::Messages, dialogs};
     take_settings(session, settings);
     XlsxStore store;
-    BatchJob job = {store, batch.workbook, session, progress};
+    BatchJob job = {store, words.workbook, session, progress};
     take_settings(job.preset, settings);
-    if (!options.conductor.empty()) take_conductor(job.preset, options.conductor, options, console);
+    if (!words.conductor.empty()) take_conductor(job.preset, words.conductor, words, console);
     job.data_folder = stores.paths.data_folder;
-    job.real_path = XlsxStore::real_path(batch.workbook);
+    job.real_path = XlsxStore::real_path(words.workbook);
     job.Excel_Leiterdaten_Merker = settings.Excel_Leiterdaten_Merker;
     job.Excel_Zelle_Array_Schreiben_Merker = settings.Excel_Zelle_Array_Schreiben_Merker;
-    if (batch.conductor_columns) job.Excel_Leiterdaten_Merker = *batch.conductor_columns ? 1 : 2;
-    if (batch.write_by_cell) job.Excel_Zelle_Array_Schreiben_Merker = *batch.write_by_cell ? 1 : 2;
+    if (words.conductor_columns) job.Excel_Leiterdaten_Merker = *words.conductor_columns ? 1 : 2;
+    if (words.write_by_cell) job.Excel_Zelle_Array_Schreiben_Merker = *words.write_by_cell ? 1 : 2;
     BatchResult result;
     const int status = run(job, result, progress);
     const double seconds = progress.seconds();
     progress.clear();
     if (status == exit_refused) dialogs.tell_unheard();
-    if (print(options.json ? document(result, console, seconds) : page(result))) return status;
-    Console::tell_reason("standard output cannot be written");
-    return std::max<int>(status, exit_failed);
+    return print_or_fail(words.json ? document(result, console, seconds) : page(result), status);
+}
+
+}  // namespace
+
+void add_batch(CommandLine& line) {
+    const auto [command, words] = line.add<BatchWords>(
+        "batch", "Calculate the rows of a workbook in place", calculate_workbook);
+    command.add_option("WORKBOOK", words.workbook, "Workbook (xlsx)")->required();
+    add_choice<bool>(
+        command, "--conductor-columns", words.conductor_columns, {{"on", true}, {"off", false}},
+        "Whether each row of a steady workbook has its own conductor (default: the setting)");
+    add_choice<bool>(
+        command, "--write", words.write_by_cell, {{"cell", true}, {"array", false}},
+        "Whether a wrong row of a transient workbook keeps the results of the rows before it "
+        "(cell) or none (array) (default: the setting)");
+    command.footer(batch_notes);
+    add_output(command, words);
+    add_language(command, words.lang, words.separator);
+    add_conductor_option(command, words);
 }
 
 }  // namespace zel

@@ -6,8 +6,8 @@
 #include <cmath>
 #include <cstdio>
 
-#include "cli/console.h"
 #include "excel_batch/batch_texts.h"
+#include "program/console.h"
 
 namespace zel {
 namespace {

@@ -3,8 +3,8 @@
 #include <chrono>
 #include <string>
 
-#include "cli/options.h"
 #include "excel_batch/batch_run.h"
+#include "program/console.h"
 
 namespace zel {
 

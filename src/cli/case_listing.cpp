@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "cli/console.h"
 #include "platform/text/listing.h"
+#include "program/console.h"
 
 namespace zel {
 namespace {

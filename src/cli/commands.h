@@ -1,42 +1,80 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
-#include <vector>
 
-#include "cli/options.h"
-
-// One function per command, each giving the exit status. They throw `InputError` where the input
-// cannot be read.
+#include "program/command_line.h"
 
 namespace zel {
 
-int steady_command(const std::string& case_path, const CommonOptions& options);
-
-struct ConductorListing {
-    std::string find;  // words of the designation; empty for all
-    std::string sort;  // one of `conductor_sort_keys`; empty for the order of the library
+/// The words of a command, and its place in the command line.
+template <class Words>
+struct Command {
+    CLI::App& app;
+    Words& words;
 };
-[[nodiscard]] std::vector<std::string> conductor_sort_keys();
-int conductor_list_command(const ConductorListing& wanted, const CommonOptions& options);
-/// Without a path the record goes to the exchange file of the settings.
-int conductor_pick_command(const std::string& name, const std::string& record,
-                           const CommonOptions& options);
-int conductor_show_command(const std::string& record_or_name, const CommonOptions& options);
-int conductor_write_command(const std::string& fragment_path, const std::string& record,
-                            const CommonOptions& options);
 
-/// With `series` the course of the temperature is told too.
-int transient_command(const std::string& case_path, bool series, const CommonOptions& options);
+/// The command line of zel, to which each command adds itself: its words, its options, its notes
+/// and what it does.
+class CommandLine {
+public:
+    CommandLine(CLI::App& app, char** words) : app_(app), words_(words) {}
 
-int short_circuit_command(const std::string& case_path, const CommonOptions& options);
+    /// A command below `parent`. `run` gets what the user has written, gives the exit status, and
+    /// throws `InputError` where the input cannot be read.
+    template <class Words>
+    Command<Words> add(CLI::App& parent, const char* name, const char* description,
+                       std::function<int(const Words&)> run) {
+        const auto words = std::make_shared<Words>();
+        CLI::App& command = *parent.add_subcommand(name, description);
+        command.callback([this, words, run = std::move(run)] {
+            chosen_ = [words, run] { return run(*words); };
+        });
+        return {command, *words};
+    }
+    template <class Words>
+    Command<Words> add(const char* name, const char* description,
+                       std::function<int(const Words&)> run) {
+        return add<Words>(app_, name, description, std::move(run));
+    }
+    /// A command that has commands of its own, one of which is needed.
+    CLI::App& add_group(const char* name, const char* description, const char* notes) {
+        CLI::App& group = *app_.add_subcommand(name, description);
+        group.require_subcommand(1);
+        group.footer(notes);
+        return group;
+    }
 
-int settings_list_command(const CommonOptions& options);
-int settings_get_command(const std::string& key, const CommonOptions& options);
-int settings_set_command(const std::string& key, const std::string& value,
-                         const CommonOptions& options);
+    /// What the words of the user choose; empty where they name no command.
+    [[nodiscard]] const std::function<int()>& chosen() const { return chosen_; }
 
-/// `case_path` may be empty: the windows then open without a case.
-int desktop_command(int& argc, char** argv, const std::string& case_path,
-                    const CommonOptions& options);
+    /// The words as the user has written them, the name of the program first; null behind the last.
+    [[nodiscard]] char** words() const { return words_; }
+
+private:
+    CLI::App& app_;
+    char** words_;
+    std::function<int()> chosen_;
+};
+
+// One per file, <name>_command.cpp, which holds all of the command.
+void add_steady(CommandLine& line);
+void add_transient(CommandLine& line);
+void add_short_circuit(CommandLine& line);
+void add_desktop(CommandLine& line);
+void add_batch(CommandLine& line);
+void add_template(CommandLine& line);
+void add_settings(CommandLine& line);
+void add_conductor(CommandLine& line);
+
+// ---- what several commands have
+
+extern const char* const exit_statuses;  // of the commands that calculate a case
+
+void add_json_option(CLI::App& command, CommonOptions& options);
+/// "--json" and "--silent".
+void add_output(CLI::App& command, CommonOptions& options);
+void add_conductor_option(CLI::App& command, CommonOptions& options);
 
 }  // namespace zel

@@ -5,12 +5,11 @@
 #include "adapters/json/flat_json.h"
 #include "cli/case_listing.h"
 #include "cli/commands.h"
-#include "cli/conductor_source.h"
-#include "cli/json_case_store.h"
-#include "cli/program_stores.h"
 #include "persistence/case_file.h"
 #include "persistence/exchange_record.h"
 #include "platform/errors.h"
+#include "program/conductor_source.h"
+#include "program/stores.h"
 #include "workflow/rules/entry_rules.h"
 #include "workflow/rules/steady_check.h"
 #include "workflow/rules/transient_cells.h"
@@ -20,11 +19,21 @@ namespace {
 
 using nlohmann::ordered_json;
 
-int print_all(const std::string& document) {
-    if (print(document)) return exit_done;
-    Console::tell_reason("standard output cannot be written");
-    return exit_failed;
-}
+constexpr const char* conductor_notes =
+    "\n"
+    "A NAME is a designation such as 264-AL1/34-ST1A or 265/35, or both of them. An exchange\n"
+    "RECORD has 714 bytes; docs/conductors.md tells its layout. Own conductors stand in\n"
+    "conductors.csv in the data folder, in the form of the shipped library.\n";
+
+struct ListWords : CommonOptions {
+    std::string find{};  // words of the designation; empty for all
+    std::string sort{};  // key of a column; empty for the order of the library
+};
+
+struct ConductorWords : CommonOptions {
+    std::string what{};  // a name, a record or a case file
+    std::string path{};  // the record that is written
+};
 
 CalcCase case_with(const ConductorData& conductor) {
     CalcCase c;
@@ -164,8 +173,8 @@ int write_and_tell(const ConductorData& conductor, const std::string& path,
     const std::string record = written_record(conductor);
     PosixFiles().write(path, record);
     if (options.json)
-        return print_all(fragment_text(case_with(read_record(record, options.separator))));
-    return print_all(printable(conductor.Bezeichnung1_db) + " -> " + printable(path) + "\n");
+        return print_or_fail(fragment_text(case_with(read_record(record, options.separator))));
+    return print_or_fail(printable(conductor.Bezeichnung1_db) + " -> " + printable(path) + "\n");
 }
 
 /// A fragment may be a whole case: what has no place in a record is left out, and told.
@@ -198,52 +207,84 @@ ConductorData conductor_of_fragment(const std::string& path, const CommonOptions
     }
 }
 
-}  // namespace
-
-int conductor_list_command(const ConductorListing& wanted, const CommonOptions& options) {
+int list(const ListWords& words) {
     PosixFiles files;
-    const ConductorLibrary library = open_library(files, options.separator);
+    const ConductorLibrary library = open_library(files, words.separator);
     std::vector<const LibraryConductor*> list;
     for (const LibraryConductor& conductor : library.conductors())
-        if (matches(conductor, wanted.find)) list.push_back(&conductor);
-    if (!wanted.sort.empty()) sort_by(list, wanted.sort, options.separator);
-    if (!options.json) return print_all(list_text(list, options.lang));
+        if (matches(conductor, words.find)) list.push_back(&conductor);
+    if (!words.sort.empty()) sort_by(list, words.sort, words.separator);
+    if (!words.json) return print_or_fail(list_text(list, words.lang));
     ordered_json conductors = ordered_json::array();
     for (const LibraryConductor* conductor : list)
-        conductors.push_back(json_of(*conductor, options.lang));
-    return print_all(ordered_json{{"conductors", std::move(conductors)}}.dump(2) + "\n");
+        conductors.push_back(json_of(*conductor, words.lang));
+    return print_or_fail(ordered_json{{"conductors", std::move(conductors)}}.dump(2) + "\n");
 }
 
-std::vector<std::string> conductor_sort_keys() {
-    std::vector<std::string> keys;
-    for (const ListColumn& column : list_columns) keys.emplace_back(column.key);
-    return keys;
-}
-
-int conductor_pick_command(const std::string& name, const std::string& record,
-                           const CommonOptions& options) {
+int pick(const ConductorWords& words) {
     PosixFiles files;
-    const ConductorLibrary library = open_library(files, options.separator);
-    const LibraryConductor& found = find_conductor(library.conductors(), name);
+    const ConductorLibrary library = open_library(files, words.separator);
+    const LibraryConductor& found = find_conductor(library.conductors(), words.what);
     const std::string path =
-        record.empty() ? ProgramStores().settings().now().Einseil1_dat : record;
+        words.path.empty() ? ProgramStores().settings().now().Einseil1_dat : words.path;
     if (path.empty())
         throw InputError("no exchange file is set (Einseil1_dat); name one with -o RECORD");
-    return write_and_tell(found.c, path, options);
+    return write_and_tell(found.c, path, words);
 }
 
-int conductor_show_command(const std::string& record_or_name, const CommonOptions& options) {
-    const ChosenConductor chosen = choose_conductor(record_or_name, options.separator);
+int show(const ConductorWords& words) {
+    const ChosenConductor chosen = choose_conductor(words.what, words.separator);
     CalcCase c = case_with(chosen.data);
     const LibraryConductor* known = chosen.known ? &*chosen.known : nullptr;
-    if (options.json) return print_all(fragment_text(c));
-    if (known != nullptr) (void)take_offers(c, known->c, options);
-    return print_all(show_text(c, known, options.lang));
+    if (words.json) return print_or_fail(fragment_text(c));
+    if (known != nullptr) (void)take_offers(c, known->c, words);
+    return print_or_fail(show_text(c, known, words.lang));
 }
 
-int conductor_write_command(const std::string& fragment_path, const std::string& record,
-                            const CommonOptions& options) {
-    return write_and_tell(conductor_of_fragment(fragment_path, options), record, options);
+int write(const ConductorWords& words) {
+    return write_and_tell(conductor_of_fragment(words.what, words), words.path, words);
+}
+
+}  // namespace
+
+void add_conductor(CommandLine& line) {
+    CLI::App& conductor =
+        line.add_group("conductor", "The library of conductors, and records", conductor_notes);
+    const auto add = [&]<class Words>(const char* name, const char* description,
+                                      int (*run)(const Words&)) {
+        const auto command = line.add<Words>(conductor, name, description, run);
+        command.app.footer(conductor_notes);
+        add_output(command.app, command.words);
+        add_language(command.app, command.words.lang, command.words.separator);
+        return command;
+    };
+    std::vector<std::string> keys;
+    for (const ListColumn& column : list_columns) keys.emplace_back(column.key);
+    const auto listed = add("list", "The conductors of the library", list);
+    listed.app
+        .add_option("--find", listed.words.find, "Only those with these words in their designation")
+        ->option_text("WORDS");
+    listed.app.add_option("--sort", listed.words.sort, "Order by this column")
+        ->check(CLI::IsMember(keys))
+        ->option_text("COLUMN");
+
+    const auto picked = add("pick", "Write a conductor of the library as a record", pick);
+    picked.app.add_option("NAME", picked.words.what, "Designation of the conductor")->required();
+    picked.app
+        .add_option("-o", picked.words.path,
+                    "The record; without it the exchange file of the settings")
+        ->option_text("RECORD");
+    const auto shown =
+        add("show", "The conductor of a record, with --json as part of a case file", show);
+    shown.app.add_option("RECORD", shown.words.what, "The record, or the name of a conductor")
+        ->required();
+    const auto written = add("write", "Write the conductor of a case file as a record", write);
+    written.app
+        .add_option("FRAGMENT", written.words.what, "Case file (JSON) or a part of one, or -")
+        ->required();
+    written.app.add_option("-o", written.words.path, "The record")
+        ->required()
+        ->option_text("RECORD");
 }
 
 }  // namespace zel

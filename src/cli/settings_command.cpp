@@ -2,16 +2,27 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/commands.h"
-#include "cli/console.h"
-#include "cli/program_stores.h"
 #include "platform/errors.h"
 #include "platform/text/listing.h"
+#include "program/console.h"
+#include "program/stores.h"
 #include "shell/program_settings.h"
 
 namespace zel {
 namespace {
 
 using nlohmann::ordered_json;
+
+constexpr const char* settings_notes =
+    "\n"
+    "The settings are shared with the conductor database in the file flb_8261.ini; the languages\n"
+    "belong to the user alone. \"list\" shows both files, all keys, values and meanings. A key may be\n"
+    "written in capital or small letters. A value takes effect at the next start of the windows.\n";
+
+struct SettingsWords : CommonOptions {
+    std::string key{};
+    std::string value{};
+};
 
 const SettingRow& row_named(const std::string& key) {
     if (const SettingRow* row = find_setting(key)) return *row;
@@ -36,12 +47,6 @@ ordered_json json_of(const SettingRow& row, const Settings& settings) {
     return entry;
 }
 
-int print_all(const std::string& document) {
-    if (print(document)) return exit_done;
-    Console::tell_reason("standard output cannot be written");
-    return exit_failed;
-}
-
 std::string listing_of(const Settings& settings, const ProgramPaths& paths, LangId lang) {
     Listing listing;
     for (const SettingsHome home : {SettingsHome::Shared, SettingsHome::User}) {
@@ -56,30 +61,27 @@ std::string listing_of(const Settings& settings, const ProgramPaths& paths, Lang
     return listing.text();
 }
 
-}  // namespace
-
-int settings_list_command(const CommonOptions& options) {
+int list(const SettingsWords& words) {
     ProgramStores stores;
     const Settings settings = stores.settings();
-    if (!options.json) return print_all(listing_of(settings, stores.paths, options.lang));
-    ordered_json list = ordered_json::array();
+    if (!words.json) return print_or_fail(listing_of(settings, stores.paths, words.lang));
+    ordered_json rows = ordered_json::array();
     for (const SettingRow& row : setting_rows())
-        if (row.keeping == Keeping::Kept) list.push_back(json_of(row, settings));
-    return print_all(text_of({{"settings", std::move(list)}}));
+        if (row.keeping == Keeping::Kept) rows.push_back(json_of(row, settings));
+    return print_or_fail(text_of({{"settings", std::move(rows)}}));
 }
 
-int settings_get_command(const std::string& key, const CommonOptions& options) {
+int get(const SettingsWords& words) {
     ProgramStores stores;
     const Settings settings = stores.settings();
-    const SettingRow& row = row_named(key);
-    return print_all(options.json ? text_of(json_of(row, settings))
-                                  : text_of(settings.now(), row) + "\n");
+    const SettingRow& row = row_named(words.key);
+    return print_or_fail(words.json ? text_of(json_of(row, settings))
+                                    : text_of(settings.now(), row) + "\n");
 }
 
-int settings_set_command(const std::string& key, const std::string& value,
-                         const CommonOptions& options) {
-    const SettingRow& row = row_named(key);
-    const std::string entered = setting_entry(row, value);
+int set(const SettingsWords& words) {
+    const SettingRow& row = row_named(words.key);
+    const std::string entered = setting_entry(row, words.value);
     ProgramStores stores;
     Settings settings = stores.settings();
     try {
@@ -88,7 +90,27 @@ int settings_set_command(const std::string& key, const std::string& value,
     } catch (const OutputError& error) {
         throw InputError(error.what(), error.fault());
     }
-    return options.json ? print_all(text_of(json_of(row, settings))) : exit_done;
+    return words.json ? print_or_fail(text_of(json_of(row, settings))) : exit_done;
+}
+
+}  // namespace
+
+void add_settings(CommandLine& line) {
+    CLI::App& settings =
+        line.add_group("settings", "Read and write the persisted settings", settings_notes);
+    const auto add = [&](const char* name, const char* description,
+                         int (*run)(const SettingsWords&)) {
+        const auto command = line.add<SettingsWords>(settings, name, description, run);
+        add_json_option(command.app, command.words);
+        return command;
+    };
+    const auto all = add("list", "All settings with their values and meanings", list);
+    add_language(all.app, all.words.lang, all.words.separator);
+    const auto one = add("get", "The value of one setting", get);
+    one.app.add_option("KEY", one.words.key, "Name of the setting")->required();
+    const auto changed = add("set", "Change one setting", set);
+    changed.app.add_option("KEY", changed.words.key, "Name of the setting")->required();
+    changed.app.add_option("VALUE", changed.words.value, "New value")->required();
 }
 
 }  // namespace zel

@@ -1,13 +1,28 @@
-#include "cli/commands.h"
-#include "cli/console.h"
-#include "cli/json_case_store.h"
-#include "cli/messages_json.h"
-#include "cli/short_circuit_output.h"
+#include "cli/case_command.h"
+#include "cli/case_output.h"
 #include "platform/errors.h"
+#include "program/stores.h"
 #include "short_circuit/short_circuit_file.h"
 
 namespace zel {
 namespace {
+
+constexpr const char* short_circuit_notes =
+    "\n"
+    "Judges by IEC 865-1 / EN 60865-1 whether a bare conductor or a piece of electrical\n"
+    "equipment withstands a short circuit. The currents are given (with current-limiting\n"
+    "switchgear: Strombegrenzschalter_ks 2, with Ith and T_k) or computed (1, with IK2,\n"
+    "Kappa, Anzahl_KS_fluesse, Tk1 to Tk3, and IK near the generator).\n"
+    "\n"
+    "A case file is one JSON object, such as\n"
+    "  {\"Frequenz_ks\": 50, \"Strombegrenzschalter_ks\": 1, \"IK2\": \"12.5\", ...}\n"
+    "Numbers and texts go through the limits of their boxes; a Leitermaterial_ks of 1 to 7\n"
+    "fills the values of the material that are not given. See examples/ for whole cases and\n"
+    "docs/short-circuit.md for every field and formula.\n"
+    "\n"
+    "With --json standard output is one JSON document with full precision and with all\n"
+    "messages; without it, messages go to standard error. The texts of the checks and the\n"
+    "result are German in both languages.\n";
 
 ShortCircuitFile load_short_circuit_case(const std::string& path, const CommonOptions& options) {
     const FlatObject values = JsonCaseStore().load(path);
@@ -18,33 +33,49 @@ ShortCircuitFile load_short_circuit_case(const std::string& path, const CommonOp
     }
 }
 
-/// Why an input does not count, or why nothing was calculated; told in silent runs too.
-void tell(Console& console, const Box& box, const std::string& field, const std::string& path,
-          const CommonOptions& options) {
-    if (!options.silent)
-        console.show(box, field);
-    else if (field.empty())
-        Console::tell_reason(paragraph_of(box));
-    else
-        Console::tell_reason(path + ": " + field + ": " + box.lines.front());
-}
+class ShortCircuitCommand : public CaseRun {
+public:
+    explicit ShortCircuitCommand(const CaseWords& words)
+        : CaseRun(words), file_(load_short_circuit_case(words.case_path, words)) {}
+
+private:
+    int calculate() override {
+        for (const auto& [field, box] : file_.refused) tell(box, field);
+        run_ = RunShortCircuit(file_.form.content(), words().separator);
+        if (run_.refusal) {
+            if (!words().silent) console().show(run_.refusal->box);
+            return refused(run_.refusal->box);
+        }
+        return printed(file_.refused.empty());
+    }
+
+    /// Why an input does not count; told in silent runs too.
+    void tell(const Box& box, const std::string& field) {
+        if (words().silent)
+            Console::tell_reason(words().case_path + ": " + field + ": " + box.lines.front());
+        else
+            console().show(box, field);
+    }
+
+    [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
+        return short_circuit_document(run_, messages());
+    }
+    [[nodiscard]] std::string page() const override {
+        return short_circuit_page(file_.form.content(), run_, words());
+    }
+
+    ShortCircuitFile file_;
+    ShortCircuitRun run_;
+};
 
 }  // namespace
 
-int short_circuit_command(const std::string& case_path, const CommonOptions& options) {
-    Console console(options);
-    const ShortCircuitFile file = load_short_circuit_case(case_path, options);
-    for (const auto& [field, box] : file.refused) tell(console, box, field, case_path, options);
-    const ShortCircuitCase& c = file.form.content();
-    const ShortCircuitRun run = RunShortCircuit(c, options.separator);
-    if (run.refusal) {
-        tell(console, run.refusal->box, {}, case_path, options);
-        return options.json ? print_or_fail(refusal_document(console.messages()), exit_refused)
-                            : exit_refused;
-    }
-    return print_or_fail(options.json ? short_circuit_document(run, console.messages())
-                                      : short_circuit_page(c, run, options),
-                         file.refused.empty() ? exit_done : exit_failed);
+void add_short_circuit(CommandLine& line) {
+    const auto [command, words] = line.add<CaseWords>(
+        "short-circuit", "Judge a case: thermal short-circuit strength",
+        [](const CaseWords& given) { return ShortCircuitCommand(given).run(); });
+    add_case_word(command, words);
+    add_case_options(command, words, short_circuit_notes);
 }
 
 }  // namespace zel

@@ -1,5 +1,6 @@
-#include "cli/messages_json.h"
-#include "cli/short_circuit_output.h"
+#include <nlohmann/json.hpp>
+
+#include "cli/case_output.h"
 
 namespace zel {
 

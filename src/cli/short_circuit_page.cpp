@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "cli/short_circuit_output.h"
+#include "cli/case_output.h"
 #include "forms/ks_forms.h"
 #include "platform/text/listing.h"
 #include "shell/program_texts.h"

@@ -1,56 +1,64 @@
 #include <algorithm>
 
-#include "cli/case_source.h"
-#include "cli/commands.h"
-#include "cli/console.h"
-#include "cli/messages_json.h"
-#include "cli/program_stores.h"
-#include "cli/steady_output.h"
-#include "platform/errors.h"
+#include "cli/case_command.h"
+#include "cli/case_output.h"
+#include "program/case_source.h"
+#include "program/stores.h"
 #include "shell/case_settings.h"
-#include "workflow/run/steady_run.h"
 
 namespace zel {
 namespace {
 
-int status_of(const SteadyRunResult& result, const LoadedCase& loaded) {
-    const bool sound = std::all_of(result.methods.begin(), result.methods.end(),
-                                   [](const MethodResult& m) { return m.outcome.sound(); });
-    return sound && !loaded.text_refused ? exit_done : exit_failed;
-}
+constexpr const char* steady_notes =
+    "\n"
+    "The case says which of the two is given: the conductor temperature\n"
+    "(Leitertemp_Merker_db -1, with Leitertemp_db), and the current is sought; or the\n"
+    "current (Stromstaerke_Merker_db -1, with Stromstaerke_db; for a whole bundle also\n"
+    "Stromstaerkebuendel_Merker_db -1, with Stromstaerke_Buendel), and the temperature\n"
+    "is sought. Each selected method gives one result line.\n"
+    "\n"
+    "A case file is one JSON object of the fields of a case, such as\n"
+    "  {\"Windgeschwindigkeit_db\": 0.6, \"Seildurchmesser_db\": \"22.4\", ...}\n"
+    "A number is taken as it stands, a text is read as typed, with the separator of\n"
+    "--decimal. See examples/ for whole cases and docs/case-files.md for every field.\n"
+    "\n"
+    "With --json standard output is one JSON document with full precision and with all\n"
+    "messages; without it, messages go to standard error.\n";
 
-int refused(const SteadyRunResult& result, const CommonOptions& options, const Console& console) {
-    if (options.silent) Console::tell_reason(paragraph_of(result.refusal));
-    return options.json ? print_or_fail(refusal_document(console.messages()), exit_refused)
-                        : exit_refused;
-}
+class SteadyCommand : public CaseRun {
+public:
+    explicit SteadyCommand(const CaseWords& words)
+        : CaseRun(words), loaded_(load_case(words.case_path, words, console())) {}
 
-int ended(const SteadyRunResult& result, const ProgramEnd& end, const CommonOptions& options,
-          const Console& console) {
-    Console::tell_reason(std::string("the program had to end: ") + end.what());
-    return options.json ? print_or_fail(steady_document(result, console.messages(), end.what()),
-                                        exit_program_ended)
-                        : exit_program_ended;
-}
+private:
+    int calculate() override {
+        Session session = {words(), words().Meldung_merker(), console()};
+        take_settings(session, ProgramStores().settings().now());
+        RunSteady(loaded_.c, session, result_);
+        if (!result_.input_valid) return refused(result_.refusal);
+        for (const Box& box : result_.advice) session.tell(box);
+        return printed(!loaded_.text_refused && sound(result_));
+    }
+    [[nodiscard]] std::string document(std::string_view program_end) const override {
+        return steady_document(result_, messages(), program_end);
+    }
+    [[nodiscard]] std::string page() const override {
+        return steady_page(loaded_.c, result_, words());
+    }
+
+    LoadedCase loaded_;
+    SteadyRunResult result_;
+};
 
 }  // namespace
 
-int steady_command(const std::string& case_path, const CommonOptions& options) {
-    Console console(options);
-    LoadedCase loaded = load_case(case_path, options, console);
-    Session session = {options, options.Meldung_merker(), console};
-    take_settings(session, ProgramStores().settings().now());
-    SteadyRunResult result;
-    try {
-        RunSteady(loaded.c, session, result);
-    } catch (const ProgramEnd& end) {
-        return ended(result, end, options, console);
-    }
-    if (!result.input_valid) return refused(result, options, console);
-    for (const Box& box : result.advice) session.tell(box);
-    return print_or_fail(options.json ? steady_document(result, console.messages())
-                                      : steady_page(loaded.c, result, options),
-                         status_of(result, loaded));
+void add_steady(CommandLine& line) {
+    const auto [command, words] =
+        line.add<CaseWords>("steady", "Rate a case: steady current or temperature",
+                            [](const CaseWords& given) { return SteadyCommand(given).run(); });
+    add_case_word(command, words);
+    add_case_options(command, words, steady_notes);
+    add_conductor_option(command, words);
 }
 
 }  // namespace zel

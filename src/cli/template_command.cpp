@@ -1,48 +1,57 @@
-#include <algorithm>
-#include <array>
-
 #include "adapters/posix/text_file.h"
 #include "adapters/xlsx/new_xlsx.h"
-#include "cli/batch_command.h"
-#include "cli/conductor_source.h"
-#include "cli/console.h"
+#include "cli/commands.h"
 #include "excel_batch/template_design.h"
 #include "platform/errors.h"
+#include "program/conductor_source.h"
+#include "program/console.h"
 
 namespace zel {
 namespace {
 
 using excel_batch::WorkbookKind;
 
-struct KindName {
-    std::string_view name;
-    WorkbookKind kind;
+constexpr const char* template_notes =
+    "\n"
+    "KIND is steady-fix (all rows have the conductor of the sheet fixed_input), steady-var (each\n"
+    "row has its own conductor; run it with --conductor-columns on) or transient (PATL and TATL).\n"
+    "The workbook is labelled in the language of --lang. A file of that name is replaced.";
+
+struct TemplateWords : CommonOptions {
+    WorkbookKind kind{};
+    std::string path{};
 };
 
-constexpr std::array kind_names = {KindName{"steady-fix", WorkbookKind::SteadyFix},
-                                   KindName{"steady-var", WorkbookKind::SteadyVar},
-                                   KindName{"transient", WorkbookKind::Transient}};
+int write_template(const TemplateWords& words) {
+    std::optional<CalcCase> conductor;
+    if (!words.conductor.empty()) {
+        Console console(words);
+        take_conductor(conductor.emplace(), words.conductor, words, console);
+    }
+    write_text_file(words.path,
+                    new_xlsx(excel_batch::template_design(words.kind, words.lang, conductor),
+                             excel_batch::template_title(words.kind, words.lang)));
+    return exit_done;
+}
 
 }  // namespace
 
-int template_command(const TemplateOptions& wanted, const CommonOptions& options) {
-    const auto* const row = std::find_if(kind_names.begin(), kind_names.end(),
-                                         [&](const KindName& k) { return k.name == wanted.kind; });
-    const WorkbookKind kind = row->kind;
-    std::optional<CalcCase> conductor;
-    if (!options.conductor.empty()) {
-        Console console(options);
-        take_conductor(conductor.emplace(), options.conductor, options, console);
-    }
-    try {
-        write_text_file(wanted.path,
-                        new_xlsx(excel_batch::template_design(kind, options.lang, conductor),
-                                 excel_batch::template_title(kind, options.lang)));
-    } catch (const OutputError& error) {
-        Console::tell_reason(error.what());
-        return exit_refused;
-    }
-    return exit_done;
+void add_template(CommandLine& line) {
+    const auto [command, words] =
+        line.add<TemplateWords>("template", "Write an empty workbook to fill in", write_template);
+    add_choice<WorkbookKind>(command, "KIND", words.kind,
+                             {{"steady-fix", WorkbookKind::SteadyFix},
+                              {"steady-var", WorkbookKind::SteadyVar},
+                              {"transient", WorkbookKind::Transient}},
+                             "What it is for")
+        ->required()
+        ->option_text("steady-fix|steady-var|transient REQUIRED");
+    command.add_option("-o", words.path, "File to be written")
+        ->required()
+        ->option_text("FILE.xlsx REQUIRED");
+    command.footer(template_notes);
+    add_language(command, words.lang, words.separator);
+    add_conductor_option(command, words);
 }
 
 }  // namespace zel

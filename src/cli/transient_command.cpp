@@ -1,13 +1,7 @@
-#include <algorithm>
-
-#include "cli/case_source.h"
-#include "cli/commands.h"
-#include "cli/console.h"
-#include "cli/messages_json.h"
-#include "cli/program_stores.h"
-#include "cli/steady_output.h"
-#include "cli/transient_output.h"
-#include "platform/errors.h"
+#include "cli/case_command.h"
+#include "cli/case_output.h"
+#include "program/case_source.h"
+#include "program/stores.h"
 #include "shell/case_settings.h"
 #include "steady/case/case_fields.h"
 #include "workflow/run/transient_text.h"
@@ -15,31 +9,32 @@
 namespace zel {
 namespace {
 
-/// One run of the command.
-class TransientCommand {
+constexpr const char* transient_notes =
+    "\n"
+    "The case is rated as by \"zel steady\"; from that steady state its changes of state\n"
+    "are followed, one after the other: Z1_merker_db to Z6_merker_db say what is sought\n"
+    "in each (1 the current, 2 the temperature, 3 the time), Zn_Strom_db (A, of one\n"
+    "sub-conductor), Zn_TEMP_db (°C), Zn_min_db and Zn_sec_db give the other two. By\n"
+    "Cigre TB 207 or the busbar method where one of them is selected, else by TB 601.\n"
+    "\n"
+    "See examples/transient-twin-264-34.json. Output and messages are as of \"zel steady\".\n";
+
+struct TransientWords : CaseWords {
+    bool series = false;  // the course of the temperature is told too
+};
+
+class TransientCommand : public CaseRun {
 public:
-    TransientCommand(const std::string& case_path, bool series, const CommonOptions& options)
-        : options_(options),
-          console_(options),
-          loaded_(load_case(case_path, options, console_)),
-          session_{options, options.Meldung_merker(), console_, &memory_},
-          wants_series_(series) {
+    explicit TransientCommand(const TransientWords& words)
+        : CaseRun(words),
+          loaded_(load_case(words.case_path, words, console())),
+          session_{words, words.Meldung_merker(), console(), &memory_},
+          wants_series_(words.series) {
         take_settings(session_, ProgramStores().settings().now());
     }
 
-    int run() {
-        try {
-            return calculate();
-        } catch (const ProgramEnd& end) {
-            Console::tell_reason(std::string("the program had to end: ") + end.what());
-            report_.program_end = end.what();
-            return options_.json ? print_or_fail(document(), exit_program_ended)
-                                 : exit_program_ended;
-        }
-    }
-
 private:
-    int calculate() {
+    int calculate() override {
         CalcCase& c = loaded_.c;
         RunSteady(c, session_, steady_);
         if (!steady_.input_valid) return refused(steady_.refusal);
@@ -50,8 +45,10 @@ private:
         if (report_.method && !basis_.start) return without_start();
         RunTransient(c, basis_, session_, {}, report_.run);
         if (!report_.run.input_valid) return page_refused(report_.run.refusal);
+        ran_ = true;
         if (wants_series_) report_.series = transient_series(c, basis_, report_.run, session_);
-        return print_or_fail(options_.json ? document() : page(), status());
+        return printed(!loaded_.text_refused && sound(steady_) &&
+                       report_.run.end == TransientEnd::Completed);
     }
 
     /// The steady state failed, which its boxes told, or would have.
@@ -59,46 +56,30 @@ private:
         for (const MethodResult& line : steady_.methods)
             if (!line.outcome.status.empty())
                 Console::tell_reason(std::string(key_of(line.method)) + ": " + line.outcome.status);
-        return print_or_fail(options_.json ? document() : steady_page(loaded_.c, steady_, options_),
-                             exit_failed);
+        return printed(false);
     }
 
     int page_refused(const TransientRefusal& refusal) {
         const std::string field = refusal.row ? name_of(*refusal.row, refusal.cell) : std::string();
-        if (!options_.silent) console_.show(refusal.box, field);
+        if (!words().silent) console().show(refusal.box, field);
         return refused(refusal.box);
     }
 
-    int refused(const Box& box) {
-        if (options_.silent) Console::tell_reason(paragraph_of(box));
-        return options_.json ? print_or_fail(refusal_document(console_.messages()), exit_refused)
-                             : exit_refused;
+    [[nodiscard]] std::string document(std::string_view program_end) const override {
+        return transient_document(report_, messages(), program_end);
     }
-
-    [[nodiscard]] int status() const {
-        const bool sound = std::all_of(steady_.methods.begin(), steady_.methods.end(),
-                                       [](const MethodResult& m) { return m.outcome.sound(); });
-        const bool completed = report_.run.end == TransientEnd::Completed;
-        return sound && completed && !loaded_.text_refused ? exit_done : exit_failed;
-    }
-
-    [[nodiscard]] std::string document() const {
-        return transient_document(report_, console_.messages());
-    }
-
-    [[nodiscard]] std::string page() const {
-        std::string text = steady_page(loaded_.c, steady_, options_) + "\n" +
-                           transient_text(report_.run, loaded_.c, options_);
-        if (report_.series) text += series_text(*report_.series, options_);
+    [[nodiscard]] std::string page() const override {
+        std::string text = steady_page(loaded_.c, steady_, words());
+        if (ran_) text += "\n" + transient_text(report_.run, loaded_.c, words());
+        if (report_.series) text += series_text(*report_.series, words());
         return text;
     }
 
-    const CommonOptions& options_;
-    Console console_;
     LoadedCase loaded_;
     MethodMemory memory_;
     Session session_;
     bool wants_series_;
+    bool ran_ = false;  // the changes of state did, the failed one included
     SteadyRunResult steady_;
     TransientBasis basis_;
     TransientReport report_;
@@ -106,8 +87,14 @@ private:
 
 }  // namespace
 
-int transient_command(const std::string& case_path, bool series, const CommonOptions& options) {
-    return TransientCommand(case_path, series, options).run();
+void add_transient(CommandLine& line) {
+    const auto [command, words] = line.add<TransientWords>(
+        "transient", "Follow a case through its changes of state",
+        [](const TransientWords& given) { return TransientCommand(given).run(); });
+    add_case_word(command, words);
+    command.add_flag("--series", words.series, "Tell the temperature over time too");
+    add_case_options(command, words, transient_notes);
+    add_conductor_option(command, words);
 }
 
 }  // namespace zel

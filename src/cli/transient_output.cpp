@@ -1,6 +1,6 @@
-#include "cli/transient_output.h"
+#include <nlohmann/json.hpp>
 
-#include "cli/messages_json.h"
+#include "cli/case_output.h"
 #include "platform/text/listing.h"
 #include "workflow/run/transient_text.h"
 
@@ -36,15 +36,15 @@ ordered_json series_entry(const RowSeries& row) {
 
 }  // namespace
 
-std::string transient_document(const TransientReport& report,
-                               const std::vector<Message>& messages) {
+std::string transient_document(const TransientReport& report, const std::vector<Message>& messages,
+                               std::string_view program_end) {
     ordered_json start = nullptr;
     if (report.start)
         start = {{"current_A", report.start->current},
                  {"temperature_C", report.start->temperature}};
     ordered_json rows = ordered_json::array();
     // Rows of a run that ended the program hold no results.
-    const std::size_t count = report.program_end.empty() ? report.run.rows_run() : 0;
+    const std::size_t count = program_end.empty() ? report.run.rows_run() : 0;
     for (std::size_t i = 0; i < count; ++i)
         rows.push_back(row_entry(report.run.rows[i], i + 1, report.run.texts[i].total));
     ordered_json document = {
@@ -57,7 +57,7 @@ std::string transient_document(const TransientReport& report,
         document["series"] = ordered_json::array();
         for (const RowSeries& row : *report.series) document["series"].push_back(series_entry(row));
     }
-    if (!report.program_end.empty()) document["program_end"] = report.program_end;
+    if (!program_end.empty()) document["program_end"] = program_end;
     return text_of(document);
 }
 

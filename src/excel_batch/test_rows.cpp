@@ -6,7 +6,6 @@
 #include <random>
 
 #include "excel_batch/batch_rows.h"
-#include "excel_batch/identifier_check.h"
 #include "excel_batch/workbook_contract.h"
 #include "platform/text/number_text.h"
 

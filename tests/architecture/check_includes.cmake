@@ -44,8 +44,9 @@ foreach(theme IN ITEMS short_circuit conductors batch)
     folder(desktop/${theme} desktop/frame)
 endforeach()
 folder(desktop/line desktop/conductors)
-folder(desktop desktop/line desktop/short_circuit desktop/conductors desktop/batch)
-folder(cli desktop)  # and every adapter
+folder(program persistence)  # and every adapter
+folder(desktop desktop/line desktop/short_circuit desktop/conductors desktop/batch program)
+folder(cli forms program)  # and every adapter
 
 set(qt_folders "^(desktop|desktop/.*|adapters/(qt_canvas|serial))$")
 # No streams, JSON, options:
@@ -89,7 +90,7 @@ function(refusal path own name quoted result)
         set(reach ${reach_${own}})
         if(own MATCHES "^adapters/")
             set(reach platform platform/text ${own})
-        elseif(own STREQUAL "cli" AND folder MATCHES "^adapters/")
+        elseif(own MATCHES "^(cli|program)$" AND folder MATCHES "^adapters/")
             set(reach ${folder})
         endif()
         if(NOT folder IN_LIST reach)

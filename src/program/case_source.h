@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "cli/console.h"
+#include "program/console.h"
 #include "steady/case/calc_case.h"
 
 namespace zel {

@@ -1,4 +1,4 @@
-#include "cli/console.h"
+#include "program/console.h"
 
 #include <algorithm>
 #include <cstdio>

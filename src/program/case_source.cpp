@@ -1,9 +1,9 @@
-#include "cli/case_source.h"
+#include "program/case_source.h"
 
-#include "cli/conductor_source.h"
-#include "cli/json_case_store.h"
 #include "persistence/case_file.h"
 #include "platform/errors.h"
+#include "program/conductor_source.h"
+#include "program/stores.h"
 #include "workflow/rules/entry_rules.h"
 #include "workflow/rules/transient_cells.h"
 

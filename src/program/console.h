@@ -4,10 +4,30 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/options.h"
 #include "platform/message_box.h"
+#include "platform/text/locale.h"
+#include "steady/steady_report.h"
 
 namespace zel {
+
+/// What a command ends with, for scripts.
+enum ExitStatus : int {
+    exit_done = 0,           // the command did its work
+    exit_failed = 1,         // it ran, but a selected method, row or field ended in an error
+    exit_refused = 2,        // the input was refused, nothing was calculated or written
+    exit_program_ended = 3,  // the calculation had to end the program
+};
+
+/// The options that every command takes.
+struct CommonOptions : Locale {
+    bool json = false;
+    bool silent = false;
+    std::string conductor{};  // record or name of the one that the case takes; empty for its own
+
+    [[nodiscard]] RunMode Meldung_merker() const {
+        return silent ? RunMode::Silent : RunMode::Messages;
+    }
+};
 
 /// A box as a run on the command line met it; `field` names the key of a case file that it is
 /// about, where there is one.
@@ -50,6 +70,6 @@ private:
 
 /// Writes `document` to standard output and gives `status`; where it could not all be written, that
 /// is told and the status is a failure.
-[[nodiscard]] int print_or_fail(std::string_view document, int status);
+[[nodiscard]] int print_or_fail(std::string_view document, int status = exit_done);
 
 }  // namespace zel

@@ -1,8 +1,8 @@
-#include "cli/conductor_source.h"
+#include "program/conductor_source.h"
 
-#include "cli/program_stores.h"
 #include "persistence/exchange_record.h"
 #include "platform/errors.h"
+#include "program/stores.h"
 
 namespace zel {
 namespace {
@@ -15,13 +15,8 @@ std::string record_in(PosixFiles& files, const std::string& path) {
 
 }  // namespace
 
-LibraryPlaces library_places() {
-    return {program_folder() + "/../share/zel",
-            ProgramStores().paths.data_folder + "/conductors.csv"};
-}
-
 ConductorLibrary open_library(Files& files, DecimalSeparator separator) {
-    ConductorLibrary library(files, library_places(), separator);
+    ConductorLibrary library(files, library_places(ProgramStores().paths), separator);
     if (!library.refusal_of_own().empty()) throw InputError(library.refusal_of_own());
     return library;
 }

@@ -4,14 +4,10 @@
 #include <string>
 
 #include "adapters/posix/posix_files.h"
-#include "cli/console.h"
 #include "persistence/conductor_library.h"
+#include "program/console.h"
 
 namespace zel {
-
-/// Where the conductors of the library stand: the shipped ones in share/zel beside the folder of
-/// the program (of a build as of an installation), the user's own in the data folder.
-[[nodiscard]] LibraryPlaces library_places();
 
 /// The library. Throws `InputError` where either of its files is refused.
 [[nodiscard]] ConductorLibrary open_library(Files& files, DecimalSeparator separator);

@@ -1,5 +1,10 @@
-#include "cli/messages_json.h"
-#include "cli/steady_output.h"
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "cli/case_listing.h"
+#include "cli/case_output.h"
+#include "shell/program_texts.h"
+#include "workflow/run/steady_texts.h"
 
 namespace zel {
 namespace {
@@ -39,6 +44,11 @@ ordered_json json_of(const MethodResult& line) {
 
 }  // namespace
 
+bool sound(const SteadyRunResult& result) {
+    return std::all_of(result.methods.begin(), result.methods.end(),
+                       [](const MethodResult& m) { return m.outcome.sound(); });
+}
+
 std::string steady_document(const SteadyRunResult& result, const std::vector<Message>& messages,
                             std::string_view program_end) {
     ordered_json methods = ordered_json::array();
@@ -58,6 +68,13 @@ std::string steady_document(const SteadyRunResult& result, const std::vector<Mes
                              {"transient_start", std::move(start)}};
     if (!program_end.empty()) document["program_end"] = program_end;
     return text_of(document);
+}
+
+std::string steady_page(const CalcCase& c, const SteadyRunResult& result,
+                        const CommonOptions& options) {
+    const LangId lang = options.lang;
+    return std::string(short_name.in(lang)) + "   " + std::string(long_title.in(lang)) + "\n" +
+           case_listing(c, case_form_sections(), lang) + "\n" + result_text(result, lang);
 }
 
 }  // namespace zel

@@ -1,0 +1,59 @@
+#include "cli/case_command.h"
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "cli/case_output.h"
+#include "platform/errors.h"
+
+namespace zel {
+
+using nlohmann::ordered_json;
+
+ordered_json json_of(const std::vector<Message>& messages) {
+    ordered_json list = ordered_json::array();
+    for (const Message& message : messages) {
+        ordered_json entry = {{"icon", name_of(message.box.icon)},
+                              {"title", message.box.title},
+                              {"lines", message.box.lines}};
+        if (!message.field.empty()) entry["field"] = message.field;
+        list.push_back(std::move(entry));
+    }
+    return list;
+}
+
+std::string text_of(const ordered_json& document) { return document.dump(2) + "\n"; }
+
+void add_case_word(CLI::App& command, CaseWords& words) {
+    command.add_option("CASE", words.case_path, "Case file (JSON), or - for standard input")
+        ->required();
+}
+
+void add_case_options(CLI::App& command, CaseWords& words, const char* notes) {
+    add_output(command, words);
+    add_language(command, words.lang, words.separator);
+    command.footer(notes + std::string("\n") + exit_statuses);
+}
+
+int CaseRun::run() {
+    try {
+        return calculate();
+    } catch (const ProgramEnd& end) {
+        Console::tell_reason(std::string("the program had to end: ") + end.what());
+        return words_.json ? print_or_fail(document(end.what()), exit_program_ended)
+                           : exit_program_ended;
+    }
+}
+
+int CaseRun::printed(bool sound) const {
+    return print_or_fail(words_.json ? document({}) : page(), sound ? exit_done : exit_failed);
+}
+
+int CaseRun::refused(const Box& box) const {
+    if (words_.silent) Console::tell_reason(paragraph_of(box));
+    if (!words_.json) return exit_refused;
+    return print_or_fail(text_of({{"input_valid", false}, {"messages", json_of(messages())}}),
+                         exit_refused);
+}
+
+}  // namespace zel

@@ -1,0 +1,60 @@
+#include <utility>
+
+#include "desktop/desktop.h"
+#include "platform/errors.h"
+#include "program/case_source.h"
+#include "program/command_line.h"
+#include "program/stores.h"
+#include "shell/startup.h"
+
+namespace zel {
+namespace {
+
+/// What cannot be made is missing when start-up reads it, which tells so.
+void start_companion(ProgramStores& stores) {
+    try {
+        start_companion_once(stores);
+    } catch (const OutputError& error) {
+        Console::tell_reason(error.what());
+    }
+}
+
+int open_windows(int& argc, char** argv, const DesktopWords& words) {
+    ProgramStores stores;
+    Settings settings = stores.settings();
+    CommonOptions options;
+    options.lang = words.lang.value_or(stored_choice(settings.now()).lang);
+    options.separator = words.separator.value_or(system_separator());
+    DesktopOptions desktop = {words.lang, options.separator};
+    if (!words.case_path.empty()) {
+        Console console(options);
+        desktop.start_case = load_case(words.case_path, options, console).c;
+        if (words.case_path != "-") desktop.start_path = words.case_path;
+    }
+    JsonCaseStore cases;
+    XlsxStore workbooks;
+    return run_desktop(argc, argv, std::move(desktop),
+                       {cases,
+                        workbooks,
+                        settings,
+                        stores.system,
+                        stores.paths.data_folder,
+                        {stores.paths.data_folder, document_folder()},
+                        [&stores] { start_companion(stores); },
+                        {&stores.disk, library_places(stores.paths)}});
+}
+
+}  // namespace
+}  // namespace zel
+
+/// The program of the windows. "zel desktop" becomes it, with the words behind "desktop".
+int main(int argc, char** argv) {
+    using namespace zel;
+    return guarded([&] {
+        DesktopWords words;
+        CLI::App app("Open the windows", "zel desktop");
+        add_desktop_words(app, words);
+        if (const auto status = refused_words(app, argc, argv)) return *status;
+        return open_windows(argc, argv, words);
+    });
+}

@@ -1,0 +1,46 @@
+#include "program/command_line.h"
+
+#include <exception>
+#include <sstream>
+
+#include "platform/errors.h"
+
+namespace zel {
+
+void add_desktop_words(CLI::App& command, DesktopWords& words) {
+    command.add_option("CASE", words.case_path, "Case file (JSON) to start with");
+    add_language(command, words.lang, words.separator);
+    command.footer(
+        "\nEnds with 0 when the windows are closed, with 1 without a display, with 2 where the case\n"
+        "is refused, and with 3 where a calculation had to end the program.");
+}
+
+std::optional<int> refused_words(CLI::App& app, int argc, char** argv) {
+    try {
+        app.parse(argc, argv);
+        return std::nullopt;
+    } catch (const CLI::ParseError& error) {
+        std::ostringstream help;
+        std::ostringstream refusal;
+        if (app.exit(error, help, refusal) == 0) return print(help.str()) ? exit_done : exit_failed;
+        Console::tell_reason(refusal.str());
+        return exit_refused;
+    }
+}
+
+int guarded(const std::function<int()>& body) {
+    try {
+        return body();
+    } catch (const InputError& error) {
+        Console::tell_reason(error.what());
+        return exit_refused;
+    } catch (const OutputError& error) {
+        Console::tell_reason(error.what());
+        return exit_refused;
+    } catch (const std::exception& error) {
+        Console::tell_reason(std::string("unexpected failure: ") + error.what());
+        return exit_failed;
+    }
+}
+
+}  // namespace zel

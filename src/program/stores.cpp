@@ -1,0 +1,56 @@
+#include "program/stores.h"
+
+#include <filesystem>
+
+#include "adapters/json/flat_json.h"
+#include "adapters/posix/text_file.h"
+#include "adapters/posix/workbook_file.h"
+#include "adapters/xlsx/xlsx_workbook.h"
+#include "persistence/conductor_link.h"
+#include "platform/errors.h"
+
+namespace zel {
+
+void start_companion_once(ProgramStores& stores) {
+    if (stores.disk.exists(stores.paths.shared_settings_file)) return;
+    make_folder(stores.paths.data_folder);
+    create_companion_files(stores.disk, stores.paths.companion_folder, program_folder() + "/zel",
+                           stores.shared);
+}
+
+LibraryPlaces library_places(const ProgramPaths& paths) {
+    return {program_folder() + "/../share/zel", paths.data_folder + "/conductors.csv"};
+}
+
+std::string document_folder() {
+    return std::filesystem::path(program_folder()).parent_path() / "share/doc/zel";
+}
+
+bool JsonCaseStore::has(const std::string& path) { return file_exists(path); }
+
+FlatObject JsonCaseStore::load(const std::string& path) {
+    const std::string text = read_text_file(path);
+    try {
+        return parse_flat_json(text);
+    } catch (const InputError& error) {
+        throw InputError(path + ": " + error.what());
+    }
+}
+
+void JsonCaseStore::save(const std::string& path, const FlatObject& values) {
+    write_text_file(path, print_flat_json(values));
+}
+
+std::unique_ptr<Workbook> XlsxStore::open(const std::string& path) {
+    auto file = std::make_shared<WorkbookFile>(path);
+    const std::string bytes = file->read();
+    return open_xlsx(path, bytes, [file](std::string_view changed) { file->replace(changed); });
+}
+
+std::string XlsxStore::real_path(const std::string& path) {
+    std::error_code failed;
+    const std::filesystem::path real = std::filesystem::weakly_canonical(path, failed);
+    return failed ? path : real.string();
+}
+
+}  // namespace zel
