@@ -4,6 +4,7 @@
 #include "tb601_transient/transient/start_table.h"
 #include "tb601_transient/transient/transient_report.h"
 #include "tb601_transient/transient/transient_series.h"
+#include "tb601_transient/transient/transient_stepping.h"
 #include "tb601_transient/transient/transient_texts.h"
 
 namespace zel {
@@ -89,11 +90,68 @@ json steps_of_current(std::vector<TransientRow> given, int n) {
     return steps;
 }
 
+/// A row of kind, current, temperature, minutes and seconds; a list of one number is a temperature
+/// above that of the start.
+TransientRow row_of(const json& given, double T0) {
+    const double T = given[2].is_array() ? T0 + given[2][0].get<double>() : given[2].get<double>();
+    return {given[0], given[1], T, given[3], given[4], 0, 0};
+}
+
+/// What comes of a chain of rows: how it ends, the rows found, the titles and first lines of boxes.
+template <class Transient>
+json run_chain(Transient t, const json& rows, const json& options) {
+    const double T0 = t.input.start.temperature;
+    if (options.contains("start")) t.input.start.temperature = row_of(options["start"], T0).Temp;
+    t.mode = RunMode{options.value<std::int16_t>("mode", 1)};
+    t.input.mass.ConductorType = options.value("type of mass", t.input.mass.ConductorType);
+    if (options.contains("answers")) t.dialogs.answers = {Answer::Yes};
+    std::transform(rows.begin(), rows.end(), t.rows.begin(),
+                   [&](const json& row) { return row_of(row, T0); });
+    json told = {{"rows", json::array()}, {"boxes", json::array()}};
+    try {
+        constexpr std::array ends = {"completed", "failed", "cancelled"};
+        told["end"] = ends.at(static_cast<std::size_t>(t.run()));
+    } catch (const ProgramEnd& end) {
+        told["end"] = end.what();
+    }
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        told["rows"].push_back({t.rows[i].Strom, t.rows[i].Temp, t.rows[i].Min, t.rows[i].Sec,
+                                t.rows[i].Failed, t.rows[i].Direction});
+    for (const Box& box : t.dialogs.shown) told["boxes"].push_back({box.title, box.lines.at(0)});
+    return told;
+}
+
+json chain(std::string by, json fields, json options, json rows) {
+    CalcCase c = with_masses(by == "601" ? line_264_34() : twin_264_34());
+    if (by == "tube") c.rechnung_cigre207_merker_db = 0, c.rechnung_TBB_merker_db = 1;
+    set_fields(c, fields);
+    const double current = options.value("current", 400.0);
+    if (by == "601") return run_chain(Tb601Transient(c, current), rows, options);
+    return run_chain(Tb207Transient(c, current), rows, options);
+}
+
+struct NoModel {
+    using State = int;
+};
+
+/// One round over currents of 100, 200 and 400 A that reached `T`: the difference, null outside the
+/// bracket, and the currents after it. `margin` 0 is by TB 207, in 32 bits where `single`.
+json search_round(std::array<double, 3> T, double target, double margin, bool single) {
+    Bracket<NoModel> bracket(100, 200, 400);
+    for (std::size_t k = 0; k < T.size(); ++k) bracket.it[k].T = T[k];
+    const Round round =
+        margin == 0 ? narrow_tb207(bracket, target)
+        : single ? narrow_tb601(bracket, static_cast<float>(target), static_cast<float>(margin), 7)
+                 : narrow_tb601(bracket, target, margin, 7);
+    const auto& it = bracket.it;
+    return {round.in_bracket ? json(round.difference) : json(), it[0].I, it[1].I, it[2].I};
+}
+
 TEST(TransientFormulas, have_the_values_of_their_rows) {
     expect_formulas("transient_formulas",
-                    {ZEL_FORMULA(heat_capacity), ZEL_FORMULA(TS_InitialCurrents),
-                     ZEL_FORMULA(excel_start_factors), ZEL_FORMULA(row_failure),
-                     ZEL_FORMULA(shown_rows), ZEL_FORMULA(time_text),
+                    {ZEL_FORMULA(chain), ZEL_FORMULA(search_round), ZEL_FORMULA(heat_capacity),
+                     ZEL_FORMULA(TS_InitialCurrents), ZEL_FORMULA(excel_start_factors),
+                     ZEL_FORMULA(row_failure), ZEL_FORMULA(shown_rows), ZEL_FORMULA(time_text),
                      ZEL_FORMULA(steps_of_current)});
 }
 

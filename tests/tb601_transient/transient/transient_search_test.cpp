@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <optional>
-
 #include "tb601_transient/transient/transient_stepping.h"
 
-// The rounds of the search for a current, over conductors made for it.
+// The rounds of the search for a current, over conductors made for it; one round stands
+// in tests/data/transient_formulas.json.
 
 namespace zel {
 namespace {
@@ -91,83 +90,6 @@ TEST(TransientSearch, the_last_round_counts_by_one_method_only) {
             [](double, double, double) {});
         EXPECT_EQ(end, counts ? SearchEnd::Found : SearchEnd::TooManyRounds);
     }
-}
-
-// --- one round ----------------------------------------------------------------------------------
-
-ScriptedBracket bracket_at(double T1, double T2, double T3) {
-    ScriptedBracket bracket(100, 200, 400);
-    bracket.it[0].T = T1;
-    bracket.it[1].T = T2;
-    bracket.it[2].T = T3;
-    return bracket;
-}
-
-struct RoundRow {
-    double T1, T2, T3, target;
-    std::optional<double> difference;  // none: outside the bracket
-    double I1, I2, I3;
-};
-
-void expect_round(const RoundRow& row, const ScriptedBracket& bracket, const Round& round,
-                  double tolerance) {
-    SCOPED_TRACE(testing::Message() << row.T1 << " " << row.T2 << " " << row.T3);
-    EXPECT_EQ(round.in_bracket, row.difference.has_value());
-    EXPECT_NEAR(round.difference, row.difference.value_or(0), tolerance);
-    EXPECT_EQ(bracket.it[0].I, row.I1);
-    EXPECT_EQ(bracket.it[1].I, row.I2);
-    EXPECT_EQ(bracket.it[2].I, row.I3);
-}
-
-// The middle moves on even where it was near enough: the current told is one that was not tried.
-TEST(TransientRound, by_TB_207_takes_the_half_that_holds_the_target) {
-    const RoundRow rows[] = {
-        {50, 70, 90, 60, 10, 100, 150, 200},
-        {50, 70, 90, 50, 20, 100, 150, 200},
-        {50, 70, 90, 70, 0, 100, 150, 200},
-        {50, 70, 90, 70.05, 0.05, 200, 300, 400},
-        {50, 70, 90, 90, 20, 200, 300, 400},
-        {50, 70, 90, 49.9, std::nullopt, 100, 200, 400},
-        {50, 70, 90, 90.1, std::nullopt, 100, 200, 400},
-    };
-    for (const RoundRow& row : rows) {
-        ScriptedBracket bracket = bracket_at(row.T1, row.T2, row.T3);
-        const Round round = narrow_tb207(bracket, row.target);
-        expect_round(row, bracket, round, 1e-9);
-    }
-}
-
-TEST(TransientRound, by_TB_601_a_near_point_ends_the_search_with_its_current) {
-    const RoundRow rows[] = {
-        {50, 70, 90, 49.9, 0.1, 100, 100, 400},
-        {50, 70, 90, 70.1, 0.1, 100, 200, 400},
-        {50, 70, 90, 90.1, 0.1, 100, 400, 400},
-        {50, 70, 90, 60, 10, 100, 150, 200},
-        {50, 70, 90, 80, 10, 200, 300, 400},
-        {50, 70, 90, 70.3, 0.3, 200, 300, 400},
-        {50, 70, 90, 49.7, std::nullopt, 100, 200, 400},
-        {50, 70, 90, 90.3, std::nullopt, 100, 200, 400},
-    };
-    for (const RoundRow& row : rows) {
-        ScriptedBracket bracket = bracket_at(row.T1, row.T2, row.T3);
-        const Round round = narrow_tb601(bracket, row.target, 0.1, 7);
-        expect_round(row, bracket, round, 1e-9);
-        ScriptedBracket narrow = bracket_at(row.T1, row.T2, row.T3);
-        const auto target = static_cast<float>(row.target);
-        expect_round(row, narrow, narrow_tb601(narrow, target, 0.2F, 7), 1e-5);
-    }
-}
-
-// In 32 bits a target of 0.2 K below the bracket is neither near nor outside: nothing moves.
-TEST(TransientRound, of_the_batch_compares_in_32_bits) {
-    ScriptedBracket bracket = bracket_at(30, 70, 90);
-    const Round round = narrow_tb601(bracket, 30 - 0.2F, 0.2F, 7);
-    EXPECT_TRUE(round.in_bracket);
-    EXPECT_EQ(bracket.it[1].I, 200);
-    EXPECT_EQ(round.difference, 7);
-
-    ScriptedBracket wide = bracket_at(30, 70, 90);
-    EXPECT_FALSE(narrow_tb601(wide, 29.79, 0.1, 7).in_bracket);
 }
 
 }  // namespace

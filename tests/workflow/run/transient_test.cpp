@@ -3,19 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "fakes/scripted_dialogs.h"
 #include "fakes/transient_cases.h"
 #include "workflow/run/transient_memory.h"
-#include "workflow/run/transient_text.h"
 
 namespace zel {
 namespace {
 
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 using testing::SizeIs;
 
 class TransientTest : public testing::Test {
@@ -68,46 +62,6 @@ TEST(TransientMethod, tb207_goes_before_the_busbar_method_and_that_before_tb601)
     EXPECT_EQ(transient_method(c), Method::TB207);
 }
 
-TEST_F(TransientTest, steady_current_is_the_whole_number_shown_shared_by_the_bundle) {
-    CalcCase c = bundle_with_rows({});
-    steady(c);
-    EXPECT_EQ(kept.basis().Is_TB207, 1331.0 / 2);  // the page shows 1331 A
-    EXPECT_EQ(kept.basis().Is_TB601, 0);           // not selected
-    EXPECT_NEAR(kept.basis().start->current, 665.5, 0.1);
-    EXPECT_EQ(kept.basis().start->temperature, 80);
-}
-
-TEST_F(TransientTest, given_current_is_the_steady_current) {
-    CalcCase c = twin_264_34_at(400.25);
-    steady(c);
-    EXPECT_EQ(kept.basis().Is_TB207, 400.25);
-    EXPECT_EQ(kept.basis().start->current, 400.25);
-}
-
-TEST_F(TransientTest, tb207_sets_the_start_last_where_the_current_was_sought) {
-    CalcCase c = line_with_rows({});
-    select(c, {Method::TB601});
-    steady(c);
-    const double by_601 = kept.basis().start->current;
-    select(c, {Method::TB601, Method::TB207});
-    steady(c);
-    EXPECT_GT(kept.basis().start->current, by_601 + 1);  // 1331 A of TB 207 against 1305 A
-}
-
-TEST_F(TransientTest, tb601_sets_the_start_last_where_the_current_was_given) {
-    CalcCase c = line_with_rows({typed_temperature_row(800, 0, 0)});
-    c.Leitertemp_Merker_db = false;
-    c.Stromstaerke_Merker_db = true;
-    c.Stromstaerke_db = typed(665);
-    select(c, {Method::TB601});
-    steady(c);
-    const TransientStart by_601 = *kept.basis().start;
-    select(c, {Method::TB601, Method::TB207});
-    const TransientRunResult result = run_from_steady(c);
-    EXPECT_EQ(result.method, Method::TB207);
-    EXPECT_EQ(result.start, by_601);
-}
-
 TEST_F(TransientTest, refused_or_failed_run_keeps_the_former_start) {
     CalcCase c = bundle_with_rows({});
     steady(c);
@@ -121,37 +75,6 @@ TEST_F(TransientTest, refused_or_failed_run_keeps_the_former_start) {
     steady(hot);
     EXPECT_EQ(kept.basis().start, former.start);
     EXPECT_EQ(kept.basis().Is_TB207, 0);  // " Error" is no number
-}
-
-TEST_F(TransientTest, found_values_go_into_the_cells_as_they_are_shown) {
-    CalcCase c = bundle_with_rows({typed_temperature_row(1600, 10, 0), typed_time_row(1000, 85),
-                                   typed_current_row(90, 5, 30)});
-    const TransientRunResult result = run_from_steady(c);
-    ASSERT_EQ(result.end, TransientEnd::Completed);
-    EXPECT_EQ(c.Z[0].TEMP.text, masked(result.rows[0].Temp, "####0.0", session.separator));
-    EXPECT_EQ(c.Z[0].TEMP.value, std::stod(c.Z[0].TEMP.text));
-    EXPECT_EQ(c.Z[1].min.value, result.rows[1].Min);
-    EXPECT_EQ(c.Z[1].sec.value, result.rows[1].Sec);
-    EXPECT_EQ(c.Z[2].Strom.text, masked(2 * result.rows[2].Strom, "####0", session.separator));
-    EXPECT_EQ(c.Z[2].Strom.value, std::stod(c.Z[2].Strom.text) / 2);
-    EXPECT_EQ(c.Z[0].Strom, twin_current(1600));  // what was given stands
-    EXPECT_EQ(c.Z[3], StateChange{});
-}
-
-TEST_F(TransientTest, failed_row_empties_what_it_and_the_later_rows_sought) {
-    CalcCase c = bundle_with_rows({typed_temperature_row(1600, 10, 0), typed_time_row(1700, 20),
-                                   typed_temperature_row(1600, 10, 0)});
-    c.Z[2].TEMP = typed(77);  // of a former run
-    const TransientRunResult result = run_from_steady(c);
-    EXPECT_EQ(result.end, TransientEnd::Failed);
-    EXPECT_EQ(result.rows_run(), 2);
-    EXPECT_TRUE(c.Z[0].TEMP.given());
-    EXPECT_EQ(c.Z[1].min, Entry{});
-    EXPECT_EQ(c.Z[2].TEMP, Entry{});
-    const std::string text = transient_text(result, c, session);
-    EXPECT_THAT(text, HasSubstr("2nd change-of-state"));
-    EXPECT_THAT(text, HasSubstr("Error"));
-    EXPECT_THAT(text, Not(HasSubstr("3th change-of-state")));
 }
 
 TEST_F(TransientTest, cancelled_run_leaves_the_case) {
@@ -174,48 +97,6 @@ TEST_F(TransientTest, tb601_goes_on_from_the_records_of_the_steady_run) {
     EXPECT_EQ(result.end, TransientEnd::Completed);
     EXPECT_NEAR(result.rows[0].Temp, 80, 0.1);  // the current of the steady state: at rest
     EXPECT_EQ(memory.tb601.params.Delta, 90);
-}
-
-TEST_F(TransientTest, without_method_or_start_nothing_is_calculated) {
-    CalcCase c = bundle_with_rows({typed_temperature_row(1600, 10, 0)});
-    TransientRunResult result = run(c);
-    EXPECT_FALSE(result.input_valid);
-    EXPECT_THAT(result.refusal.box.lines.front(), HasSubstr("no steady state"));
-    EXPECT_FALSE(result.refusal.row);
-    select(c, {Method::Webs});
-    result = run(c);
-    EXPECT_FALSE(result.input_valid);
-    EXPECT_THAT(result.refusal.box.lines.front(), HasSubstr("TB 207"));
-}
-
-TEST_F(TransientTest, conductor_without_heat_capacity_is_refused) {
-    for (const Method method : {Method::TB207, Method::TB601}) {
-        CalcCase c = line_with_rows({typed_temperature_row(1600, 10, 0)});
-        select(c, {method});
-        c.Dichte_Leiterwerkstoff1_db = {};
-        EXPECT_TRUE(run_from_steady(c).input_valid);  // the core still has one
-        c.Dichte_traegerwerkstoff1_db = {};
-        const TransientRunResult result = run_from_steady(c);
-        EXPECT_FALSE(result.input_valid);
-        EXPECT_THAT(result.refusal.box.lines.front(), HasSubstr("heat capacity"));
-    }
-}
-
-TEST_F(TransientTest, no_box_comes_up_in_the_silent_mode) {
-    session.Meldung_merker = RunMode::Silent;
-    CalcCase c = bundle_with_rows({typed_time_row(1700, 20)});
-    EXPECT_EQ(run_from_steady(c).end, TransientEnd::Failed);
-    c = bundle_with_rows({});
-    EXPECT_FALSE(run_from_steady(c).input_valid);
-    EXPECT_THAT(dialogs.shown, IsEmpty());
-}
-
-TEST_F(TransientTest, heat_capacity_option_counts) {
-    CalcCase c = bundle_with_rows({typed_temperature_row(2400, 5, 0)});
-    const double with_temperature = run_from_steady(c).rows[0].Temp;
-    session.cigre_TKW_merker = HeatCapacityOption::At20Degrees;
-    // A capacity that does not grow with the temperature is smaller: the conductor gets hotter.
-    EXPECT_GT(run_from_steady(c).rows[0].Temp, with_temperature + 0.1);
 }
 
 TEST_F(TransientTest, series_joins_the_rows) {
