@@ -52,8 +52,7 @@ protected:
         chooser.paths.clear();
     }
     void fill(int rows) {
-        batch.start_steady(WorkbookKind::SteadyFix, line_of_all_methods());
-        batch.next_row = 5;
+        batch.start(WorkbookKind::SteadyFix, line_of_all_methods());
         for (int i = 0; i < rows; ++i) batch.add_row(line_of_all_methods());
     }
 
