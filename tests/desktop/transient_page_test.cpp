@@ -1,5 +1,4 @@
 #include <QAction>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
@@ -324,11 +323,11 @@ TEST_F(TransientPageTest, cancelled_run_leaves_all_as_it_was) {
     bool blocked = false;
     QTimer user;
     user.callOnTimeout([&] {
-        auto* progress = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+        QWidget* progress = QApplication::activeModalWidget();
         if (progress == nullptr) return;
-        blocked = !progress->labelText().isEmpty();
+        blocked = true;
         user.stop();
-        progress->cancel();
+        progress->findChild<QPushButton*>()->click();
     });
     user.start(0);
     const CalcCase before = calc_case();
