@@ -111,7 +111,7 @@ TEST_F(FrmExcelIOTest, failing_files_are_told_by_the_error_table) {
 }
 
 TEST_F(FrmExcelIOTest, a_run_can_be_cancelled_behind_a_row) {
-    fill(20000);
+    fill(3000);
     const auto cancel_soon = [this] {
         QTimer::singleShot(0, window.get(), [this] { at<QPushButton>("Command3").click(); });
     };
@@ -121,7 +121,7 @@ TEST_F(FrmExcelIOTest, a_run_can_be_cancelled_behind_a_row) {
     EXPECT_EQ(line("status"), "");
     EXPECT_LT(at<QProgressBar>("progress").value(), at<QProgressBar>("progress").maximum());
     EXPECT_EQ(batch.store.saved, 1);
-    EXPECT_EQ(batch.result(20004, 34), "");
+    EXPECT_EQ(batch.result(3004, 34), "");
 
     settings.set_excel_height(excel_height_with_tests);
     show_window();
@@ -134,7 +134,7 @@ TEST_F(FrmExcelIOTest, a_run_can_be_cancelled_behind_a_row) {
 }
 
 TEST_F(FrmExcelIOTest, closing_a_running_window_cancels_first) {
-    fill(20000);
+    fill(3000);
     QTimer::singleShot(0, window.get(), [this] {
         EXPECT_FALSE(can_click("Command6"));
         window->close();

@@ -316,7 +316,8 @@ TEST_F(TransientPageTest, language_switch_keeps_what_is_shown) {
 }
 
 TEST_F(TransientPageTest, cancelled_run_leaves_all_as_it_was) {
-    open(bundle_with_rows({typed_temperature_row(1600, 10, 0), typed_current_row(150, 60, 0)}));
+    open(bundle_with_rows({typed_temperature_row(1600, 10, 0), typed_current_row(150, 9000, 0),
+                           typed_current_row(160, 9000, 0), typed_current_row(170, 9000, 0)}));
     state->patience_ms = 0;
     go_to(result_page);
     go_to(transient_page);
