@@ -45,6 +45,7 @@ private:
 TEST(Job, tells_its_progress_and_ends) {
     Calls calls;
     Job job([](Job& own) { own.tell({30, "row 1"}); }, std::ref(calls));
+    job.begin();
     calls.wait_for(1);
     EXPECT_TRUE(job.ended());
     EXPECT_EQ(job.progress().percent, 30);
@@ -56,6 +57,7 @@ TEST(Job, a_box_waits_for_its_answer) {
     Calls calls;
     Answer given = Answer::No;
     Job job([&](Job& own) { given = own.dialogs().show(question); }, std::ref(calls));
+    job.begin();
     calls.wait_for(1);
     ASSERT_NE(job.waiting(), nullptr);
     EXPECT_EQ(*job.waiting(), question);
@@ -77,6 +79,7 @@ TEST(Job, left_alone_it_is_cancelled_and_its_boxes_answer_themselves) {
                 cancelled = own.cancelled();
             },
             std::ref(calls));
+        job.begin();
         calls.wait_for(1);
     }
     EXPECT_EQ(given, question.unattended);
@@ -85,6 +88,7 @@ TEST(Job, left_alone_it_is_cancelled_and_its_boxes_answer_themselves) {
 
 TEST(Job, what_it_throws_comes_out_at_the_end) {
     Job job([](Job&) { throw ProgramEnd("why"); }, [] {});
+    job.begin();
     EXPECT_THROW(job.finish(), ProgramEnd);
 }
 

@@ -4,8 +4,11 @@
 
 namespace zel {
 
-Job::Job(Work work, std::function<void()> wake)
-    : wake_(std::move(wake)), thread_([this, work = std::move(work)] { run(work); }) {}
+Job::Job(Work work, std::function<void()> wake) : work_(std::move(work)), wake_(std::move(wake)) {}
+
+void Job::begin() {
+    thread_ = std::thread([this] { run(); });
+}
 
 Job::~Job() {
     cancel();
@@ -16,10 +19,10 @@ Job::~Job() {
     }
 }
 
-void Job::run(const Work& work) {
+void Job::run() {
     std::exception_ptr failure;
     try {
-        work(*this);
+        work_(*this);
     } catch (...) {
         failure = std::current_exception();
     }

@@ -28,7 +28,7 @@ class Job : private Dialogs {
 public:
     using Work = std::function<void(Job&)>;
 
-    /// Begins `work`. `wake` is called on its thread where a box waits, and at the end.
+    /// `wake` is called on the thread of the work where a box waits, and at the end.
     Job(Work work, std::function<void()> wake);
     /// Cancels the work and waits for its end. Boxes are not shown any more.
     ~Job() override;
@@ -44,6 +44,7 @@ public:
 
     // ---- for the owner
 
+    void begin();
     /// Asks the work to end early; it decides where, and what then stands.
     void cancel() { cancelled_ = true; }
     [[nodiscard]] JobProgress progress() const;
@@ -56,8 +57,9 @@ public:
 
 private:
     Answer show(const Box& box) override;
-    void run(const Work& work);
+    void run();
 
+    Work work_;
     std::function<void()> wake_;
     std::atomic<bool> cancelled_ = false;
     std::mutex turn_;           // one box at a time

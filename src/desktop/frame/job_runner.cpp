@@ -33,6 +33,7 @@ public:
         timer.callOnTimeout(this, [this] { look(); });
         timer.start(look_after);
         look();
+        job_.begin();
         while (!job_.ended()) {
             left_ = false;
             loop_.exec(display_.takes_input() ? QEventLoop::AllEvents
