@@ -115,7 +115,8 @@ private:
         const WholeRange range = range_of(field);
         c.*field = table_.whole_number(row, name_of(field), range.least, range.most);
     }
-    static void take(const CsvRow& /*row*/, CalcCase& /*c*/, bool CalcCase::* /*field*/) {}
+    template <class Other>
+    static void take(const CsvRow& /*row*/, CalcCase& /*c*/, Other CalcCase::* /*field*/) {}
 
     [[nodiscard]] const Material* named(const CsvRow& row, std::string_view column) const {
         const std::string name = table_.text(row, column);
@@ -179,7 +180,10 @@ std::string exact(double value) {
 std::string cell_of(const std::string& text) { return text; }
 std::string cell_of(const Entry& entry) { return entry.given() ? exact(entry.value) : ""; }
 std::string cell_of(std::int16_t number) { return number == 0 ? "" : std::to_string(number); }
-std::string cell_of(bool /*flag*/) { return {}; }
+template <class Other>
+std::string cell_of(Other /*no column*/) {
+    return {};
+}
 
 }  // namespace
 
