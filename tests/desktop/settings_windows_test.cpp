@@ -134,8 +134,7 @@ TEST_F(SettingsWindows, each_path_is_chosen_shown_and_kept) {
     for (std::size_t i = 0; i < 4; ++i) {
         const PathRole& role = path_roles()[i];
         const std::string former = settings.now().*role.path;
-        FrmSelectPath form(nullptr, {state->session, state->settings, chooser, state->program},
-                           role);
+        FrmSelectPath form(nullptr, {state->session, state->settings, chooser}, role);
         EXPECT_EQ(in<QLabel>(form, "Bezeichnung2").text().toStdString(), former);
         in<QPushButton>(form, "Befehl3").click();  // cancelled
         EXPECT_EQ(settings.now().*role.path, former);
