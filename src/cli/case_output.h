@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "program/console.h"
+#include "short_circuit/short_circuit_form.h"
 #include "short_circuit/short_circuit_run.h"
 #include "steady/case/calc_case.h"
 #include "workflow/run/steady_run.h"
@@ -47,7 +48,8 @@ struct TransientReport {
 
 [[nodiscard]] std::string short_circuit_document(const ShortCircuitRun& run,
                                                  const std::vector<Message>& messages);
-[[nodiscard]] std::string short_circuit_page(const ShortCircuitCase& c, const ShortCircuitRun& run,
+[[nodiscard]] std::string short_circuit_page(const ShortCircuitForm& form,
+                                             const ShortCircuitRun& run,
                                              const CommonOptions& options);
 
 }  // namespace zel

@@ -74,7 +74,7 @@ std::string steady_page(const CalcCase& c, const SteadyRunResult& result,
                         const CommonOptions& options) {
     const LangId lang = options.lang;
     return std::string(short_name.in(lang)) + "   " + std::string(long_title.in(lang)) + "\n" +
-           case_listing(c, case_form_sections(), lang) + "\n" + result_text(result, lang);
+           case_listing(c, lang) + "\n" + result_text(result, lang);
 }
 
 }  // namespace zel

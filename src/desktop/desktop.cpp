@@ -18,7 +18,7 @@
 #include "desktop/frame/qt_launcher.h"
 #include "desktop/frame/qt_text.h"
 #include "desktop/frame/window_icon.h"
-#include "forms/case_forms.h"
+#include "forms/line_form.h"
 #include "shell/case_settings.h"
 #include "shell/startup.h"
 
@@ -98,7 +98,7 @@ int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform 
     QtLauncher launcher;
     Started started = start_up(options, platform, dialogs);
     if (started.end != StartEnd::Ready) return exit_status_of(started.end);
-    DesktopState state{case_for_form(std::move(options.start_case)),
+    DesktopState state{forms::case_for_form(std::move(options.start_case)),
                        {started.lang, options.separator, RunMode::Messages, dialogs},
                        platform.store,
                        chooser,

@@ -16,7 +16,7 @@
 #include "desktop/frame/window_icon.h"
 #include "shell/case_settings.h"
 #include "shell/program_texts.h"
-#include "steady/case/respell.h"
+#include "steady/case/case_fields.h"
 
 namespace zel {
 namespace {

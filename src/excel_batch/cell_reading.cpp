@@ -169,7 +169,7 @@ void CellReading::take(const InputCell& input, const CellText& cell, CalcCase& c
             number.reset();
         }
     if (const auto* entry = std::get_if<Entry CalcCase::*>(&input.field)) {
-        if (number && holds_whole_numbers(*entry)) number = round_half_even(*number);
+        if (number && field_of(*entry).rounded) number = round_half_even(*number);
         c.*(*entry) = number ? Entry{cell.text, *number} : Entry{};
         return;
     }

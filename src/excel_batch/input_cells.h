@@ -35,7 +35,6 @@ struct InputCell {
     CellKind kind = CellKind::Number;
     unsigned methods = steady_check::always;  // read where one of them is active
     bool required = true;                     // otherwise an empty cell leaves the field as it was
-    bool usually_zero = false;                // nothing to tell without anybody's choice
     NumberCheck check = nullptr;              // what the limits cannot tell
 
     [[nodiscard]] constexpr InputCell within(const Limits& bounds) const {
@@ -49,9 +48,6 @@ struct InputCell {
     }
     [[nodiscard]] constexpr InputCell if_filled() const {
         return with(&InputCell::required, false);
-    }
-    [[nodiscard]] constexpr InputCell mostly_zero() const {
-        return with(&InputCell::usually_zero, true);
     }
     [[nodiscard]] constexpr InputCell checked_by(NumberCheck refusal) const {
         return with(&InputCell::check, refusal);

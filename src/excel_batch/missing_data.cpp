@@ -3,7 +3,6 @@
 #include <string>
 
 #include "excel_batch/cell_reading.h"
-#include "excel_batch/field_labels.h"
 #include "steady/case/case_fields.h"
 
 namespace zel::excel_batch {
@@ -87,9 +86,10 @@ std::vector<Box> missing_conductor_data(const CalcCase& c, WorkbookKind kind, in
         row == 0 ? std::string() : fill(in_row.in(lang), {std::to_string(row)});
     for (const auto& [field, readers, reads] : fields_of(kind)) {
         if ((readers & methods) == 0 || !reads(c) || !is_zero(c, field)) continue;
-        boxes.push_back(box_in(lang, missing_data,
-                               {label_of(field).label.in(lang), names_of(readers & methods),
-                                place_of(cell_of(cells, field), kind, lang), of_row}));
+        boxes.push_back(
+            box_in(lang, missing_data,
+                   {long_label_of(field_of(field)).in(lang), names_of(readers & methods),
+                    place_of(cell_of(cells, field), kind, lang), of_row}));
     }
     return boxes;
 }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "excel_batch/field_labels.h"
 #include "excel_batch/input_cells.h"
 #include "platform/text/number_text.h"
 
@@ -84,7 +83,7 @@ using Content = std::variant<std::monostate, double, std::string>;
 /// leaves the cell empty.
 Content conductor_value(const InputCell& cell, const std::optional<CalcCase>& conductor) {
     const FieldKey& field = cell.field;
-    if (!conductor) return cell.usually_zero ? Content{0.0} : Content{};
+    if (!conductor) return field_of(field).nothing_at_0 ? Content{0.0} : Content{};
     if (const auto* entry = std::get_if<Entry CalcCase::*>(&field))
         return (*conductor.*(*entry)).value;
     const double code = *conductor.*std::get<std::int16_t CalcCase::*>(field);
@@ -124,8 +123,8 @@ public:
     }
 
     void add(const InputCell& cell, const Content& value = {}) {
-        const FieldLabel& label = label_of(cell.field);
-        add_input(cell.fixed_row, label.label, label.unit, value);
+        const FieldInfo& field = field_of(cell.field);
+        add_input(cell.fixed_row, long_label_of(field), long_unit_of(field), value);
         add(cell.fixed_row, limit_column, limit_text(cell, lang_), CellLook::Note);
         if (limited(cell.limits))
             sheet_.rules.push_back(
@@ -162,8 +161,8 @@ public:
     }
 
     void add(const InputCell& cell, int column) {
-        const FieldLabel& label = label_of(cell.field);
-        add_head(column, label.label, label.unit, limit_text(cell, lang_));
+        const FieldInfo& field = field_of(cell.field);
+        add_head(column, long_label_of(field), long_unit_of(field), limit_text(cell, lang_));
         if (limited(cell.limits)) add_rule(column, cell.limits, cell.kind == CellKind::Whole);
         columns(column, column, CellLook::Input);
     }

@@ -137,7 +137,8 @@ public:
         c_.*field = *code;
     }
 
-    void operator()(bool CalcCase::* /*field*/) const {}  // the record has none
+    template <class Other>
+    void operator()(Other CalcCase::* /*field*/) const {}  // the record has none
 
 private:
     const RecordField& row_;
@@ -173,7 +174,8 @@ public:
 
     void operator()(std::int16_t CalcCase::*field) const { put(c_.*field); }
 
-    void operator()(bool CalcCase::* /*field*/) const {}
+    template <class Other>
+    void operator()(Other CalcCase::* /*field*/) const {}
 
 private:
     void put(double number) const {

@@ -2,9 +2,8 @@
 
 #include <cstdint>
 #include <string>
-#include <variant>
 
-#include "steady/case/calc_case.h"
+#include "steady/case/field.h"
 
 // The whole record of a short-circuit case. Fields bear the names of their table columns. It has
 // nothing in common with the case of the thermal rating but the kind of its numeric fields.
@@ -70,6 +69,6 @@ using KsText = std::string ShortCircuitCase::*;
 using KsRecordNumber = double ShortCircuitCase::*;
 
 /// A field by its member, the key that ties all tables over fields together.
-using KsKey = std::variant<KsText, KsBox, KsList, KsRecordNumber>;
+using KsKey = KeyOf<ShortCircuitCase>;
 
 }  // namespace zel

@@ -2,12 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 
 #include "platform/rounding.h"
 #include "short_circuit/conductor_materials.h"
 #include "short_circuit/short_circuit_fields.h"
-#include "steady/case/respell.h"
 
 namespace zel {
 namespace {
@@ -19,6 +17,16 @@ constexpr std::array<KsBox, 4> material_boxes = {&C::waermekapaz, &C::kappa20_ks
 
 bool is_material(KsBox box) {
     return std::find(material_boxes.begin(), material_boxes.end(), box) != material_boxes.end();
+}
+
+/// Whether a conductor's record brought anything.
+bool has_record(const C& c) {
+    const C none;
+    const auto fields = short_circuit_fields();
+    return std::any_of(fields.begin(), fields.end(), [&](const KsField& field) {
+        return field.of_record &&
+               std::visit([&](auto member) { return c.*member != none.*member; }, field.key);
+    });
 }
 
 template <class Member>
@@ -66,9 +74,7 @@ std::optional<KsEntryRefusal> ShortCircuitForm::change(KsBox box, std::string_vi
 }
 
 void ShortCircuitForm::respell(DecimalSeparator from, DecimalSeparator to) {
-    for (const KsField& field : short_circuit_fields())
-        if (const auto* box = std::get_if<KsBox>(&field.key))
-            zel::respell(content_.**box, from, to);
+    zel::respell(fields_of(content_), from, to);
 }
 
 std::vector<KsRefusedText> ShortCircuitForm::take_over(const ConductorData& record,
@@ -95,44 +101,18 @@ std::vector<KsRefusedText> ShortCircuitForm::take_over(const ConductorData& reco
     };
     std::vector<KsRefusedText> refused;
     for (const auto& [box, value] : values)
-        if (auto refusal = change(box, masked(value, mask_of(box), locale.separator), locale))
+        if (auto refusal = change(box, masked(value, field_of(box).mask, locale.separator), locale))
             refused.push_back({box, std::move(*refusal)});
     return refused;
 }
 
-std::string_view mask_of(KsBox box) {
-    constexpr struct {
-        KsBox box;
-        std::string_view mask;
-    } masks[] = {{&C::A_Leiter, "####0.0###"},
-                 {&C::waermekapaz, "####0"},
-                 {&C::kappa20_ks, "####0.0#"},
-                 {&C::Tk20_ks, "#0.0###"},
-                 {&C::Dichte_rho, "#####0"}};
-    const auto* const row = std::find_if(std::begin(masks), std::end(masks),
-                                         [&](const auto& r) { return r.box == box; });
-    return row == std::end(masks) ? std::string_view{} : row->mask;
-}
-
-std::string label_text(const ShortCircuitCase& c, KsKey field, DecimalSeparator separator) {
-    if (const auto* text = std::get_if<KsText>(&field)) return c.**text;
-    constexpr std::string_view section_mask = "####0.0###";
-    const C none;
-    const bool there = c.werkstoff_ks != none.werkstoff_ks ||
-                       c.Nennquerschnitt_ks != none.Nennquerschnitt_ks ||
-                       c.Norm_ks != none.Norm_ks || c.Normjahr_ks != none.Normjahr_ks ||
-                       c.Normmonat_ks != none.Normmonat_ks || c.Seilquerschnitt_ks != 0 ||
-                       c.Mantelquerschnitt_ks != 0;
-    if (!there) return {};
-    if (field == KsKey(&C::Normjahr_ks)) return masked(c.Normjahr_ks, "0000", separator);
-    if (field == KsKey(&C::Normmonat_ks)) return masked(c.Normmonat_ks, "00", separator);
-    if (field == KsKey(&C::Seilquerschnitt_ks))
-        return masked(c.Seilquerschnitt_ks, section_mask, separator);
-    if (field == KsKey(&C::Mantelquerschnitt_ks))
-        return c.Mantelquerschnitt_ks == 0
-                   ? " - "
-                   : masked(c.Mantelquerschnitt_ks, section_mask, separator);
-    return {};
+std::string label_text(const ShortCircuitCase& c, const KsKey& key, DecimalSeparator separator) {
+    if (const auto* text = std::get_if<KsText>(&key)) return c.**text;
+    if (!has_record(c)) return {};
+    const std::string_view mask = field_of(key).mask;
+    if (const auto* whole = std::get_if<KsList>(&key)) return masked(c.**whole, mask, separator);
+    if (c.Mantelquerschnitt_ks == 0 && key == KsKey(&C::Mantelquerschnitt_ks)) return " - ";
+    return masked(c.*std::get<KsRecordNumber>(key), mask, separator);
 }
 
 Box new_case_question(LangId lang) {

@@ -55,10 +55,9 @@ public:
     /// numbers themselves do not change.
     void respell(DecimalSeparator from, DecimalSeparator to);
 
-    /// A field that a conductor's record brings, as it stands in a file.
-    template <class Field, class Value>
-    void set_record(Field ShortCircuitCase::*field, Value value) {
-        content_.*field = std::move(value);
+    /// The content of a field that no rule watches: a text, or what a conductor's record brings.
+    [[nodiscard]] FieldRef place_of(const Field<ShortCircuitCase>& field) {
+        return field.of(content_);
     }
 
 private:
@@ -69,13 +68,9 @@ private:
     std::optional<KsBox> typed_into_;
 };
 
-/// The mask by which a box of the conductor page shows a number that was not typed; empty for the
-/// boxes of the first page.
-[[nodiscard]] std::string_view mask_of(KsBox box);
-
 /// What the label of a field shows that is a text or comes with a conductor's record. Empty as long
 /// as there is no record.
-[[nodiscard]] std::string label_text(const ShortCircuitCase& c, KsKey field,
+[[nodiscard]] std::string label_text(const ShortCircuitCase& c, const KsKey& key,
                                      DecimalSeparator separator);
 
 /// Asked before a new case is started; lines and buttons in both languages.

@@ -35,7 +35,7 @@ TEST_F(CaseFiles, saved_case_is_opened_as_it_was) {
     EXPECT_EQ(store.files.at("/home/u/süd.json"), values_of(saved));
     EXPECT_THAT(title(), StartsWith("süd.json[*] - ZEL V.8.2"));
     choose_action("new_case");
-    EXPECT_EQ(calc_case(), case_for_form({}));
+    EXPECT_EQ(calc_case(), forms::case_for_form({}));
     EXPECT_EQ(typed_in("Text4"), "");
     EXPECT_THAT(title(), StartsWith("Untitled[*] - "));
     chooser.paths = {"/home/u/süd.json"};

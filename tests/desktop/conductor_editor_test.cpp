@@ -173,7 +173,7 @@ TEST_F(ConductorEditorTest, command4_tells_why_nothing_is_taken_over) {
     EXPECT_EQ(dialogs.shown[0].title, "Conductor data not selected !");
     EXPECT_EQ(dialogs.shown[1].title, " Invalid choice of conductor");
     EXPECT_THAT(dialogs.shown[2].lines.back(), HasSubstr("DCR_20_db"));
-    EXPECT_EQ(calc_case(), case_for_form(twin_264_34()));
+    EXPECT_EQ(calc_case(), forms::case_for_form(twin_264_34()));
 }
 
 TEST_F(ConductorEditorTest, a_record_from_elsewhere_is_taken_over_without_a_word) {

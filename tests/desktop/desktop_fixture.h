@@ -22,7 +22,7 @@
 #include "fakes/scripted_chooser.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/steady_cases.h"
-#include "forms/case_forms.h"
+#include "forms/line_form.h"
 
 namespace zel {
 
@@ -37,7 +37,7 @@ protected:
                                   static_cast<std::int16_t>(separator));
         shared_settings.written.clear();
         user_settings.written.clear();
-        state.reset(new DesktopState{case_for_form(c),
+        state.reset(new DesktopState{forms::case_for_form(c),
                                      {lang, separator, RunMode::Messages, dialogs},
                                      store,
                                      chooser,

@@ -139,7 +139,7 @@ TEST_F(Form1Test, mode_opens_the_box_that_belongs_to_it) {
 
 TEST_F(Form1Test, method_that_the_program_lacks_cannot_be_chosen) {
     open();
-    for (const MethodRow& row : method_rows()) {
+    for (const forms::MethodRow& row : forms::method_rows()) {
         const auto& box = control<QCheckBox>(row.control);
         EXPECT_EQ(box.isEnabled(), find_method(row.method) != nullptr) << row.control;
         EXPECT_EQ(box.toolTip().isEmpty(), box.isEnabled());
@@ -165,22 +165,19 @@ TEST_F(Form1Test, labels_of_inputs_that_are_not_needed_are_greyed) {
 TEST_F(Form1Test, every_box_brings_its_text_to_the_case) {
     open();
     control<QCheckBox>("rechnung_cigre207_merker_db").click();
-    const CaseField* const end = case_fields().data() + case_fields().size();
-    for (const FormSection& section : case_form_sections()) {
+    for (const forms::Section& section : forms::line_sections()) {
         go_to(section.page);
-        for (const FormRow& row : section.rows) {
-            if (row.choices != nullptr) continue;
+        for (const forms::Row& row : section.rows) {
+            if (row.is_list()) continue;
             for (const GivenValueRow& mode : given_value_rows())
                 if (std::string_view(mode.control) == row.control)
                     choose("Combo1", static_cast<int>(mode.value));
             type(row.control, "12");
-            const std::string year = row.mask == "0000" ? "00" : "";
-            EXPECT_EQ(shown_text(calc_case(), row), year + "12") << row.control;
-            const auto* field = std::find_if(
-                case_fields().data(), end, [&](const CaseField& f) { return f.key == row.field; });
-            ASSERT_NE(field, end) << row.control;
-            if (const auto* entry = std::get_if<Entry CalcCase::*>(&row.field)) {
-                EXPECT_EQ(calc_case().**entry, (Entry{"12", 12})) << field->name;
+            const std::string year = row.field->mask == "0000" ? "00" : "";
+            EXPECT_EQ(forms::LineForm(calc_case(), Locale{}).shown(row), year + "12")
+                << row.control;
+            if (const auto* entry = std::get_if<Entry CalcCase::*>(&key_of<CalcCase>(*row.field))) {
+                EXPECT_EQ(calc_case().**entry, (Entry{"12", 12})) << row.control;
             }
         }
     }
@@ -189,13 +186,13 @@ TEST_F(Form1Test, every_box_brings_its_text_to_the_case) {
 
 TEST_F(Form1Test, every_list_brings_its_choice_to_the_case) {
     open();
-    for (const FormSection& section : case_form_sections())
-        for (const FormRow& row : section.rows) {
-            if (row.choices == nullptr) continue;
-            const auto field = std::get<std::int16_t CalcCase::*>(row.field);
-            for (std::size_t i = 0; i < row.choices().size(); ++i) {
+    for (const forms::Section& section : forms::line_sections())
+        for (const forms::Row& row : section.rows) {
+            if (!row.is_list()) continue;
+            const auto field = std::get<std::int16_t CalcCase::*>(key_of<CalcCase>(*row.field));
+            for (std::size_t i = 0; i < row.choices.size(); ++i) {
                 choose(row.control, static_cast<int>(i));
-                EXPECT_EQ(calc_case().*field, row.choices()[i].value) << row.control;
+                EXPECT_EQ(calc_case().*field, row.choices[i].value) << row.control;
             }
         }
 }

@@ -33,14 +33,14 @@ TEST_F(Keys, every_numeric_box_is_filtered_and_no_free_text_is) {
     CalcCase c;
     c.rechnung_cigre601_merker_db = 1;
     open(c);
-    for (const FormSection& section : case_form_sections()) {
+    for (const forms::Section& section : forms::line_sections()) {
         go_to(section.page);
-        for (const FormRow& row : section.rows) {
-            if (row.choices != nullptr) continue;
+        for (const forms::Row& row : section.rows) {
+            if (row.is_list()) continue;
             auto& box = control(row.control);
             box.clear();
             press(box, Qt::Key_A, "a");
-            const bool free = std::holds_alternative<std::string CalcCase::*>(row.field);
+            const bool free = row.is_free_text();
             EXPECT_EQ(box.text().toStdString(), free ? "a" : "") << row.control;
             box.clear();
         }

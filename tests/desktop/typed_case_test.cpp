@@ -174,7 +174,7 @@ protected:
         }
     }
     void check(Method method) {
-        for (const MethodRow& row : method_rows())
+        for (const forms::MethodRow& row : forms::method_rows())
             if (row.method == method) tab_to(row.control);
         press_here(Qt::Key_Space, " ");
         QKeyEvent up(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, " ");

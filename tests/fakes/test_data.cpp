@@ -47,11 +47,11 @@ void set_fields(CalcCase& c, const json& fields) {
     for (const auto& [name, value] : fields.items()) {
         const auto field = find_field(c, name);
         ASSERT_TRUE(field) << name;
-        if (auto* const* entry = std::get_if<Entry*>(&*field))
+        if (auto* const* entry = std::get_if<Entry*>(&field->value))
             **entry = value.is_null() ? Entry{{}, (*entry)->value} : typed(value);
-        if (auto* const* text = std::get_if<std::string*>(&*field)) **text = value;
-        if (auto* const* whole = std::get_if<std::int16_t*>(&*field)) **whole = value;
-        if (auto* const* flag = std::get_if<bool*>(&*field)) **flag = value;
+        if (auto* const* text = std::get_if<std::string*>(&field->value)) **text = value;
+        if (auto* const* whole = std::get_if<std::int16_t*>(&field->value)) **whole = value;
+        if (auto* const* flag = std::get_if<bool*>(&field->value)) **flag = value;
     }
 }
 

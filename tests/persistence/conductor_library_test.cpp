@@ -78,7 +78,7 @@ TEST_F(Library, figures_of_a_conductor_are_those_of_its_row_and_its_materials) {
     const auto library = open(DecimalSeparator::Comma);
     CalcCase c = find_conductor(library.conductors(), "265/35").c;
     for (const auto& [name, expected] : data.at("figures of 265/35").items()) {
-        const FieldRef field = *find_field(c, name);
+        const FieldRef field = find_field(c, name)->value;
         if (const auto* const* entry = std::get_if<Entry*>(&field))
             EXPECT_EQ((*entry)->text, expected) << name;
         else if (const auto* const* whole = std::get_if<std::int16_t*>(&field))

@@ -84,7 +84,7 @@ QWidget* scrolling(QWidget* content) {
 ConductorSheet::ConductorSheet(const DesktopState& program)
     : state_{CalcCase{},      program.session,  program.store,
              program.chooser, program.settings, program.launcher},
-      sections_(conductor_sections().begin(), conductor_sections().end()) {
+      sections_(forms::conductor_sections()) {
     state_.case_changed = [this] { judge(); };
     for (const std::size_t wide : {section::designation, section::ac_pairs})
         sections_[wide].columns = side_by_side;

@@ -55,7 +55,7 @@ private:
 
     DesktopState state_;  // of its own: its case holds the conductor
     LibraryConductor conductor_;
-    std::vector<FormSection> sections_;
+    std::vector<forms::Section> sections_;
     std::vector<FieldPanel*> panels_;
     std::vector<MethodLine> lines_;
     QTabWidget* tabs_ = nullptr;

@@ -23,13 +23,11 @@ constexpr int gap_width = 12;
 constexpr int number_width = 72;  // pixels at least, for a number
 constexpr int top_row = 0;        // for a widget above the rows
 
-bool is_free_text(const FormRow& row) {
-    return std::holds_alternative<std::string CalcCase::*>(row.field);
-}
+bool is_free_text(const forms::Row& row) { return row.is_free_text(); }
 
-bool has_units(const FormSection& section) {
+bool has_units(const forms::Section& section) {
     return std::any_of(section.rows.begin(), section.rows.end(),
-                       [](const FormRow& row) { return *row.unit != '\0'; });
+                       [](const forms::Row& row) { return !row.field->unit.empty(); });
 }
 
 /// An unchanged text stays as it is, with what the box can undo.
@@ -52,15 +50,16 @@ QLabel* make_label(const QString& text) {
 
 }  // namespace
 
-FieldPanel::FieldPanel(const FormSection& section, DesktopState& state, Refused refused)
+FieldPanel::FieldPanel(const forms::Section& section, DesktopState& state, Refused refused)
     : section_(section),
       state_(state),
+      form_(state.calc_case, state.session, [&state] { return report_language(state); }),
       refused_(std::move(refused)),
       grid_(new QGridLayout(inside_of(*this))) {
     grid_->setHorizontalSpacing(8);
     grid_->setVerticalSpacing(section.page == conductor_page ? 6 : 10);
     int index = 0;
-    for (const FormRow& row : section.rows) add_row(row, index++);
+    for (const forms::Row& row : section.rows) add_row(row, index++);
     grid_->setRowStretch(grid_->rowCount(), 1);  // a panel taller than its rows has them on top
     for (int column = 0; column < section.columns; ++column) {
         const int first = column * grid_columns_per_field;
@@ -71,12 +70,12 @@ FieldPanel::FieldPanel(const FormSection& section, DesktopState& state, Refused 
     load();
 }
 
-void FieldPanel::add_row(const FormRow& row, int index) {
+void FieldPanel::add_row(const forms::Row& row, int index) {
     const int line = top_row + 1 + index / section_.columns;
     const int column = index % section_.columns * grid_columns_per_field;
     Field field{&row, make_label({}), nullptr, nullptr, nullptr, nullptr};
     QWidget* input = nullptr;
-    if (row.choices != nullptr)
+    if (row.is_list())
         input = field.list = make_list(row);
     else
         input = field.edit = make_edit(row);
@@ -85,16 +84,19 @@ void FieldPanel::add_row(const FormRow& row, int index) {
     grid_->addWidget(field.label, line, column);
     const bool wide = field.list != nullptr || is_free_text(row) || !has_units(section_);
     grid_->addWidget(input, line, column + 1, 1, wide ? 2 : 1);
-    if (!wide) grid_->addWidget(field.unit = make_label(qt(row.unit)), line, column + 2);
+    if (!wide) grid_->addWidget(field.unit = make_label(qt(row.field->unit)), line, column + 2);
     fields_.push_back(field);
 }
 
-QLineEdit* FieldPanel::make_edit(const FormRow& row) {
+QLineEdit* FieldPanel::make_edit(const forms::Row& row) {
     auto* edit = new QLineEdit;
     edit->setMinimumWidth(number_width);
     if (!is_free_text(row)) edit->setAlignment(Qt::AlignRight);
     edit->installEventFilter(this);
-    edit->installEventFilter(new FocusChain(edit, next_control));
+    edit->installEventFilter(new FocusChain(edit, [](std::string_view control) {
+        static CalcCase c;
+        return forms::LineForm(c, Locale{}).next_control(control);
+    }));
     if (is_free_text(row)) return edit;
     edit->installEventFilter(new NumberKeys(edit, state_.session));
     // An input method would type past the filter of keys.
@@ -111,26 +113,25 @@ bool FieldPanel::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
-QComboBox* FieldPanel::make_list(const FormRow& row) {
+QComboBox* FieldPanel::make_list(const forms::Row& row) {
     auto* list = new QuietList;
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list->setMinimumContentsLength(6);
     connect(list, &QComboBox::activated, this, [this, &row](int index) {
-        auto field = std::get<std::int16_t CalcCase::*>(row.field);
-        state_.calc_case.*field = row.choices()[static_cast<std::size_t>(index)].value;
+        form_.choose(row, index);
         state_.case_changed();
     });
     return list;
 }
 
-void FieldPanel::take_in(const FormRow& row, QLineEdit& edit) {
+void FieldPanel::take_in(const forms::Row& row, QLineEdit& edit) {
     const std::string typed = edit.text().toStdString();
-    if (typed == shown_text(state_.calc_case, row)) return;
-    const auto refusal = enter_text(state_.calc_case, row, typed, state_.session);
-    show_in(edit, shown_text(state_.calc_case, row));
+    if (typed == form_.shown(row)) return;
+    const auto refusal = form_.enter(row, typed);
+    show_in(edit, form_.shown(row));
     state_.case_changed();
     if (!refusal) return;
-    state_.session.tell(*refusal);
+    state_.session.tell(refusal->box);
     refused_(&edit);
 }
 
@@ -142,27 +143,21 @@ void FieldPanel::commit() {
 void FieldPanel::load() {
     for (const Field& field : fields_) {
         if (field.edit != nullptr) {
-            show_in(*field.edit, shown_text(state_.calc_case, *field.row));
+            show_in(*field.edit, form_.shown(*field.row));
             continue;
         }
         if (field.row->in_report_language) recaption_list(field);
-        const auto choices = field.row->choices();
-        const auto value = state_.calc_case.*std::get<std::int16_t CalcCase::*>(field.row->field);
-        const auto chosen = std::find_if(choices.begin(), choices.end(),
-                                         [&](const Choice& c) { return c.value == value; });
-        // A number that no entry stands for shows as the first, which says so.
-        field.list->setCurrentIndex(
-            chosen == choices.end() ? 0 : static_cast<int>(chosen - choices.begin()));
+        field.list->setCurrentIndex(form_.chosen(*field.row));
     }
 }
 
 void FieldPanel::recaption_list(const Field& field) {
     const QSignalBlocker quiet(field.list);
     const int chosen = field.list->currentIndex();
-    const LangId lang =
-        field.row->in_report_language ? report_language(state_) : state_.session.lang;
+    const LangId lang = form_.language_of_choices(*field.row);
     field.list->clear();
-    for (const Choice& choice : field.row->choices()) field.list->addItem(qt(choice.text, lang));
+    for (const forms::Choice& choice : field.row->choices)
+        field.list->addItem(qt(choice.text, lang));
     field.list->setCurrentIndex(chosen);
 }
 
@@ -175,17 +170,17 @@ void FieldPanel::recaption() {
             recaption_list(field);
             input = field.list;
         }
-        field.label->setText(qt(field.row->label, lang));
+        field.label->setText(qt(field.row->field->label, lang));
         const QString hint = qt(field.row->hint, lang);
         field.label->setToolTip(hint);
         input->setToolTip(hint);
-        input->setAccessibleName(qt(field.row->label, lang));
+        input->setAccessibleName(qt(field.row->field->label, lang));
     }
 }
 
 void FieldPanel::mark_needed() {
     for (const Field& field : fields_) {
-        const bool needed = is_needed(state_.calc_case, *field.row);
+        const bool needed = form_.state(*field.row).needed;
         field.label->setEnabled(needed);
         if (field.unit != nullptr) field.unit->setEnabled(needed);
     }

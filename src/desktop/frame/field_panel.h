@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "desktop/frame/desktop_state.h"
-#include "forms/case_forms.h"
+#include "forms/line_form.h"
 
 class QComboBox;
 class QGridLayout;
@@ -23,7 +23,7 @@ public:
     /// Called with the input whose text was refused.
     using Refused = std::function<void(QWidget*)>;
 
-    FieldPanel(const FormSection& section, DesktopState& state, Refused refused);
+    FieldPanel(const forms::Section& section, DesktopState& state, Refused refused);
 
     /// Captions, hints and list entries in the language of the session.
     void recaption();
@@ -55,7 +55,7 @@ public:
 
 private:
     struct Field {
-        const FormRow* row;
+        const forms::Row* row;
         QLabel* label;
         QLineEdit* edit;  // either this
         QComboBox* list;  // or this
@@ -63,14 +63,15 @@ private:
         QWidget* beside;  // in place of the unit
     };
 
-    void add_row(const FormRow& row, int index);
-    QLineEdit* make_edit(const FormRow& row);
-    QComboBox* make_list(const FormRow& row);
+    void add_row(const forms::Row& row, int index);
+    QLineEdit* make_edit(const forms::Row& row);
+    QComboBox* make_list(const forms::Row& row);
     void recaption_list(const Field& field);
-    void take_in(const FormRow& row, QLineEdit& edit);
+    void take_in(const forms::Row& row, QLineEdit& edit);
 
-    const FormSection& section_;
+    const forms::Section& section_;
     DesktopState& state_;
+    forms::LineForm form_;
     Refused refused_;
     QGridLayout* grid_;
     std::vector<Field> fields_;

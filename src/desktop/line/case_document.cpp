@@ -3,13 +3,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "forms/case_forms.h"
+#include "forms/line_form.h"
 #include "persistence/case_file.h"
 #include "shell/case_settings.h"
 #include "shell/program_texts.h"
 #include "workflow/rules/bundle.h"
-#include "workflow/rules/entry_rules.h"
-#include "workflow/rules/transient_cells.h"
 
 namespace zel {
 namespace {
@@ -41,24 +39,18 @@ bool CaseDocument::start_anew() {
     if (!may_be_left()) return false;
     CalcCase fresh;
     take_settings(fresh, state_.settings.now());
-    state_.calc_case = case_for_form(std::move(fresh));
+    state_.calc_case = forms::case_for_form(std::move(fresh));
     mark_stored({});
     return true;
 }
 
 std::vector<RefusedText> CaseDocument::take(const FlatObject& values) {
     const Session& session = state_.session;
-    const EntryRule rule = [&](Entry& field, Entry CalcCase::*key, std::string_view text) {
-        return enter(field, key, text, session);
-    };
-    const CellRule cell_rule = [&](CalcCase& c, StateCellPlace place, std::string_view text) {
-        return read_cell(c, place, text, session);
-    };
-    CaseFile file = read_case(values, session.separator, rule, cell_rule);
+    CaseFile file = read_case(values, session);
     take_missing_settings(file.c, values);
     adopt_settings(file.c, state_.settings, session);
     state_.settings_changed();
-    state_.calc_case = case_for_form(std::move(file.c));
+    state_.calc_case = forms::case_for_form(std::move(file.c));
     return std::move(file.refused);
 }
 

@@ -43,8 +43,10 @@ InputPage::InputPage(DesktopState& state, FieldPanel::Refused refused)
 }
 
 void InputPage::make_panels(int page) {
-    for (const FormSection& section : case_form_sections())
-        if (section.page == page) panels_.push_back(new FieldPanel(section, state_, refused_));
+    const auto& sections =
+        page == input_page ? forms::input_sections() : forms::conductor_sections();
+    for (const forms::Section& section : sections)
+        panels_.push_back(new FieldPanel(section, state_, refused_));
 }
 
 QWidget* InputPage::column_of(const std::vector<std::size_t>& indexes) {
@@ -159,7 +161,7 @@ void GeneralPage::ask_age() {
 QGroupBox* GeneralPage::make_methods() {
     auto* group = new QGroupBox;
     auto* layout = new QHBoxLayout(inside_of(*group));
-    for (const MethodRow& row : method_rows()) {
+    for (const forms::MethodRow& row : forms::method_rows()) {
         auto* box = new QCheckBox;
         box->setObjectName(row.control);
         box->setEnabled(find_method(row.method) != nullptr);
@@ -196,7 +198,7 @@ void GeneralPage::recaption() {
     for (const GivenValueRow& row : given_value_rows())
         mode_->setItemText(static_cast<int>(row.value), qt(row.text, lang));
     std::size_t index = 0;
-    for (const MethodRow& row : method_rows()) {
+    for (const forms::MethodRow& row : forms::method_rows()) {
         QCheckBox* box = method_boxes_[index++];
         box->setText(qt(row.label, lang));
         box->setToolTip(box->isEnabled() ? QString() : qt(not_available, lang));
@@ -211,7 +213,7 @@ void GeneralPage::load() {
     InputPage::load();
     mode_->setCurrentIndex(static_cast<int>(given_value(state().calc_case)));
     std::size_t index = 0;
-    for (const MethodRow& row : method_rows()) {
+    for (const forms::MethodRow& row : forms::method_rows()) {
         QCheckBox* box = method_boxes_[index++];
         const QSignalBlocker quiet(box);
         box->setChecked(is_selected(state().calc_case, row.method));

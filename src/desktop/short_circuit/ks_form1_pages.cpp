@@ -6,6 +6,7 @@
 
 #include "desktop/frame/qt_text.h"
 #include "short_circuit/input_check.h"
+#include "short_circuit/short_circuit_fields.h"
 
 namespace zel {
 namespace {
@@ -26,7 +27,7 @@ constexpr Text no_link = {"Es besteht keine Verbindung zur Seildatenbank.",
 KsInputPage::KsInputPage(int page, KsState& state, const KsPanel::Notify& notify) : state_(state) {
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
-    for (const KsFormSection& section : ks_form_sections())
+    for (const forms::Section& section : forms::short_circuit_sections())
         if (section.page == page) panels_.push_back(new KsPanel(section, state, notify));
 }
 
@@ -129,7 +130,7 @@ void KsConductorPage::take_over() {
     notify_.changed();
     for (const auto& [box, refusal] : refused) {
         zel::Box told = refusal.box;  // a frame has a Box too
-        told.lines.insert(told.lines.begin(), ks_caption_of(box));
+        told.lines.insert(told.lines.begin(), without_outer_blanks(field_of(box).label.de));
         session.tell(told);
     }
     if (!refused.empty()) input(refused.front().box)->setFocus();

@@ -36,7 +36,9 @@ void set_closed_colour(QWidget& input) {
     input.setPalette(palette);
 }
 
-bool is_number(const KsFormRow& row) { return std::holds_alternative<KsBox>(row.field); }
+bool is_number(const forms::Row& row) {
+    return std::holds_alternative<KsBox>(key_of<ShortCircuitCase>(*row.field));
+}
 
 }  // namespace
 
@@ -45,25 +47,26 @@ QWidget* KsPanel::Field::input() const {
     return list;
 }
 
-KsPanel::KsPanel(const KsFormSection& section, KsState& state, Notify notify)
+KsPanel::KsPanel(const forms::Section& section, KsState& state, Notify notify)
     : section_(section),
       state_(state),
+      form_(state.form, state.session),
       notify_(std::move(notify)),
       grid_(new QGridLayout(inside_of(*this))) {
     grid_->setHorizontalSpacing(8);
     grid_->setVerticalSpacing(8);
     grid_->setColumnStretch(1, 1);
-    if (!section.note.empty()) add_note(section.note);
-    for (const KsFormRow& row : section.rows) add_row(row);
+    if (!section.note.de.empty()) add_note(section.note.de);
+    for (const forms::Row& row : section.rows) add_row(row);
     recaption();
     load_anew();
 }
 
-void KsPanel::add_row(const KsFormRow& row) {
+void KsPanel::add_row(const forms::Row& row) {
     const int line = grid_->rowCount();
-    Field field{&row, make_label(row.caption), nullptr, nullptr, nullptr, nullptr, {}, {}};
+    Field field{&row, make_label(row.field->label.de), nullptr, nullptr, nullptr, nullptr, {}, {}};
     QWidget* content = nullptr;
-    if (row.entries != nullptr)
+    if (row.is_list())
         content = field.list = make_list(row);
     else if (section_.typed)
         content = field.edit = make_edit(row);
@@ -81,15 +84,15 @@ void KsPanel::add_row(const KsFormRow& row) {
         grid_->addWidget(field.label, line, 0);
         grid_->addWidget(content, line, 1, 1, is_number(row) ? 1 : 2);
     }
-    if (*row.unit != '\0' && field.edit != nullptr)
-        grid_->addWidget(field.unit = make_label(row.unit), line, 2);
+    if (!row.field->unit.empty() && field.edit != nullptr)
+        grid_->addWidget(field.unit = make_label(row.field->unit), line, 2);
     fields_.push_back(std::move(field));
-    if (!row.note.empty()) add_note(row.note);
+    if (!row.note.de.empty()) add_note(row.note.de);
 }
 
 void KsPanel::add_note(std::string_view note) { add_below(make_label(note)); }
 
-QLineEdit* KsPanel::make_edit(const KsFormRow& row) {
+QLineEdit* KsPanel::make_edit(const forms::Row& row) {
     auto* edit = new QLineEdit;
     edit->setMinimumWidth(number_width);
     set_closed_colour(*edit);
@@ -97,20 +100,19 @@ QLineEdit* KsPanel::make_edit(const KsFormRow& row) {
     edit->installEventFilter(new FocusChain(edit));
     if (!is_number(row)) return edit;
     edit->setAlignment(Qt::AlignRight);
-    connect(edit, &QLineEdit::textEdited, this,
-            [this, &row] { state_.form.typed_into(std::get<KsBox>(row.field)); });
+    connect(edit, &QLineEdit::textEdited, this, [this, &row] { form_.typed_into(row); });
     return edit;
 }
 
-QComboBox* KsPanel::make_list(const KsFormRow& row) {
+QComboBox* KsPanel::make_list(const forms::Row& row) {
     auto* list = new QuietList;
     set_closed_colour(*list);
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list->setMinimumContentsLength(12);
-    for (const std::string_view entry : row.entries()) list->addItem(qt(entry).trimmed());
+    for (const forms::Choice& entry : row.choices) list->addItem(qt(entry.text.de).trimmed());
     list->installEventFilter(new FocusChain(list));
     connect(list, &QComboBox::activated, this, [this, &row](int index) {
-        state_.form.choose(std::get<KsList>(row.field), static_cast<std::int16_t>(index));
+        form_.choose(row, index);
         notify_.changed();
     });
     return list;
@@ -128,12 +130,8 @@ bool KsPanel::eventFilter(QObject* watched, QEvent* event) {
 void KsPanel::take_in(Field& field) {
     const std::string typed = field.edit->text().toStdString();
     if (typed == field.seen) return;
-    std::optional<KsEntryRefusal> refusal;
-    if (const auto* text = std::get_if<KsText>(&field.row->field))
-        state_.form.write(*text, typed);
-    else
-        refusal = state_.form.change(std::get<KsBox>(field.row->field), typed, state_.session);
-    field.kept = ks_shown_text(state_.form.content(), *field.row, state_.session.separator);
+    const auto refusal = form_.enter(*field.row, typed);
+    field.kept = form_.shown(*field.row);
     field.seen = refusal && !refusal->text_stays ? field.kept : typed;
     if (field.seen != typed) field.edit->setText(qt(field.seen));
     notify_.changed();
@@ -147,27 +145,20 @@ void KsPanel::commit() {
         if (field.edit != nullptr) take_in(field);
 }
 
-bool KsPanel::is_open(const KsFormRow& row) const {
-    if (const auto* box = std::get_if<KsBox>(&row.field)) return state_.form.is_open(*box);
-    if (const auto* list = std::get_if<KsList>(&row.field)) return state_.form.is_open(*list);
-    return true;
-}
+bool KsPanel::is_open(const forms::Row& row) const { return form_.state(row).open; }
 
 void KsPanel::load(Field& field, bool anew) {
-    const ShortCircuitCase& c = state_.form.content();
     const bool open = is_open(*field.row);
     for (QWidget* part :
          {static_cast<QWidget*>(field.label), field.input(), static_cast<QWidget*>(field.unit)})
         if (part != nullptr) part->setEnabled(open);
     if (field.list != nullptr) {
-        field.list->setCurrentIndex(c.*std::get<KsList>(field.row->field));
+        field.list->setCurrentIndex(form_.chosen(*field.row));
         return;
     }
-    const std::string text = ks_shown_text(c, *field.row, state_.session.separator);
+    const std::string text = form_.shown(*field.row);
     if (field.shown != nullptr) {
-        const bool has_unit =
-            *field.row->unit != '\0' && c.*std::get<KsRecordNumber>(field.row->field) != 0;
-        field.shown->setText(has_unit ? qt(text) + " " + qt(field.row->unit) : qt(text).trimmed());
+        field.shown->setText(qt(text).trimmed());
         return;
     }
     if (text == field.kept && open && !anew) return;
@@ -189,7 +180,7 @@ void KsPanel::recaption() {
     const LangId lang = state_.session.lang;
     setTitle(qt(section_.caption, lang));
     for (const Field& field : fields_) {
-        const QString hint = lang == LangId::English ? qt(field.row->hint) : QString();
+        const QString hint = qt(field.row->hint, lang);
         field.label->setToolTip(hint);
         if (QWidget* input = field.input()) {
             input->setToolTip(hint);
@@ -206,8 +197,9 @@ std::vector<QWidget*> KsPanel::inputs() const {
 }
 
 QWidget* KsPanel::input(KsKey key) const {
-    const auto found = std::find_if(fields_.begin(), fields_.end(),
-                                    [&](const Field& field) { return field.row->field == key; });
+    const auto found = std::find_if(fields_.begin(), fields_.end(), [&](const Field& field) {
+        return key_of<ShortCircuitCase>(*field.row->field) == key;
+    });
     return found == fields_.end() ? nullptr : found->input();
 }
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "desktop/short_circuit/ks_state.h"
-#include "forms/ks_forms.h"
+#include "forms/short_circuit_form.h"
 
 class QComboBox;
 class QGridLayout;
@@ -25,7 +25,7 @@ public:
         std::function<void()> changed;          // the case has changed
     };
 
-    KsPanel(const KsFormSection& section, KsState& state, Notify notify);
+    KsPanel(const forms::Section& section, KsState& state, Notify notify);
 
     /// Hints and the title in the language of the session.
     void recaption();
@@ -52,7 +52,7 @@ public:
 
 private:
     struct Field {
-        const KsFormRow* row;
+        const forms::Row* row;
         QLabel* label;
         QLineEdit* edit;   // either this
         QComboBox* list;   // or this
@@ -64,16 +64,17 @@ private:
         [[nodiscard]] QWidget* input() const;
     };
 
-    void add_row(const KsFormRow& row);
+    void add_row(const forms::Row& row);
     void add_note(std::string_view note);
-    [[nodiscard]] QLineEdit* make_edit(const KsFormRow& row);
-    [[nodiscard]] QComboBox* make_list(const KsFormRow& row);
+    [[nodiscard]] QLineEdit* make_edit(const forms::Row& row);
+    [[nodiscard]] QComboBox* make_list(const forms::Row& row);
     void take_in(Field& field);
     void load(Field& field, bool anew);
-    [[nodiscard]] bool is_open(const KsFormRow& row) const;
+    [[nodiscard]] bool is_open(const forms::Row& row) const;
 
-    const KsFormSection& section_;
+    const forms::Section& section_;
     KsState& state_;
+    forms::ShortCircuitRecord form_;
     Notify notify_;
     QGridLayout* grid_;
     std::vector<Field> fields_;
