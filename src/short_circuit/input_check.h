@@ -1,9 +1,11 @@
 #pragma once
 
 #include <optional>
+#include <span>
 
 #include "platform/message_box.h"
 #include "short_circuit/short_circuit_case.h"
+#include "workflow/rules/rule_tables.h"
 
 namespace zel {
 
@@ -12,12 +14,22 @@ inline constexpr int ks_input_page = 0;
 inline constexpr int ks_conductor_page = 1;
 inline constexpr int ks_result_page = 2;
 
-/// Why a case cannot be calculated, and where the user goes to mend it.
-struct KsRefusal {
-    Box box;
+/// Where the user goes to mend a case.
+struct KsPlace {
     int page = ks_input_page;
     KsKey focus;
 };
+
+/// Why a case cannot be calculated.
+struct KsRefusal : KsPlace {
+    Box box;
+};
+
+using KsCheck = Check<ShortCircuitCase, KsPlace>;
+
+/// The first of `checks` that refuses `c`. The texts are German in every language.
+[[nodiscard]] std::optional<KsRefusal> refusal_by(std::span<const KsCheck> checks,
+                                                  const ShortCircuitCase& c);
 
 /// The gate before the calculation: walks 30 checks in a fixed order and gives the first that
 /// refuses, or nothing where the case may run. The texts are German in every language.
