@@ -161,7 +161,7 @@ TEST(ExchangeRecord, comes_back_as_it_was_written) {
         if (const auto* whole = std::get_if<std::int16_t CalcCase::*>(&row.field))
             c.** whole = static_cast<std::int16_t>(number);
         if (const auto* entry = std::get_if<Entry CalcCase::*>(&row.field))
-            c.** entry = {masked(number, row.mask, Point), number};
+            c.** entry = {masked(number, field_of(row.field).mask, Point), number};
     }
     EXPECT_EQ(read(written_record(c)), static_cast<ConductorData&>(c));
 }
