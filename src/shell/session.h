@@ -24,6 +24,11 @@ struct Session : Locale {
 
     [[nodiscard]] Reporting reporting() const { return {Meldung_merker, lang, dialogs}; }
 
+    /// The same for a run with dialogs and a memory of its own.
+    [[nodiscard]] Session apart(Dialogs& own_dialogs, MethodMemory* own_memory) const {
+        return {*this, Meldung_merker, own_dialogs, own_memory, wi_v_wi_merker, cigre_TKW_merker};
+    }
+
     /// Shows `box` unless the message mode is silent.
     void tell(const Box& box) const {
         if (Meldung_merker == RunMode::Messages) dialogs.show(box);

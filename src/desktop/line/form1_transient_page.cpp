@@ -7,10 +7,11 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/frame/group.h"
+#include "desktop/frame/job_runner.h"
 #include "desktop/frame/qt_text.h"
-#include "desktop/frame/run_progress.h"
 #include "workflow/run/transient_text.h"
 
 namespace zel {
@@ -45,6 +46,14 @@ constexpr int button_height = 36;
 constexpr int quantity_line = 0;
 constexpr int unit_line = 1;
 constexpr int first_line = 2;
+
+JobProgress progress_of(const TransientProgress& at, LangId lang) {
+    const auto row =
+        static_cast<std::size_t>(std::clamp(at.row, 1, static_cast<int>(state_change_count)) - 1);
+    // What has begun shows a little.
+    return {std::clamp(100 * at.done, 0.1, 100.0),
+            std::string(change_of_state_names[row].in(lang))};
+}
 
 QLabel* make_label(const char* name) {
     auto* label = new QLabel;
@@ -222,19 +231,27 @@ void TransientPage::press_button() {
 void TransientPage::calculate() {
     if (running_) return;
     const QScopedValueRollback<bool> guard(running_, true);
+    CalcCase c = state_.calc_case;
+    MethodMemory memory = *state_.session.memory;
     TransientRunResult result;
-    {
-        RunProgress progress(this, state_);
-        RunTransient(
-            state_.calc_case, state_.transient.basis(), state_.session,
-            [&progress](const TransientProgress& at) { return progress.goes_on(at); }, result);
-    }
+    RunProgress progress(*this, state_.session.lang, state_.patience_ms);
+    run_job(progress, state_.session.dialogs,
+            [&c, &memory, &result, basis = state_.transient.basis(),
+             session = state_.session](Job& job) {
+                const auto observer = [&job, lang = session.lang](const TransientProgress& at) {
+                    job.tell(progress_of(at, lang));
+                    return !job.cancelled();
+                };
+                RunTransient(c, basis, session.apart(job.dialogs(), &memory), observer, result);
+            });
     if (!result.input_valid) {
         state_.session.tell(result.refusal.box);
         if (result.refusal.row) rows_[*result.refusal.row]->input(result.refusal.cell)->setFocus();
         return;
     }
     if (result.end == TransientEnd::Cancelled) return;
+    state_.calc_case = c;
+    *state_.session.memory = memory;
     state_.transient.keep(result, state_.calc_case);
     state_.case_changed();
     calculated();
