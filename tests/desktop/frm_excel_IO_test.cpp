@@ -27,12 +27,12 @@ protected:
 
     void open_window(ExcelMode mode = ExcelMode::Steady, LangId lang = LangId::English) {
         window.reset();
+        used_workbooks = &batch.store;
         open(line_of_all_methods(), lang, DecimalSeparator::Point);
         settings.set(&ProgramSettings::Excel_Leiterdaten_Merker, 2);
         show_window(mode);
     }
     void show_window(ExcelMode mode = ExcelMode::Steady) {
-        state->workbooks = &batch.store;
         state->data_folder = "/data/templates";
         window = std::make_unique<FrmExcelIO>(nullptr, *state, mode);
         window->show();

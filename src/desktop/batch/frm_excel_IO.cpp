@@ -12,8 +12,8 @@
 #include <QVBoxLayout>
 #include <cmath>
 
-#include "desktop/frame/group.h"
-#include "desktop/frame/qt_text.h"
+#include "desktop/frame/events.h"
+#include "desktop/frame/widgets.h"
 #include "excel_batch/batch_texts.h"
 #include "excel_batch/test_rows.h"
 #include "forms/config_options.h"
@@ -128,7 +128,7 @@ QPushButton* FrmExcelIO::make_button(const char* name, const Text& caption,
     auto* button = new QPushButton(qt(caption, lang()));
     button->setObjectName(name);
     button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, [this, action] { (this->*action)(); });
+    on(button, &QPushButton::clicked, [this, action] { (this->*action)(); });
     at_rest_.push_back(button);
     return button;
 }
@@ -144,8 +144,8 @@ QWidget* FrmExcelIO::make_choice() {
     (with ? with_conductor_ : without_conductor_)->setChecked(true);
     for (QRadioButton* option : {with_conductor_, without_conductor_}) {
         const std::int16_t value = option == with_conductor_ ? 1 : 2;
-        connect(option, &QRadioButton::clicked, this, [this, value] {
-            state_.change(&ProgramSettings::Excel_Leiterdaten_Merker, value);
+        on(option, &QRadioButton::clicked, [this, value] {
+            state_.settings.change(&ProgramSettings::Excel_Leiterdaten_Merker, value);
         });
         layout->addWidget(option);
     }
@@ -269,11 +269,11 @@ void FrmExcelIO::start() {
     run(module_name,
         steady ? "S_00_io_excel_gesamt_rahmen_stat" : "S_100_io_excel_gesamt_rahmen_transient",
         [&result, calculate, session = state_.session, settings = state_.settings.now(),
-         preset = state_.calc_case, store = state_.workbooks, path = path_,
+         preset = state_.calc_case, &store = state_.workbooks, path = path_,
          data_folder = state_.data_folder](Job& job) {
             const Session of_job = session.apart(job.dialogs(), nullptr);
             Observer observer(job);
-            BatchJob batch = {*store, path, of_job, observer, preset, data_folder, path};
+            BatchJob batch = {store, path, of_job, observer, preset, data_folder, path};
             batch.Excel_Leiterdaten_Merker = settings.Excel_Leiterdaten_Merker;
             batch.Excel_Zelle_Array_Schreiben_Merker = settings.Excel_Zelle_Array_Schreiben_Merker;
             result = calculate(batch);
@@ -318,8 +318,8 @@ void FrmExcelIO::work_rows(std::string_view procedure, const TestRows& work) {
     std::optional<int> rows;
     bool stopped = false;
     run("frm_excel_IO", procedure,
-        [&, store = state_.workbooks, path = path_, session = state_.session](Job& job) {
-            rows = work(*store, path, session.apart(job.dialogs(), nullptr),
+        [&, &store = state_.workbooks, path = path_, session = state_.session](Job& job) {
+            rows = work(store, path, session.apart(job.dialogs(), nullptr),
                         [&job] { return job.cancelled(); });
             stopped = !rows && job.cancelled();
             if (rows) job.tell({100});

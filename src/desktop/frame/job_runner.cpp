@@ -11,7 +11,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "desktop/frame/qt_text.h"
+#include "desktop/frame/events.h"
+#include "desktop/frame/widgets.h"
 
 namespace zel {
 namespace {
@@ -120,7 +121,7 @@ public:
         layout->addWidget(line_);
         layout->addWidget(bar_);
         layout->addWidget(cancel_, 0, Qt::AlignHCenter);
-        connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
+        on(cancel_, &QPushButton::clicked, [this] { reject(); });
     }
 
     void show_progress(const JobProgress& at) {

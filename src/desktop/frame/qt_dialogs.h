@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/launcher.h"
 #include "platform/message_box.h"
 
 namespace zel {
@@ -15,6 +16,13 @@ public:
 
 private:
     const LangId* lang_ = nullptr;
+};
+
+/// Starts programs and opens documents as the desktop of the user does.
+class QtLauncher : public Launcher {
+public:
+    [[nodiscard]] bool open_document(const std::string& path) override;
+    [[nodiscard]] bool start_program(const std::string& path) override;
 };
 
 }  // namespace zel
