@@ -1,8 +1,18 @@
-#include "adapters/posix/posix_fault.h"
+#include "adapters/posix/descriptor.h"
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #include <cerrno>
 
 namespace zel {
+
+Descriptor::Descriptor(const std::string& path)
+    : number_(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
+
+Descriptor::~Descriptor() {
+    if (number_ > STDIN_FILENO) ::close(number_);
+}
 
 PlatformFault posix_fault(int error_number) {
     switch (error_number) {
