@@ -15,7 +15,8 @@ std::string inputs_of(ShortCircuitForm form, const CommonOptions& options) {
     std::vector<forms::Section> sections(record.sections().begin(), record.sections().end());
     // Nothing is asked of the conductor where equipment is judged.
     if (form.content().Leiter_Bmittel == equipment)
-        std::erase_if(sections, [](const auto& s) { return s.page == ks_conductor_page; });
+        std::erase_if(sections,
+                      [](const auto& s) { return s.page == short_circuit::conductor_page; });
     return listing_of(record, sections, options.lang);
 }
 

@@ -5,11 +5,11 @@
 namespace zel::forms {
 namespace {
 
-const KsKey& key(const Row& row) { return key_of<ShortCircuitCase>(*row.field); }
+const ShortCircuitKey& key(const Row& row) { return key_of<ShortCircuitCase>(*row.field); }
 
 /// Whether nothing stands in the row's field but the 0 of a new record.
 bool is_zero(const ShortCircuitCase& c, const Row& row) {
-    const auto* number = std::get_if<KsRecordNumber>(&key(row));
+    const auto* number = std::get_if<RecordNumberKey>(&key(row));
     return number != nullptr && c.**number == 0;
 }
 
@@ -24,7 +24,7 @@ std::span<const Section> ShortCircuitRecord::sections() const { return short_cir
 
 std::string ShortCircuitRecord::plain_text(const Row& row) const {
     const ShortCircuitCase& c = form_.content();
-    if (const auto* box = std::get_if<KsBox>(&key(row))) return (c.**box).text;
+    if (const auto* box = std::get_if<NumberKey>(&key(row))) return (c.**box).text;
     if (row.is_list()) {
         const int index = chosen(row);
         return index == 0 ? std::string()
@@ -44,32 +44,32 @@ std::string ShortCircuitRecord::listed(const Row& row) const {
 }
 
 int ShortCircuitRecord::chosen(const Row& row) const {
-    return form_.content().*std::get<KsList>(key(row));
+    return form_.content().*std::get<ListKey>(key(row));
 }
 
 InputState ShortCircuitRecord::state(const Row& row) const {
     bool open = true;
-    if (const auto* box = std::get_if<KsBox>(&key(row))) open = form_.is_open(*box);
-    if (const auto* list = std::get_if<KsList>(&key(row))) open = form_.is_open(*list);
+    if (const auto* box = std::get_if<NumberKey>(&key(row))) open = form_.is_open(*box);
+    if (const auto* list = std::get_if<ListKey>(&key(row))) open = form_.is_open(*list);
     return {open, open};
 }
 
 std::optional<Refusal> ShortCircuitRecord::enter(const Row& row, std::string_view text) {
-    if (const auto* field = std::get_if<KsText>(&key(row))) {
+    if (const auto* field = std::get_if<TextKey>(&key(row))) {
         form_.write(*field, text);
         return std::nullopt;
     }
-    auto refusal = form_.change(std::get<KsBox>(key(row)), text, locale_);
+    auto refusal = form_.change(std::get<NumberKey>(key(row)), text, locale_);
     if (!refusal) return std::nullopt;
     return Refusal{std::move(refusal->box), refusal->text_stays};
 }
 
 void ShortCircuitRecord::choose(const Row& row, int index) {
-    form_.choose(std::get<KsList>(key(row)), static_cast<std::int16_t>(index));
+    form_.choose(std::get<ListKey>(key(row)), static_cast<std::int16_t>(index));
 }
 
 void ShortCircuitRecord::typed_into(const Row& row) {
-    if (const auto* box = std::get_if<KsBox>(&key(row))) form_.typed_into(*box);
+    if (const auto* box = std::get_if<NumberKey>(&key(row))) form_.typed_into(*box);
 }
 
 }  // namespace zel::forms

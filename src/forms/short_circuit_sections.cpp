@@ -26,11 +26,11 @@ std::span<const Choice> material_entries() {
     return entries;
 }
 
-Row row(const char* control, const KsKey& key, std::string_view english) {
+Row row(const char* control, const ShortCircuitKey& key, std::string_view english) {
     return {.control = control, .field = &field_of(key), .hint = {"", english}};
 }
 
-Row list(const char* control, const KsKey& key, std::span<const Choice> choices,
+Row list(const char* control, const ShortCircuitKey& key, std::span<const Choice> choices,
          std::string_view english) {
     Row made = row(control, key, english);
     made.choices = choices;
@@ -38,7 +38,7 @@ Row list(const char* control, const KsKey& key, std::span<const Choice> choices,
 }
 
 /// What a conductor's record brought; its control bears the name of the field.
-Row shown(const KsKey& key, std::string_view english) {
+Row shown(const ShortCircuitKey& key, std::string_view english) {
     return row(name_of(key).data(), key, english);
 }
 
@@ -121,14 +121,16 @@ std::vector<Row> material() {
 
 std::span<const Section> short_circuit_sections() {
     static const std::vector<Section> sections = {
-        {ks_input_page, {"Angaben zum Projekt", "Project"}, project()},
-        {ks_input_page, {"Kurzschlußstrom", "Short-circuit current"}, current()},
-        {ks_input_page, {"Leiter oder Betriebsmittel", "Conductor or equipment"}, object()},
-        {.page = ks_conductor_page,
+        {short_circuit::input_page, {"Angaben zum Projekt", "Project"}, project()},
+        {short_circuit::input_page, {"Kurzschlußstrom", "Short-circuit current"}, current()},
+        {short_circuit::input_page,
+         {"Leiter oder Betriebsmittel", "Conductor or equipment"},
+         object()},
+        {.page = short_circuit::conductor_page,
          .caption = {"Leiter aus der Seildatenbank", "Conductor of the database"},
          .rows = record(),
          .typed = false},
-        {.page = ks_conductor_page,
+        {.page = short_circuit::conductor_page,
          .caption = {"Leitermaterial", "Conductor material"},
          .rows = material(),
          .note =

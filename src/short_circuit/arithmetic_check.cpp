@@ -27,51 +27,54 @@ double g(const C& c, double temperature) { return (temperature - 20) * c.Tk20_ks
 constexpr BoxText refused = {Icon::Stop, {" Fehlerhafte Eingabe"}, {"{0}"}};
 
 // In the order in which the calculation meets them.
-constexpr KsCheck faults[] = {
+constexpr ShortCircuitCheck faults[] = {
     {{computes_current,
       [](const C& c) { return c.Kappa.value == 2; },
       &refused,
-      {ks_input_page, &C::Kappa}},
+      {short_circuit::input_page, &C::Kappa}},
      {"Der Faktor kappa muß kleiner als 2 sein !"}},
-    {{computes_current, current_is_infinite, &refused, {ks_input_page, &C::Frequenz_ks}},
+    {{computes_current,
+      current_is_infinite,
+      &refused,
+      {short_circuit::input_page, &C::Frequenz_ks}},
      {"Die Frequenz des Stromkreises muß größer als 0 Hz sein !"}},
-    {{computes_current, current_is_no_number, &refused, {ks_input_page, &C::IK}},
+    {{computes_current, current_is_no_number, &refused, {short_circuit::input_page, &C::IK}},
      {"Der Dauerkurzschlußwechselstrom Ik ist zu hoch für diesen Anfangskurzschlußwechselstrom Ik'' !"}},
     {{judges_equipment,
       [](const C& c) { return c.Tkr.value < 0; },
       &refused,
-      {ks_input_page, &C::Tkr}},
+      {short_circuit::input_page, &C::Tkr}},
      {"Die Bemessungs-Kurzzeit T_kr darf nicht negativ sein !"}},
     {{judges_conductor,
       [](const C& c) { return c.Tk20_ks.value == 0; },
       &refused,
-      {ks_conductor_page, &C::Tk20_ks}},
+      {short_circuit::conductor_page, &C::Tk20_ks}},
      {"Der Temperaturkoeffizient der spezifischen Leitfähigkeit muß größer als 0 / K sein !"}},
     {{judges_conductor,
       [](const C& c) { return g(c, c.theta_b.value) <= 0; },
       &refused,
-      {ks_input_page, &C::theta_b}},
+      {short_circuit::input_page, &C::theta_b}},
      {"Die Temperatur bei Kurzschlußbeginn theta_b ist zu niedrig für diesen Temperaturkoeffizienten !"}},
     {{judges_conductor,
       [](const C& c) { return c.theta_e.value < c.theta_b.value; },
       &refused,
-      {ks_input_page, &C::theta_e}},
+      {short_circuit::input_page, &C::theta_e}},
      {"Die Temperatur bei Kurzschlußende theta_e darf nicht unter der bei Kurzschlußbeginn liegen !"}},
     {{judges_conductor,
       [](const C& c) { return c.Tkr.value <= 0; },
       &refused,
-      {ks_input_page, &C::Tkr}},
+      {short_circuit::input_page, &C::Tkr}},
      {"Die Bemessungs-Kurzzeit T_kr muß größer als 0 s sein !"}},
     {{judges_conductor,
       [](const C& c) { return c.A_Leiter.value <= 0; },
       &refused,
-      {ks_conductor_page, &C::A_Leiter}},
+      {short_circuit::conductor_page, &C::A_Leiter}},
      {"Der Leitermaterialquerschnitt muß größer als 0 qmm sein !"}},
 };
 
 }  // namespace
 
-std::optional<KsRefusal> arithmetic_refusal(const ShortCircuitCase& c) {
+std::optional<ShortCircuitRefusal> arithmetic_refusal(const ShortCircuitCase& c) {
     return refusal_by(faults, c);
 }
 

@@ -59,7 +59,7 @@ constexpr Limits density =
                       "Geben Sie bitte einen korrekten Wert ein."});
 
 struct BoxLimits {
-    KsBox box;
+    NumberKey box;
     const Limits* limits;
 };
 
@@ -84,24 +84,24 @@ constexpr BoxLimits rules[] = {
     {&C::Dichte_rho, &density},
 };
 
-Limits limits_of(KsBox box) {
+Limits limits_of(NumberKey box) {
     const auto* const rule = std::find_if(std::begin(rules), std::end(rules),
                                           [&](const BoxLimits& r) { return r.box == box; });
     return rule == std::end(rules) ? Limits{} : *rule->limits;
 }
 
-std::optional<KsEntryRefusal> refusal(std::optional<float> number, const Limits& limits,
-                                      LangId lang) {
+std::optional<NumberRefusal> refusal(std::optional<float> number, const Limits& limits,
+                                     LangId lang) {
     const Text* told = number ? limits.broken_by(static_cast<double>(*number)) : nullptr;
-    if (told != nullptr) return KsEntryRefusal{box_in(lang, {Icon::Stop, limit_title, *told})};
-    if (!number || std::isinf(*number)) return KsEntryRefusal{box_in(lang, not_numeric), true};
+    if (told != nullptr) return NumberRefusal{box_in(lang, {Icon::Stop, limit_title, *told})};
+    if (!number || std::isinf(*number)) return NumberRefusal{box_in(lang, not_numeric), true};
     return std::nullopt;
 }
 
 }  // namespace
 
-std::optional<KsEntryRefusal> enter(Entry& field, KsBox box, std::string_view text,
-                                    const Locale& locale) {
+std::optional<NumberRefusal> enter(Entry& field, NumberKey box, std::string_view text,
+                                   const Locale& locale) {
     field.text = text;
     if (text.empty()) return std::nullopt;
     const auto number = parse_single(text, locale.separator);

@@ -63,12 +63,12 @@ struct ShortCircuitCase {
 };
 
 /// A box for a number, and a list, by the member that it fills.
-using KsBox = Entry ShortCircuitCase::*;
-using KsList = std::int16_t ShortCircuitCase::*;
-using KsText = std::string ShortCircuitCase::*;
-using KsRecordNumber = double ShortCircuitCase::*;
+using NumberKey = Entry ShortCircuitCase::*;
+using ListKey = std::int16_t ShortCircuitCase::*;
+using TextKey = std::string ShortCircuitCase::*;
+using RecordNumberKey = double ShortCircuitCase::*;
 
 /// A field by its member, the key that ties all tables over fields together.
-using KsKey = KeyOf<ShortCircuitCase>;
+using ShortCircuitKey = KeyOf<ShortCircuitCase>;
 
 }  // namespace zel

@@ -9,9 +9,9 @@ namespace {
 
 // NOLINTNEXTLINE(cppcoreguidelines-macro-usage): a field's name and its member stand once.
 #define FIELD(name) \
-    KsField { #name, &ShortCircuitCase::name }
+    ShortCircuitField { #name, &ShortCircuitCase::name }
 
-constexpr KsField fields[] = {
+constexpr ShortCircuitField fields[] = {
     FIELD(Projekt_ks).called("Kennung :").of_length(100),
     FIELD(Bearbeiter_ks).called("Bearbeiter : ").of_length(100),
     FIELD(Datum_ks).called("Datum :").of_length(20),
@@ -69,25 +69,26 @@ constexpr KsField fields[] = {
 
 }  // namespace
 
-std::span<const KsField> short_circuit_fields() { return fields; }
+std::span<const ShortCircuitField> short_circuit_fields() { return fields; }
 
 std::vector<FieldOf> fields_of(ShortCircuitCase& c) {
     std::vector<FieldOf> all;
-    for (const KsField& field : fields)
+    for (const ShortCircuitField& field : fields)
         all.push_back({std::string(field.name), &field, field.of(c)});
     return all;
 }
 
-const KsField* find_short_circuit_field(std::string_view name) {
+const ShortCircuitField* find_short_circuit_field(std::string_view name) {
     const auto* const found =
         std::find_if(std::begin(fields), std::end(fields),
-                     [&](const KsField& field) { return same_name(field.name, name); });
+                     [&](const ShortCircuitField& field) { return same_name(field.name, name); });
     return found == std::end(fields) ? nullptr : found;
 }
 
-const KsField& field_of(const KsKey& key) {
-    const auto* const found = std::find_if(std::begin(fields), std::end(fields),
-                                           [&](const KsField& field) { return field.key == key; });
+const ShortCircuitField& field_of(const ShortCircuitKey& key) {
+    const auto* const found =
+        std::find_if(std::begin(fields), std::end(fields),
+                     [&](const ShortCircuitField& field) { return field.key == key; });
     if (found == std::end(fields)) throw std::logic_error("a member of the case has no row");
     return *found;
 }

@@ -10,16 +10,16 @@ namespace {
 
 using C = ShortCircuitCase;
 
-constexpr std::array<KsList, 4> selections = {&C::Strombegrenzschalter_ks, &C::generatornah,
-                                              &C::Anzahl_KS_fluesse, &C::Leiter_Bmittel};
+constexpr std::array<ListKey, 4> selections = {&C::Strombegrenzschalter_ks, &C::generatornah,
+                                               &C::Anzahl_KS_fluesse, &C::Leiter_Bmittel};
 
 /// Where the field stands in the order of filling in.
 std::size_t rank(const FieldInfo& field) {
     for (std::size_t i = 0; i < selections.size(); ++i)
-        if (key_of<C>(field) == KsKey(selections[i])) return i;
+        if (key_of<C>(field) == ShortCircuitKey(selections[i])) return i;
     const auto* first = short_circuit_fields().data();
     return selections.size() +
-           static_cast<std::size_t>(static_cast<const KsField*>(&field) - first);
+           static_cast<std::size_t>(static_cast<const ShortCircuitField*>(&field) - first);
 }
 
 class Reader : public RecordReader {
@@ -50,7 +50,7 @@ private:
     }
 
     std::optional<FieldOf> find(std::string_view key) override {
-        const KsField* field = find_short_circuit_field(key);
+        const ShortCircuitField* field = find_short_circuit_field(key);
         if (field == nullptr) return std::nullopt;
         return FieldOf{std::string(key), field, form_.place_of(*field)};
     }
@@ -61,7 +61,7 @@ private:
 
     std::optional<Box> take(const FieldOf& field, Entry& /*place*/,
                             const std::string& text) override {
-        const auto box = std::get<KsBox>(key_of<C>(*field.info));
+        const auto box = std::get<NumberKey>(key_of<C>(*field.info));
         if (!form_.is_open(box)) return std::nullopt;
         auto refusal = form_.change(box, text, locale_);
         if (!refusal) return std::nullopt;
@@ -80,7 +80,7 @@ private:
         if (!is_whole || *whole < 0 || *whole > info.last_index)
             refuse(field.name,
                    "a whole number from 0 to " + std::to_string(info.last_index) + " is expected");
-        const auto list = std::get<KsList>(key_of<C>(info));
+        const auto list = std::get<ListKey>(key_of<C>(info));
         if (form_.is_open(list)) form_.choose(list, *whole);
     }
 

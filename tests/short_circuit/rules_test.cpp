@@ -21,24 +21,24 @@ const json& data() {
     return all;
 }
 
-KsBox box_of(const std::string& name) {
-    return std::get<KsBox>(find_short_circuit_field(name)->key);
+NumberKey box_of(const std::string& name) {
+    return std::get<NumberKey>(find_short_circuit_field(name)->key);
 }
 
-void change(KsTyping& typing, const json& row) {
+void change(ShortCircuitTyping& typing, const json& row) {
     for (const auto& [name, value] : row["set"].items())
         if (value.is_string())
             typing.type(box_of(name), value);
         else
-            typing.choose(std::get<KsList>(find_short_circuit_field(name)->key), value);
+            typing.choose(std::get<ListKey>(find_short_circuit_field(name)->key), value);
 }
 
-KsTyping base_of(const json& row) {
+ShortCircuitTyping base_of(const json& row) {
     if (row["base"] == "copper_far") return {copper_far()};
     return {row["base"] == "aluminium_near" ? aluminium_near() : limited_equipment()};
 }
 
-void expect_refusal(const json& row, const std::optional<KsRefusal>& refusal) {
+void expect_refusal(const json& row, const std::optional<ShortCircuitRefusal>& refusal) {
     ASSERT_TRUE(refusal) << row;
     EXPECT_EQ(as_json({refusal->box})[0],
               (json{{"icon", "stop"}, {"title", row["title"]}, {"lines", row["lines"]}}));
@@ -46,8 +46,8 @@ void expect_refusal(const json& row, const std::optional<KsRefusal>& refusal) {
     EXPECT_EQ(name_of(refusal->focus), row["focus"].get<std::string>()) << row;
 }
 
-std::optional<KsEntryRefusal> entered(Entry& field, const std::string& name,
-                                      const std::string& text, LangId lang = LangId::German) {
+std::optional<NumberRefusal> entered(Entry& field, const std::string& name, const std::string& text,
+                                     LangId lang = LangId::German) {
     return enter(field, box_of(name), text, {lang, DecimalSeparator::Point});
 }
 
@@ -112,12 +112,12 @@ TEST(EntryRule, what_is_no_number_stays_in_the_box_only) {
 TEST(InputCheck, each_check_refuses_its_fault) {
     ASSERT_EQ(data()["checks"].size(), 30U);
     for (const json& row : data()["checks"]) {
-        KsTyping typing = base_of(row);
+        ShortCircuitTyping typing = base_of(row);
         ASSERT_FALSE(first_refusal(typing.form.content())) << row;
         change(typing, row);
         expect_refusal(row, first_refusal(typing.form.content()));
     }
-    EXPECT_EQ(first_refusal({})->focus, KsKey(&C::Frequenz_ks));
+    EXPECT_EQ(first_refusal({})->focus, ShortCircuitKey(&C::Frequenz_ks));
 }
 
 // Faults are added from the last check to the first: each is told before all that follow it.
@@ -131,7 +131,7 @@ TEST(InputCheck, checks_come_in_order) {
         {limited_equipment, {24, 23, 15, 14, 13, 4, 3, 2, 1}},
     };
     for (const auto& [base, numbers] : orders) {
-        KsTyping typing{base()};
+        ShortCircuitTyping typing{base()};
         for (const std::size_t number : numbers) {
             const json& row = data()["checks"][number - 1];
             change(typing, row);
@@ -142,7 +142,7 @@ TEST(InputCheck, checks_come_in_order) {
 
 TEST(InputCheck, asks_for_nothing_that_is_not_read_and_lower_limits_are_inclusive) {
     for (const json& row : data()["pass"]) {
-        KsTyping typing = base_of(row);
+        ShortCircuitTyping typing = base_of(row);
         change(typing, row);
         EXPECT_FALSE(RunShortCircuit(typing.form.content(), DecimalSeparator::Point).refusal)
             << row;
@@ -150,14 +150,14 @@ TEST(InputCheck, asks_for_nothing_that_is_not_read_and_lower_limits_are_inclusiv
 }
 
 TEST(InputCheck, flow_that_was_hidden_once_is_missing) {
-    KsTyping typing{aluminium_near()};
+    ShortCircuitTyping typing{aluminium_near()};
     typing.choose(&C::Anzahl_KS_fluesse, 1).choose(&C::Anzahl_KS_fluesse, 3);
-    EXPECT_EQ(first_refusal(typing.form.content())->focus, KsKey(&C::Tk2));
+    EXPECT_EQ(first_refusal(typing.form.content())->focus, ShortCircuitKey(&C::Tk2));
 }
 
 TEST(ArithmeticFaults, are_refused_by_one_line_that_names_the_input) {
     for (const json& row : data()["arithmetic"]) {
-        KsTyping typing = base_of(row);
+        ShortCircuitTyping typing = base_of(row);
         change(typing, row);
         EXPECT_FALSE(first_refusal(typing.form.content())) << row << ": the checks let it through";
         const ShortCircuitRun run = RunShortCircuit(typing.form.content(), DecimalSeparator::Point);
@@ -169,14 +169,16 @@ TEST(ArithmeticFaults, are_refused_by_one_line_that_names_the_input) {
 
 TEST(ArithmeticFaults, what_is_odd_but_sound_is_calculated) {
     // No rise of temperature: nothing is admissible.
-    const auto cold = RunShortCircuit(KsTyping{copper_far()}.type(&C::theta_e, "80").form.content(),
-                                      DecimalSeparator::Point);
+    const auto cold =
+        RunShortCircuit(ShortCircuitTyping{copper_far()}.type(&C::theta_e, "80").form.content(),
+                        DecimalSeparator::Point);
     ASSERT_FALSE(cold.refusal);
     EXPECT_EQ(cold.result.S_zul, 0);
     EXPECT_EQ(cold.result.verdict_Leiter, does_not_withstand);
     // Equipment without a rated time carries nothing for longer.
-    const auto never = RunShortCircuit(
-        KsTyping{limited_equipment()}.type(&C::Tkr, "0").form.content(), DecimalSeparator::Point);
+    const auto never =
+        RunShortCircuit(ShortCircuitTyping{limited_equipment()}.type(&C::Tkr, "0").form.content(),
+                        DecimalSeparator::Point);
     ASSERT_FALSE(never.refusal);
     EXPECT_EQ(never.result.verdict_Betriebsmittel, does_not_withstand);
 }
@@ -184,7 +186,7 @@ TEST(ArithmeticFaults, what_is_odd_but_sound_is_calculated) {
 // Every box at the ends of what it takes, two at a time: what is not refused meets no fault.
 TEST(ArithmeticFaults, none_is_left_in_what_passes) {
     constexpr struct {
-        KsBox box;
+        NumberKey box;
         const char* texts[5];
     } ends[] = {
         {&C::Frequenz_ks, {"-99", "-1e-30", "1e-30", "16.7", "99"}},
@@ -204,7 +206,7 @@ TEST(ArithmeticFaults, none_is_left_in_what_passes) {
         for (const auto& other : ends)
             for (const char* text : one.texts)
                 for (const char* second : other.texts) {
-                    KsTyping typing{aluminium_near()};
+                    ShortCircuitTyping typing{aluminium_near()};
                     typing.type(one.box, text).type(other.box, second);
                     const ArithmeticScope watch;
                     const auto run =

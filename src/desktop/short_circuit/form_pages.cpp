@@ -41,7 +41,7 @@ QPushButton* make_button(const ButtonRow& row, Captions& captions, std::function
 
 }  // namespace
 
-GeneralPage::GeneralPage(const FormParts& parts) : InputPage(ks_input_page, parts) {
+GeneralPage::GeneralPage(const FormParts& parts) : InputPage(short_circuit::input_page, parts) {
     enum { project, current, object };
     set_content(content_of({column_of({project, object}), column_of({current})}));
     tab_through({project, current, object});
@@ -49,7 +49,7 @@ GeneralPage::GeneralPage(const FormParts& parts) : InputPage(ks_input_page, part
 
 ConductorPage::ConductorPage(const FormParts& parts, std::function<void()> start_database,
                              std::function<void()> take_over)
-    : InputPage(ks_conductor_page, parts) {
+    : InputPage(short_circuit::conductor_page, parts) {
     enum { record, material };
     auto* buttons = new QWidget;
     auto* layout = new QHBoxLayout(buttons);

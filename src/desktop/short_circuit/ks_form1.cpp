@@ -87,7 +87,7 @@ KsForm1::~KsForm1() = default;
 void KsForm1::case_changed() {
     general_->load();
     conductor_->load();
-    strip().setTabEnabled(ks_conductor_page, form_.conductor_page_is_open());
+    strip().setTabEnabled(short_circuit::conductor_page, form_.conductor_page_is_open());
     show_modified();
 }
 
@@ -126,7 +126,7 @@ void KsForm1::leave_page() {
 
 void KsForm1::turn_to(int page) {
     show_page(page);
-    if (page == ks_result_page) run();
+    if (page == short_circuit::result_page) run();
 }
 
 void KsForm1::run() {
@@ -144,7 +144,7 @@ void KsForm1::run() {
     allow_copy(true);
 }
 
-void KsForm1::go_to(const KsRefusal& refusal) {
+void KsForm1::go_to(const ShortCircuitRefusal& refusal) {
     strip().setCurrentIndex(refusal.page);
     const FieldInfo& field = field_of(refusal.focus);
     QWidget* input = general_->input(field);

@@ -37,7 +37,7 @@ private:
     void start_database();
     void take_over_conductor();
     void run();
-    void go_to(const KsRefusal& refusal);
+    void go_to(const ShortCircuitRefusal& refusal);
 
     ShortCircuitForm& form_;
     forms::ShortCircuitRecord record_;
@@ -45,7 +45,7 @@ private:
     GeneralPage* general_;
     ConductorPage* conductor_;
     ResultView* result_;
-    std::optional<KsResultPage> shown_;  // the result, while it is shown
+    std::optional<VerdictPage> shown_;  // the result, while it is shown
 };
 
 }  // namespace zel::short_circuit

@@ -52,17 +52,17 @@ void ResultView::clear() {
     widget()->hide();
 }
 
-void ResultView::show_page(const KsResultPage& page) {
+void ResultView::show_page(const VerdictPage& page) {
     clear();
     verdict_->setText(qt(page.verdict));
     set_colour(*verdict_, QPalette::WindowText,
                page.withstands ? colour_of_strong : colour_of_weak);
     int number = 0;
-    for (const KsResultGroup& group : page.groups) add_group(group, number++);
+    for (const VerdictGroup& group : page.groups) add_group(group, number++);
     widget()->show();
 }
 
-void ResultView::add_group(const KsResultGroup& group, int number) {
+void ResultView::add_group(const VerdictGroup& group, int number) {
     auto* box = new QGroupBox(qt(group.caption));
     box->setObjectName(QString("group_%1").arg(number));
     auto* grid = new QGridLayout(inside_of(*box));
@@ -81,7 +81,7 @@ void ResultView::add_group(const KsResultGroup& group, int number) {
     groups_->addWidget(box);
 }
 
-void ResultView::add_row(QGridLayout& grid, const KsResultRow& row, int line, int column,
+void ResultView::add_row(QGridLayout& grid, const VerdictRow& row, int line, int column,
                          const QString& name) {
     auto* value = make_label(qt(row.value));
     value->setObjectName(name);

@@ -15,13 +15,13 @@ class ResultView : public AreaPage {
 public:
     ResultView();
 
-    void show_page(const KsResultPage& page);
+    void show_page(const VerdictPage& page);
     /// Shows nothing, as before the first run and at every change of the page.
     void clear();
 
 private:
-    void add_group(const KsResultGroup& group, int number);
-    static void add_row(QGridLayout& grid, const KsResultRow& row, int line, int column,
+    void add_group(const VerdictGroup& group, int number);
+    static void add_row(QGridLayout& grid, const VerdictRow& row, int line, int column,
                         const QString& name);
 
     QLabel* verdict_;
