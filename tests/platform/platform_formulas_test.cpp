@@ -39,7 +39,8 @@ TEST(PlatformFormulas, have_the_values_of_their_rows) {
                      ZEL_FORMULA(round_half_even), ZEL_FORMULA(masked), ZEL_FORMULA(plain_number),
                      ZEL_FORMULA(round_to_int16), ZEL_FORMULA(narrowed_to_single),
                      ZEL_FORMULA(text_in), ZEL_FORMULA(filled), ZEL_FORMULA(lines_of),
-                     ZEL_FORMULA(joined), ZEL_FORMULA(icon_name), ZEL_FORMULA(csv)});
+                     ZEL_FORMULA(joined), ZEL_FORMULA(icon_name), ZEL_FORMULA(csv),
+                     ZEL_FORMULA(without_outer_blanks), ZEL_FORMULA(same_name)});
 }
 
 TEST(PlatformFormulas, of_a_value_that_is_no_number) {
