@@ -9,7 +9,7 @@
 #include "excel_batch/batch_run.h"
 #include "excel_batch/input_cells.h"
 #include "excel_batch/template_design.h"
-#include "fakes/sunny_cases.h"
+#include "fakes/steady_cases.h"
 #include "fakes/tb601_cases.h"
 
 // A whole batch on a workbook in memory, by four methods, with conductor columns (81 columns a

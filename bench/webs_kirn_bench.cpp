@@ -1,6 +1,6 @@
 #include <benchmark/benchmark.h>
 
-#include "fakes/sunny_cases.h"
+#include "fakes/steady_cases.h"
 #include "steady/kirn.h"
 #include "steady/steady_solver.h"
 #include "steady/webs.h"

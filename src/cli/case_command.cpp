@@ -22,6 +22,12 @@ ordered_json json_of(const std::vector<Message>& messages) {
     return list;
 }
 
+ordered_json json_of(const std::vector<Note>& notes) {
+    ordered_json list = ordered_json::array();
+    for (const auto& [code, text] : notes) list.push_back({{"code", code}, {"text", text}});
+    return list;
+}
+
 std::string text_of(const ordered_json& document) { return document.dump(2) + "\n"; }
 
 void add_case_word(CLI::App& command, CaseWords& words) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "program/console.h"
+#include "short_circuit/short_circuit_form.h"
 #include "short_circuit/short_circuit_run.h"
 #include "steady/case/calc_case.h"
 #include "workflow/run/steady_run.h"
@@ -20,6 +21,8 @@ namespace zel {
 
 /// The boxes of a run as the `messages` of a document.
 [[nodiscard]] nlohmann::ordered_json json_of(const std::vector<Message>& messages);
+/// The remarks of the program as the `notes` of a document.
+[[nodiscard]] nlohmann::ordered_json json_of(const std::vector<Note>& notes);
 /// The document as it is printed.
 [[nodiscard]] std::string text_of(const nlohmann::ordered_json& document);
 
@@ -37,6 +40,7 @@ struct TransientReport {
     std::optional<TransientStart> start;
     TransientRunResult run;
     std::optional<std::vector<RowSeries>> series;
+    std::vector<Note> notes{};  // on the steady state and on the rows
 };
 
 [[nodiscard]] std::string transient_document(const TransientReport& report,
@@ -47,7 +51,8 @@ struct TransientReport {
 
 [[nodiscard]] std::string short_circuit_document(const ShortCircuitRun& run,
                                                  const std::vector<Message>& messages);
-[[nodiscard]] std::string short_circuit_page(const ShortCircuitCase& c, const ShortCircuitRun& run,
+[[nodiscard]] std::string short_circuit_page(const ShortCircuitForm& form,
+                                             const ShortCircuitRun& run,
                                              const CommonOptions& options);
 
 }  // namespace zel

@@ -5,14 +5,13 @@
 #include "adapters/json/flat_json.h"
 #include "cli/case_listing.h"
 #include "cli/commands.h"
+#include "forms/line_form.h"
 #include "persistence/case_file.h"
 #include "persistence/exchange_record.h"
 #include "platform/errors.h"
 #include "program/conductor_source.h"
 #include "program/stores.h"
-#include "workflow/rules/conductor_needs.h"
-#include "workflow/rules/entry_rules.h"
-#include "workflow/rules/transient_cells.h"
+#include "workflow/rules/steady_check.h"
 
 namespace zel {
 namespace {
@@ -155,7 +154,7 @@ ordered_json json_of(const LibraryConductor& conductor, LangId lang) {
 std::string show_text(const CalcCase& c, const LibraryConductor* known, LangId lang) {
     constexpr Text origin = {"Quelle: {0}\n", "Source: {0}\n"};
     constexpr Text cannot_run = {"{0} kann nicht rechnen: {1}\n", "{0} cannot run: {1}\n"};
-    std::string text = case_listing(c, conductor_sections(), lang);
+    std::string text = case_listing(c, forms::conductor_sections(), lang);
     if (known != nullptr && !known->source.empty())
         text += "\n" + fill(origin.in(lang), {printable(known->source)});
     text += "\n";
@@ -180,18 +179,12 @@ int write_and_tell(const ConductorData& conductor, const std::string& path,
 /// A fragment may be a whole case: what has no place in a record is left out, and told.
 ConductorData conductor_of_fragment(const std::string& path, const CommonOptions& options) {
     const FlatObject values = JsonCaseStore().load(path);
-    const EntryRule rule = [&](Entry& field, Entry CalcCase::*key, std::string_view typed) {
-        return enter(field, key, typed, options);
-    };
     const auto in_record = [](const std::string& name) {
         return std::any_of(record_fields().begin(), record_fields().end(),
                            [&](const RecordField& row) { return name_of(row.field) == name; });
     };
-    const CellRule cell_rule = [&](CalcCase& c, StateCellPlace place, std::string_view typed) {
-        return read_cell(c, place, typed, options);
-    };
     try {
-        CaseFile file = read_case(values, options.separator, rule, cell_rule);
+        CaseFile file = read_case(values, options);
         std::string left_out;
         for (const FlatMember& member : values)
             if (!in_record(member.key)) left_out += (left_out.empty() ? "" : ", ") + member.key;

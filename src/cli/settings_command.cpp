@@ -6,7 +6,7 @@
 #include "platform/text/listing.h"
 #include "program/console.h"
 #include "program/stores.h"
-#include "shell/settings_entry.h"
+#include "shell/program_settings.h"
 
 namespace zel {
 namespace {

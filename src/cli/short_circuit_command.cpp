@@ -61,7 +61,7 @@ private:
         return short_circuit_document(run_, messages());
     }
     [[nodiscard]] std::string page() const override {
-        return short_circuit_page(file_.form.content(), run_, words());
+        return short_circuit_page(file_.form, run_, words());
     }
 
     ShortCircuitFile file_;

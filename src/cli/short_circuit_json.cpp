@@ -27,7 +27,7 @@ std::string short_circuit_document(const ShortCircuitRun& run,
     document["verdict_Leiter"] = result.verdict_Leiter;
     document["verdict"] = run.page.verdict;
     ordered_json lines = ordered_json::array();
-    for (const KsResultGroup& group : run.page.groups)
+    for (const VerdictGroup& group : run.page.groups)
         for (const auto& [label, value, unit] : group.rows)
             lines.push_back({{"label", label}, {"value", value}, {"unit", unit}});
     document["lines"] = std::move(lines);

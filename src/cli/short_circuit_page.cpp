@@ -1,9 +1,8 @@
 #include <algorithm>
-#include <utility>
 
+#include "cli/case_listing.h"
 #include "cli/case_output.h"
-#include "forms/ks_forms.h"
-#include "platform/text/listing.h"
+#include "forms/short_circuit_form.h"
 #include "shell/program_texts.h"
 
 namespace zel {
@@ -11,37 +10,23 @@ namespace {
 
 constexpr Text result_caption = {"Ergebnis", "Result"};
 
-/// `value` in one line, with its unit; a value without a unit stands alone.
-std::string with_unit(std::string_view value, std::string_view unit) {
-    std::string text = without_outer_blanks(printable(value));
-    std::replace(text.begin(), text.end(), '\n', ' ');
-    return text.empty() || unit.empty() ? text : text + " " + std::string(unit);
-}
-
-void add_inputs(Listing& listing, const ShortCircuitCase& c, const CommonOptions& options) {
-    for (const KsFormSection& section : ks_form_sections()) {
-        // Nothing is asked of the conductor where equipment is judged.
-        if (section.page == ks_conductor_page && c.Leiter_Bmittel == equipment) continue;
-        bool headed = false;
-        for (const KsFormRow& row : section.rows) {
-            std::string value = with_unit(ks_shown_text(c, row, options.separator), row.unit);
-            if (value.empty()) continue;
-            if (!headed) listing.add_caption(section.caption.in(options.lang));
-            headed = true;
-            listing.add(without_outer_blanks(row.caption), std::move(value));
-        }
-    }
+std::string inputs_of(ShortCircuitForm form, const CommonOptions& options) {
+    const forms::ShortCircuitRecord record(form, options);
+    std::vector<forms::Section> sections(record.sections().begin(), record.sections().end());
+    // Nothing is asked of the conductor where equipment is judged.
+    if (form.content().Leiter_Bmittel == equipment)
+        std::erase_if(sections,
+                      [](const auto& s) { return s.page == short_circuit::conductor_page; });
+    return listing_of(record, sections, options.lang);
 }
 
 }  // namespace
 
-std::string short_circuit_page(const ShortCircuitCase& c, const ShortCircuitRun& run,
+std::string short_circuit_page(const ShortCircuitForm& form, const ShortCircuitRun& run,
                                const CommonOptions& options) {
     const LangId lang = options.lang;
-    Listing inputs;
-    add_inputs(inputs, c, options);
     return std::string(short_circuit_name.in(lang)) + "   " +
-           std::string(short_circuit_title.in(lang)) + "\n" + inputs.text() + "\n" +
+           std::string(short_circuit_title.in(lang)) + "\n" + inputs_of(form, options) + "\n" +
            std::string(result_caption.in(lang)) + "\n  " + result_text(run.page);
 }
 

@@ -5,6 +5,7 @@
 #include "program/case_source.h"
 #include "program/stores.h"
 #include "shell/case_settings.h"
+#include "workflow/run/notes.h"
 
 namespace zel {
 namespace {
@@ -43,7 +44,7 @@ private:
         return steady_document(result_, messages(), program_end);
     }
     [[nodiscard]] std::string page() const override {
-        return steady_page(loaded_.c, result_, words());
+        return steady_page(loaded_.c, result_, words()) + notes_text(result_.notes, words().lang);
     }
 
     LoadedCase loaded_;

@@ -4,7 +4,7 @@
 #include "cli/case_listing.h"
 #include "cli/case_output.h"
 #include "shell/program_texts.h"
-#include "workflow/run/result_text.h"
+#include "workflow/run/steady_texts.h"
 
 namespace zel {
 namespace {
@@ -65,7 +65,8 @@ std::string steady_document(const SteadyRunResult& result, const std::vector<Mes
                              {"methods_line", result.methods_line},
                              {"methods", std::move(methods)},
                              {"balance_lines", result.balance_lines},
-                             {"transient_start", std::move(start)}};
+                             {"transient_start", std::move(start)},
+                             {"notes", json_of(result.notes)}};
     if (!program_end.empty()) document["program_end"] = program_end;
     return text_of(document);
 }
@@ -74,7 +75,7 @@ std::string steady_page(const CalcCase& c, const SteadyRunResult& result,
                         const CommonOptions& options) {
     const LangId lang = options.lang;
     return std::string(short_name.in(lang)) + "   " + std::string(long_title.in(lang)) + "\n" +
-           case_listing(c, case_form_sections(), lang) + "\n" + result_text(result, lang);
+           case_listing(c, lang) + "\n" + result_text(result, lang);
 }
 
 }  // namespace zel

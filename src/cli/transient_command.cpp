@@ -4,6 +4,7 @@
 #include "program/stores.h"
 #include "shell/case_settings.h"
 #include "steady/case/case_fields.h"
+#include "workflow/run/notes.h"
 #include "workflow/run/transient_text.h"
 
 namespace zel {
@@ -40,12 +41,15 @@ private:
         if (!steady_.input_valid) return refused(steady_.refusal);
         for (const Box& box : steady_.advice) session_.tell(box);
         take_over(basis_, steady_, c);
+        report_.notes = steady_.notes;
         report_.method = transient_method(c);
         report_.start = basis_.start;
         if (report_.method && !basis_.start) return without_start();
         RunTransient(c, basis_, session_, {}, report_.run);
         if (!report_.run.input_valid) return page_refused(report_.run.refusal);
         ran_ = true;
+        for (Note& note : notes_on(report_.run, c, session_))
+            report_.notes.push_back(std::move(note));
         if (wants_series_) report_.series = transient_series(c, basis_, report_.run, session_);
         return printed(!loaded_.text_refused && sound(steady_) &&
                        report_.run.end == TransientEnd::Completed);
@@ -72,7 +76,7 @@ private:
         std::string text = steady_page(loaded_.c, steady_, words());
         if (ran_) text += "\n" + transient_text(report_.run, loaded_.c, words());
         if (report_.series) text += series_text(*report_.series, words());
-        return text;
+        return text + notes_text(report_.notes, words().lang);
     }
 
     LoadedCase loaded_;

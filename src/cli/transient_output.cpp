@@ -16,16 +16,26 @@ ordered_json found_or_null(const TransientRow& row, StateCell cell, T value) {
     return lacks ? ordered_json(nullptr) : ordered_json(value);
 }
 
-ordered_json row_entry(const TransientRow& row, std::size_t number, const std::string& total) {
-    return {{"row", number},
-            {"kind", row.Merker},
-            {"Strom_A", found_or_null(row, &StateChange::Strom, row.Strom)},
-            {"Temp_C", found_or_null(row, &StateChange::TEMP, row.Temp)},
-            {"Min", found_or_null(row, &StateChange::min, row.Min)},
-            {"Sec", found_or_null(row, &StateChange::sec, row.Sec)},
-            {"Failed", row.Failed},
-            {"Direction", row.Direction},
-            {"total", total.empty() ? ordered_json(nullptr) : ordered_json(total)}};
+ordered_json or_null(const std::optional<double>& value) {
+    return value ? ordered_json(*value) : ordered_json(nullptr);
+}
+
+ordered_json row_entry(const TransientRow& row, std::size_t number, const std::string& total,
+                       const std::optional<CurrentCheck>& check) {
+    ordered_json entry = {{"row", number},
+                          {"kind", row.Merker},
+                          {"Strom_A", found_or_null(row, &StateChange::Strom, row.Strom)},
+                          {"Temp_C", found_or_null(row, &StateChange::TEMP, row.Temp)},
+                          {"Min", found_or_null(row, &StateChange::min, row.Min)},
+                          {"Sec", found_or_null(row, &StateChange::sec, row.Sec)},
+                          {"Failed", row.Failed},
+                          {"Direction", row.Direction},
+                          {"total", total.empty() ? ordered_json(nullptr) : ordered_json(total)}};
+    if (row.Merker != seeks_current) return entry;
+    entry["check"] = check ? ordered_json({{"reached_C", or_null(check->reached)},
+                                           {"Strom_A", or_null(check->current)}})
+                           : ordered_json(nullptr);
+    return entry;
 }
 
 ordered_json series_entry(const RowSeries& row) {
@@ -46,13 +56,15 @@ std::string transient_document(const TransientReport& report, const std::vector<
     // Rows of a run that ended the program hold no results.
     const std::size_t count = program_end.empty() ? report.run.rows_run() : 0;
     for (std::size_t i = 0; i < count; ++i)
-        rows.push_back(row_entry(report.run.rows[i], i + 1, report.run.texts[i].total));
+        rows.push_back(
+            row_entry(report.run.rows[i], i + 1, report.run.texts[i].total, report.run.checks[i]));
     ordered_json document = {
         {"input_valid", true},
         {"messages", json_of(messages)},
         {"method", report.method ? ordered_json(key_of(*report.method)) : ordered_json(nullptr)},
         {"start", std::move(start)},
-        {"rows", std::move(rows)}};
+        {"rows", std::move(rows)},
+        {"notes", json_of(report.notes)}};
     if (report.series) {
         document["series"] = ordered_json::array();
         for (const RowSeries& row : *report.series) document["series"].push_back(series_entry(row));

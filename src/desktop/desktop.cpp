@@ -4,7 +4,6 @@
 #include <QFontInfo>
 #include <QLocale>
 #include <QPalette>
-#include <QPrinterInfo>
 #include <QStyleFactory>
 #include <cstdio>
 #include <cstdlib>
@@ -12,13 +11,12 @@
 
 #include "desktop/form_main.h"
 #include "desktop/frame/application.h"
-#include "desktop/frame/frm_languageselect.h"
 #include "desktop/frame/qt_dialogs.h"
 #include "desktop/frame/qt_file_chooser.h"
-#include "desktop/frame/qt_launcher.h"
-#include "desktop/frame/qt_text.h"
+#include "desktop/frame/widgets.h"
 #include "desktop/frame/window_icon.h"
-#include "forms/case_forms.h"
+#include "desktop/frm_languageselect.h"
+#include "forms/line_form.h"
 #include "shell/case_settings.h"
 #include "shell/startup.h"
 
@@ -68,9 +66,6 @@ Started start_up(const DesktopOptions& options, const DesktopPlatform& platform,
     StartupPlatform startup{platform.system, dialogs, options.separator, options.lang};
     startup.ask_language = ask_language;
     startup.start_companion = platform.start_companion;
-    startup.printer_exists = [](const std::string& name) {
-        return !QPrinterInfo::printerInfo(qt(name)).isNull();
-    };
     return S00_Start_Programminitialisierung(platform.settings, startup, true);
 }
 
@@ -98,26 +93,27 @@ int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform 
     QtLauncher launcher;
     Started started = start_up(options, platform, dialogs);
     if (started.end != StartEnd::Ready) return exit_status_of(started.end);
-    DesktopState state{case_for_form(std::move(options.start_case)),
+    DesktopState state{forms::case_for_form(std::move(options.start_case)),
                        {started.lang, options.separator, RunMode::Messages, dialogs},
                        platform.store,
                        chooser,
-                       platform.settings,
+                       {platform.settings},
                        launcher,
+                       platform.files,
+                       platform.workbooks,
+                       std::move(platform.conductors),
                        std::move(options.start_path)};
     state.session.memory = &state.memory;
     state.program = std::move(started.state);
     state.help_folders = std::move(platform.help_folders);
-    state.workbooks = &platform.workbooks;
     state.data_folder = std::move(platform.data_folder);
-    state.conductors = std::move(platform.conductors);
     dialogs.follow(state.session.lang);
     chooser.follow(state.session.lang);
     take_settings(state.session, state.settings.now());
     if (state.case_path.empty())
         take_settings(state.calc_case, state.settings.now());
     else
-        adopt_settings(state.calc_case, state.settings, state.session);
+        adopt_settings(state.calc_case, state.settings.store, state.session);
     application.tell_errors_by(&state.errors);
     FormMain form_main(state);
     form_main.show_first();

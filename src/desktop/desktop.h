@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "desktop/frame/conductor_places.h"
+#include "persistence/conductor_library.h"
 #include "platform/case_store.h"
-#include "platform/system_facts.h"
+#include "platform/system.h"
 #include "platform/text/number_text.h"
 #include "platform/text/text.h"
 #include "platform/workbook.h"
@@ -32,7 +32,8 @@ struct DesktopPlatform {
     std::string data_folder;                // databases and the shipped templates
     std::vector<std::string> help_folders;  // where the help documents lie
     std::function<void()> start_companion;  // the first start of the conductor database
-    ConductorPlaces conductors{};
+    Files& files;                           // of the conductors, and the exchange file
+    LibraryPlaces conductors{};
 };
 
 /// The decimal separator of the user's locale.

@@ -11,12 +11,13 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/frame/qt_language.h"
-#include "desktop/frame/qt_text.h"
+#include "desktop/conductors/conductor_desk.h"
+#include "desktop/frame/events.h"
+#include "desktop/frame/language_menu.h"
 #include "desktop/frame/window_icon.h"
 #include "shell/case_settings.h"
 #include "shell/program_texts.h"
-#include "steady/case/respell.h"
+#include "steady/case/case_fields.h"
 
 namespace zel {
 namespace {
@@ -32,14 +33,9 @@ constexpr Text transient_excel_caption = {"&Instationäre Berechnung mit Excel (
 constexpr Text version_line = {"{0} vom {1}", "{0} of {1}"};
 
 QLabel* make_label(double scale, bool bold) {
-    auto* label = new QLabel;
-    label->setTextFormat(Qt::PlainText);
+    QLabel* label = plain_label(scale, bold);
     label->setAlignment(Qt::AlignCenter);
     label->setWordWrap(true);
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * scale);
-    font.setBold(bold);
-    label->setFont(font);
     return label;
 }
 
@@ -49,67 +45,87 @@ constexpr QPoint beside(40, 40);  // of a window that is not maximised, from thi
 
 FormMain::FormMain(DesktopState& state)
     : state_(state),
-      form1_(state, [this](LangId lang) { switch_language(lang); }),
-      ks_state_{state.session,
-                state.store,
-                state.chooser,
-                {},
-                [this] { start_conductor_database(); },
-                [this] { return ks_conductors_.chosen_conductor(); }},
-      ks_form1_(ks_state_, state.program.short_circuit_short_name,
-                [this](LangId lang) { switch_language(lang); }),
-      ks_settings_menu_(*ks_form1_.menuBar(), ks_form1_, state, MenuWindow::KS_Form1),
-      ks_conductors_(ks_form1_, "KS_Form1", state, [this] { ks_form1_.take_over_conductor(); }),
-      file_menu_(menuBar()->addMenu(QString())),
-      go_to_form1_(file_menu_->addAction(QString())),
-      go_to_short_circuit_(file_menu_->addAction(QString())),
-      steady_excel_(file_menu_->addAction(QString())),
-      transient_excel_(file_menu_->addAction(QString())),
-      exit_(file_menu_->addAction(QString())),
-      settings_menu_(*menuBar(), *this, state, MenuWindow::FormMain),
-      language_menu_(*menuBar(), [this](LangId lang) { switch_language(lang); }),
-      help_menu_(*menuBar(), *this, state, state.help_folders),
-      name_(make_label(2.4, true)),
-      title_(make_label(1.3, false)),
-      version_(make_label(1, false)),
-      open_form1_(new QPushButton),
-      open_short_circuit_(new QPushButton),
+      form1_({area_parts(), state.calc_case, state.transient, state.case_path, state.settings,
+              state.errors, state.patience_ms, make_conductors()}),
+      ks_form1_(area_parts(), state.short_circuit, state.program.short_circuit_short_name,
+                make_conductors()),
+      help_menu_(state.session, state.launcher, state.help_folders),
       shown_full_screen_(full_screen()) {
     setObjectName("form_main");
-    go_to_form1_->setObjectName("mForm1");
-    go_to_short_circuit_->setObjectName("mKS_Form1");
-    steady_excel_->setObjectName("m_St_Temp_Excel");
-    transient_excel_->setObjectName("m_transient_Temp_Excel");
-    file_menu_->insertSeparator(steady_excel_);
-    file_menu_->insertSeparator(exit_);
-    exit_->setObjectName("mBeenden");
-    exit_->setShortcut(QKeySequence("Ctrl+Q"));
-    connect(exit_, &QAction::triggered, this, &QWidget::close);
-    connect(open_form1_, &QPushButton::clicked, this, [this] { open(form1_); });
-    connect(go_to_form1_, &QAction::triggered, this, [this] { open(form1_); });
-    connect(open_short_circuit_, &QPushButton::clicked, this, [this] { open(ks_form1_); });
-    connect(go_to_short_circuit_, &QAction::triggered, this, [this] { open(ks_form1_); });
-    connect(steady_excel_, &QAction::triggered, this, [this] { open_excel(ExcelMode::Steady); });
-    connect(transient_excel_, &QAction::triggered, this,
-            [this] { open_excel(ExcelMode::Transient); });
-    state_.settings_changed = [this] { apply_settings(); };
+    captions_.window_title(static_cast<QWidget*>(this), short_name);
+    make_file_menu();
+    const SettingsParts settings = {state.session, state.settings, state.chooser};
+    const auto add_settings = [&](QMainWindow& window, MenuWindow kind, QMenu* next) {
+        settings_menus_.push_back(
+            std::make_unique<SettingsMenu>(window, kind, settings, captions_, next));
+    };
+    add_settings(*this, MenuWindow::FormMain, nullptr);
+    add_settings(form1_, MenuWindow::Form1, &form1_.language_menu());
+    add_settings(ks_form1_, MenuWindow::KS_Form1, nullptr);
+    add_language_menu(*menuBar(), captions_, [this](LangId lang) { switch_language(lang); });
+    help_menu_.add_to(*menuBar(), captions_);
+    state_.settings.changed = [this] { apply_settings(); };
     setCentralWidget(make_content());
-    recaption();
+    set_qt_language(state_.session.lang);
+    captions_.show(state_.session.lang);
     resize(720, 440);
+}
+
+AreaParts FormMain::area_parts() {
+    return {state_.session, captions_, state_.store, state_.chooser,
+            [this](LangId lang) { switch_language(lang); }};
+}
+
+MakeConductorSource FormMain::make_conductors() {
+    return [this](QWidget& form, std::function<void()> take_over) {
+        const ConductorParts parts = {state_.session, state_.settings, state_.launcher,
+                                      state_.files, state_.conductors};
+        return std::make_unique<ConductorDesk>(form, parts, captions_, std::move(take_over));
+    };
+}
+
+void FormMain::make_file_menu() {
+    QMenu* menu = captions_.title(menuBar()->addMenu(QString()), file_caption);
+    const auto add = [&](const char* name, const Text& caption, std::function<void()> act) {
+        QAction* action = captions_.text(menu->addAction(QString()), caption);
+        action->setObjectName(name);
+        on(action, &QAction::triggered, std::move(act));
+        return action;
+    };
+    add("mForm1", form1_caption, [this] { open(form1_); });
+    add("mKS_Form1", short_circuit_title, [this] { open(ks_form1_); });
+    menu->addSeparator();
+    add("m_St_Temp_Excel", steady_excel_caption, [this] { open_excel(ExcelMode::Steady); });
+    add("m_transient_Temp_Excel", transient_excel_caption,
+        [this] { open_excel(ExcelMode::Transient); });
+    menu->addSeparator();
+    add("mBeenden", exit_caption, [this] { close(); })->setShortcut(QKeySequence("Ctrl+Q"));
 }
 
 QWidget* FormMain::make_content() {
     auto* picture = new QLabel;
     picture->setPixmap(window_icon().pixmap(64, 64));
     picture->setAlignment(Qt::AlignCenter);
-    open_form1_->setObjectName("open_Form1");
-    open_form1_->setDefault(true);
-    open_short_circuit_->setObjectName("open_KS_Form1");
+    auto* version_label = make_label(1, false);
+    captions_.computed([version_label](LangId lang) {
+        version_label->setText(qt(fill(version_line.in(lang), {version.in(lang), program_date})));
+    });
+    auto* open_form1 = captions_.text(new QPushButton, form1_caption);
+    open_form1->setObjectName("open_Form1");
+    open_form1->setDefault(true);
+    on(open_form1, &QPushButton::clicked, [this] { open(form1_); });
+    auto* open_short_circuit = new QPushButton;
+    open_short_circuit->setObjectName("open_KS_Form1");
+    on(open_short_circuit, &QPushButton::clicked, [this] { open(ks_form1_); });
+    captions_.computed([this, open_short_circuit](LangId lang) {
+        open_short_circuit->setText(qt(short_circuit_title, lang) + "\n(" +
+                                    qt(state_.program.short_circuit_short_name, lang) + ")");
+    });
     auto* areas = new QWidget;  // gives both the width of the wider one
     auto* column = new QVBoxLayout(areas);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(14);
-    for (QPushButton* area : {open_form1_, open_short_circuit_}) {
+    for (QPushButton* area : {open_form1, open_short_circuit}) {
         column->addWidget(area);
         area->setMinimumSize(460, 56);
         area->setAutoDefault(true);  // the return key opens the area that has the focus
@@ -122,45 +138,22 @@ QWidget* FormMain::make_content() {
     layout->setContentsMargins(32, 24, 32, 24);
     layout->setSpacing(14);
     layout->addStretch();
-    for (QWidget* widget : std::initializer_list<QWidget*>{picture, name_, title_})
-        layout->addWidget(widget);
+    layout->addWidget(picture);
+    layout->addWidget(captions_.text(make_label(2.4, true), short_name));
+    layout->addWidget(captions_.text(make_label(1.3, false), long_title));
     layout->addSpacing(16);
     layout->addWidget(areas, 0, Qt::AlignHCenter);
     layout->addStretch();
-    layout->addWidget(version_);
+    layout->addWidget(version_label);
     return content;
 }
 
 void FormMain::switch_language(LangId lang) {
     state_.session.lang = lang;
-    state_.settings.set(&ProgramSettings::LangId_screen, static_cast<std::int16_t>(lang));
+    state_.settings.store.set(&ProgramSettings::LangId_screen, static_cast<std::int16_t>(lang));
     state_.program.language_switched();
-    recaption();
-    form1_.recaption();
-    ks_form1_.recaption();
-    ks_conductors_.recaption();
-}
-
-void FormMain::recaption() {
-    const LangId lang = state_.session.lang;
     set_qt_language(lang);
-    setWindowTitle(qt(short_name, lang));
-    name_->setText(qt(short_name, lang));
-    title_->setText(qt(long_title, lang));
-    version_->setText(qt(fill(version_line.in(lang), {version.in(lang), program_date})));
-    file_menu_->setTitle(qt(file_caption, lang));
-    exit_->setText(qt(exit_caption, lang));
-    go_to_form1_->setText(qt(form1_caption, lang));
-    steady_excel_->setText(qt(steady_excel_caption, lang));
-    transient_excel_->setText(qt(transient_excel_caption, lang));
-    open_form1_->setText(qt(form1_caption, lang));
-    const std::string_view area = state_.program.short_circuit_short_name.in(lang);
-    go_to_short_circuit_->setText(qt(short_circuit_title, lang));
-    open_short_circuit_->setText(qt(short_circuit_title, lang) + "\n(" + qt(area) + ")");
-    settings_menu_.refresh();
-    ks_settings_menu_.refresh();
-    language_menu_.recaption(lang);
-    help_menu_.recaption(lang);
+    captions_.show(lang);
 }
 
 void FormMain::open(QWidget& form) {
@@ -170,10 +163,6 @@ void FormMain::open(QWidget& form) {
     }
     form.raise();
     form.activateWindow();
-}
-
-void FormMain::start_conductor_database() {
-    if (!ks_conductors_.start_database()) state_.session.tell(conductor_database_not_started());
 }
 
 /// Down and to the right of this window, and whole on its screen.
@@ -203,11 +192,9 @@ void FormMain::apply_settings() {
     take_settings(state_.session, now);
     take_settings(state_.calc_case, now);
     // Switching the preview on again does not take this back.
-    if (now.Druckvorschau == 2) state_.program.Druck_direkt = true;
     apply_separator();
     apply_window_mode();
-    settings_menu_.refresh();
-    ks_settings_menu_.refresh();
+    for (const auto& menu : settings_menus_) menu->refresh();
     form1_.apply_settings();
 }
 
@@ -219,9 +206,9 @@ void FormMain::apply_separator() {
     form1_.take_in();
     ks_form1_.take_in();
     respell(state_.calc_case, state_.session.separator, separator);
-    ks_state_.form.respell(state_.session.separator, separator);
+    state_.short_circuit.respell(state_.session.separator, separator);
     state_.session.separator = separator;
-    form1_.recaption();
+    captions_.show(state_.session.lang);
     form1_.load();
     ks_form1_.load();
 }
@@ -239,18 +226,23 @@ void FormMain::apply_window_mode() {
 void FormMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::WindowStateChange || !isVisible() || isMinimized()) return;
-    if (isMaximized() != full_screen())
-        state_.change(&ProgramSettings::Vollbildmodus, isMaximized() ? 1 : 2);
+    guarded(*this, [this] {
+        if (isMaximized() != full_screen())
+            state_.settings.change(&ProgramSettings::Vollbildmodus, isMaximized() ? 1 : 2);
+    });
 }
 
 void FormMain::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    guarded(*this, [&] { end(*event); });
+}
+
+void FormMain::end(QCloseEvent& event) {
     const Box question = box_in(state_.session.lang, exit_question);
-    if (!form1_.may_be_left() || !ks_conductors_.may_be_left() || !ks_form1_.may_be_left() ||
-        state_.session.dialogs.show(question) != Answer::Yes) {
-        event->ignore();
+    if (!form1_.may_be_left() || !ks_form1_.may_be_left() ||
+        state_.session.dialogs.show(question) != Answer::Yes)
         return;
-    }
-    event->accept();
+    event.accept();
     form1_.hide();
     ks_form1_.hide();
     // Not quit(), which would close the windows, and ask, once more.

@@ -3,17 +3,12 @@
 #include <QMainWindow>
 
 #include "desktop/batch/frm_excel_IO.h"
-#include "desktop/conductors/conductor_desk.h"
 #include "desktop/frame/desktop_state.h"
-#include "desktop/frame/help_menu.h"
-#include "desktop/frame/language_menu.h"
-#include "desktop/frame/settings_menu.h"
+#include "desktop/help_menu.h"
 #include "desktop/line/form1.h"
+#include "desktop/settings/settings_menu.h"
 #include "desktop/short_circuit/ks_form1.h"
 
-class QAction;
-class QLabel;
-class QMenu;
 class QPushButton;
 
 namespace zel {
@@ -26,7 +21,7 @@ public:
     explicit FormMain(DesktopState& state);
 
     [[nodiscard]] Form1& form1() { return form1_; }
-    [[nodiscard]] KsForm1& ks_form1() { return ks_form1_; }
+    [[nodiscard]] short_circuit::KsForm1& ks_form1() { return ks_form1_; }
 
     /// Shows the window as `Vollbildmodus` says.
     void show_first();
@@ -36,38 +31,26 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    [[nodiscard]] AreaParts area_parts();
+    [[nodiscard]] MakeConductorSource make_conductors();
+    void make_file_menu();
     [[nodiscard]] QWidget* make_content();
     void switch_language(LangId lang);
-    void recaption();
     void open(QWidget& form);
     void place_beside(QWidget& window) const;
     void open_excel(ExcelMode mode);
-    void start_conductor_database();
+    void end(QCloseEvent& event);
     void apply_settings();
     void apply_separator();
     void apply_window_mode();
     [[nodiscard]] bool full_screen() const;
 
     DesktopState& state_;
+    Captions captions_;  // of all windows
     Form1 form1_;
-    KsState ks_state_;
-    KsForm1 ks_form1_;
-    SettingsMenu ks_settings_menu_;
-    ConductorDesk ks_conductors_;
-    QMenu* file_menu_;
-    QAction* go_to_form1_;
-    QAction* go_to_short_circuit_;
-    QAction* steady_excel_;
-    QAction* transient_excel_;
-    QAction* exit_;
-    SettingsMenu settings_menu_;
-    LanguageMenu language_menu_;
+    short_circuit::KsForm1 ks_form1_;
+    std::vector<std::unique_ptr<SettingsMenu>> settings_menus_;
     HelpMenu help_menu_;
-    QLabel* name_;
-    QLabel* title_;
-    QLabel* version_;
-    QPushButton* open_form1_;
-    QPushButton* open_short_circuit_;
     bool shown_full_screen_ = false;  // what the windows follow now
 };
 

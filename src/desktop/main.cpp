@@ -41,7 +41,8 @@ int open_windows(int& argc, char** argv, const DesktopWords& words) {
                         stores.paths.data_folder,
                         {stores.paths.data_folder, document_folder()},
                         [&stores] { start_companion(stores); },
-                        {&stores.disk, library_places(stores.paths)}});
+                        stores.disk,
+                        library_places(stores.paths)});
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include "excel_batch/batch_frame.h"
 
 #include "excel_batch/batch_texts.h"
-#include "shell/error_text.h"
+#include "shell/error_table.h"
 
 namespace zel::excel_batch {
 namespace {
@@ -53,7 +53,7 @@ private:
         job_.observer.percent(3);
         workbook_->select(rows_sheet);
         job_.observer.percent(4);
-        finish(steps_.work_rows(*workbook_, origin(rows_sheet), result_));
+        finish(steps_->work(*workbook_, origin(rows_sheet), result_));
     }
 
     [[nodiscard]] LangId lang() const { return job_.session.lang; }
@@ -73,7 +73,7 @@ private:
         workbook_.reset();
         job_.session.tell(error_box(
             {static_cast<std::int32_t>(PlatformFault::SheetMissing), error.what(), error.subject()},
-            0, batch_module, steps_.procedure, lang()));
+            0, batch_module, steps_->procedure(), lang()));
     }
 
     bool read_fixed_input() {
@@ -82,29 +82,26 @@ private:
         job_.observer.percent(2);
         const SheetOrigin here = origin(fixed_sheet);
         CellReading reading(here);
-        steps_.read_fixed_input(*workbook_, reading);
-        for (const Box& box : reading.refusals()) job_.session.tell(box);
+        steps_->read_fixed_input(*workbook_, reading);
+        excel_batch::tell(job_.session, reading.refusals());
         if (reading.sound()) return true;
         tell(fixed_input_refused, fixed_sheet);
         return false;
     }
 
     void finish(PassEnd end) {
-        if (end == PassEnd::Stopped && !steps_.keeps_rows_before_a_stop) {
+        const bool stopped = end == PassEnd::Stopped;
+        if (end != PassEnd::Done && !steps_->keeps_rows_before(end)) {
+            if (!stopped) return fail();
             result_.end = BatchEnd::Stopped;
-            job_.observer.percent(0);
-            return;
+            return job_.observer.percent(0);
         }
-        const bool wrong = end == PassEnd::Wrong;
-        if (end == PassEnd::Refused || (wrong && !steps_.keeps_rows_before_a_wrong_one))
-            return fail();
         status(rows_finished, rows_sheet);
         job_.observer.percent(99);
         workbook_->save();
         result_.saved = true;
-        result_.end = wrong                     ? BatchEnd::Broken
-                      : end == PassEnd::Stopped ? BatchEnd::Stopped
-                                                : BatchEnd::Done;
+        const bool wrong = end == PassEnd::Wrong;
+        result_.end = wrong ? BatchEnd::Broken : stopped ? BatchEnd::Stopped : BatchEnd::Done;
         result_.summary = summary_of(result_, name_, lang());
         if (wrong) return fail();
         job_.observer.percent(100);
@@ -116,7 +113,7 @@ private:
     }
 
     const BatchJob& job_;
-    BatchSteps steps_;
+    std::unique_ptr<BatchSteps> steps_;
     std::string name_;
     std::unique_ptr<Workbook> workbook_;
     BatchResult result_;

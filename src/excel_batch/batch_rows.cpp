@@ -41,6 +41,14 @@ unsigned threads_of(const BatchJob& job) {
     return job.threads != 0 ? job.threads : std::max(1U, std::thread::hardware_concurrency());
 }
 
+/// Steps in which the percentage of `active` rows is shown.
+double percent_step(int active) {
+    if (active <= 100) return 10;
+    if (active <= 1000) return 1;
+    if (active <= 10000) return 0.1;
+    return 0.01;
+}
+
 /// Shows how many of the active rows are done, in steps.
 class Percentage {
 public:
@@ -67,98 +75,150 @@ private:
     double shown_ = 4;
 };
 
-/// The rows of the next block, with their flags.
+/// A row of the next block, with its flag.
 struct FlaggedRow {
     int row;
     bool active;
     std::size_t slot;
 };
 
-/// Rows behind the limit are left out, but not in silence.
-void tell_rows_beyond(const BatchJob& job, Workbook& workbook, int limit) {
-    if (workbook.text(limit, flag_column).empty()) return;
-    job.session.tell(box_in(job.session.lang, rows_beyond_limit,
-                            {std::to_string(row_limit), std::to_string(limit)}));
-}
+class Passes {
+public:
+    Passes(const BatchJob& job, const SheetOrigin& origin, Workbook& workbook, const RowWork& work,
+           BatchResult& result)
+        : job_(job), origin_(origin), workbook_(workbook), work_(work), result_(result) {}
+
+    PassEnd run() {
+        const auto active = count_active_rows();
+        if (!active) return PassEnd::Refused;
+        const LangId lang = job_.session.lang;
+        job_.observer.active_rows(fill(active_rows_line.in(lang), {std::to_string(*active)}));
+        PassEnd end = work_.prepare ? work_.prepare(*active) : PassEnd::Done;
+        if (end == PassEnd::Done) end = walk(*active);
+        if (end == PassEnd::Wrong) job_.session.tell(box_in(lang, row_refused, {rows_sheet}));
+        return end;
+    }
+
+private:
+    std::optional<int> count_active_rows() {
+        CellReading flags(origin_);
+        int active = 0;
+        for (int row = work_.first_row; row < limit_; ++row) {
+            const CellText flag = flag_of(row);
+            if (flag.text.empty()) break;
+            if (!flags.take_choice(flag, {"1"}, flags_of_first_pass)) break;
+            ++active;
+            if (work_.seen) work_.seen(row);
+        }
+        tell(job_.session, flags.refusals());
+        return flags.sound() ? std::optional(active) : std::nullopt;
+    }
+
+    PassEnd walk(int active) {
+        Percentage percentage(job_, active);
+        const unsigned threads = threads_of(job_);
+        std::vector<RowTexts> texts(work_.block);
+        std::vector<RowOutcome> outcomes(work_.block);
+        int row = work_.first_row;
+        while (!ended_ && row < limit_) {
+            CellReading flags(origin_);
+            const std::vector<FlaggedRow> block = read_block(row, flags, texts);
+            const auto active_rows = std::count_if(block.begin(), block.end(),
+                                                   [](const FlaggedRow& r) { return r.active; });
+            side_by_side(static_cast<std::size_t>(active_rows), threads,
+                         [&](std::size_t slot) { outcomes[slot] = calculated(texts[slot]); });
+            for (const auto& [number, is_active, slot] : block) {
+                if (is_active) {
+                    if (!take(number, outcomes[slot])) return PassEnd::Wrong;
+                    percentage.show(++result_.active);
+                } else {
+                    ++result_.inactive;
+                }
+                ++result_.rows;
+                if (job_.observer.cancelled()) return PassEnd::Stopped;
+            }
+            tell(job_.session, flags.refusals());
+            if (!flags.sound()) return PassEnd::Wrong;
+        }
+        if (!ended_) tell_rows_beyond();
+        return PassEnd::Done;
+    }
+
+    /// The rows from `row` on, which moves behind them, with the texts of the active ones.
+    std::vector<FlaggedRow> read_block(int& row, CellReading& flags, std::vector<RowTexts>& texts) {
+        std::vector<FlaggedRow> block;
+        for (std::size_t slot = 0; row < limit_ && slot < work_.block; ++row) {
+            const CellText flag = flag_of(row);
+            ended_ =
+                flag.text.empty() || !flags.take_choice(flag, {"1", "2"}, flags_of_second_pass);
+            if (ended_) break;
+            const bool active = flag.text == "1";
+            block.push_back({row, active, slot});
+            if (active) texts[slot++] = row_texts(workbook_, work_.columns, row);
+        }
+        return block;
+    }
+
+    [[nodiscard]] RowOutcome calculated(const RowTexts& texts) const {
+        RowOutcome outcome;
+        CellReading reading(origin_);
+        try {
+            work_.calculate(texts, reading, outcome);
+        } catch (const ProgramEnd& end) {
+            outcome.program_end = end.what();
+        }
+        outcome.refusals = reading.take_refusals();
+        return outcome;
+    }
+
+    /// Writes the results of a row, unless it is wrong.
+    bool take(int row, const RowOutcome& outcome) {
+        if (!outcome.program_end.empty())
+            throw ProgramEnd(std::string(origin_.sheet) + ", row " + std::to_string(row) + ": " +
+                             outcome.program_end);
+        tell(job_.session, outcome.refusals);
+        if (!outcome.refusals.empty()) return false;
+        for (const auto& [column, number, text] : outcome.cells) {
+            if (number)
+                workbook_.set_number(row, column, *number);
+            else
+                workbook_.set_text(row, column, text);
+        }
+        result_.errors += outcome.errors;
+        return true;
+    }
+
+    /// Rows behind the limit are left out, but not in silence.
+    void tell_rows_beyond() {
+        if (flag_of(limit_).text.empty()) return;
+        job_.session.tell(box_in(job_.session.lang, rows_beyond_limit,
+                                 {std::to_string(row_limit), std::to_string(limit_)}));
+    }
+
+    CellText flag_of(int row) { return {row, flag_column, workbook_.text(row, flag_column)}; }
+
+    const BatchJob& job_;
+    const SheetOrigin& origin_;
+    Workbook& workbook_;
+    const RowWork& work_;
+    BatchResult& result_;
+    const int limit_ = work_.first_row + row_limit;
+    bool ended_ = false;  // by an empty flag or a wrong one
+};
 
 }  // namespace
 
-void write(Workbook& workbook, int row, const std::vector<ResultCell>& cells) {
-    for (const auto& [column, number, text] : cells) {
-        if (number)
-            workbook.set_number(row, column, *number);
-        else
-            workbook.set_text(row, column, text);
-    }
+void tell(const Session& session, const std::vector<Box>& boxes) {
+    for (const Box& box : boxes) session.tell(box);
 }
 
 std::optional<double> rounded(double value, std::string_view mask) {
     return parse_number(masked(value, mask, DecimalSeparator::Point), DecimalSeparator::Point);
 }
 
-int count_active_rows(Workbook& workbook, int first_row, CellReading& reading,
-                      const std::function<void(int row)>& seen) {
-    int active = 0;
-    for (int row = first_row; row < first_row + row_limit; ++row) {
-        const std::string flag = workbook.text(row, flag_column);
-        if (flag.empty()) break;
-        if (!reading.take_choice({row, flag_column, flag}, {"1"}, flags_of_first_pass)) break;
-        ++active;
-        seen(row);
-    }
-    return active;
-}
-
-double percent_step(int active) {
-    if (active <= 100) return 10;
-    if (active <= 1000) return 1;
-    if (active <= 10000) return 0.1;
-    return 0.01;
-}
-
-PassEnd walk_rows(const BatchJob& job, const SheetOrigin& origin, Workbook& workbook, int first_row,
-                  int active_rows, const RowPass& pass, BatchResult& result) {
-    Percentage percentage(job, active_rows);
-    const int limit = first_row + row_limit;
-    std::vector<FlaggedRow> block;
-    std::vector<RowOutcome> outcomes(pass.block);
-    bool ended = false;
-    for (int row = first_row; !ended && row < limit;) {
-        block.clear();
-        std::size_t slots = 0;
-        CellReading flags(origin);
-        for (; row < limit && slots < pass.block; ++row) {
-            const std::string flag = workbook.text(row, flag_column);
-            ended = flag.empty() ||
-                    !flags.take_choice({row, flag_column, flag}, {"1", "2"}, flags_of_second_pass);
-            if (ended) break;
-            block.push_back({row, flag == "1", slots});
-            if (flag == "1") pass.read(slots++, row);
-        }
-        side_by_side(slots, threads_of(job),
-                     [&](std::size_t slot) { outcomes[slot] = pass.calculate(slot); });
-        for (const auto& [number, active, slot] : block) {
-            if (active) {
-                const RowOutcome& outcome = outcomes[slot];
-                if (!outcome.program_end.empty())
-                    throw ProgramEnd(std::string(origin.sheet) + ", row " + std::to_string(number) +
-                                     ": " + outcome.program_end);
-                for (const Box& box : outcome.refusals) job.session.tell(box);
-                if (!outcome.refusals.empty()) return PassEnd::Wrong;
-                pass.take(number, outcome);
-                result.errors += outcome.errors;
-                percentage.show(++result.active);
-            } else {
-                ++result.inactive;
-            }
-            ++result.rows;
-            if (job.observer.cancelled()) return PassEnd::Stopped;
-        }
-        for (const Box& box : flags.refusals()) job.session.tell(box);
-        if (!flags.sound()) return PassEnd::Wrong;
-    }
-    if (!ended) tell_rows_beyond(job, workbook, limit);
-    return PassEnd::Done;
+PassEnd work_rows(const BatchJob& job, const SheetOrigin& origin, Workbook& workbook,
+                  const RowWork& work, BatchResult& result) {
+    return Passes(job, origin, workbook, work, result).run();
 }
 
 }  // namespace zel::excel_batch

@@ -4,15 +4,15 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "excel_batch/batch_run.h"
 #include "excel_batch/cell_reading.h"
-#include "platform/workbook.h"
 
-// What the row loops of all batches share.
+// The passes over the rows of a workbook, as all batches make them.
 
 namespace zel::excel_batch {
 
@@ -31,18 +31,10 @@ struct RowOutcome {
     std::string program_end;  // why the row had to end the program; empty where it had not
 };
 
-void write(Workbook& workbook, int row, const std::vector<ResultCell>& cells);
-
 /// The number that `value` is when shown by `mask`; nothing where it is no finite number.
 [[nodiscard]] std::optional<double> rounded(double value, std::string_view mask);
 
-/// The first pass: counts the active rows down to the first empty flag, and shows each to `seen`.
-/// Any flag but "1" is refused and ends it.
-[[nodiscard]] int count_active_rows(Workbook& workbook, int first_row, CellReading& reading,
-                                    const std::function<void(int row)>& seen);
-
-/// Steps in which the percentage of `active` rows is shown.
-[[nodiscard]] double percent_step(int active);
+void tell(const Session& session, const std::vector<Box>& boxes);
 
 /// How the work on the rows ended.
 enum class PassEnd : std::uint8_t {
@@ -52,22 +44,25 @@ enum class PassEnd : std::uint8_t {
     Stopped,  // on demand
 };
 
-/// A pass over the rows.
-struct RowPass {
-    /// Reads what the row needs, in the order of the rows.
-    std::function<void(std::size_t slot, int row)> read;
-    /// Calculates what was read into `slot`; rows of a block side by side.
-    std::function<RowOutcome(std::size_t slot)> calculate;
-    /// Takes a sound outcome, in the order of the rows.
-    std::function<void(int row, const RowOutcome& outcome)> take;
-    std::size_t block = 1;  // rows that are read before they are calculated
+/// What a kind of batch does with the rows of the sheet that is selected.
+struct RowWork {
+    int first_row = 1;
+    std::span<const int> columns{};  // that are read of a row
+    std::size_t block = 1;           // rows that are read before they are calculated side by side
+    /// Shown each active row in the first pass; may be empty.
+    std::function<void(int row)> seen{};
+    /// Called between the passes with the number of active rows; any end but `Done` is that of the
+    /// work. May be empty.
+    std::function<PassEnd(int active)> prepare{};
+    /// Reads a case out of the texts of a row and calculates it, unless a cell is wrong.
+    std::function<void(const RowTexts&, CellReading&, RowOutcome&)> calculate{};
 };
 
-/// The second pass: row by row down to the first empty flag, the row limit, or a wrong row, whose
-/// refusals are told. Rows behind the limit are told of. `active` rows are expected. Counts into
+/// The first pass counts the active rows down to the first empty flag; any flag but "1" is refused.
+/// The second one calculates row by row down to the first empty flag, the row limit, a wrong row or
+/// a stop, and writes the results. Tells what is wrong, and rows behind the limit; counts into
 /// `result`. Throws `ProgramEnd`, which names the row, where one had to.
-[[nodiscard]] PassEnd walk_rows(const BatchJob& job, const SheetOrigin& origin, Workbook& workbook,
-                                int first_row, int active, const RowPass& pass,
-                                BatchResult& result);
+[[nodiscard]] PassEnd work_rows(const BatchJob& job, const SheetOrigin& origin, Workbook& workbook,
+                                const RowWork& work, BatchResult& result);
 
 }  // namespace zel::excel_batch

@@ -1,6 +1,5 @@
 #include "excel_batch/cell_reading.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "platform/rounding.h"
@@ -51,62 +50,84 @@ constexpr BoxText no_current = {Icon::Stop,
                                  "Stromstaerke gemacht.",
                                  "You havn't made an input for the current !"}};
 
-struct Suitability {
-    unsigned methods;
-    FieldKey field;  // whose cell is told
-    bool (*refuses)(const CalcCase&);
-    BoxText box;
-};
+// The kind of the conductor against the methods, each with the field whose cell is told.
+constexpr BoxText other_kind = {Icon::Stop, incorrect.title, {"{0}"}};
+constexpr BoxText unsuitable = {Icon::Stop,
+                                {"Seilauswahl nicht passend zur Berechnungsmethode",
+                                 "Input not suitable for calculation method !"},
+                                {"{0}"}};
+
+using Suitability = zel::Check<CalcCase, FieldKey>;
 
 constexpr Suitability suitabilities[] = {
-    {TBB,
-     &CalcCase::conductor_type_db,
-     [](const CalcCase& c) {
-         return c.conductor_type_db == homogeneous_conductor ||
-                c.conductor_type_db == steel_cored_conductor ||
-                c.conductor_type_db == composite_core_conductor;
-     },
-     {Icon::Stop,
-      incorrect.title,
-      {"Es wurde das Berechnungsverfahren für Kreisringstrom-Schienen in Kombination mit Daten für ein Leiterseil ausgewählt.",
-       "You have choosen the calculation method for tubular busbars in combination with datas for an overhead conductor."}}},
-    {TB601 | TB207 | Webs | Kirn,
-     &CalcCase::conductor_type_db,
-     [](const CalcCase& c) { return c.conductor_type_db == tubular_busbar; },
-     {Icon::Stop,
-      incorrect.title,
-      {"Es wurde ein Berechnungsverfahren für Leiterseile in Kombination mit Leiterdaten für Kreisring-Stromschienen ausgewählt.",
-       "You have choosen a calculation method for overhead conductors in combination with datas for tubular busbars."}}},
-    {TB601,
-     &CalcCase::DrahtlagenzahlLeiter_db,
-     [](const CalcCase& c) {
-         return c.conductor_type_db == steel_cored_conductor && c.DrahtlagenzahlLeiter_db == 1;
-     },
-     {Icon::Stop,
-      {"Seilauswahl nicht passend zur Berechnungsmethode",
-       "Input not suitable for calculation method !"},
-      {"Das ausgewählte Seil ist ein Verbundleiter mit EINER Lage Leitermaterial\n"
-       "und einem magnetischen Kern. \n"
-       "Dies Seile sind im vorliegenden Programm von der Berechnung nach Cigre TB 601\n"
-       "aufgrund ihrer großen magnetischen Verlust ausgeschlossen\n"
-       "und auch nicht für hochbelastete Leitungen geeignet.\n"
-       "Weitere Erläuterungen siehe Benutzerhandbuch VOR\n"
-       "Bitte wählen sie ein anderes Seil oder ein anderes Berechnungsverfahren.",
-       "The chosen conductor ist a SINGLE layer conductor with a magentic core.\n"
-       "Within this application the calculation by Cigre TB 601\n"
-       "is excluded because of their big magnetic losses / transformer effects\n"
-       "at high currents.This conductor are absolutely not suitable \n"
-       "for overhead lines with high ampacitiy / current densities.\n"
-       "For further information see userbook ZEL\n"
-       "Please choose another conductor\n"
-       "or another calculation method."}}},
+    {{read_by<TBB>,
+      [](const CalcCase& c) {
+          return c.conductor_type_db == homogeneous_conductor ||
+                 c.conductor_type_db == steel_cored_conductor ||
+                 c.conductor_type_db == composite_core_conductor;
+      },
+      &other_kind, &CalcCase::conductor_type_db},
+     {"Es wurde das Berechnungsverfahren für Kreisringstrom-Schienen in Kombination mit Daten für ein Leiterseil ausgewählt.",
+      "You have choosen the calculation method for tubular busbars in combination with datas for an overhead conductor."}},
+    {{read_by<TB601 | TB207 | Webs | Kirn>,
+      [](const CalcCase& c) { return c.conductor_type_db == tubular_busbar; }, &other_kind,
+      &CalcCase::conductor_type_db},
+     {"Es wurde ein Berechnungsverfahren für Leiterseile in Kombination mit Leiterdaten für Kreisring-Stromschienen ausgewählt.",
+      "You have choosen a calculation method for overhead conductors in combination with datas for tubular busbars."}},
+    {{read_by<TB601>,
+      [](const CalcCase& c) {
+          return c.conductor_type_db == steel_cored_conductor && c.DrahtlagenzahlLeiter_db == 1;
+      },
+      &unsuitable, &CalcCase::DrahtlagenzahlLeiter_db},
+     {"Das ausgewählte Seil ist ein Verbundleiter mit EINER Lage Leitermaterial\n"
+      "und einem magnetischen Kern. \n"
+      "Dies Seile sind im vorliegenden Programm von der Berechnung nach Cigre TB 601\n"
+      "aufgrund ihrer großen magnetischen Verlust ausgeschlossen\n"
+      "und auch nicht für hochbelastete Leitungen geeignet.\n"
+      "Weitere Erläuterungen siehe Benutzerhandbuch VOR\n"
+      "Bitte wählen sie ein anderes Seil oder ein anderes Berechnungsverfahren.",
+      "The chosen conductor ist a SINGLE layer conductor with a magentic core.\n"
+      "Within this application the calculation by Cigre TB 601\n"
+      "is excluded because of their big magnetic losses / transformer effects\n"
+      "at high currents.This conductor are absolutely not suitable \n"
+      "for overhead lines with high ampacitiy / current densities.\n"
+      "For further information see userbook ZEL\n"
+      "Please choose another conductor\n"
+      "or another calculation method."}},
 };
+
+/// What is told of a number beyond its limits: its upper and its lower bound.
+Box limit_box(const Limits& limits, LangId lang) {
+    constexpr Text upper = {"Maximal", "Maximum"};
+    constexpr Text lower = {"Minimal", "Minimum"};
+    Box box = {Icon::Stop, std::string(limits.title_or(limit_title).in(lang)), {}};
+    const auto add = [&](const Text& line, const Text& side, double bound) {
+        if (!line.de.empty())
+            box.lines.push_back(
+                fill(line.in(lang), {side.in(lang), plain_number(bound, DecimalSeparator::Comma)}));
+    };
+    add(limits.above, upper, limits.high);
+    add(limits.below, lower, limits.low);
+    return box;
+}
 
 void append_lines(Box& box, const std::string& text) {
     for (std::string& line : lines_of(text)) box.lines.push_back(std::move(line));
 }
 
 }  // namespace
+
+CellText fixed_cell(Workbook& workbook, int row) {
+    return {row, input_column, workbook.text(row, input_column)};
+}
+
+RowTexts row_texts(Workbook& workbook, std::span<const int> columns, int row) {
+    RowTexts texts = {row, {}};
+    if (!columns.empty()) texts.texts.resize(static_cast<std::size_t>(columns.back()) + 1);
+    for (const int column : columns)
+        texts.texts[static_cast<std::size_t>(column)] = workbook.text(row, column);
+    return texts;
+}
 
 void CellReading::refuse(const CellText& cell, const Text& permissible) {
     Box box = box_in(origin_.lang, cell_error,
@@ -122,25 +143,24 @@ void CellReading::refuse(Box box, const CellText& cell) {
     refusals_.push_back(std::move(box));
 }
 
-std::optional<double> CellReading::sound_number(const CellText& cell, const Limits* limits,
+std::optional<double> CellReading::sound_number(const CellText& cell, const Limits& limits,
                                                 CellKind kind) {
     const auto number = parse_number(cell.text, DecimalSeparator::Comma);
     const bool fits = number && (kind != CellKind::Whole || std::floor(*number) == *number);
-    const bool inside = fits && (limits == nullptr || holds(*limits, *number));
-    if (inside) return number;
-    if (fits && limits->is_told())
-        refuse(limit_box(*limits, origin_.lang), cell);
+    if (fits && limits.holds(*number)) return number;
+    if (Box box = limit_box(limits, origin_.lang); fits && !box.lines.empty())
+        refuse(std::move(box), cell);
     else
         refuse(cell);
     return std::nullopt;
 }
 
 std::optional<double> CellReading::take_number(const Limits& limits, const CellText& cell) {
-    return sound_number(cell, &limits, CellKind::Number);
+    return sound_number(cell, limits, CellKind::Number);
 }
 
-void CellReading::take(const InputCell& input, const CellText& cell, CalcCase& c,
-                       unsigned methods) {
+void CellReading::take(const InputCell& input, const CellText& cell, CalcCase& c) {
+    const unsigned methods = selected(c);
     if ((input.methods & methods) == 0 || (!input.required && cell.text.empty())) return;
     auto number = sound_number(cell, input.limits, input.kind);
     if (number && input.check != nullptr)
@@ -149,8 +169,8 @@ void CellReading::take(const InputCell& input, const CellText& cell, CalcCase& c
             number.reset();
         }
     if (const auto* entry = std::get_if<Entry CalcCase::*>(&input.field)) {
-        if (number && holds_whole_numbers(*entry)) number = round_half_even(*number);
-        c.*(*entry) = number ? Entry{std::string(cell.text), *number} : Entry{};
+        if (number && field_of(*entry).rounded) number = round_half_even(*number);
+        c.*(*entry) = number ? Entry{cell.text, *number} : Entry{};
         return;
     }
     const auto whole = number ? round_to_int16(*number) : 0;
@@ -170,8 +190,7 @@ std::optional<int> CellReading::take_choice(const CellText& cell,
     return std::nullopt;
 }
 
-void CellReading::take_currents(const CellText& single, const CellText& bundle, CalcCase& c,
-                                unsigned methods) {
+void CellReading::take_currents(const CellText& single, const CellText& bundle, CalcCase& c) {
     c.Stromstaerke_db = {};
     c.Stromstaerke_Buendel = {};
     c.Stromstaerkebuendel_Merker_db = !bundle.text.empty();
@@ -180,9 +199,9 @@ void CellReading::take_currents(const CellText& single, const CellText& bundle, 
     else if (!single.text.empty() && !bundle.text.empty())
         refuse(box_in(origin_.lang, both_currents), bundle);
     else if (bundle.text.empty())
-        take(single_current_cell(), single, c, methods);
+        take(single_current_cell(), single, c);
     else
-        take(bundle_current_cell(), bundle, c, methods);
+        take(bundle_current_cell(), bundle, c);
 }
 
 void CellReading::take_mode(const CellText& cell, CalcCase& c) {
@@ -191,16 +210,10 @@ void CellReading::take_mode(const CellText& cell, CalcCase& c) {
     c.Stromstaerke_Merker_db = mode == 1;
 }
 
-void CellReading::check_conductor(const CalcCase& c, unsigned methods,
-                                  std::span<const InputCell> cells,
+void CellReading::check_conductor(const CalcCase& c, std::span<const InputCell> cells,
                                   const std::function<CellText(const InputCell&)>& at) {
-    for (const auto& [readers, field, refuses, box] : suitabilities) {
-        if ((readers & methods) == 0 || !refuses(c)) continue;
-        const auto cell =
-            std::find_if(cells.begin(), cells.end(),
-                         [&, &key = field](const auto& input) { return input.field == key; });
-        refuse(box_in(origin_.lang, box), at(*cell));
-    }
+    for (const Suitability& check : suitabilities)
+        if (check.refuses(c)) refuse(check.box(origin_.lang), at(cell_of(cells, check.rule.place)));
 }
 
 }  // namespace zel::excel_batch

@@ -10,9 +10,7 @@
 
 #include "excel_batch/input_cells.h"
 #include "excel_batch/workbook_contract.h"
-#include "platform/message_box.h"
 #include "platform/workbook.h"
-#include "steady/case/calc_case.h"
 
 namespace zel::excel_batch {
 
@@ -27,22 +25,24 @@ struct SheetOrigin {
 struct CellText {
     int row;
     int column;
-    std::string_view text;
+    std::string text;
 };
 
-/// A cell of the sheet `fixed_input` with its text, until the next one is asked for.
-class FixedCells {
-public:
-    explicit FixedCells(Workbook& workbook) : workbook_(workbook) {}
-    [[nodiscard]] CellText at(int row) {
-        text_ = workbook_.text(row, input_column);
-        return {row, input_column, text_};
+/// The cell in column C of the sheet `fixed_input`, which is selected.
+[[nodiscard]] CellText fixed_cell(Workbook& workbook, int row);
+
+/// The texts of one row of the sheet `variable_input_result`, by column.
+struct RowTexts {
+    int row = 0;
+    std::vector<std::string> texts;
+
+    [[nodiscard]] CellText cell(int column) const {
+        return {row, column, texts[static_cast<std::size_t>(column)]};
     }
-
-private:
-    Workbook& workbook_;
-    std::string text_;
 };
+
+/// Reads the cells of `row` in `columns`, of which the last is the largest.
+[[nodiscard]] RowTexts row_texts(Workbook& workbook, std::span<const int> columns, int row);
 
 /// Takes cells into a case. A wrong one is told by a box and leaves its field without input; the
 /// reading goes on, so that every wrong cell is told.
@@ -52,7 +52,7 @@ public:
 
     /// The number of `cell` goes to its field, unless no active method reads it. A number has a
     /// decimal comma; a point makes the text no number.
-    void take(const InputCell& input, const CellText& cell, CalcCase& c, unsigned methods);
+    void take(const InputCell& input, const CellText& cell, CalcCase& c);
 
     /// The number of `cell` where it is within `limits`.
     std::optional<double> take_number(const Limits& limits, const CellText& cell);
@@ -62,15 +62,14 @@ public:
                                    const Text& permissible = {});
 
     /// Exactly one of the currents of a sub-conductor and of the bundle is given.
-    void take_currents(const CellText& single, const CellText& bundle, CalcCase& c,
-                       unsigned methods);
+    void take_currents(const CellText& single, const CellText& bundle, CalcCase& c);
 
     /// "1": the conductor temperature is given; "2": the current is.
     void take_mode(const CellText& cell, CalcCase& c);
 
-    /// Refuses methods that do not go with the conductor of `c`, which was taken from `cells`; `at`
+    /// Refuses methods of `c` that do not go with its conductor, which was taken from `cells`; `at`
     /// shows one of them.
-    void check_conductor(const CalcCase& c, unsigned methods, std::span<const InputCell> cells,
+    void check_conductor(const CalcCase& c, std::span<const InputCell> cells,
                          const std::function<CellText(const InputCell&)>& at);
 
     /// The cell holds no correct input; `permissible` tells what it may hold.
@@ -84,7 +83,7 @@ public:
     [[nodiscard]] std::vector<Box> take_refusals() { return std::move(refusals_); }
 
 private:
-    [[nodiscard]] std::optional<double> sound_number(const CellText& cell, const Limits* limits,
+    [[nodiscard]] std::optional<double> sound_number(const CellText& cell, const Limits& limits,
                                                      CellKind kind);
 
     const SheetOrigin& origin_;

@@ -1,8 +1,7 @@
-#include "excel_batch/identifier_check.h"
-
 #include <string>
 
-#include "excel_batch/cell_limits.h"
+#include "excel_batch/input_cells.h"
+#include "excel_batch/workbook_contract.h"
 
 namespace zel::excel_batch {
 namespace {

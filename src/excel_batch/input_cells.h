@@ -4,13 +4,15 @@
 #include <optional>
 #include <span>
 
-#include "excel_batch/cell_limits.h"
 #include "steady/case/case_fields.h"
-#include "workflow/rules/steady_check_rows.h"
+#include "workflow/rules/rule_tables.h"
+#include "workflow/rules/steady_check.h"
 
-// The input cells of the workbooks: which cell becomes which field of the case.
+// The input cells of the workbooks: which cell becomes which field of the case, and its limits.
 
 namespace zel::excel_batch {
+
+inline constexpr Text limit_title = {" Fehlerhafte Eingabe", "Incorrect input value"};
 
 /// How the text of a cell becomes the content of a field.
 enum class CellKind : std::uint8_t {
@@ -18,18 +20,46 @@ enum class CellKind : std::uint8_t {
     Whole,   // a whole number
 };
 
+/// The refusal of a number that depends on the active methods, bits as in `steady_check`.
 using NumberCheck = std::optional<Box> (*)(double number, unsigned methods, LangId lang);
 
-/// One input cell; a place is 0 where the cell is not on that sheet.
+/// One input cell; a place is 0 where the cell is not on that sheet. Begins with its field and its
+/// places, and is made more precise by what is called on it.
 struct InputCell {
     FieldKey field;
-    int fixed_row;                   // of `fixed_input`, in its column C
-    int column;                      // of `variable_input_result`
-    const Limits* limits = nullptr;  // null: every number
+    int fixed_row = 0;  // of `fixed_input`, in its column C
+    int column = 0;     // of `variable_input_result`
+    /// In the wordings {0} is "Maximal" or "Minimal" ("Maximum", "Minimum"), {1} the bound. Limits
+    /// without a wording are those of a code: one outside them is no correct input at all.
+    Limits limits{};
     CellKind kind = CellKind::Number;
     unsigned methods = steady_check::always;  // read where one of them is active
     bool required = true;                     // otherwise an empty cell leaves the field as it was
     NumberCheck check = nullptr;              // what the limits cannot tell
+
+    [[nodiscard]] constexpr InputCell within(const Limits& bounds) const {
+        return with(&InputCell::limits, bounds);
+    }
+    [[nodiscard]] constexpr InputCell whole() const {
+        return with(&InputCell::kind, CellKind::Whole);
+    }
+    [[nodiscard]] constexpr InputCell read_by(unsigned readers) const {
+        return with(&InputCell::methods, readers);
+    }
+    [[nodiscard]] constexpr InputCell if_filled() const {
+        return with(&InputCell::required, false);
+    }
+    [[nodiscard]] constexpr InputCell checked_by(NumberCheck refusal) const {
+        return with(&InputCell::check, refusal);
+    }
+
+private:
+    template <class Value>
+    [[nodiscard]] constexpr InputCell with(Value InputCell::*fact, Value value) const {
+        InputCell made = *this;
+        made.*fact = value;
+        return made;
+    }
 };
 
 /// Place, weather and line of a steady calculation, up to the number of sub-conductors.
@@ -50,5 +80,16 @@ struct InputCell {
 
 /// The row of a transient workbook, up to the conductor temperature.
 [[nodiscard]] std::span<const InputCell> transient_row_cells();
+
+/// The preloads of a transient workbook in percent of the PATL.
+inline constexpr Text percent_title = {"PATL EingabeProzent", "PATL EingabeProzent"};
+extern const Limits percent_limits;
+
+/// The time of the TATL, s, as the array form and as the form cell by cell tell it.
+extern const Limits time_limits;
+extern const Limits time_limits_by_cell;
+
+/// The cell of `field` in a table that has it.
+[[nodiscard]] const InputCell& cell_of(std::span<const InputCell> cells, const FieldKey& field);
 
 }  // namespace zel::excel_batch

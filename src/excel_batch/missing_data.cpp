@@ -1,10 +1,8 @@
 #include "excel_batch/missing_data.h"
 
-#include <algorithm>
 #include <string>
 
 #include "excel_batch/cell_reading.h"
-#include "excel_batch/field_labels.h"
 #include "steady/case/case_fields.h"
 
 namespace zel::excel_batch {
@@ -57,13 +55,6 @@ bool is_zero(const CalcCase& c, const FieldKey& field) {
     return c.*std::get<std::int16_t CalcCase::*>(field) == 0;
 }
 
-const InputCell& conductor_cell(const FieldKey& field, WorkbookKind kind) {
-    const auto cells =
-        kind == WorkbookKind::Transient ? transient_fixed_cells() : conductor_cells();
-    return *std::find_if(cells.begin(), cells.end(),
-                         [&](const InputCell& cell) { return cell.field == field; });
-}
-
 std::string names_of(unsigned methods) {
     std::string names;
     for (const Method method : all_methods) {
@@ -89,13 +80,16 @@ std::vector<Box> missing_conductor_data(const CalcCase& c, WorkbookKind kind, in
     constexpr Text in_row = {"in Zeile {0} ", "in row {0} "};
     std::vector<Box> boxes;
     const unsigned methods = selected(c);
+    const auto cells =
+        kind == WorkbookKind::Transient ? transient_fixed_cells() : conductor_cells();
     const std::string of_row =
         row == 0 ? std::string() : fill(in_row.in(lang), {std::to_string(row)});
     for (const auto& [field, readers, reads] : fields_of(kind)) {
         if ((readers & methods) == 0 || !reads(c) || !is_zero(c, field)) continue;
-        boxes.push_back(box_in(lang, missing_data,
-                               {label_of(field).label.in(lang), names_of(readers & methods),
-                                place_of(conductor_cell(field, kind), kind, lang), of_row}));
+        boxes.push_back(
+            box_in(lang, missing_data,
+                   {long_label_of(field_of(field)).in(lang), names_of(readers & methods),
+                    place_of(cell_of(cells, field), kind, lang), of_row}));
     }
     return boxes;
 }
@@ -105,9 +99,8 @@ CalcCase with_conductor_of(Workbook& workbook, int row, const CalcCase& fixed) {
     const SheetOrigin nowhere;
     CellReading passed_over(nowhere);
     const auto take = [&](const FieldKey& field) {
-        const InputCell& cell = conductor_cell(field, WorkbookKind::SteadyVar);
-        const std::string text = workbook.text(row, cell.column);
-        passed_over.take(cell, {row, cell.column, text}, c, selected(c));
+        const InputCell& cell = cell_of(conductor_cells(), field);
+        passed_over.take(cell, {row, cell.column, workbook.text(row, cell.column)}, c);
     };
     take(&CalcCase::conductor_type_db);
     for (const MissingField& missing : of_steady) take(missing.field);

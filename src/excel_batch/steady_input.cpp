@@ -1,8 +1,6 @@
-#include "excel_batch/steady_input.h"
-
 #include <algorithm>
 
-#include "excel_batch/identifier_check.h"
+#include "excel_batch/workbook_input.h"
 
 namespace zel::excel_batch {
 namespace {
@@ -19,14 +17,14 @@ constexpr BoxText busbar_beside_line = {
      "parallel to the calculation of overhead conductors.\n"
      "Please set the calculation method for tubular busbars in cell C7 to 0"}};
 
-bool take_methods(FixedCells& cells, WorkbookKind kind, LangId lang, CalcCase& c,
+bool take_methods(Workbook& workbook, WorkbookKind kind, LangId lang, CalcCase& c,
                   CellReading& reading) {
     for (const int place : method_order(kind)) {
         const auto& [field, row, label] = method_cells()[static_cast<std::size_t>(place)];
-        c.*field = reading.take_choice(cells.at(row), {"0", "1"}) == 1 ? 1 : 0;
+        c.*field = reading.take_choice(fixed_cell(workbook, row), {"0", "1"}) == 1 ? 1 : 0;
     }
     for (const auto& [field, row, label] : formula_cells()) {
-        const auto choice = reading.take_choice(cells.at(row), {"1", "2"});
+        const auto choice = reading.take_choice(fixed_cell(workbook, row), {"1", "2"});
         if (choice) c.*field = static_cast<std::int16_t>(*choice + 1);
     }
     const unsigned methods = selected(c);
@@ -64,51 +62,37 @@ void S_02_io_excel_Fixed_input_einlesen_pruefen_stat(Workbook& workbook, Workboo
     const std::string identifier = workbook.text(identifier_row, identifier_column);
     if (auto refusal = identifier_refusal(identifier, wanted, lang))
         return reading.refuse(std::move(*refusal));
-    FixedCells cells(workbook);
-    if (!take_methods(cells, wanted, lang, c, reading)) return;
-    const unsigned methods = selected(c);
-    for (const InputCell& cell : line_cells())
-        reading.take(cell, cells.at(cell.fixed_row), c, methods);
-    FixedCells bundle(workbook);
-    reading.take_currents(cells.at(single_current_cell().fixed_row),
-                          bundle.at(bundle_current_cell().fixed_row), c, methods);
-    reading.take(temperature_cell(), cells.at(temperature_cell().fixed_row), c, methods);
-    reading.take_mode(cells.at(mode_row), c);
+    if (!take_methods(workbook, wanted, lang, c, reading)) return;
+    const auto at = [&](const InputCell& cell) { return fixed_cell(workbook, cell.fixed_row); };
+    for (const InputCell& cell : line_cells()) reading.take(cell, at(cell), c);
+    reading.take_currents(at(single_current_cell()), at(bundle_current_cell()), c);
+    reading.take(temperature_cell(), at(temperature_cell()), c);
+    reading.take_mode(fixed_cell(workbook, mode_row), c);
     if (wanted == WorkbookKind::SteadyVar) return;
-    for (const InputCell& cell : conductor_cells())
-        reading.take(cell, cells.at(cell.fixed_row), c, methods);
-    reading.check_conductor(c, methods, conductor_cells(),
-                            [&](const InputCell& cell) { return cells.at(cell.fixed_row); });
+    for (const InputCell& cell : conductor_cells()) reading.take(cell, at(cell), c);
+    reading.check_conductor(c, conductor_cells(), at);
 }
 
-RowTexts row_texts(Workbook& workbook, WorkbookKind kind, int row) {
+std::span<const int> steady_columns(WorkbookKind kind) {
     static const std::vector<int> fix = columns_of(WorkbookKind::SteadyFix);
     static const std::vector<int> var = columns_of(WorkbookKind::SteadyVar);
-    const std::vector<int>& columns = kind == WorkbookKind::SteadyVar ? var : fix;
-    RowTexts texts = {row, {}};
-    texts.texts.resize(static_cast<std::size_t>(columns.back()) + 1);
-    for (const int column : columns)
-        texts.texts[static_cast<std::size_t>(column)] = workbook.text(row, column);
-    return texts;
+    return kind == WorkbookKind::SteadyVar ? var : fix;
 }
 
 void take_row(const RowTexts& row, WorkbookKind kind, CalcCase& c, CellReading& reading) {
     static const std::vector<InputCell> conductor = conductor_columns();
-    const unsigned methods = selected(c);
-    for (const InputCell& cell : line_cells())
-        reading.take(cell, row.cell(cell.column), c, methods);
+    const auto at = [&](const InputCell& cell) { return row.cell(cell.column); };
+    for (const InputCell& cell : line_cells()) reading.take(cell, at(cell), c);
     // In the form with conductor columns the two currents have changed places.
     const bool var = kind == WorkbookKind::SteadyVar;
-    const int single = single_current_cell().column;
-    const int bundle = bundle_current_cell().column;
-    reading.take_currents(row.cell(var ? bundle : single), row.cell(var ? single : bundle), c,
-                          methods);
-    reading.take(temperature_cell(), row.cell(temperature_cell().column), c, methods);
+    const CellText left = at(bundle_current_cell());
+    const CellText right = at(single_current_cell());
+    reading.take_currents(var ? left : right, var ? right : left, c);
+    reading.take(temperature_cell(), at(temperature_cell()), c);
     reading.take_mode(row.cell(mode_column), c);
     if (!var) return;
-    for (const InputCell& cell : conductor) reading.take(cell, row.cell(cell.column), c, methods);
-    reading.check_conductor(c, methods, conductor,
-                            [&](const InputCell& cell) { return row.cell(cell.column); });
+    for (const InputCell& cell : conductor) reading.take(cell, at(cell), c);
+    reading.check_conductor(c, conductor, at);
 }
 
 }  // namespace zel::excel_batch

@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "excel_batch/field_labels.h"
 #include "excel_batch/input_cells.h"
-#include "excel_batch/transient_contract.h"
 #include "platform/text/number_text.h"
 
 namespace zel::excel_batch {
@@ -61,27 +59,22 @@ std::string decimal(double number, LangId lang) {
                         lang == LangId::German ? DecimalSeparator::Comma : DecimalSeparator::Point);
 }
 
-constexpr double unlimited = 1e300;
+bool limited(const Limits& limits) { return limits.low != -unlimited || limits.high != unlimited; }
 
 std::string limit_text(const Limits& limits, LangId lang) {
-    if (limits.high > unlimited) return "≥ " + decimal(limits.low, lang);
+    if (limits.high == unlimited) return "≥ " + decimal(limits.low, lang);
     return decimal(limits.low, lang) + " ... " + decimal(limits.high, lang);
 }
 
 std::string limit_text(const InputCell& cell, LangId lang) {
     if (!cell.required) return std::string(Text{"falls bekannt", "if known"}.in(lang));
-    return cell.limits == nullptr ? std::string() : limit_text(*cell.limits, lang);
+    return limited(cell.limits) ? limit_text(cell.limits, lang) : std::string();
 }
 
-/// What a field holds without the choice of anybody: nothing to tell about it.
-const std::vector<FieldKey>& fields_usually_zero() {
-    static const std::vector<FieldKey> fields = {
-        &CalcCase::GMR_Merker_db, &CalcCase::GMR_db,   &CalcCase::ACR_Frequenz_Remox_db,
-        &CalcCase::ACR1_db,       &CalcCase::TACR1_db, &CalcCase::ACR2_db,
-        &CalcCase::TACR2_db,      &CalcCase::ACR3_db,  &CalcCase::TACR3_db,
-        &CalcCase::ACR4_db,       &CalcCase::TACR4_db, &CalcCase::ACR5_db,
-        &CalcCase::TACR5_db,      &CalcCase::ACR6_db,  &CalcCase::TACR6_db};
-    return fields;
+/// The rule that an area holds numbers within `limits`. The format has no open end.
+DesignRule rule_of(const CellArea& area, const Limits& limits, bool whole) {
+    constexpr double largest = 1e308;
+    return {area, limits.low, std::min(limits.high, largest), whole};
 }
 
 using Content = std::variant<std::monostate, double, std::string>;
@@ -90,15 +83,11 @@ using Content = std::variant<std::monostate, double, std::string>;
 /// leaves the cell empty.
 Content conductor_value(const InputCell& cell, const std::optional<CalcCase>& conductor) {
     const FieldKey& field = cell.field;
-    const auto& usual = fields_usually_zero();
-    if (!conductor)
-        return std::find(usual.begin(), usual.end(), field) == usual.end() ? Content{}
-                                                                           : Content{0.0};
+    if (!conductor) return field_of(field).nothing_at_0 ? Content{0.0} : Content{};
     if (const auto* entry = std::get_if<Entry CalcCase::*>(&field))
         return (*conductor.*(*entry)).value;
     const double code = *conductor.*std::get<std::int16_t CalcCase::*>(field);
-    if (cell.limits != nullptr && !holds(*cell.limits, code)) return {};
-    return code;
+    return cell.limits.holds(code) ? Content{code} : Content{};
 }
 
 class FixedSheet {
@@ -124,24 +113,23 @@ public:
             add(row, label_column, std::string(text.in(lang_)), CellLook::Heading);
     }
 
-    void add_choices(std::span<const ChoiceCell> cells, double low, double high,
+    void add_choices(std::span<const ChoiceCell> cells, const Limits& limits,
                      const Content& value) {
         for (const ChoiceCell& cell : cells) {
             add_input(cell.row, cell.label, {}, value);
             sheet_.rules.push_back(
-                {{cell.row, input_column, cell.row, input_column}, low, high, true});
+                rule_of({cell.row, input_column, cell.row, input_column}, limits, true));
         }
     }
 
     void add(const InputCell& cell, const Content& value = {}) {
-        const FieldLabel& label = label_of(cell.field);
-        add_input(cell.fixed_row, label.label, label.unit, value);
+        const FieldInfo& field = field_of(cell.field);
+        add_input(cell.fixed_row, long_label_of(field), long_unit_of(field), value);
         add(cell.fixed_row, limit_column, limit_text(cell, lang_), CellLook::Note);
-        if (cell.limits != nullptr)
-            sheet_.rules.push_back({{cell.fixed_row, input_column, cell.fixed_row, input_column},
-                                    cell.limits->low,
-                                    cell.limits->high,
-                                    cell.kind == CellKind::Whole});
+        if (limited(cell.limits))
+            sheet_.rules.push_back(
+                rule_of({cell.fixed_row, input_column, cell.fixed_row, input_column}, cell.limits,
+                        cell.kind == CellKind::Whole));
     }
 
     void add_input(int row, const Text& label, std::string_view unit, const Content& value) {
@@ -168,15 +156,14 @@ public:
         sheet_.fixed_rows = kind_.first_row - 1;
         sheet_.fixed_columns = flag_column;
         add_head(flag_column, flag_label, {}, {});
-        add_rule(flag_column, 1, 1, true);
+        add_rule(flag_column, Limits().between(1, 1), true);
         columns(flag_column, flag_column, CellLook::Input);
     }
 
     void add(const InputCell& cell, int column) {
-        const FieldLabel& label = label_of(cell.field);
-        add_head(column, label.label, label.unit, limit_text(cell, lang_));
-        if (cell.limits != nullptr)
-            add_rule(column, cell.limits->low, cell.limits->high, cell.kind == CellKind::Whole);
+        const FieldInfo& field = field_of(cell.field);
+        add_head(column, long_label_of(field), long_unit_of(field), limit_text(cell, lang_));
+        if (limited(cell.limits)) add_rule(column, cell.limits, cell.kind == CellKind::Whole);
         columns(column, column, CellLook::Input);
     }
 
@@ -190,9 +177,9 @@ public:
         sheet_.cells.push_back({limit_row, column, std::move(limits), CellLook::Note});
     }
 
-    void add_rule(int column, double low, double high, bool whole) {
-        sheet_.rules.push_back(
-            {{kind_.first_row, column, kind_.first_row + row_limit - 1, column}, low, high, whole});
+    void add_rule(int column, const Limits& limits, bool whole) {
+        sheet_.rules.push_back(rule_of(
+            {kind_.first_row, column, kind_.first_row + row_limit - 1, column}, limits, whole));
     }
 
     void columns(int first, int last, CellLook look) {
@@ -214,8 +201,8 @@ private:
 SheetDesign steady_fixed(WorkbookKind kind, LangId lang, const std::optional<CalcCase>& conductor) {
     FixedSheet sheet(kind, lang);
     sheet.add_headings(steady_headings);
-    sheet.add_choices(method_cells(), 0, 1, {});
-    sheet.add_choices(formula_cells(), 1, 2, 2.0);
+    sheet.add_choices(method_cells(), Limits().between(0, 1), {});
+    sheet.add_choices(formula_cells(), Limits().between(1, 2), 2.0);
     for (const InputCell& cell : line_cells()) sheet.add(cell);
     for (const InputCell* cell :
          {&single_current_cell(), &bundle_current_cell(), &temperature_cell()})
@@ -254,7 +241,7 @@ SheetDesign steady_rows(WorkbookKind kind, LangId lang, const std::optional<Calc
     sheet.add(bundle, var ? single.column : bundle.column);
     sheet.add(temperature_cell(), temperature_cell().column);
     sheet.add_head(mode_column, mode_label, {}, {});
-    sheet.add_rule(mode_column, 1, 2, true);
+    sheet.add_rule(mode_column, Limits().between(1, 2), true);
     sheet.columns(mode_column, mode_column, CellLook::Input);
     if (var)
         for (const InputCell& cell : conductor_cells()) {
@@ -288,7 +275,7 @@ SheetDesign transient_rows(LangId lang) {
             sheet.add_head(cell.column, wind_to_conductor, "°", limit_text(cell, lang));
     }
     sheet.add_head(time_column, time_label, "s", limit_text(time_limits, lang));
-    sheet.add_rule(time_column, time_limits.low, time_limits.high, false);
+    sheet.add_rule(time_column, time_limits, false);
     sheet.columns(time_column, time_column, CellLook::Input);
     sheet.add_head(patl_column, {"PATL", "PATL"}, "A", {});
     sheet.columns(patl_column, patl_column + most_percent_values, CellLook::WholeResult);

@@ -6,7 +6,6 @@
 #include <random>
 
 #include "excel_batch/batch_rows.h"
-#include "excel_batch/identifier_check.h"
 #include "excel_batch/workbook_contract.h"
 #include "platform/text/number_text.h"
 
@@ -81,7 +80,8 @@ void draw_row(Workbook& workbook, int row, Draw& draw) {
 
 /// Calls `work` for every row with a flag; nothing where the workbook is of no `wanted` kind.
 std::optional<int> for_each_row(WorkbookStore& store, const std::string& path,
-                                const Session& session, std::initializer_list<WorkbookKind> wanted,
+                                const Session& session, const RowsCancelled& cancelled,
+                                std::initializer_list<WorkbookKind> wanted,
                                 const std::function<void(Workbook&)>& begin,
                                 const std::function<void(Workbook&, int row)>& work) {
     const auto workbook = store.open(path);
@@ -96,8 +96,10 @@ std::optional<int> for_each_row(WorkbookStore& store, const std::string& path,
     begin(*workbook);
     int row = row_of(*kind).first_row;
     const int first = row;
-    for (; row < first + row_limit && !workbook->text(row, flag_column).empty(); ++row)
+    for (; row < first + row_limit && !workbook->text(row, flag_column).empty(); ++row) {
         work(*workbook, row);
+        if (cancelled && cancelled()) return std::nullopt;
+    }
     workbook->save();
     return row - first;
 }
@@ -166,17 +168,18 @@ double highest_radiation(int month, int hour) {
 
 std::optional<int> fill_with_random_values(WorkbookStore& store, const std::string& path,
                                            const Session& session,
-                                           std::optional<std::uint32_t> seed) {
+                                           std::optional<std::uint32_t> seed,
+                                           const RowsCancelled& cancelled) {
     Draw draw(seed ? *seed : std::random_device()());
     return for_each_row(
-        store, path, session, {WorkbookKind::SteadyFix, WorkbookKind::SteadyVar}, [](Workbook&) {},
-        [&](Workbook& workbook, int row) { draw_row(workbook, row, draw); });
+        store, path, session, cancelled, {WorkbookKind::SteadyFix, WorkbookKind::SteadyVar},
+        [](Workbook&) {}, [&](Workbook& workbook, int row) { draw_row(workbook, row, draw); });
 }
 
 std::optional<int> write_deviations(WorkbookStore& store, const std::string& path,
-                                    const Session& session) {
-    return for_each_row(store, path, session, {WorkbookKind::SteadyFix}, begin_deviations,
-                        write_deviations_of);
+                                    const Session& session, const RowsCancelled& cancelled) {
+    return for_each_row(store, path, session, cancelled, {WorkbookKind::SteadyFix},
+                        begin_deviations, write_deviations_of);
 }
 
 }  // namespace zel::excel_batch

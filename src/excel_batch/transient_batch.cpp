@@ -1,14 +1,12 @@
 #include <array>
-#include <memory>
 
 #include "excel_batch/batch_frame.h"
 #include "excel_batch/batch_texts.h"
 #include "excel_batch/missing_data.h"
-#include "excel_batch/silent_session.h"
-#include "excel_batch/transient_input.h"
+#include "excel_batch/workbook_input.h"
 #include "platform/errors.h"
 #include "tb601_transient/transient/transient_excel.h"
-#include "workflow/rules/wind.h"
+#include "workflow/rules/derived.h"
 #include "workflow/run/steady_methods.h"
 
 namespace zel::excel_batch {
@@ -46,9 +44,9 @@ public:
           c_(c),
           seconds_(static_cast<float>(seconds)),
           mass_(conductor_mass(c)),
-          heat_option_(static_cast<HeatCapacityOption>(job.session.cigre_TKW_merker)),
+          heat_option_(job.session.cigre_TKW_merker),
           angle_(S_Winkel_Wind_Leiter(c)),
-          silent_(job.session, &memory_) {}
+          silent_(silent(job.session, &memory_)) {}
 
     void rate(RowOutcome& row) {
         c_.Leitertemp_Merker_db = true;
@@ -82,9 +80,7 @@ private:
         add(row, column, static_cast<double>(TATL), tatl_mask);
     }
 
-    MethodOutcome run_steady() {
-        return find_method(Method::TB601)->run(c_, angle_, silent_.session());
-    }
+    MethodOutcome run_steady() { return find_method(Method::TB601)->run(c_, angle_, silent_); }
 
     void add(RowOutcome& row, int column, double current, std::string_view mask) const {
         if (const auto number = rounded(current * c_.Anzahl_Teilleiter_db, mask))
@@ -106,132 +102,91 @@ private:
     double angle_;
     MethodMemory memory_;  // the search goes on from the records of the steady run
     TransientSlots slots_{};
-    SilentSession silent_;
+    Session silent_;
 };
 
-/// The rows of a transient workbook, cell by cell or as an array:
+/// `S_100_io_excel_gesamt_rahmen_transient`; its rows are, cell by cell or as an array, those of
 /// `S_103_io_excel_Eingabe_variabel_horizontal_einlesen_pruefen_rechnen_ausgeben_transient_Zelle`
 /// and `S_103_io_excel_Eingabe_variabel_horizontal_einlesen_pruefen_transient_Array`.
-class TransientRows {
+class TransientSteps : public BatchSteps {
 public:
-    TransientRows(const BatchJob& job, const TransientFixed& fixed, Workbook& workbook,
-                  const SheetOrigin& origin)
-        : job_(job),
-          fixed_(fixed),
-          workbook_(workbook),
-          origin_(origin),
-          as_array_(is_array_form(job)) {}
+    explicit TransientSteps(const BatchJob& job)
+        : job_(job), as_array_(job.Excel_Zelle_Array_Schreiben_Merker != 1), fixed_{job.preset} {}
 
-    static bool is_array_form(const BatchJob& job) {
-        return job.Excel_Zelle_Array_Schreiben_Merker != 1;
+    [[nodiscard]] std::string_view procedure() const override {
+        return "S_100_io_excel_gesamt_rahmen_transient";
     }
-
-    PassEnd work(BatchResult& result) {
+    void read_fixed_input(Workbook& workbook, CellReading& reading) override {
+        S_102_io_excel_Fixed_input_einlesen_pruefen_transient(workbook, lang(), fixed_, reading);
+    }
+    PassEnd work(Workbook& workbook, const SheetOrigin& origin, BatchResult& result) override {
         job_.observer.time_suffix(as_array_ ? " (Array)" : " (row by by)");
-        write_headers();
-        CellReading flags(origin_);
-        const int active = count_active_rows(workbook_, first_row, flags, [](int) {});
-        for (const Box& box : flags.refusals()) tell(box);
-        if (!flags.sound()) return PassEnd::Refused;
-        job_.observer.active_rows(fill(active_rows_line.in(lang()), {std::to_string(active)}));
-        if (as_array_ && active > array_rows) {
-            tell(box_in(lang(), array_too_small,
-                        {std::to_string(array_rows), std::to_string(active)}));
-            return PassEnd::Refused;
-        }
-        if (active > 0)
-            for (const Box& box :
-                 missing_conductor_data(fixed_.c, WorkbookKind::Transient, 0, lang()))
-                tell(box);
-        const PassEnd end = as_array_ && !check_all(active) ? PassEnd::Wrong : walk(active, result);
-        if (end == PassEnd::Wrong) tell(box_in(lang(), row_refused, {rows_sheet}));
-        return end;
+        write_headers(workbook);
+        RowWork work = {first_row, transient_columns(), rows_of_a_block};
+        work.prepare = [&](int active) { return prepare(active, workbook, origin); };
+        work.calculate = [this](const RowTexts& row, CellReading& reading, RowOutcome& outcome) {
+            CalcCase c = fixed_.c;
+            const double seconds = take(row, c, reading);
+            if (reading.sound()) RatedRow(job_, fixed_.percents, c, seconds).rate(outcome);
+        };
+        return work_rows(job_, origin, workbook, work, result);
+    }
+    [[nodiscard]] bool keeps_rows_before(PassEnd end) const override {
+        return !as_array_ && end != PassEnd::Refused;
     }
 
 private:
     static constexpr int first_row = row_of(WorkbookKind::Transient).first_row;
 
     [[nodiscard]] LangId lang() const { return job_.session.lang; }
-    void tell(const Box& box) const { job_.session.tell(box); }
-    [[nodiscard]] const Limits& limits_of_time() const {
-        return as_array_ ? time_limits : time_limits_by_cell;
-    }
 
-    void write_headers() {
+    void write_headers(Workbook& workbook) const {
         const CellArea results = result_area(WorkbookKind::Transient);
-        workbook_.clear({header_row, patl_column + 1, header_row, results.last_column});
-        workbook_.clear(results);
+        workbook.clear({header_row, patl_column + 1, header_row, results.last_column});
+        workbook.clear(results);
         int column = patl_column;
         for (const std::string& percent : fixed_.percent_texts)
-            workbook_.set_text(header_row, ++column, fill(tatl_header.in(lang()), {percent}));
+            workbook.set_text(header_row, ++column, fill(tatl_header.in(lang()), {percent}));
+    }
+
+    PassEnd prepare(int active, Workbook& workbook, const SheetOrigin& origin) const {
+        if (as_array_ && active > array_rows) {
+            job_.session.tell(box_in(lang(), array_too_small,
+                                     {std::to_string(array_rows), std::to_string(active)}));
+            return PassEnd::Refused;
+        }
+        if (active > 0)
+            tell(job_.session,
+                 missing_conductor_data(fixed_.c, WorkbookKind::Transient, 0, lang()));
+        return as_array_ ? check_all(active, workbook, origin) : PassEnd::Done;
     }
 
     /// Takes a row into a case of its own; gives the time of the TATL in s.
-    double take(const TransientRowTexts& texts, CalcCase& c, CellReading& reading) const {
-        return take_transient_row(texts, limits_of_time(), c, reading);
+    double take(const RowTexts& row, CalcCase& c, CellReading& reading) const {
+        return take_transient_row(row, as_array_ ? time_limits : time_limits_by_cell, c, reading);
     }
 
-    /// All rows before the first is calculated; false where one was refused.
-    bool check_all(int active) {
+    /// All rows before the first is calculated, up to a wrong one.
+    PassEnd check_all(int active, Workbook& workbook, const SheetOrigin& origin) const {
         for (int row = first_row; row < first_row + active; ++row) {
             CalcCase c = fixed_.c;
-            CellReading reading(origin_);
-            take(transient_row_texts(workbook_, row), c, reading);
-            for (const Box& box : reading.refusals()) tell(box);
-            if (!reading.sound()) return false;
+            CellReading reading(origin);
+            take(row_texts(workbook, transient_columns(), row), c, reading);
+            tell(job_.session, reading.refusals());
+            if (!reading.sound()) return PassEnd::Wrong;
         }
-        return true;
-    }
-
-    [[nodiscard]] RowOutcome calculate(const TransientRowTexts& texts) const {
-        RowOutcome outcome;
-        CalcCase c = fixed_.c;
-        CellReading reading(origin_);
-        const double seconds = take(texts, c, reading);
-        if (!reading.sound()) {
-            outcome.refusals = reading.take_refusals();
-            return outcome;
-        }
-        try {
-            RatedRow(job_, fixed_.percents, c, seconds).rate(outcome);
-        } catch (const ProgramEnd& end) {
-            outcome.program_end = end.what();
-        }
-        return outcome;
-    }
-
-    PassEnd walk(int active, BatchResult& result) {
-        std::vector<TransientRowTexts> texts(rows_of_a_block);
-        return walk_rows(
-            job_, origin_, workbook_, first_row, active,
-            {[&](std::size_t slot, int row) { texts[slot] = transient_row_texts(workbook_, row); },
-             [&](std::size_t slot) { return calculate(texts[slot]); },
-             [&](int row, const RowOutcome& outcome) { write(workbook_, row, outcome.cells); },
-             rows_of_a_block},
-            result);
+        return PassEnd::Done;
     }
 
     const BatchJob& job_;
-    const TransientFixed& fixed_;
-    Workbook& workbook_;
-    const SheetOrigin& origin_;
     bool as_array_;
+    TransientFixed fixed_;
 };
 
 }  // namespace
 
-BatchSteps transient_steps(const BatchJob& job) {
-    const auto fixed = std::make_shared<TransientFixed>(TransientFixed{job.preset, {}, {}});
-    const bool as_array = TransientRows::is_array_form(job);
-    return {"S_100_io_excel_gesamt_rahmen_transient",
-            [&job, fixed](Workbook& workbook, CellReading& reading) {
-                S_102_io_excel_Fixed_input_einlesen_pruefen_transient(workbook, job.session.lang,
-                                                                      *fixed, reading);
-            },
-            [&job, fixed](Workbook& workbook, const SheetOrigin& origin, BatchResult& result) {
-                return TransientRows(job, *fixed, workbook, origin).work(result);
-            },
-            !as_array, !as_array};
+std::unique_ptr<BatchSteps> transient_steps(const BatchJob& job) {
+    return std::make_unique<TransientSteps>(job);
 }
 
 }  // namespace zel::excel_batch

@@ -1,7 +1,4 @@
-#include "excel_batch/transient_input.h"
-
-#include "excel_batch/identifier_check.h"
-#include "workflow/rules/steady_check_rows.h"
+#include "excel_batch/workbook_input.h"
 
 namespace zel::excel_batch {
 namespace {
@@ -12,7 +9,7 @@ constexpr BoxText no_sub_conductors = {Icon::Stop,
                                         "You havn't made an input for the number of conductors"}};
 
 constexpr BoxText no_percent_value = {Icon::Stop,
-                                      percent_limits_title,
+                                      percent_title,
                                       {"Es muss mindestens ein bzw der erste PATL 1 Prozentwert\n"
                                        "im Wertebereich zwischen 1 und 99 %",
                                        "At least one / the first PATL 1 percentage value\n"
@@ -20,13 +17,13 @@ constexpr BoxText no_percent_value = {Icon::Stop,
 
 constexpr BoxText too_many_percent_values = {
     Icon::Stop,
-    percent_limits_title,
+    percent_title,
     {"Es können höchstens {0} PATL Prozentwerte angegeben werden.",
      "No more than {0} PATL percentage values can be specified."}};
 
-void take_percents(FixedCells& cells, LangId lang, TransientFixed& fixed, CellReading& reading) {
+void take_percents(Workbook& workbook, LangId lang, TransientFixed& fixed, CellReading& reading) {
     for (int n = 0; n <= most_percent_values; ++n) {
-        const CellText cell = cells.at(first_percent_row + n);
+        const CellText cell = fixed_cell(workbook, first_percent_row + n);
         if (cell.text.empty()) {
             if (n == 0) reading.refuse(box_in(lang, no_percent_value), cell);
             return;
@@ -51,41 +48,35 @@ void S_102_io_excel_Fixed_input_einlesen_pruefen_transient(Workbook& workbook, L
         return reading.refuse(std::move(*refusal));
     CalcCase& c = fixed.c;
     for (const Method method : all_methods) c.*flag_of(method) = method == Method::TB601 ? 1 : 0;
-    const unsigned methods = steady_check::selected(c);
-    FixedCells cells(workbook);
+    const auto at = [&](const InputCell& cell) { return fixed_cell(workbook, cell.fixed_row); };
     for (const InputCell& cell : transient_fixed_cells()) {
-        const CellText text = cells.at(cell.fixed_row);
-        const bool count = cell.field == FieldKey(&CalcCase::Anzahl_Teilleiter_db);
-        if (count && text.text.empty())
+        const CellText text = at(cell);
+        if (cell.field == FieldKey(&CalcCase::Anzahl_Teilleiter_db) && text.text.empty())
             reading.refuse(box_in(lang, no_sub_conductors), text);
         else
-            reading.take(cell, text, c, methods);
+            reading.take(cell, text, c);
     }
-    reading.check_conductor(c, methods, transient_fixed_cells(),
-                            [&](const InputCell& cell) { return cells.at(cell.fixed_row); });
-    take_percents(cells, lang, fixed, reading);
+    reading.check_conductor(c, transient_fixed_cells(), at);
+    take_percents(workbook, lang, fixed, reading);
 }
 
-TransientRowTexts transient_row_texts(Workbook& workbook, int row) {
-    TransientRowTexts texts = {row, {}};
-    texts.texts.resize(time_column + 1);
-    for (const InputCell& cell : transient_row_cells())
-        texts.texts[static_cast<std::size_t>(cell.column)] = workbook.text(row, cell.column);
-    texts.texts[time_column] = workbook.text(row, time_column);
-    return texts;
+std::span<const int> transient_columns() {
+    static const std::vector<int> columns = [] {
+        std::vector<int> made;
+        for (const InputCell& cell : transient_row_cells()) made.push_back(cell.column);
+        made.push_back(time_column);
+        return made;
+    }();
+    return columns;
 }
 
-double take_transient_row(const TransientRowTexts& row, const Limits& time, CalcCase& c,
+double take_transient_row(const RowTexts& row, const Limits& time, CalcCase& c,
                           CellReading& reading) {
-    const unsigned methods = steady_check::selected(c);
-    const auto cell = [&](int column) -> CellText {
-        return {row.row, column, row.texts[static_cast<std::size_t>(column)]};
-    };
-    for (const InputCell& input : transient_row_cells())
-        reading.take(input, cell(input.column), c, methods);
+    for (const InputCell& cell : transient_row_cells())
+        reading.take(cell, row.cell(cell.column), c);
     // The angle is to the conductor, which so lies to the north.
     c.Winkel_S_S_db = {"0", 0};
-    return reading.take_number(time, cell(time_column)).value_or(0);
+    return reading.take_number(time, row.cell(time_column)).value_or(0);
 }
 
 }  // namespace zel::excel_batch

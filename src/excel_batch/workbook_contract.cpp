@@ -16,13 +16,6 @@ constexpr std::array<std::string_view, 7> template_names = {
     "Template_out_english.xlsx",
 };
 
-std::string in_lower_case(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return lower;
-}
-
 constexpr ChoiceCell methods[] = {
     {&CalcCase::rechnung_cigre601_merker_db, 5, {"Cigre TB 601 (1 / 0)", "Cigre TB 601 (1 / 0)"}},
     {&CalcCase::rechnung_cigre207_merker_db, 6, {"Cigre TB 207 (1 / 0)", "Cigre TB 207 (1 / 0)"}},
@@ -59,10 +52,9 @@ CellArea result_area(WorkbookKind kind) {
 }
 
 bool is_shipped_template(std::string_view path, std::string_view data_folder) {
-    const std::string lower = in_lower_case(path);
-    const std::string folder = in_lower_case(data_folder) + "/";
+    const std::string folder = std::string(data_folder) + "/";
     return std::any_of(template_names.begin(), template_names.end(), [&](std::string_view name) {
-        return lower == folder + in_lower_case(name);
+        return same_name(path, folder + std::string(name));
     });
 }
 

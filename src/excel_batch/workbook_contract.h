@@ -6,7 +6,7 @@
 #include <span>
 #include <string_view>
 
-#include "platform/text/text.h"
+#include "platform/message_box.h"
 #include "platform/workbook.h"
 #include "steady/case/calc_case.h"
 #include "workflow/run/steady_methods.h"
@@ -54,6 +54,10 @@ inline constexpr std::array kinds = {
 /// The kind that a text in cell B2 names, or nothing.
 [[nodiscard]] std::optional<WorkbookKind> kind_of(std::string_view identifier);
 
+/// The refusal of a workbook whose cell B2 does not hold an identifier of the wanted kind.
+[[nodiscard]] std::optional<Box> identifier_refusal(std::string_view identifier,
+                                                    WorkbookKind wanted, LangId lang);
+
 /// All result cells of a workbook.
 [[nodiscard]] CellArea result_area(WorkbookKind kind);
 
@@ -80,7 +84,22 @@ struct ChoiceCell {
 inline constexpr int mode_row = 47;     // of `fixed_sheet`
 inline constexpr int mode_column = 32;  // of `rows_sheet`
 
-/// Where the results of a method stand: the current, and beside it the temperature.
+/// In a transient workbook the conductor stands below this row of `fixed_sheet`, the preloads in
+/// percent of the PATL from the next one down to the first empty cell.
+inline constexpr int first_conductor_row = 21;
+inline constexpr int first_percent_row = 64;
+inline constexpr int most_percent_values = 21;
+
+/// Its rows have the time of the TATL, and the angle of the wind is that to the conductor.
+inline constexpr int time_column = 11;
+inline constexpr Text time_label = {"TATL-Zeitdauer", "TATL-time"};
+inline constexpr Text wind_to_conductor = {"Winkel Wind zu Leiter", "Angle wind to conductor"};
+
+/// The PATL of a row; the TATL of each percent value stand to the right of it.
+inline constexpr int patl_column = 13;
+inline constexpr int header_row = 2;
+
+/// Where the steady results of a method stand: the current, and beside it the temperature.
 struct ResultColumns {
     Method method;
     int fix;  // in the form without conductor columns
@@ -101,6 +120,8 @@ inline constexpr std::array steady_results = {
 
 inline constexpr std::string_view current_mask = "####0";
 inline constexpr std::string_view temperature_mask = "###0.0";
+inline constexpr std::string_view patl_mask = "####0";
+inline constexpr std::string_view tatl_mask = "######0";
 inline constexpr std::string_view failed_result = "Error";
 
 }  // namespace zel::excel_batch

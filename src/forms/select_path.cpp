@@ -1,6 +1,6 @@
 #include "forms/select_path.h"
 
-#include "shell/program_paths.h"
+#include "shell/program_texts.h"
 
 namespace zel {
 namespace {

@@ -12,15 +12,20 @@
 namespace zel {
 namespace {
 
-constexpr std::string_view conductor_material_column = "conductor_material";
-constexpr std::string_view core_material_column = "core_material";
-constexpr std::string_view mass_column = "mass_kg_per_km";
-constexpr std::string_view strength_column = "rated_strength_kN";
-constexpr std::string_view confirmed_column = "confirmed";
-constexpr std::string_view source_column = "source";
-constexpr std::string_view other_columns[] = {
-    conductor_material_column, core_material_column, mass_column,
-    strength_column,           confirmed_column,     source_column};
+/// A column of what a library says beside the fields of a case.
+struct OtherColumn {
+    std::string_view name;
+    std::variant<std::string LibraryConductor::*, Entry LibraryConductor::*> member;
+};
+
+constexpr OtherColumn other_columns[] = {
+    {"conductor_material", &LibraryConductor::conductor_material},
+    {"core_material", &LibraryConductor::core_material},
+    {"mass_kg_per_km", &LibraryConductor::mass},
+    {"rated_strength_kN", &LibraryConductor::strength},
+    {"confirmed", &LibraryConductor::confirmed},
+    {"source", &LibraryConductor::source},
+};
 
 /// The columns that are fields of a case.
 const std::vector<FieldKey>& field_columns() {
@@ -33,47 +38,45 @@ const std::vector<FieldKey>& field_columns() {
     return keys;
 }
 
-constexpr Entry CalcCase::*temperatures_and_coefficients[] = {
-    &CalcCase::Seiltemperatur_max_db,
-    &CalcCase::TACR1_db,
-    &CalcCase::TACR2_db,
-    &CalcCase::TACR3_db,
-    &CalcCase::TACR4_db,
-    &CalcCase::TACR5_db,
-    &CalcCase::TACR6_db,
-    &CalcCase::KniepunktTemperatur_db,
-    &CalcCase::beta_leiter20_db,
-    &CalcCase::beta_traeger20_db,
-    &CalcCase::T_Koeff_DC_Resist_Leiter_linear_db,
-    &CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db,
-    &CalcCase::T_Koeff_DC_Resist_traeger_linear_db,
-    &CalcCase::T_Koeff_DC_Resist_traeger_quadrat_db,
+struct Bounds {
+    double least = 0;
+    double most = std::numeric_limits<double>::infinity();
 };
 
-double least_of(Entry CalcCase::*field) {
-    const bool may_be_negative = std::find(std::begin(temperatures_and_coefficients),
-                                           std::end(temperatures_and_coefficients),
-                                           field) != std::end(temperatures_and_coefficients);
-    return may_be_negative ? -std::numeric_limits<double>::infinity() : 0;
-}
-
-struct WholeRange {
-    std::int16_t CalcCase::*field;
-    std::int16_t least;
-    std::int16_t most;
-};
-constexpr WholeRange codes[] = {
-    {&CalcCase::conductor_type_db, 1, 4},       {&CalcCase::conductor_shape_db, 1, 2},
-    {&CalcCase::Normmonat_db, 0, 12},           {&CalcCase::GMR_Merker_db, 0, 1},
-    {&CalcCase::ACDC_R_Option_Merker_db, 0, 2},
+struct Range {
+    FieldKey field;
+    Bounds bounds;
 };
 
-WholeRange range_of(std::int16_t CalcCase::*field) {
-    const auto* const found =
-        std::find_if(std::begin(codes), std::end(codes),
-                     [&](const WholeRange& row) { return row.field == field; });
-    return found == std::end(codes) ? WholeRange{field, 0, std::numeric_limits<std::int16_t>::max()}
-                                    : *found;
+constexpr double any = -std::numeric_limits<double>::infinity();
+
+// Codes, temperatures and coefficients. Other numbers are 0 or more.
+constexpr Range ranges[] = {
+    {&CalcCase::conductor_type_db, {1, 4}},
+    {&CalcCase::conductor_shape_db, {1, 2}},
+    {&CalcCase::Normmonat_db, {0, 12}},
+    {&CalcCase::GMR_Merker_db, {0, 1}},
+    {&CalcCase::ACDC_R_Option_Merker_db, {0, 2}},
+    {&CalcCase::Seiltemperatur_max_db, {any}},
+    {&CalcCase::TACR1_db, {any}},
+    {&CalcCase::TACR2_db, {any}},
+    {&CalcCase::TACR3_db, {any}},
+    {&CalcCase::TACR4_db, {any}},
+    {&CalcCase::TACR5_db, {any}},
+    {&CalcCase::TACR6_db, {any}},
+    {&CalcCase::KniepunktTemperatur_db, {any}},
+    {&CalcCase::beta_leiter20_db, {any}},
+    {&CalcCase::beta_traeger20_db, {any}},
+    {&CalcCase::T_Koeff_DC_Resist_Leiter_linear_db, {any}},
+    {&CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db, {any}},
+    {&CalcCase::T_Koeff_DC_Resist_traeger_linear_db, {any}},
+    {&CalcCase::T_Koeff_DC_Resist_traeger_quadrat_db, {any}},
+};
+
+Bounds bounds_of(const FieldKey& field) {
+    const auto* const found = std::find_if(std::begin(ranges), std::end(ranges),
+                                           [&](const Range& row) { return row.field == field; });
+    return found == std::end(ranges) ? Bounds{} : found->bounds;
 }
 
 class TableReader {
@@ -88,34 +91,31 @@ public:
         (void)table_.needed_text(row, "conductor_type_db");
         (void)table_.needed_text(row, "conductor_shape_db");
         for (const FieldKey& key : field_columns())
-            std::visit([&](auto field) { take(row, made.c, field); }, key);
-        made.mass = table_.number(row, mass_column, 0, separator_);
-        made.strength = table_.number(row, strength_column, 0, separator_);
-        made.confirmed = table_.text(row, confirmed_column);
-        made.source = table_.text(row, source_column);
-        made.conductor_material = table_.text(row, conductor_material_column);
-        made.core_material = table_.text(row, core_material_column);
-        if (const auto* material = named(row, conductor_material_column))
+            std::visit([&](auto field) { take(row, made.c, name_of(key), field, bounds_of(key)); },
+                       key);
+        for (const OtherColumn& column : other_columns)
+            std::visit([&](auto member) { take(row, made, column.name, member, {}); },
+                       column.member);
+        if (const auto* material = named(row, "conductor_material"))
             complete_conductor(made.c, *material);
-        if (const auto* material = named(row, core_material_column))
-            complete_core(made.c, *material);
+        if (const auto* material = named(row, "core_material")) complete_core(made.c, *material);
         add_usual_offers(made.c, separator_);
         judge(row, made);
         return made;
     }
 
 private:
-    void take(const CsvRow& row, CalcCase& c, std::string CalcCase::*field) const {
-        c.*field = table_.text(row, name_of(field));
+    /// No flag comes with a conductor.
+    template <class Record, class Value>
+    void take(const CsvRow& row, Record& to, std::string_view column, Value Record::*member,
+              const Bounds& bounds) const {
+        if constexpr (std::is_same_v<Value, std::string>)
+            to.*member = table_.text(row, column);
+        else if constexpr (std::is_same_v<Value, Entry>)
+            to.*member = table_.number(row, column, bounds.least, separator_);
+        else if constexpr (std::is_same_v<Value, std::int16_t>)
+            to.*member = table_.whole_number(row, column, bounds.least, bounds.most);
     }
-    void take(const CsvRow& row, CalcCase& c, Entry CalcCase::*field) const {
-        c.*field = table_.number(row, name_of(field), least_of(field), separator_);
-    }
-    void take(const CsvRow& row, CalcCase& c, std::int16_t CalcCase::*field) const {
-        const WholeRange range = range_of(field);
-        c.*field = table_.whole_number(row, name_of(field), range.least, range.most);
-    }
-    static void take(const CsvRow& /*row*/, CalcCase& /*c*/, bool CalcCase::* /*field*/) {}
 
     [[nodiscard]] const Material* named(const CsvRow& row, std::string_view column) const {
         const std::string name = table_.text(row, column);
@@ -154,8 +154,8 @@ void check_columns(const NamedColumns& table, const std::string& file) {
         const auto& keys = field_columns();
         const bool known =
             (field != nullptr && std::find(keys.begin(), keys.end(), field->key) != keys.end()) ||
-            std::find(std::begin(other_columns), std::end(other_columns), column) !=
-                std::end(other_columns);
+            std::any_of(std::begin(other_columns), std::end(other_columns),
+                        [&](const OtherColumn& other) { return other.name == column; });
         if (!known) throw InputError(file + ": unknown column \"" + column + "\"");
     }
 }
@@ -179,7 +179,10 @@ std::string exact(double value) {
 std::string cell_of(const std::string& text) { return text; }
 std::string cell_of(const Entry& entry) { return entry.given() ? exact(entry.value) : ""; }
 std::string cell_of(std::int16_t number) { return number == 0 ? "" : std::to_string(number); }
-std::string cell_of(bool /*flag*/) { return {}; }
+template <class Other>
+std::string cell_of(Other /*no column*/) {
+    return {};
+}
 
 }  // namespace
 
@@ -198,17 +201,16 @@ std::vector<LibraryConductor> read_conductors(std::string_view text, const std::
 std::string conductor_table(std::span<const LibraryConductor> conductors) {
     std::vector<std::string> head;
     for (const FieldKey& key : field_columns()) head.emplace_back(name_of(key));
-    head.insert(head.end(), std::begin(other_columns), std::end(other_columns));
+    for (const OtherColumn& column : other_columns) head.emplace_back(column.name);
     std::string text = csv_line(head);
     for (const LibraryConductor& conductor : conductors) {
         std::vector<std::string> cells;
         for (const FieldKey& key : field_columns())
             cells.push_back(
                 std::visit([&](auto field) { return cell_of(conductor.c.*field); }, key));
-        for (const std::string& cell :
-             {conductor.conductor_material, conductor.core_material, cell_of(conductor.mass),
-              cell_of(conductor.strength), conductor.confirmed, conductor.source})
-            cells.push_back(cell);
+        for (const OtherColumn& column : other_columns)
+            cells.push_back(
+                std::visit([&](auto member) { return cell_of(conductor.*member); }, column.member));
         text += csv_line(cells);
     }
     return text;

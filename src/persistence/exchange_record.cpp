@@ -16,15 +16,6 @@ namespace {
 
 using enum RecordType;
 
-constexpr std::string_view resistance = "#0.0####";
-constexpr std::string_view temperature = "###0.0";
-constexpr std::string_view area = "####0.0###";
-constexpr std::string_view length = "###0.0###";
-constexpr std::string_view whole = "#####0";
-constexpr std::string_view heat_coefficient = "####0.0#";
-constexpr std::string_view resistivity = "###0.00#";
-constexpr std::string_view linear_coefficient = "##0.00#";
-
 constexpr RecordField fields[] = {
     {&CalcCase::Bezeichnung1_db, 0, Text, 50},
     {&CalcCase::Bezeichnung2_db, 50, Text, 50},
@@ -33,46 +24,46 @@ constexpr RecordField fields[] = {
     {&CalcCase::Normmonat_db, 152, Int16, 2},
     {&CalcCase::conductor_type_db, 154, Single, 4},
     {&CalcCase::conductor_shape_db, 158, Single, 4},
-    {&CalcCase::Seilquerschnitt_db, 162, Single, 4, area},
-    {&CalcCase::Seildurchmesser_db, 166, Single, 4, length},
-    {&CalcCase::Dauerstrombelastbarkeit_db, 178, Single, 4, whole},
-    {&CalcCase::Seiltemperatur_max_db, 182, Single, 4, temperature},
+    {&CalcCase::Seilquerschnitt_db, 162, Single, 4},
+    {&CalcCase::Seildurchmesser_db, 166, Single, 4},
+    {&CalcCase::Dauerstrombelastbarkeit_db, 178, Single, 4},
+    {&CalcCase::Seiltemperatur_max_db, 182, Single, 4},
     {&CalcCase::Anmerkung_db, 186, Text, 250},
-    {&CalcCase::GMR_db, 440, Single, 4, resistance},
-    {&CalcCase::ACR_Frequenz_Remox_db, 444, Single, 4, temperature},
-    {&CalcCase::ACR1_db, 448, Single, 4, resistance},
-    {&CalcCase::TACR1_db, 452, Single, 4, temperature},
-    {&CalcCase::ACR2_db, 456, Single, 4, resistance},
-    {&CalcCase::TACR2_db, 460, Single, 4, temperature},
-    {&CalcCase::ACR3_db, 464, Single, 4, resistance},
-    {&CalcCase::TACR3_db, 468, Single, 4, temperature},
-    {&CalcCase::ACR4_db, 472, Single, 4, resistance},
-    {&CalcCase::TACR4_db, 476, Single, 4, temperature},
-    {&CalcCase::ACR5_db, 480, Single, 4, resistance},
-    {&CalcCase::TACR5_db, 484, Single, 4, temperature},
-    {&CalcCase::ACR6_db, 488, Single, 4, resistance},
-    {&CalcCase::TACR6_db, 492, Single, 4, temperature},
-    {&CalcCase::DCR_20_db, 496, Single, 4, resistance},
+    {&CalcCase::GMR_db, 440, Single, 4},
+    {&CalcCase::ACR_Frequenz_Remox_db, 444, Single, 4},
+    {&CalcCase::ACR1_db, 448, Single, 4},
+    {&CalcCase::TACR1_db, 452, Single, 4},
+    {&CalcCase::ACR2_db, 456, Single, 4},
+    {&CalcCase::TACR2_db, 460, Single, 4},
+    {&CalcCase::ACR3_db, 464, Single, 4},
+    {&CalcCase::TACR3_db, 468, Single, 4},
+    {&CalcCase::ACR4_db, 472, Single, 4},
+    {&CalcCase::TACR4_db, 476, Single, 4},
+    {&CalcCase::ACR5_db, 480, Single, 4},
+    {&CalcCase::TACR5_db, 484, Single, 4},
+    {&CalcCase::ACR6_db, 488, Single, 4},
+    {&CalcCase::TACR6_db, 492, Single, 4},
+    {&CalcCase::DCR_20_db, 496, Single, 4},
     {&CalcCase::DrahtzahlLeiter_db, 504, Int16, 2},
-    {&CalcCase::DrahtdurchmesserLeiter_db, 506, Single, 4, "######0.0###"},
+    {&CalcCase::DrahtdurchmesserLeiter_db, 506, Single, 4},
     {&CalcCase::DrahtlagenzahlLeiter_db, 510, Int16, 2},
-    {&CalcCase::Mantelquerschnitt_db, 512, Single, 4, "#####0.0###"},
-    {&CalcCase::Dichte_Leiterwerkstoff1_db, 516, Double, 8, whole},
-    {&CalcCase::c_leiter20_db, 524, Double, 8, whole},
-    {&CalcCase::beta_leiter20_db, 532, Double, 8, heat_coefficient},
-    {&CalcCase::DC_Resist_Leiter_db, 540, Single, 4, resistivity},
-    {&CalcCase::T_Koeff_DC_Resist_Leiter_linear_db, 544, Double, 8, linear_coefficient},
-    {&CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db, 552, Single, 4, resistivity},
+    {&CalcCase::Mantelquerschnitt_db, 512, Single, 4},
+    {&CalcCase::Dichte_Leiterwerkstoff1_db, 516, Double, 8},
+    {&CalcCase::c_leiter20_db, 524, Double, 8},
+    {&CalcCase::beta_leiter20_db, 532, Double, 8},
+    {&CalcCase::DC_Resist_Leiter_db, 540, Single, 4},
+    {&CalcCase::T_Koeff_DC_Resist_Leiter_linear_db, 544, Double, 8},
+    {&CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db, 552, Single, 4},
     {&CalcCase::DrahtzahlTraeger_db, 556, Int16, 2},
-    {&CalcCase::DrahtdurchmesserTraeger_db, 558, Single, 4, area},
-    {&CalcCase::KerndurchmesserTraeger_db, 562, Single, 4, area},
-    {&CalcCase::KernquerschnittTraeger_db, 566, Single, 4, area},
-    {&CalcCase::Dichte_traegerwerkstoff1_db, 570, Double, 8, whole},
-    {&CalcCase::c_traeger20_db, 578, Double, 8, whole},
-    {&CalcCase::beta_traeger20_db, 586, Double, 8, heat_coefficient},
-    {&CalcCase::DC_Resist_traeger_db, 594, Single, 4, resistivity},
-    {&CalcCase::T_Koeff_DC_Resist_traeger_linear_db, 598, Double, 8, linear_coefficient},
-    {&CalcCase::T_Koeff_DC_Resist_traeger_quadrat_db, 606, Single, 4, resistivity},
+    {&CalcCase::DrahtdurchmesserTraeger_db, 558, Single, 4},
+    {&CalcCase::KerndurchmesserTraeger_db, 562, Single, 4},
+    {&CalcCase::KernquerschnittTraeger_db, 566, Single, 4},
+    {&CalcCase::Dichte_traegerwerkstoff1_db, 570, Double, 8},
+    {&CalcCase::c_traeger20_db, 578, Double, 8},
+    {&CalcCase::beta_traeger20_db, 586, Double, 8},
+    {&CalcCase::DC_Resist_traeger_db, 594, Single, 4},
+    {&CalcCase::T_Koeff_DC_Resist_traeger_linear_db, 598, Double, 8},
+    {&CalcCase::T_Koeff_DC_Resist_traeger_quadrat_db, 606, Single, 4},
 };
 
 [[noreturn]] void refuse(const RecordField& row, const std::string& reason) {
@@ -124,7 +115,7 @@ public:
 
     void operator()(Entry CalcCase::*field) const {
         const double number = read_number(row_, record_);
-        c_.*field = {masked(number, row_.mask, separator_), number};
+        c_.*field = {masked(number, field_of(row_.field).mask, separator_), number};
     }
 
     void operator()(std::int16_t CalcCase::*field) const {
@@ -137,7 +128,8 @@ public:
         c_.*field = *code;
     }
 
-    void operator()(bool CalcCase::* /*field*/) const {}  // the record has none
+    template <class Other>
+    void operator()(Other CalcCase::* /*field*/) const {}  // the record has none
 
 private:
     const RecordField& row_;
@@ -173,7 +165,8 @@ public:
 
     void operator()(std::int16_t CalcCase::*field) const { put(c_.*field); }
 
-    void operator()(bool CalcCase::* /*field*/) const {}
+    template <class Other>
+    void operator()(Other CalcCase::* /*field*/) const {}
 
 private:
     void put(double number) const {

@@ -22,13 +22,12 @@ enum class RecordType : std::uint8_t {
     Double,  // IEEE, 64 bits
 };
 
-/// A field of the record, and how its float is shown once it is taken over.
+/// A field of the record. Once taken over, its float is shown by the mask of the field.
 struct RecordField {
     FieldKey field;
     std::size_t offset;
     RecordType type;
     std::size_t width;  // bytes
-    std::string_view mask{};
 };
 
 /// The fields of the record by rising offset. The bytes between them are floats that no field of a

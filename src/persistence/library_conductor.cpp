@@ -93,7 +93,12 @@ template <class Found>
 std::string shown(const CalcCase& c, const OfferField& row) {
     if (const auto* whole = std::get_if<std::int16_t CalcCase::*>(&row.field))
         return std::to_string(c.**whole);
-    return (c.**std::get_if<Entry CalcCase::*>(&row.field)).text + " " + std::string(row.unit);
+    return (c.**std::get_if<Entry CalcCase::*>(&row.field)).text + " " +
+           std::string(field_of(row.field).unit);
+}
+
+Text caption_of(const OfferField& row) {
+    return row.caption.de.empty() ? bare_label_of(field_of(row.field)) : row.caption;
 }
 
 bool take_offer(Entry& to, const Entry& from, DecimalSeparator separator) {
@@ -115,20 +120,16 @@ bool take_offer(Field& /*to*/, const Field& /*from*/, DecimalSeparator /*separat
 
 constexpr OfferField offers[] = {
     {&CalcCase::ACDC_R_Option_Merker_db,
-     {"Rechnen mit Widerstand (1 DC, 2 AC)", "Calculate with resistance (1 DC, 2 AC)"},
-     ""},
+     {"Rechnen mit Widerstand (1 DC, 2 AC)", "Calculate with resistance (1 DC, 2 AC)"}},
     {&CalcCase::GMR_Merker_db,
-     {"Geom. Ersatzradius GMR verwenden", "Use the geometric mean radius"},
-     ""},
+     {"Geom. Ersatzradius GMR verwenden", "Use the geometric mean radius"}},
     {&CalcCase::radialthermalconductivity_unter_KPT_db,
      {"Radiale Wärmeleitfähigkeit unterhalb des Kniepunkts",
-      "Radial thermal conductivity below the knee point"},
-     "W/(m·K)"},
-    {&CalcCase::KniepunktTemperatur_db, {"Kniepunkttemperatur", "Knee-point temperature"}, "°C"},
+      "Radial thermal conductivity below the knee point"}},
+    {&CalcCase::KniepunktTemperatur_db},
     {&CalcCase::radialthermalconductivity_ueber_KPT_db,
      {"Radiale Wärmeleitfähigkeit oberhalb des Kniepunkts",
-      "Radial thermal conductivity above the knee point"},
-     "W/(m·K)"},
+      "Radial thermal conductivity above the knee point"}},
 };
 
 constexpr BoxText offers_taken = {
@@ -252,7 +253,7 @@ std::optional<Box> take_offers(CalcCase& to, const CalcCase& from, const Locale&
             row.field);
         if (!done) continue;
         if (!taken.empty()) taken += '\n';
-        taken += std::string(row.caption.in(locale.lang)) + ": " + shown(to, row);
+        taken += std::string(caption_of(row).in(locale.lang)) + ": " + shown(to, row);
     }
     if (taken.empty()) return std::nullopt;
     return box_in(locale.lang, offers_taken, {taken});

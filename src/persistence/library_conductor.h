@@ -59,8 +59,7 @@ struct LibraryConductor {
 /// A field that TB 601 reads and an exchange record does not hold.
 struct OfferField {
     FieldKey field;
-    Text caption;
-    std::string_view unit;
+    Text caption{};  // where it needs another than the label of its form
 };
 [[nodiscard]] std::span<const OfferField> offer_fields();
 

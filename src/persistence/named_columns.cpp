@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "platform/errors.h"
@@ -60,13 +61,14 @@ Entry NamedColumns::number(const CsvRow& row, std::string_view column, double le
     return {plain_number(*number, separator), *number};
 }
 
-std::int16_t NamedColumns::whole_number(const CsvRow& row, std::string_view column,
-                                        std::int16_t least, std::int16_t most) const {
+std::int16_t NamedColumns::whole_number(const CsvRow& row, std::string_view column, double least,
+                                        double most) const {
+    most = std::min<double>(most, std::numeric_limits<std::int16_t>::max());
     const Entry entry = number(row, column, -INFINITY, DecimalSeparator::Point);
     if (!entry.given()) return 0;
     if (entry.value < least || entry.value > most || entry.value != std::floor(entry.value))
         refuse(row, column,
-               "a whole number from " + std::to_string(least) + " to " + std::to_string(most) +
+               "a whole number from " + number_text(least) + " to " + number_text(most) +
                    " is expected, not " + quoted(text(row, column)));
     return static_cast<std::int16_t>(entry.value);
 }

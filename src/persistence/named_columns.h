@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,9 +31,10 @@ public:
     [[nodiscard]] Entry number(const CsvRow& row, std::string_view column, double least,
                                DecimalSeparator separator) const;
 
-    /// The whole number of a cell, 0 where it is empty. Refuses what is not from `least` to `most`.
+    /// The whole number of a cell, 0 where it is empty. Refuses what is not from `least` to `most`
+    /// or to the largest one.
     [[nodiscard]] std::int16_t whole_number(const CsvRow& row, std::string_view column,
-                                            std::int16_t least, std::int16_t most) const;
+                                            double least, double most) const;
 
     [[noreturn]] void refuse(const CsvRow& row, std::string_view column,
                              const std::string& reason) const;

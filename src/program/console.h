@@ -6,7 +6,7 @@
 
 #include "platform/message_box.h"
 #include "platform/text/locale.h"
-#include "steady/run_mode.h"
+#include "steady/steady_report.h"
 
 namespace zel {
 

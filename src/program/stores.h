@@ -10,8 +10,8 @@
 #include "persistence/conductor_library.h"
 #include "platform/case_store.h"
 #include "platform/workbook.h"
-#include "shell/program_paths.h"
 #include "shell/program_settings.h"
+#include "shell/program_texts.h"
 
 // The stores of the program where this system keeps them.
 

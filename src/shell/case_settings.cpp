@@ -116,7 +116,15 @@ void adopt_settings(MethodSelection& stored, Settings& settings, const Session& 
 
 void take_settings(Session& session, const ProgramSettings& settings) {
     session.wi_v_wi_merker = settings.wi_v_wi_merker != 0;
-    session.cigre_TKW_merker = settings.cigre_TKW_merker;
+    session.cigre_TKW_merker = settings.cigre_TKW_merker == 2 ? HeatCapacityOption::At20Degrees
+                                                              : HeatCapacityOption::WithTemperature;
+}
+
+Session silent(const Session& of, MethodMemory* memory) {
+    Session session = of;
+    session.Meldung_merker = RunMode::Silent;
+    session.memory = memory;
+    return session;
 }
 
 }  // namespace zel

@@ -6,7 +6,6 @@
 
 #include "platform/errors.h"
 #include "shell/error_table.h"
-#include "shell/error_text.h"
 
 // The central handling of failures: every procedure that meets one hands it over and does what the
 // answer says. docs/errors.md tells which failure of this platform has which number.

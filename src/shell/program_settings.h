@@ -148,4 +148,8 @@ void set_standard_settings(Settings& settings);
 /// The case calculates with the present settings for g, the skin effect of Webs and summer time.
 void take_settings(MethodSelection& selection, const ProgramSettings& settings);
 
+/// What is to be written for a value that a user gives to the setting of `row`: a whole number that
+/// the setting has, or a text that is read back as it is. Throws `InputError` naming key and limit.
+[[nodiscard]] std::string setting_entry(const SettingRow& row, std::string_view value);
+
 }  // namespace zel

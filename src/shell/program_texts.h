@@ -1,10 +1,12 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/message_box.h"
+#include "platform/system.h"
 
-// What the program and its files call themselves, and the question before it ends.
+// What the program and its files call themselves, where these lie, and the question before it ends.
 
 namespace zel {
 
@@ -30,6 +32,19 @@ inline constexpr std::string_view companion_folder_name = "R-MOX V.6.1";
 inline constexpr std::string_view shared_settings_name = "flb_8261.ini";
 inline constexpr std::string_view data_folder_name = "ZEL V.8.2";
 inline constexpr std::string_view user_settings_name = "zel/settings.ini";
+
+/// Where the program's files lie.
+struct ProgramPaths {
+    std::string companion_folder;      // of the conductor application, and of the shared settings
+    std::string shared_settings_file;  // "flb_8261.ini"
+    std::string data_folder;           // databases
+    std::string user_settings_file;    // what belongs to the user alone: the languages
+};
+
+[[nodiscard]] ProgramPaths program_paths(const SystemFacts& system);
+
+/// `path` cut back to, and including, its last separator; empty where it has none.
+[[nodiscard]] std::string folder_of(const std::string& path);
 
 /// Asked by `mBeenden` and by closing the start window; No is the default.
 inline constexpr BoxText exit_question = {

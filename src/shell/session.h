@@ -1,10 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
 #include "platform/message_box.h"
 #include "platform/text/locale.h"
-#include "steady/run_mode.h"
+#include "steady/constants.h"
 #include "steady/steady_report.h"
 
 namespace zel {
@@ -19,15 +17,23 @@ struct Session : Locale {
     /// Null for a calculation that starts from nothing, as one of several side by side does.
     MethodMemory* memory = nullptr;
     bool wi_v_wi_merker = true;  // warn where values fall below the minimum for surveying a span
-    /// 1: the heat capacity of a composite conductor follows its temperature; 2: that at 20 °C.
-    std::int16_t cigre_TKW_merker = 1;
+    HeatCapacityOption cigre_TKW_merker = HeatCapacityOption::WithTemperature;
 
     [[nodiscard]] Reporting reporting() const { return {Meldung_merker, lang, dialogs}; }
+
+    /// The same for a run with dialogs and a memory of its own.
+    [[nodiscard]] Session apart(Dialogs& own_dialogs, MethodMemory* own_memory) const {
+        return {*this, Meldung_merker, own_dialogs, own_memory, wi_v_wi_merker, cigre_TKW_merker};
+    }
 
     /// Shows `box` unless the message mode is silent.
     void tell(const Box& box) const {
         if (Meldung_merker == RunMode::Messages) dialogs.show(box);
     }
 };
+
+/// The session of a calculation that nobody watches, with all that `of` chooses: no box comes up,
+/// and it goes on from `memory` alone (null: each method starts from nothing).
+[[nodiscard]] Session silent(const Session& of, MethodMemory* memory = nullptr);
 
 }  // namespace zel

@@ -1,4 +1,4 @@
-#include "shell/settings_entry.h"
+#include "shell/program_settings.h"
 
 #include <algorithm>
 #include <charconv>

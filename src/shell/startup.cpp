@@ -2,7 +2,7 @@
 
 #include <charconv>
 
-#include "shell/program_paths.h"
+#include "shell/program_texts.h"
 
 namespace zel {
 namespace {
@@ -84,12 +84,10 @@ bool read_paths(const ProgramSettings& settings, const StartupPlatform& platform
         platform.dialogs.show(box_in(started.lang, text));
     };
     if (settings.Seildatenbanknamepluspfad.empty()) tell(no_database_path);
-    started.state.companion_program_folder = folder_of(settings.Seildatenbanknamepluspfad);
     if (settings.Einseil1_dat.empty()) {
         tell(no_exchange_file);
         return false;
     }
-    started.state.calculation_folder = folder_of(settings.Berechnungsdaten);
     return true;
 }
 
@@ -120,11 +118,7 @@ Started S00_Start_Programminitialisierung(Settings& settings, const StartupPlatf
     };
     if (!choose_language(settings, platform, may_skip_language, started.lang))
         return ended(StartEnd::LanguageCancelled);
-    ProgramState& state = started.state;
-    state.major_version = platform.system.major_version;
-    state.minor_version = platform.system.minor_version;
-    state.build_number = platform.system.build_number;
-    if (!runs_on(state.major_version)) {
+    if (!runs_on(platform.system.major_version)) {
         platform.dialogs.show(box_in(started.lang, system_refused));
         return ended(StartEnd::SystemRefused);
     }
@@ -133,9 +127,6 @@ Started S00_Start_Programminitialisierung(Settings& settings, const StartupPlatf
     if (!read_paths(settings.now(), platform, started)) return ended(StartEnd::NoExchangeFile);
     settings.set_for_this_run(&ProgramSettings::Punkt_Komma_Format_merker,
                               static_cast<std::int16_t>(platform.separator));
-    state.Druck_direkt = settings.now().Druckvorschau == 2;
-    const std::string& printer = settings.now().DeviceName;
-    if (!printer.empty() && platform.printer_exists(printer)) state.printer = printer;
     return started;
 }
 

@@ -4,12 +4,20 @@
 #include <optional>
 
 #include "platform/message_box.h"
-#include "platform/system_facts.h"
+#include "platform/system.h"
 #include "platform/text/number_text.h"
 #include "shell/program_settings.h"
-#include "shell/program_state.h"
+#include "shell/program_texts.h"
 
 namespace zel {
+
+/// The state of a run of the program that no store keeps, beside case and settings.
+struct ProgramState {
+    Text short_circuit_short_name = short_circuit_name;
+
+    /// The copies of texts that a switch of the interface language makes anew.
+    void language_switched() { short_circuit_short_name = short_circuit_name_after_switch; }
+};
 
 /// What the language dialog shows and answers.
 struct LanguageChoice {
@@ -33,9 +41,6 @@ struct StartupPlatform {
     /// Called before the paths are read: the first start of the conductor database makes the shared
     /// settings file.
     std::function<void()> start_companion = [] {};
-    std::function<bool(const std::string& name)> printer_exists = [](const std::string&) {
-        return false;
-    };
 };
 
 enum class StartEnd : std::uint8_t { Ready, LanguageCancelled, SystemRefused, NoExchangeFile };

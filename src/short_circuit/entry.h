@@ -10,7 +10,7 @@
 namespace zel {
 
 /// Why a typed text was refused.
-struct KsEntryRefusal {
+struct NumberRefusal {
     Box box;
     bool text_stays = false;  // in the box, for the user to correct; otherwise the box is emptied
 };
@@ -19,7 +19,7 @@ struct KsEntryRefusal {
 /// 32-bit precision and widened. A text that is no number, and a number beyond the limits of the
 /// box, is refused: the field is then empty and its number 0. An empty text is no input and keeps
 /// the number. Limits are inclusive and compared at 32 bits.
-std::optional<KsEntryRefusal> enter(Entry& field, KsBox box, std::string_view text,
-                                    const Locale& locale);
+std::optional<NumberRefusal> enter(Entry& field, NumberKey box, std::string_view text,
+                                   const Locale& locale);
 
 }  // namespace zel

@@ -16,10 +16,6 @@ bool for_equipment(const C& c) { return c.Leiter_Bmittel == equipment; }
 bool for_conductor(const C& c) { return c.Leiter_Bmittel == bare_conductor; }
 bool always(const C& /*c*/) { return true; }
 
-template <auto field>
-bool missing(const C& c) {
-    return !(c.*field).given();
-}
 template <auto list>
 bool unchosen(const C& c) {
     return c.*list == 0;
@@ -47,96 +43,121 @@ constexpr BoxText missing_choice = {
 constexpr BoxText too_low = {
     Icon::Stop, {" Fehlerhafte Eingabe"}, {"{0}\nGeben Sie bitte einen größeren Wert ein"}};
 
-struct Check {
-    bool (*applies)(const C&);
-    bool (*refuses)(const C&);
-    const BoxText* sort;
-    std::string_view lines;
-    int page;
-    KsKey focus;
-};
-
 constexpr std::string_view least_current = "Minimalwert beträgt 0,01 kA !";
 constexpr std::string_view least_duration = "Minimalwert beträgt 0,001 s !";
 
 // The order is behaviour: only the first refusal is shown.
-constexpr Check checks[] = {
-    {always, missing<&C::Frequenz_ks>, &missing_frequency,
-     "Geben Sie die Frequenz des Stromkreises in Hz an !", ks_input_page, &C::Frequenz_ks},
-    {always, unchosen<&C::Strombegrenzschalter_ks>, &missing_choice,
-     "Es wurden keine Auswahl getroffen\nob strombegrenzende Schaltgeräte\nvorhanden sind !",
-     ks_input_page, &C::Strombegrenzschalter_ks},
-    {limited, missing<&C::Ith>, &missing_input,
-     "Es wurde keine Angabe zum\nthermisch gleichwertigen Kurzschlußstrom I_th\ngemacht !",
-     ks_input_page, &C::Ith},
-    {limited, missing<&C::T_k>, &missing_input,
-     "Es wurde keine Angabe zur\nDauer des Kurzschlußstromes T_k\ngemacht !", ks_input_page,
-     &C::T_k},
-    {unlimited, unchosen<&C::generatornah>, &missing_input,
-     "Es wurden keine Auswahl getroffen, ob ein\ngeneratornaher oder generatorferner Kurzschluß\nvorliegt !",
-     ks_input_page, &C::generatornah},
-    {unlimited, missing<&C::IK2>, &missing_input,
-     "Es wurde keine Angabe zum\nAnfangskurzschlußwechselstrom Ik''\ngemacht !", ks_input_page,
-     &C::IK2},
-    {near_generator, missing<&C::IK>, &missing_input,
-     "Es wurde keine Angabe zum\nDauerkurzschlußwechselstrom Ik\ngemacht !", ks_input_page, &C::IK},
-    {unlimited, missing<&C::Kappa>, &missing_input,
-     "Es wurde keine Angabe zum\nFaktor kappa\ngemacht !", ks_input_page, &C::Kappa},
-    {unlimited, unchosen<&C::Anzahl_KS_fluesse>, &missing_input,
-     "Es wurde keine Angabe zur\nAnzahl der Kurzschlußstromflüsse\ngemacht !", ks_input_page,
-     &C::Anzahl_KS_fluesse},
-    {flows<1>, missing<&C::Tk1>, &missing_input,
-     "Es wurde keine Angabe zur\nDauer des 1.Stromflusses\ngemacht !", ks_input_page, &C::Tk1},
-    {flows<2>, missing<&C::Tk2>, &missing_input,
-     "Es wurde keine Angabe zur\nDauer des 2.Stromflusses\ngemacht !", ks_input_page, &C::Tk2},
-    {flows<3>, missing<&C::Tk3>, &missing_input,
-     "Es wurde keine Angabe zur\nDauer des 3.Stromflusses\ngemacht !", ks_input_page, &C::Tk3},
-    {always, unchosen<&C::Leiter_Bmittel>, &missing_input,
-     "Es wurde keine Auswahl getroffen\nob ein elektrisches Betriebsmittel oder\nein blanker Leiter berechnet werden soll !",
-     ks_input_page, &C::Leiter_Bmittel},
-    {always, missing<&C::Tkr>, &missing_input,
-     "Es wurde keine Angabe zur \nBemessungs-Kurzzeit Tkr\ngemacht !", ks_input_page, &C::Tkr},
-    {for_equipment, missing<&C::Ithr>, &missing_input,
-     "Es wurde keine Angabe zum\nBemessungs-Kurzzeitstrom Ithr\ndes elektrischen Betriebsmittels gemacht !",
-     ks_input_page, &C::Ithr},
-    {for_conductor, missing<&C::theta_b>, &missing_input,
-     "Es wurde keine Angabe zur\nLeitertemperatur bei Kurzschlußbeginn\ngemacht !", ks_input_page,
-     &C::theta_b},
-    {for_conductor, missing<&C::theta_e>, &missing_input,
-     "Es wurde keine Angabe zur\nLeitertemperatur bei Kurzschlußende\ngemacht !", ks_input_page,
-     &C::theta_e},
-    {for_conductor, missing<&C::A_Leiter>, &missing_input,
-     "Es wurde keine Angabe zum\nLeitermaterialquerschnitt\ngemacht !", ks_conductor_page,
-     &C::A_Leiter},
-    {for_conductor, missing<&C::waermekapaz>, &missing_input,
-     "Es wurden keine Angabe zur\nWärmekapazität gemacht!", ks_conductor_page, &C::waermekapaz},
-    {for_conductor, missing<&C::kappa20_ks>, &missing_input,
-     "Es wurden keine Angabe zur\nspezifischen Leitfähigkeit  gemacht!", ks_conductor_page,
-     &C::kappa20_ks},
-    {for_conductor, missing<&C::Tk20_ks>, &missing_input,
-     "Es wurden keine Angabe zum\nTemperaturkoeffizienten der spezifischen Leitfähigkeit gemacht!",
-     ks_conductor_page, &C::Tk20_ks},
-    {for_conductor, missing<&C::Dichte_rho>, &missing_input,
-     "Es wurden keine Angabe zur\nDichte des Leiterwerkstoffes gemacht!", ks_conductor_page,
-     &C::Dichte_rho},
+constexpr ShortCircuitCheck entry_checks[] = {
+    {{always,
+      missing<&C::Frequenz_ks>,
+      &missing_frequency,
+      {short_circuit::input_page, &C::Frequenz_ks}},
+     {"Geben Sie die Frequenz des Stromkreises in Hz an !"}},
+    {{always,
+      unchosen<&C::Strombegrenzschalter_ks>,
+      &missing_choice,
+      {short_circuit::input_page, &C::Strombegrenzschalter_ks}},
+     {"Es wurden keine Auswahl getroffen\nob strombegrenzende Schaltgeräte\nvorhanden sind !"}},
+    {{limited, missing<&C::Ith>, &missing_input, {short_circuit::input_page, &C::Ith}},
+     {"Es wurde keine Angabe zum\nthermisch gleichwertigen Kurzschlußstrom I_th\ngemacht !"}},
+    {{limited, missing<&C::T_k>, &missing_input, {short_circuit::input_page, &C::T_k}},
+     {"Es wurde keine Angabe zur\nDauer des Kurzschlußstromes T_k\ngemacht !"}},
+    {{unlimited,
+      unchosen<&C::generatornah>,
+      &missing_input,
+      {short_circuit::input_page, &C::generatornah}},
+     {"Es wurden keine Auswahl getroffen, ob ein\ngeneratornaher oder generatorferner Kurzschluß\nvorliegt !"}},
+    {{unlimited, missing<&C::IK2>, &missing_input, {short_circuit::input_page, &C::IK2}},
+     {"Es wurde keine Angabe zum\nAnfangskurzschlußwechselstrom Ik''\ngemacht !"}},
+    {{near_generator, missing<&C::IK>, &missing_input, {short_circuit::input_page, &C::IK}},
+     {"Es wurde keine Angabe zum\nDauerkurzschlußwechselstrom Ik\ngemacht !"}},
+    {{unlimited, missing<&C::Kappa>, &missing_input, {short_circuit::input_page, &C::Kappa}},
+     {"Es wurde keine Angabe zum\nFaktor kappa\ngemacht !"}},
+    {{unlimited,
+      unchosen<&C::Anzahl_KS_fluesse>,
+      &missing_input,
+      {short_circuit::input_page, &C::Anzahl_KS_fluesse}},
+     {"Es wurde keine Angabe zur\nAnzahl der Kurzschlußstromflüsse\ngemacht !"}},
+    {{flows<1>, missing<&C::Tk1>, &missing_input, {short_circuit::input_page, &C::Tk1}},
+     {"Es wurde keine Angabe zur\nDauer des 1.Stromflusses\ngemacht !"}},
+    {{flows<2>, missing<&C::Tk2>, &missing_input, {short_circuit::input_page, &C::Tk2}},
+     {"Es wurde keine Angabe zur\nDauer des 2.Stromflusses\ngemacht !"}},
+    {{flows<3>, missing<&C::Tk3>, &missing_input, {short_circuit::input_page, &C::Tk3}},
+     {"Es wurde keine Angabe zur\nDauer des 3.Stromflusses\ngemacht !"}},
+    {{always,
+      unchosen<&C::Leiter_Bmittel>,
+      &missing_input,
+      {short_circuit::input_page, &C::Leiter_Bmittel}},
+     {"Es wurde keine Auswahl getroffen\nob ein elektrisches Betriebsmittel oder\nein blanker Leiter berechnet werden soll !"}},
+    {{always, missing<&C::Tkr>, &missing_input, {short_circuit::input_page, &C::Tkr}},
+     {"Es wurde keine Angabe zur \nBemessungs-Kurzzeit Tkr\ngemacht !"}},
+    {{for_equipment, missing<&C::Ithr>, &missing_input, {short_circuit::input_page, &C::Ithr}},
+     {"Es wurde keine Angabe zum\nBemessungs-Kurzzeitstrom Ithr\ndes elektrischen Betriebsmittels gemacht !"}},
+    {{for_conductor,
+      missing<&C::theta_b>,
+      &missing_input,
+      {short_circuit::input_page, &C::theta_b}},
+     {"Es wurde keine Angabe zur\nLeitertemperatur bei Kurzschlußbeginn\ngemacht !"}},
+    {{for_conductor,
+      missing<&C::theta_e>,
+      &missing_input,
+      {short_circuit::input_page, &C::theta_e}},
+     {"Es wurde keine Angabe zur\nLeitertemperatur bei Kurzschlußende\ngemacht !"}},
+    {{for_conductor,
+      missing<&C::A_Leiter>,
+      &missing_input,
+      {short_circuit::conductor_page, &C::A_Leiter}},
+     {"Es wurde keine Angabe zum\nLeitermaterialquerschnitt\ngemacht !"}},
+    {{for_conductor,
+      missing<&C::waermekapaz>,
+      &missing_input,
+      {short_circuit::conductor_page, &C::waermekapaz}},
+     {"Es wurden keine Angabe zur\nWärmekapazität gemacht!"}},
+    {{for_conductor,
+      missing<&C::kappa20_ks>,
+      &missing_input,
+      {short_circuit::conductor_page, &C::kappa20_ks}},
+     {"Es wurden keine Angabe zur\nspezifischen Leitfähigkeit  gemacht!"}},
+    {{for_conductor,
+      missing<&C::Tk20_ks>,
+      &missing_input,
+      {short_circuit::conductor_page, &C::Tk20_ks}},
+     {"Es wurden keine Angabe zum\nTemperaturkoeffizienten der spezifischen Leitfähigkeit gemacht!"}},
+    {{for_conductor,
+      missing<&C::Dichte_rho>,
+      &missing_input,
+      {short_circuit::conductor_page, &C::Dichte_rho}},
+     {"Es wurden keine Angabe zur\nDichte des Leiterwerkstoffes gemacht!"}},
     // Lower limits, which no entry rule can test while a number is still being typed.
-    {limited, below_10_ampere<&C::Ith>, &too_low, least_current, ks_input_page, &C::Ith},
-    {limited, below_a_millisecond<&C::T_k>, &too_low, least_duration, ks_input_page, &C::T_k},
-    {unlimited, below_10_ampere<&C::IK2>, &too_low, least_current, ks_input_page, &C::IK2},
-    {unlimited, kappa_too_low, &too_low, "Minimalwert beträgt 1,02 !", ks_input_page, &C::Kappa},
-    {near_generator, below_10_ampere<&C::IK>, &too_low, least_current, ks_input_page, &C::IK},
-    {flows<1>, below_a_millisecond<&C::Tk1>, &too_low, least_duration, ks_input_page, &C::Tk1},
-    {flows<2>, below_a_millisecond<&C::Tk2>, &too_low, least_duration, ks_input_page, &C::Tk2},
-    {flows<3>, below_a_millisecond<&C::Tk3>, &too_low, least_duration, ks_input_page, &C::Tk3},
+    {{limited, below_10_ampere<&C::Ith>, &too_low, {short_circuit::input_page, &C::Ith}},
+     {least_current}},
+    {{limited, below_a_millisecond<&C::T_k>, &too_low, {short_circuit::input_page, &C::T_k}},
+     {least_duration}},
+    {{unlimited, below_10_ampere<&C::IK2>, &too_low, {short_circuit::input_page, &C::IK2}},
+     {least_current}},
+    {{unlimited, kappa_too_low, &too_low, {short_circuit::input_page, &C::Kappa}},
+     {"Minimalwert beträgt 1,02 !"}},
+    {{near_generator, below_10_ampere<&C::IK>, &too_low, {short_circuit::input_page, &C::IK}},
+     {least_current}},
+    {{flows<1>, below_a_millisecond<&C::Tk1>, &too_low, {short_circuit::input_page, &C::Tk1}},
+     {least_duration}},
+    {{flows<2>, below_a_millisecond<&C::Tk2>, &too_low, {short_circuit::input_page, &C::Tk2}},
+     {least_duration}},
+    {{flows<3>, below_a_millisecond<&C::Tk3>, &too_low, {short_circuit::input_page, &C::Tk3}},
+     {least_duration}},
 };
 
 }  // namespace
 
-std::optional<KsRefusal> first_refusal(const ShortCircuitCase& c) {
-    for (const auto& [applies, refuses, sort, lines, page, focus] : checks)
-        if (applies(c) && refuses(c))
-            return KsRefusal{box_in(LangId::German, *sort, {lines}), page, focus};
-    return std::nullopt;
+std::optional<ShortCircuitRefusal> refusal_by(std::span<const ShortCircuitCheck> checks,
+                                              const ShortCircuitCase& c) {
+    const ShortCircuitCheck* check = first_refusing(checks, c);
+    if (check == nullptr) return std::nullopt;
+    return ShortCircuitRefusal{check->rule.place, check->box(LangId::German)};
+}
+
+std::optional<ShortCircuitRefusal> first_refusal(const ShortCircuitCase& c) {
+    return refusal_by(entry_checks, c);
 }
 
 }  // namespace zel

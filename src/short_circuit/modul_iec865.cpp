@@ -10,8 +10,8 @@ constexpr double thousand = 1e3;  // kA to A
 
 /// Seconds of the flow `index`, counted from 0; a flow beyond N has none, whatever its box holds.
 double duration_of(const ShortCircuitCase& c, std::size_t index) {
-    constexpr KsBox durations[] = {&ShortCircuitCase::Tk1, &ShortCircuitCase::Tk2,
-                                   &ShortCircuitCase::Tk3};
+    constexpr NumberKey durations[] = {&ShortCircuitCase::Tk1, &ShortCircuitCase::Tk2,
+                                       &ShortCircuitCase::Tk3};
     return static_cast<std::int16_t>(index) < c.Anzahl_KS_fluesse ? (c.*durations[index]).value : 0;
 }
 
@@ -45,7 +45,7 @@ double KS_Kurzzeitstrom_Ith(const ShortCircuitCase& c, double T_k, ShortCircuitR
     double heat = 0;
     for (std::size_t i = 0; i < flow_count; ++i) {
         if (static_cast<std::int16_t>(i) >= c.Anzahl_KS_fluesse) break;
-        KsFlow& flow = result.flows[i];
+        CurrentFlow& flow = result.flows[i];
         const double T = duration_of(c, i);
         flow.m = KS_Faktor_m(T, c.Frequenz_ks.value, c.Kappa.value);
         flow.n = KS_Faktor_n(T, c.generatornah, c.IK2.value, c.IK.value);

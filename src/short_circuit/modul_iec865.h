@@ -14,7 +14,7 @@
 namespace zel {
 
 /// One flow of short-circuit current, evaluated as if it were alone.
-struct KsFlow {
+struct CurrentFlow {
     double I_th = 0;  // kA, thermally equivalent short-time current
     double m = 0;     // heat effect of the d.c. component
     double n = 0;     // heat effect of the a.c. component
@@ -25,7 +25,7 @@ inline constexpr std::size_t flow_count = 3;
 struct ShortCircuitResult {
     double I_th = 0;  // kA, thermally equivalent short-time current, computed or given
     double T_k = 0;   // s, duration of the short circuit, computed or given
-    std::array<KsFlow, flow_count> flows;  // 0 beyond N, and where I_th is given
+    std::array<CurrentFlow, flow_count> flows;  // 0 beyond N, and where I_th is given
     // Bare conductor only:
     double K = 0;      // A·s^0.5/mm², factor of the rated short-time current density
     double S_thr = 0;  // A/mm², rated short-time current density

@@ -23,7 +23,7 @@ std::string_view yes_no(bool yes) { return yes ? "ja" : "nein"; }
 
 struct FlowRow {
     std::size_t flow;
-    double KsFlow::*value;
+    double CurrentFlow::*value;
     std::string_view label;
     std::string_view mask;
     std::string_view unit;
@@ -31,20 +31,20 @@ struct FlowRow {
 
 // The third current has one digit fewer than the others.
 constexpr FlowRow flow_rows[] = {
-    {0, &KsFlow::m, "1. Stromfluss, Faktor m:", factor_mask, ""},
-    {0, &KsFlow::n, "Faktor n :", factor_mask, ""},
-    {0, &KsFlow::I_th, "I_th1 :", "#####0.0#", kA},
-    {1, &KsFlow::m, "2. Stromfluss, Faktor m:", factor_mask, ""},
-    {1, &KsFlow::n, "Faktor n :", factor_mask, ""},
-    {1, &KsFlow::I_th, "I_th2 :", "#####0.0#", kA},
-    {2, &KsFlow::m, "3. Stromfluss, Faktor m:", factor_mask, ""},
-    {2, &KsFlow::n, "Faktor n :", factor_mask, ""},
-    {2, &KsFlow::I_th, "I_th3 :", "####0.0#", kA},
+    {0, &CurrentFlow::m, "1. Stromfluss, Faktor m:", factor_mask, ""},
+    {0, &CurrentFlow::n, "Faktor n :", factor_mask, ""},
+    {0, &CurrentFlow::I_th, "I_th1 :", "#####0.0#", kA},
+    {1, &CurrentFlow::m, "2. Stromfluss, Faktor m:", factor_mask, ""},
+    {1, &CurrentFlow::n, "Faktor n :", factor_mask, ""},
+    {1, &CurrentFlow::I_th, "I_th2 :", "#####0.0#", kA},
+    {2, &CurrentFlow::m, "3. Stromfluss, Faktor m:", factor_mask, ""},
+    {2, &CurrentFlow::n, "Faktor n :", factor_mask, ""},
+    {2, &CurrentFlow::I_th, "I_th3 :", "####0.0#", kA},
 };
 
-KsResultGroup flow_group(const ShortCircuitCase& c, const ShortCircuitResult& result,
-                         DecimalSeparator separator) {
-    KsResultGroup group{flow_caption, {}, std::size(flow_rows)};
+VerdictGroup flow_group(const ShortCircuitCase& c, const ShortCircuitResult& result,
+                        DecimalSeparator separator) {
+    VerdictGroup group{flow_caption, {}, std::size(flow_rows)};
     for (const auto& [flow, value, label, mask, unit] : flow_rows) {
         const bool there = static_cast<std::int16_t>(flow) < c.Anzahl_KS_fluesse;
         group.rows.push_back(
@@ -58,7 +58,7 @@ KsResultGroup flow_group(const ShortCircuitCase& c, const ShortCircuitResult& re
     return group;
 }
 
-KsResultGroup conductor_group(const ShortCircuitResult& result, DecimalSeparator separator) {
+VerdictGroup conductor_group(const ShortCircuitResult& result, DecimalSeparator separator) {
     const auto shown = [&](double value) { return masked(value, density_mask, separator); };
     return {
         conductor_caption,
@@ -70,8 +70,8 @@ KsResultGroup conductor_group(const ShortCircuitResult& result, DecimalSeparator
           ""}}};
 }
 
-KsResultGroup equipment_group(const ShortCircuitCase& c, const ShortCircuitResult& result,
-                              DecimalSeparator separator) {
+VerdictGroup equipment_group(const ShortCircuitCase& c, const ShortCircuitResult& result,
+                             DecimalSeparator separator) {
     if (result.T_k <= c.Tkr.value)
         return {equipment_caption,
                 {{"T_k <= T_kr :", "ja", ""},
@@ -96,9 +96,9 @@ std::string_view verdict_of(const ShortCircuitResult& result) {
 
 }  // namespace
 
-KsResultPage KS_Ergebnisanzeige(const ShortCircuitCase& c, const ShortCircuitResult& result,
-                                DecimalSeparator separator) {
-    KsResultPage page;
+VerdictPage KS_Ergebnisanzeige(const ShortCircuitCase& c, const ShortCircuitResult& result,
+                               DecimalSeparator separator) {
+    VerdictPage page;
     page.verdict = verdict_of(result);
     page.withstands =
         result.verdict_Leiter == withstands || result.verdict_Betriebsmittel == withstands;
@@ -110,9 +110,9 @@ KsResultPage KS_Ergebnisanzeige(const ShortCircuitCase& c, const ShortCircuitRes
     return page;
 }
 
-std::string result_text(const KsResultPage& page) {
+std::string result_text(const VerdictPage& page) {
     Listing listing;
-    for (const KsResultGroup& group : page.groups) {
+    for (const VerdictGroup& group : page.groups) {
         listing.add_caption(group.caption);
         for (const auto& [label, value, unit] : group.rows)
             if (!value.empty())

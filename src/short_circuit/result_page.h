@@ -12,23 +12,23 @@
 namespace zel {
 
 /// A row of the intermediate results. The value of a flow beyond N is empty.
-struct KsResultRow {
+struct VerdictRow {
     std::string_view label;
     std::string value;
     std::string_view unit;
 };
 
 /// The intermediate results of one section of EN 60865-1.
-struct KsResultGroup {
+struct VerdictGroup {
     std::string_view caption;
-    std::vector<KsResultRow> rows;
+    std::vector<VerdictRow> rows;
     std::size_t flow_rows = 0;  // the first rows tell of the flows, m, n and I_th of each in turn
 };
 
-struct KsResultPage {
+struct VerdictPage {
     std::string_view verdict;
     bool withstands = false;  // the verdict shows green, otherwise red
-    std::vector<KsResultGroup> groups;
+    std::vector<VerdictGroup> groups;
 };
 
 struct Colour {
@@ -39,11 +39,11 @@ inline constexpr Colour colour_of_strong = {0, 192, 0};
 inline constexpr Colour colour_of_empty = {192, 192, 192};  // cells of flows beyond N
 
 /// What is shown of the result of `c`; numbers have the session's separator.
-[[nodiscard]] KsResultPage KS_Ergebnisanzeige(const ShortCircuitCase& c,
-                                              const ShortCircuitResult& result,
-                                              DecimalSeparator separator);
+[[nodiscard]] VerdictPage KS_Ergebnisanzeige(const ShortCircuitCase& c,
+                                             const ShortCircuitResult& result,
+                                             DecimalSeparator separator);
 
 /// The page as plain text, such as the clipboard takes; empty cells are left out.
-[[nodiscard]] std::string result_text(const KsResultPage& page);
+[[nodiscard]] std::string result_text(const VerdictPage& page);
 
 }  // namespace zel

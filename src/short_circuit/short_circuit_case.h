@@ -2,9 +2,8 @@
 
 #include <cstdint>
 #include <string>
-#include <variant>
 
-#include "steady/case/calc_case.h"
+#include "steady/case/field.h"
 
 // The whole record of a short-circuit case. Fields bear the names of their table columns. It has
 // nothing in common with the case of the thermal rating but the kind of its numeric fields.
@@ -64,12 +63,12 @@ struct ShortCircuitCase {
 };
 
 /// A box for a number, and a list, by the member that it fills.
-using KsBox = Entry ShortCircuitCase::*;
-using KsList = std::int16_t ShortCircuitCase::*;
-using KsText = std::string ShortCircuitCase::*;
-using KsRecordNumber = double ShortCircuitCase::*;
+using NumberKey = Entry ShortCircuitCase::*;
+using ListKey = std::int16_t ShortCircuitCase::*;
+using TextKey = std::string ShortCircuitCase::*;
+using RecordNumberKey = double ShortCircuitCase::*;
 
 /// A field by its member, the key that ties all tables over fields together.
-using KsKey = std::variant<KsText, KsBox, KsList, KsRecordNumber>;
+using ShortCircuitKey = KeyOf<ShortCircuitCase>;
 
 }  // namespace zel

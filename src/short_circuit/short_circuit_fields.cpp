@@ -2,68 +2,95 @@
 
 #include <algorithm>
 #include <iterator>
+#include <stdexcept>
 
 namespace zel {
 namespace {
 
-using C = ShortCircuitCase;
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage): a field's name and its member stand once.
+#define FIELD(name) \
+    ShortCircuitField { #name, &ShortCircuitCase::name }
 
-constexpr KsField fields[] = {
-    {"Projekt_ks", &C::Projekt_ks, KsSort::Text},
-    {"Bearbeiter_ks", &C::Bearbeiter_ks, KsSort::Text},
-    {"Datum_ks", &C::Datum_ks, KsSort::Text},
-    {"Abteilung_ks", &C::Abteilung_ks, KsSort::Text},
-    {"Frequenz_ks", &C::Frequenz_ks, KsSort::Box},
-    {"Strombegrenzschalter_ks", &C::Strombegrenzschalter_ks, KsSort::List, 2},
-    {"generatornah", &C::generatornah, KsSort::List, 2},
-    {"IK2", &C::IK2, KsSort::Box},
-    {"IK", &C::IK, KsSort::Box},
-    {"Kappa", &C::Kappa, KsSort::Box},
-    {"Anzahl_KS_fluesse", &C::Anzahl_KS_fluesse, KsSort::List, 3},
-    {"Tk1", &C::Tk1, KsSort::Box},
-    {"Tk2", &C::Tk2, KsSort::Box},
-    {"Tk3", &C::Tk3, KsSort::Box},
-    {"Ith", &C::Ith, KsSort::Box},
-    {"T_k", &C::T_k, KsSort::Box},
-    {"Leiter_Bmittel", &C::Leiter_Bmittel, KsSort::List, 2},
-    {"Tkr", &C::Tkr, KsSort::Box},
-    {"Ithr", &C::Ithr, KsSort::Box},
-    {"theta_b", &C::theta_b, KsSort::Box},
-    {"theta_e", &C::theta_e, KsSort::Box},
-    {"A_Leiter", &C::A_Leiter, KsSort::Box},
-    {"Leitermaterial_ks", &C::Leitermaterial_ks, KsSort::List, 7},
-    {"waermekapaz", &C::waermekapaz, KsSort::Box},
-    {"kappa20_ks", &C::kappa20_ks, KsSort::Box},
-    {"Tk20_ks", &C::Tk20_ks, KsSort::Box},
-    {"Dichte_rho", &C::Dichte_rho, KsSort::Box},
-    {"werkstoff_ks", &C::werkstoff_ks, KsSort::Record},
-    {"Nennquerschnitt_ks", &C::Nennquerschnitt_ks, KsSort::Record},
-    {"Norm_ks", &C::Norm_ks, KsSort::Record},
-    {"Normjahr_ks", &C::Normjahr_ks, KsSort::Record},
-    {"Normmonat_ks", &C::Normmonat_ks, KsSort::Record},
-    {"Seilquerschnitt_ks", &C::Seilquerschnitt_ks, KsSort::Record},
-    {"Mantelquerschnitt_ks", &C::Mantelquerschnitt_ks, KsSort::Record},
+constexpr ShortCircuitField fields[] = {
+    FIELD(Projekt_ks).called("Kennung :").of_length(100),
+    FIELD(Bearbeiter_ks).called("Bearbeiter : ").of_length(100),
+    FIELD(Datum_ks).called("Datum :").of_length(20),
+    FIELD(Abteilung_ks).called("Firma/Abteilung :").of_length(100),
+    FIELD(Frequenz_ks).called("Frequenz des Stromkreises :", "", "Hz").single(),
+    FIELD(Strombegrenzschalter_ks).called("Strombegrenzende Schaltgeräte :").list_to(2),
+    FIELD(generatornah).called("Kurzschluß generatornah / generatorfern :").list_to(2),
+    FIELD(IK2).called("Anfangskurzschlußwechselstrom Ik\" :", "", "kA").single(),
+    FIELD(IK).called("Dauerkurzschlußwechselstrom Ik :", "", "kA").single(),
+    FIELD(Kappa).called("Faktor kappa :").single(),
+    FIELD(Anzahl_KS_fluesse).called("Anzahl der Kurzschlußstromflüsse :").list_to(3),
+    FIELD(Tk1).called("Dauer des 1. Stromflusses T_k1 :", "", "s").single(),
+    FIELD(Tk2).called("Dauer des 2. Stromflusses T_k2 :", "", "s").single(),
+    FIELD(Tk3).called("Dauer des 3. Stromflusses T_k3 :", "", "s").single(),
+    FIELD(Ith).called("thermisch gleichwertiger Kurzzeitstrom I_th :", "", "kA").single(),
+    FIELD(T_k).called("Dauer des Kurzschlußstromes T_k :", "", "s").single(),
+    FIELD(Leiter_Bmittel).called("blanker Leiter / elektrisches Betriebsmittel :").list_to(2),
+    FIELD(Tkr).called("Bemessungs-Kurzzeit T_kr :", "", "s").single(),
+    FIELD(Ithr).called("Bemessungs-Kurzzeitstrom I_thr :", "", "kA").single(),
+    FIELD(theta_b).called("Temperatur bei Kurzschlußbeginn theta_b :", "", "°C").single(),
+    FIELD(theta_e).called("- bei Kurzschlußende theta_e :", "", "°C").single(),
+    FIELD(A_Leiter).called("Leitermaterialquerschnitt:", "", "qmm").shown_by("####0.0###").single(),
+    FIELD(Leitermaterial_ks)
+        .called("Auswahl Leitermaterialen mit vordefinierte Materialparametern:")
+        .list_to(7),
+    FIELD(waermekapaz)
+        .called("spez. Wärmekapazität:", "", "J / (Kg * K)")
+        .shown_by("####0")
+        .single(),
+    FIELD(kappa20_ks)
+        .called("spez. Leitfähigkeit bei 20 °C:", "", "m / (Ohm * mm^2)")
+        .shown_by("####0.0#")
+        .single(),
+    FIELD(Tk20_ks)
+        .called("Temperaturkoeffizient für 20 °C:", "", "1 / K")
+        .shown_by("#0.0###")
+        .single(),
+    FIELD(Dichte_rho).called("Dichte:", "", "kg / m^3").shown_by("#####0").single(),
+    FIELD(werkstoff_ks).called("Werkstoff:").of_length(50).from_record(),
+    FIELD(Nennquerschnitt_ks).called("Nennquerschnitt:").of_length(50).from_record(),
+    FIELD(Norm_ks).called("Norm:").of_length(100).from_record(),
+    FIELD(Normjahr_ks).called("gültig ab (Jahr):").shown_by("0000").from_record(),
+    FIELD(Normmonat_ks).called("Monat:").shown_by("00").from_record(),
+    FIELD(Seilquerschnitt_ks)
+        .called("Gesamtquerschnitt:", "", "qmm")
+        .shown_by("####0.0###")
+        .from_record(),
+    FIELD(Mantelquerschnitt_ks)
+        .called("Mantelquerschnitt:", "", "qmm")
+        .shown_by("####0.0###")
+        .from_record(),
 };
 
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+#undef FIELD
 
 }  // namespace
 
-std::span<const KsField> short_circuit_fields() { return fields; }
+std::span<const ShortCircuitField> short_circuit_fields() { return fields; }
 
-const KsField* find_short_circuit_field(std::string_view name) {
+std::vector<FieldOf> fields_of(ShortCircuitCase& c) {
+    std::vector<FieldOf> all;
+    for (const ShortCircuitField& field : fields)
+        all.push_back({std::string(field.name), &field, field.of(c)});
+    return all;
+}
+
+const ShortCircuitField* find_short_circuit_field(std::string_view name) {
     const auto* const found =
-        std::find_if(std::begin(fields), std::end(fields), [&](const KsField& field) {
-            return std::equal(field.name.begin(), field.name.end(), name.begin(), name.end(),
-                              [](char a, char b) { return lower(a) == lower(b); });
-        });
+        std::find_if(std::begin(fields), std::end(fields),
+                     [&](const ShortCircuitField& field) { return same_name(field.name, name); });
     return found == std::end(fields) ? nullptr : found;
 }
 
-std::string_view name_of(KsKey key) {
-    const auto* const found = std::find_if(std::begin(fields), std::end(fields),
-                                           [&](const KsField& field) { return field.key == key; });
-    return found == std::end(fields) ? std::string_view{} : found->name;
+const ShortCircuitField& field_of(const ShortCircuitKey& key) {
+    const auto* const found =
+        std::find_if(std::begin(fields), std::end(fields),
+                     [&](const ShortCircuitField& field) { return field.key == key; });
+    if (found == std::end(fields)) throw std::logic_error("a member of the case has no row");
+    return *found;
 }
 
 }  // namespace zel

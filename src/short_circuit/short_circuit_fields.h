@@ -2,33 +2,28 @@
 
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "short_circuit/short_circuit_case.h"
 
 namespace zel {
 
-/// How a field gets its content.
-enum class KsSort : std::uint8_t {
-    Text,    // free text
-    Box,     // a typed number, by its entry rule
-    List,    // a choice from a list
-    Record,  // comes with the record of a conductor
-};
+using ShortCircuitField = Field<ShortCircuitCase>;
 
-struct KsField {
-    std::string_view name;
-    KsKey key;
-    KsSort sort;
-    std::int16_t last_index = 0;  // of a list, whose indexes begin at 0
-};
+/// Every field, in the order in which a form is filled in; those of the record come last. The
+/// labels are German in every language, as the texts of the checks that name them are.
+[[nodiscard]] std::span<const ShortCircuitField> short_circuit_fields();
 
-/// Every field, in the order in which a form is filled in; those of the record come last.
-[[nodiscard]] std::span<const KsField> short_circuit_fields();
+/// All fields of `c`.
+[[nodiscard]] std::vector<FieldOf> fields_of(ShortCircuitCase& c);
 
 /// The field `name`, or null. Upper and lower case are alike, as in the names of columns.
-[[nodiscard]] const KsField* find_short_circuit_field(std::string_view name);
+[[nodiscard]] const ShortCircuitField* find_short_circuit_field(std::string_view name);
 
-/// The name of the field `key`.
-[[nodiscard]] std::string_view name_of(KsKey key);
+/// The row of a field.
+[[nodiscard]] const ShortCircuitField& field_of(const ShortCircuitKey& key);
+[[nodiscard]] inline std::string_view name_of(const ShortCircuitKey& key) {
+    return field_of(key).name;
+}
 
 }  // namespace zel

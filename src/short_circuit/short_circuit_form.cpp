@@ -2,23 +2,31 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 
 #include "platform/rounding.h"
 #include "short_circuit/conductor_materials.h"
 #include "short_circuit/short_circuit_fields.h"
-#include "steady/case/respell.h"
 
 namespace zel {
 namespace {
 
 using C = ShortCircuitCase;
 
-constexpr std::array<KsBox, 4> material_boxes = {&C::waermekapaz, &C::kappa20_ks, &C::Tk20_ks,
-                                                 &C::Dichte_rho};
+constexpr std::array<NumberKey, 4> material_boxes = {&C::waermekapaz, &C::kappa20_ks, &C::Tk20_ks,
+                                                     &C::Dichte_rho};
 
-bool is_material(KsBox box) {
+bool is_material(NumberKey box) {
     return std::find(material_boxes.begin(), material_boxes.end(), box) != material_boxes.end();
+}
+
+/// Whether a conductor's record brought anything.
+bool has_record(const C& c) {
+    const C none;
+    const auto fields = short_circuit_fields();
+    return std::any_of(fields.begin(), fields.end(), [&](const ShortCircuitField& field) {
+        return field.of_record &&
+               std::visit([&](auto member) { return c.*member != none.*member; }, field.key);
+    });
 }
 
 template <class Member>
@@ -28,11 +36,11 @@ bool has(const std::vector<Member>& members, Member member) {
 
 }  // namespace
 
-bool ShortCircuitForm::is_open(KsBox box) const { return !has(state_.closed_boxes, box); }
+bool ShortCircuitForm::is_open(NumberKey box) const { return !has(state_.closed_boxes, box); }
 
-bool ShortCircuitForm::is_open(KsList list) const { return !has(state_.closed_lists, list); }
+bool ShortCircuitForm::is_open(ListKey list) const { return !has(state_.closed_lists, list); }
 
-void ShortCircuitForm::choose(KsList list, std::int16_t index) {
+void ShortCircuitForm::choose(ListKey list, std::int16_t index) {
     content_.*list = index;
     apply_choice(content_, state_, list, index);
     if (list == &C::Leitermaterial_ks) write_material(index);
@@ -42,7 +50,7 @@ void ShortCircuitForm::write_material(std::int16_t index) {
     typed_into_.reset();
     if (index == 0) return;
     const ConductorMaterial& material = conductor_materials()[static_cast<std::size_t>(index)];
-    const auto set = [&](KsBox box, std::string_view text) {
+    const auto set = [&](NumberKey box, std::string_view text) {
         // No material breaks a limit.
         enter(content_.*box, box, text, {LangId::German, DecimalSeparator::Comma});
     };
@@ -52,12 +60,12 @@ void ShortCircuitForm::write_material(std::int16_t index) {
     set(&C::Dichte_rho, material.Dichte_rho);
 }
 
-void ShortCircuitForm::typed_into(KsBox box) {
+void ShortCircuitForm::typed_into(NumberKey box) {
     if (is_material(box)) typed_into_ = box;
 }
 
-std::optional<KsEntryRefusal> ShortCircuitForm::change(KsBox box, std::string_view text,
-                                                       const Locale& locale) {
+std::optional<NumberRefusal> ShortCircuitForm::change(NumberKey box, std::string_view text,
+                                                      const Locale& locale) {
     if (typed_into_ == box) {
         content_.Leitermaterial_ks = 0;
         typed_into_.reset();
@@ -66,12 +74,10 @@ std::optional<KsEntryRefusal> ShortCircuitForm::change(KsBox box, std::string_vi
 }
 
 void ShortCircuitForm::respell(DecimalSeparator from, DecimalSeparator to) {
-    for (const KsField& field : short_circuit_fields())
-        if (const auto* box = std::get_if<KsBox>(&field.key))
-            zel::respell(content_.**box, from, to);
+    zel::respell(fields_of(content_), from, to);
 }
 
-std::vector<KsRefusedText> ShortCircuitForm::take_over(const ConductorData& record,
+std::vector<RefusedNumber> ShortCircuitForm::take_over(const ConductorData& record,
                                                        const Locale& locale) {
     content_.werkstoff_ks = without_outer_blanks(record.Bezeichnung1_db);
     content_.Nennquerschnitt_ks = without_outer_blanks(record.Bezeichnung2_db);
@@ -83,7 +89,7 @@ std::vector<KsRefusedText> ShortCircuitForm::take_over(const ConductorData& reco
     choose(&C::Leitermaterial_ks, 0);
     const double resistivity = narrowed_to_single(record.DC_Resist_Leiter_db.value);
     const struct {
-        KsBox box;
+        NumberKey box;
         double value;
     } values[] = {
         // The record of a one-material conductor holds its section as that of the layers.
@@ -93,46 +99,22 @@ std::vector<KsRefusedText> ShortCircuitForm::take_over(const ConductorData& reco
         {&C::Tk20_ks, record.T_Koeff_DC_Resist_Leiter_linear_db.value / 1000},
         {&C::Dichte_rho, record.Dichte_Leiterwerkstoff1_db.value},
     };
-    std::vector<KsRefusedText> refused;
+    std::vector<RefusedNumber> refused;
     for (const auto& [box, value] : values)
-        if (auto refusal = change(box, masked(value, mask_of(box), locale.separator), locale))
+        if (auto refusal = change(box, masked(value, field_of(box).mask, locale.separator), locale))
             refused.push_back({box, std::move(*refusal)});
     return refused;
 }
 
-std::string_view mask_of(KsBox box) {
-    constexpr struct {
-        KsBox box;
-        std::string_view mask;
-    } masks[] = {{&C::A_Leiter, "####0.0###"},
-                 {&C::waermekapaz, "####0"},
-                 {&C::kappa20_ks, "####0.0#"},
-                 {&C::Tk20_ks, "#0.0###"},
-                 {&C::Dichte_rho, "#####0"}};
-    const auto* const row = std::find_if(std::begin(masks), std::end(masks),
-                                         [&](const auto& r) { return r.box == box; });
-    return row == std::end(masks) ? std::string_view{} : row->mask;
-}
-
-std::string label_text(const ShortCircuitCase& c, KsKey field, DecimalSeparator separator) {
-    if (const auto* text = std::get_if<KsText>(&field)) return c.**text;
-    constexpr std::string_view section_mask = "####0.0###";
-    const C none;
-    const bool there = c.werkstoff_ks != none.werkstoff_ks ||
-                       c.Nennquerschnitt_ks != none.Nennquerschnitt_ks ||
-                       c.Norm_ks != none.Norm_ks || c.Normjahr_ks != none.Normjahr_ks ||
-                       c.Normmonat_ks != none.Normmonat_ks || c.Seilquerschnitt_ks != 0 ||
-                       c.Mantelquerschnitt_ks != 0;
-    if (!there) return {};
-    if (field == KsKey(&C::Normjahr_ks)) return masked(c.Normjahr_ks, "0000", separator);
-    if (field == KsKey(&C::Normmonat_ks)) return masked(c.Normmonat_ks, "00", separator);
-    if (field == KsKey(&C::Seilquerschnitt_ks))
-        return masked(c.Seilquerschnitt_ks, section_mask, separator);
-    if (field == KsKey(&C::Mantelquerschnitt_ks))
-        return c.Mantelquerschnitt_ks == 0
-                   ? " - "
-                   : masked(c.Mantelquerschnitt_ks, section_mask, separator);
-    return {};
+std::string label_text(const ShortCircuitCase& c, const ShortCircuitKey& key,
+                       DecimalSeparator separator) {
+    if (const auto* text = std::get_if<TextKey>(&key)) return c.**text;
+    if (!has_record(c)) return {};
+    const std::string_view mask = field_of(key).mask;
+    if (const auto* whole = std::get_if<ListKey>(&key)) return masked(c.**whole, mask, separator);
+    if (c.Mantelquerschnitt_ks == 0 && key == ShortCircuitKey(&C::Mantelquerschnitt_ks))
+        return " - ";
+    return masked(c.*std::get<RecordNumberKey>(key), mask, separator);
 }
 
 Box new_case_question(LangId lang) {

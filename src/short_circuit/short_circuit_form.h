@@ -15,9 +15,9 @@
 namespace zel {
 
 /// A text that a box refused while the form was filled by something else than typing.
-struct KsRefusedText {
-    KsBox box;
-    KsEntryRefusal refusal;
+struct RefusedNumber {
+    NumberKey box;
+    NumberRefusal refusal;
 };
 
 /// The case of a form and which of its inputs are open. What an input may hold depends on the
@@ -27,55 +27,50 @@ public:
     [[nodiscard]] const ShortCircuitCase& content() const { return content_; }
 
     /// Whether the input takes something. The number behind a closed one is 0 as a rule.
-    [[nodiscard]] bool is_open(KsBox box) const;
-    [[nodiscard]] bool is_open(KsList list) const;
+    [[nodiscard]] bool is_open(NumberKey box) const;
+    [[nodiscard]] bool is_open(ListKey list) const;
     /// Whether the page of the conductor can be reached. What stands on it is kept where not.
     [[nodiscard]] bool conductor_page_is_open() const { return state_.conductor_page_open; }
 
     /// The entry `index` of a list is chosen. It opens and closes inputs by the state table; of the
     /// material list it writes the texts of the material into the boxes.
-    void choose(KsList list, std::int16_t index);
+    void choose(ListKey list, std::int16_t index);
 
-    void write(KsText field, std::string_view text) { content_.*field = text; }
+    void write(TextKey field, std::string_view text) { content_.*field = text; }
 
     /// The text of a box changes; see `enter` in entry.h. After `typed_into` the list of materials
     /// goes to index 0.
-    std::optional<KsEntryRefusal> change(KsBox box, std::string_view text, const Locale& locale);
+    std::optional<NumberRefusal> change(NumberKey box, std::string_view text, const Locale& locale);
 
     /// A key was typed into `box`: the next change of one of the material's boxes is made by hand.
-    void typed_into(KsBox box);
+    void typed_into(NumberKey box);
 
     /// Takes over the conductor of a record: the texts for reading, the section of its layers and
     /// the values of its material, not those of the core. The values are rounded as the boxes show
     /// them and go through the entry rules. What was refused is given back. A resistivity of 0
     /// leaves the conductivity without input.
-    std::vector<KsRefusedText> take_over(const ConductorData& record, const Locale& locale);
+    std::vector<RefusedNumber> take_over(const ConductorData& record, const Locale& locale);
 
     /// Writes every number that was typed with the separator `from` with the separator `to`. The
     /// numbers themselves do not change.
     void respell(DecimalSeparator from, DecimalSeparator to);
 
-    /// A field that a conductor's record brings, as it stands in a file.
-    template <class Field, class Value>
-    void set_record(Field ShortCircuitCase::*field, Value value) {
-        content_.*field = std::move(value);
+    /// The content of a field that no rule watches: a text, or what a conductor's record brings.
+    [[nodiscard]] FieldRef place_of(const Field<ShortCircuitCase>& field) {
+        return field.of(content_);
     }
 
 private:
     void write_material(std::int16_t index);
 
     ShortCircuitCase content_;
-    KsInputState state_;
-    std::optional<KsBox> typed_into_;
+    ChoiceState state_;
+    std::optional<NumberKey> typed_into_;
 };
-
-/// The mask by which a box of the conductor page shows a number that was not typed; empty for the
-/// boxes of the first page.
-[[nodiscard]] std::string_view mask_of(KsBox box);
 
 /// What the label of a field shows that is a text or comes with a conductor's record. Empty as long
 /// as there is no record.
-[[nodiscard]] std::string label_text(const ShortCircuitCase& c, KsKey field,
+[[nodiscard]] std::string label_text(const ShortCircuitCase& c, const ShortCircuitKey& key,
                                      DecimalSeparator separator);
 
 /// Asked before a new case is started; lines and buttons in both languages.

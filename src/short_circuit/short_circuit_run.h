@@ -10,9 +10,9 @@ namespace zel {
 /// What going to the result page gives: either the reason of a refusal, with nothing computed, or
 /// the result and how it is shown.
 struct ShortCircuitRun {
-    std::optional<KsRefusal> refusal;
+    std::optional<ShortCircuitRefusal> refusal;
     ShortCircuitResult result;
-    KsResultPage page;
+    VerdictPage page;
 };
 
 /// Checks and calculates a case. A function of its arguments alone; shows no box.

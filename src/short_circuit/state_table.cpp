@@ -10,35 +10,35 @@ namespace {
 
 using C = ShortCircuitCase;
 
-constexpr KsBox computed_boxes[] = {&C::IK2, &C::IK, &C::Kappa, &C::Tk1, &C::Tk2, &C::Tk3};
-constexpr KsBox given_boxes[] = {&C::Ith, &C::T_k};
-constexpr KsBox both_groups[] = {&C::IK2, &C::IK,  &C::Kappa, &C::Tk1,
-                                 &C::Tk2, &C::Tk3, &C::Ith,   &C::T_k};
-constexpr KsList computed_lists[] = {&C::generatornah, &C::Anzahl_KS_fluesse};
-constexpr KsBox steady_current[] = {&C::IK};
-constexpr KsBox flow_1[] = {&C::Tk1};
-constexpr KsBox flows_1_2[] = {&C::Tk1, &C::Tk2};
-constexpr KsBox flows_1_2_3[] = {&C::Tk1, &C::Tk2, &C::Tk3};
-constexpr KsBox flows_2_3[] = {&C::Tk2, &C::Tk3};
-constexpr KsBox flow_3[] = {&C::Tk3};
-constexpr KsBox rated_current[] = {&C::Ithr};
-constexpr KsBox temperatures[] = {&C::theta_b, &C::theta_e};
+constexpr NumberKey computed_boxes[] = {&C::IK2, &C::IK, &C::Kappa, &C::Tk1, &C::Tk2, &C::Tk3};
+constexpr NumberKey given_boxes[] = {&C::Ith, &C::T_k};
+constexpr NumberKey both_groups[] = {&C::IK2, &C::IK,  &C::Kappa, &C::Tk1,
+                                     &C::Tk2, &C::Tk3, &C::Ith,   &C::T_k};
+constexpr ListKey computed_lists[] = {&C::generatornah, &C::Anzahl_KS_fluesse};
+constexpr NumberKey steady_current[] = {&C::IK};
+constexpr NumberKey flow_1[] = {&C::Tk1};
+constexpr NumberKey flows_1_2[] = {&C::Tk1, &C::Tk2};
+constexpr NumberKey flows_1_2_3[] = {&C::Tk1, &C::Tk2, &C::Tk3};
+constexpr NumberKey flows_2_3[] = {&C::Tk2, &C::Tk3};
+constexpr NumberKey flow_3[] = {&C::Tk3};
+constexpr NumberKey rated_current[] = {&C::Ithr};
+constexpr NumberKey temperatures[] = {&C::theta_b, &C::theta_e};
 
-constexpr KsList limiter = &C::Strombegrenzschalter_ks;
-constexpr KsList vicinity = &C::generatornah;
-constexpr KsList flows = &C::Anzahl_KS_fluesse;
-constexpr KsList object = &C::Leiter_Bmittel;
+constexpr ListKey limiter = &C::Strombegrenzschalter_ks;
+constexpr ListKey vicinity = &C::generatornah;
+constexpr ListKey flows = &C::Anzahl_KS_fluesse;
+constexpr ListKey object = &C::Leiter_Bmittel;
 
 enum class ConductorPage : std::uint8_t { AsItIs, Opens, Closes };
 enum class Numbers : std::uint8_t { Cleared, Kept };  // behind closed boxes
 
 struct StateRow {
-    KsList list;
+    ListKey list;
     std::int16_t index;
-    std::span<const KsBox> opens;
-    std::span<const KsBox> closes;
-    std::span<const KsList> opens_lists;
-    std::span<const KsList> closes_lists;
+    std::span<const NumberKey> opens;
+    std::span<const NumberKey> closes;
+    std::span<const ListKey> opens_lists;
+    std::span<const ListKey> closes_lists;
     ConductorPage conductor_page = ConductorPage::AsItIs;
     Numbers numbers = Numbers::Cleared;
 };
@@ -71,15 +71,15 @@ void close(std::vector<Member>& closed, Member member) {
     closed.push_back(member);
 }
 
-void apply(const StateRow& row, ShortCircuitCase& c, KsInputState& state) {
-    for (const KsBox box : row.opens) open(state.closed_boxes, box);
-    for (const KsList list : row.opens_lists) open(state.closed_lists, list);
-    for (const KsBox box : row.closes) {
+void apply(const StateRow& row, ShortCircuitCase& c, ChoiceState& state) {
+    for (const NumberKey box : row.opens) open(state.closed_boxes, box);
+    for (const ListKey list : row.opens_lists) open(state.closed_lists, list);
+    for (const NumberKey box : row.closes) {
         close(state.closed_boxes, box);
         (c.*box).text.clear();
         if (row.numbers == Numbers::Cleared) (c.*box).value = 0;
     }
-    for (const KsList list : row.closes_lists) {
+    for (const ListKey list : row.closes_lists) {
         close(state.closed_lists, list);
         c.*list = 0;
     }
@@ -89,7 +89,7 @@ void apply(const StateRow& row, ShortCircuitCase& c, KsInputState& state) {
 
 }  // namespace
 
-void apply_choice(ShortCircuitCase& c, KsInputState& state, KsList list, std::int16_t index) {
+void apply_choice(ShortCircuitCase& c, ChoiceState& state, ListKey list, std::int16_t index) {
     const auto* const row = std::find_if(std::begin(rows), std::end(rows), [&](const StateRow& r) {
         return r.list == list && r.index == index;
     });

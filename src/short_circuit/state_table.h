@@ -7,9 +7,9 @@
 namespace zel {
 
 /// Which inputs of the form take nothing at present.
-struct KsInputState {
-    std::vector<KsBox> closed_boxes;
-    std::vector<KsList> closed_lists;
+struct ChoiceState {
+    std::vector<NumberKey> closed_boxes;
+    std::vector<ListKey> closed_lists;
     bool conductor_page_open = true;
 };
 
@@ -17,6 +17,6 @@ struct KsInputState {
 /// closes others. A closed box loses its text and its number, a closed list goes to index 0 without
 /// what that choice would do. Each choice acts alone: "nein" opens Ik far from the generator too.
 /// Does nothing for the list of materials and for an index without entry.
-void apply_choice(ShortCircuitCase& c, KsInputState& state, KsList list, std::int16_t index);
+void apply_choice(ShortCircuitCase& c, ChoiceState& state, ListKey list, std::int16_t index);
 
 }  // namespace zel

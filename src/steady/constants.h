@@ -36,4 +36,8 @@ inline constexpr double reference_temperature = 20;
 /// Degrees to radians with the `pi` of the thermal formulas.
 [[nodiscard]] constexpr double radians(double degrees) { return degrees * pi / 180; }
 
+/// `cigre_TKW_merker`: whether the specific heats of a composite conductor follow its temperature.
+/// A homogeneous conductor and a tube always do.
+enum class HeatCapacityOption : std::int16_t { WithTemperature = 1, At20Degrees = 2 };
+
 }  // namespace zel

@@ -40,4 +40,10 @@ struct SteadyFailure {
     friend bool operator==(const SteadyFailure&, const SteadyFailure&) = default;
 };
 
+/// A term of the heat balance in W/m. It stands only where `failure` is `SteadyCause::None`.
+struct Term {
+    double value = 0;
+    SteadyCause failure = SteadyCause::None;
+};
+
 }  // namespace zel

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "platform/errors.h"
-#include "steady/report_texts.h"
 
 namespace zel {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "steady/term.h"
+#include "steady/steady_cause.h"
 
 // The four terms of the heat balance per metre of one sub-conductor by Cigre TB 207 (Thermal
 // behaviour of overhead conductors, 2002), SI units throughout. Each is one evaluation of numbers:

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "steady/term.h"
+#include "steady/steady_cause.h"
 
 // The four terms of the heat balance per metre of a tubular busbar (RWTH Aachen / Puffer, 2018),
 // SI units where not told. Each is one evaluation of numbers.

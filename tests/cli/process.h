@@ -12,11 +12,12 @@ struct ProcessResult {
     std::string errors;  // standard error
 };
 
-/// Runs the built program with `arguments`, `input` on its standard input, in the folder
-/// `directory`, without a display. The home is `home`, or where that is empty a folder that is not
-/// there.
+/// Runs the built program, or `program`, with `arguments`, `input` on its standard input, in the
+/// folder `directory`, without a display. The home is `home`, or where that is empty a folder that
+/// is not there.
 [[nodiscard]] ProcessResult run_zel(const std::vector<std::string>& arguments,
                                     const std::string& directory, const std::string& input = {},
-                                    const std::string& home = {});
+                                    const std::string& home = {},
+                                    const std::string& program = ZEL_PROGRAM);
 
 }  // namespace zel

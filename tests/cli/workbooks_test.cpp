@@ -81,20 +81,6 @@ TEST_F(Workbooks, of_several_programs_are_calculated_alike) {
     }
 }
 
-TEST_F(Workbooks, a_run_tells_its_counts_in_json) {
-    take_sample("saved_by_openpyxl.xlsx");
-    const ProcessResult result = run_zel({"batch", path, "--json"}, ".");
-    EXPECT_THAT(result.errors, IsEmpty());
-    const auto document = nlohmann::json::parse(result.output);
-    EXPECT_EQ(document.size(), 6U);
-    EXPECT_EQ(document["rows"], 3);
-    EXPECT_EQ(document["active"], 3);
-    EXPECT_EQ(document["inactive"], 0);
-    EXPECT_EQ(document["errors"], 0);
-    EXPECT_EQ(document["messages"], nlohmann::json::array());
-    EXPECT_GT(document["seconds"], 0);
-}
-
 TEST_F(Workbooks, a_refused_workbook_keeps_its_bytes) {
     take_sample("saved_by_openpyxl.xlsx");
     set("variable_input_result", 6, 12, 5);
@@ -112,36 +98,6 @@ TEST_F(Workbooks, a_refused_workbook_keeps_its_bytes) {
     EXPECT_EQ(document["messages"].size(), 2U);
     EXPECT_EQ(document["rows"], 0);
     EXPECT_EQ(bytes(), before);
-}
-
-TEST_F(Workbooks, conductor_columns_are_an_option) {
-    take_sample("saved_by_openpyxl.xlsx");
-    const ProcessResult result = run_zel({"batch", path, "--conductor-columns", "on"}, ".");
-    EXPECT_EQ(result.exit_status, 2);
-    EXPECT_THAT(result.errors, HasSubstr("DS80b_G_Conductor_var or DS80b_E_Conductor_var"));
-    EXPECT_EQ(run_zel({"batch", path, "--conductor-columns", "off"}, ".").exit_status, 0);
-    EXPECT_EQ(run_zel({"batch", path, "--conductor-columns", "maybe"}, ".").exit_status, 2);
-    EXPECT_EQ(run_zel({"batch", path, "--write", "cell"}, ".").exit_status, 0);
-    EXPECT_EQ(run_zel({"batch"}, ".").exit_status, 2);
-}
-
-TEST_F(Workbooks, settings_stand_in_for_options_that_are_not_given) {
-    const std::string home = folder.string();
-    take_sample("saved_by_openpyxl.xlsx");
-    const auto status = [&](const std::vector<std::string>& options) {
-        std::vector<std::string> words = {"batch", path};
-        words.insert(words.end(), options.begin(), options.end());
-        return run_zel(words, ".", {}, home).exit_status;
-    };
-    ASSERT_EQ(
-        run_zel({"settings", "set", "Excel_Leiterdaten_Merker", "1"}, ".", {}, home).exit_status,
-        0);
-    EXPECT_EQ(status({}), 2);
-    EXPECT_EQ(status({"--conductor-columns", "off"}), 0);
-    ASSERT_EQ(
-        run_zel({"settings", "set", "Excel_Leiterdaten_Merker", "2"}, ".", {}, home).exit_status,
-        0);
-    EXPECT_EQ(status({}), 0);
 }
 
 TEST_F(Workbooks, a_conductor_fills_what_no_cell_names) {
@@ -170,42 +126,12 @@ TEST_F(Workbooks, a_template_takes_a_conductor) {
     EXPECT_EQ(text(11, 3, "fixed_input"), "");
 }
 
-TEST_F(Workbooks, the_shipped_templates_stay_as_they_are) {
-    const fs::path data = folder / ".local/share/ZEL V.8.2";
-    fs::create_directories(data);
-    path = (data / "Template_calc_h_english_80.xlsx").string();
-    take_sample("saved_by_openpyxl.xlsx");
-    const std::string before = bytes();
-    for (const auto& [name, where] :
-         {std::pair{path, std::string(".")}, {"Template_calc_h_english_80.xlsx", data.string()}}) {
-        const ProcessResult result = run_zel({"batch", name}, where, {}, folder.string());
-        EXPECT_EQ(result.exit_status, 2);
-        EXPECT_THAT(result.errors,
-                    HasSubstr("You are not allowed to create another\n  excel workbook with this "
-                              "name !"));
-    }
-    EXPECT_EQ(bytes(), before);
-}
-
 TEST_F(Workbooks, errors_in_cells_are_status_1) {
     take_sample("saved_by_openpyxl.xlsx");
     set("variable_input_result", 5, 31, 20);  // cooler than the air
     set("variable_input_result", 5, 12, 35);
     EXPECT_EQ(run_zel({"batch", path}, ".").exit_status, 1);
     EXPECT_EQ(text(5, 34), "Error");
-}
-
-TEST_F(Workbooks, what_cannot_be_changed_is_refused_with_the_reason) {
-    const ProcessResult missing = run_zel({"batch", path}, ".");
-    EXPECT_EQ(missing.exit_status, 2);
-    EXPECT_THAT(missing.errors, HasSubstr(path + ": No such file or directory"));
-    std::ofstream(path) << "no workbook";
-    EXPECT_THAT(run_zel({"batch", path}, ".").errors, HasSubstr("is no xlsx file"));
-    take_sample("saved_by_openpyxl.xlsx");
-    std::ofstream(folder / ".~lock.a.xlsx#") << "somebody";
-    const ProcessResult locked = run_zel({"batch", path}, ".");
-    EXPECT_EQ(locked.exit_status, 2);
-    EXPECT_THAT(locked.errors, HasSubstr("is open in another program"));
 }
 
 TEST_F(Workbooks, templates_are_workbooks_to_fill_in) {
@@ -223,10 +149,6 @@ TEST_F(Workbooks, templates_are_workbooks_to_fill_in) {
                       .exit_status,
                   2);
     }
-    EXPECT_EQ(run_zel({"template", "steady", "-o", path}, ".").exit_status, 2);
-    EXPECT_EQ(run_zel({"template", "transient"}, ".").exit_status, 2);
-    EXPECT_NE(run_zel({"template", "transient", "-o", "/no/such/folder/a.xlsx"}, ".").exit_status,
-              0);
 }
 
 /// Starts the batch of `path` and kills it after a while, if it still runs.

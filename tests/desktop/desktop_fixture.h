@@ -10,19 +10,18 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
+#include <fstream>
 #include <memory>
+#include <sstream>
 #include <string>
 
 #include "desktop/form_main.h"
-#include "desktop/frame/qt_text.h"
-#include "fakes/memory_case_store.h"
-#include "fakes/memory_files.h"
-#include "fakes/memory_settings.h"
-#include "fakes/recording_launcher.h"
+#include "fakes/memory_stores.h"
+#include "fakes/memory_workbook.h"
 #include "fakes/scripted_chooser.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/steady_cases.h"
-#include "forms/case_forms.h"
+#include "forms/line_form.h"
 
 namespace zel {
 
@@ -37,18 +36,23 @@ protected:
                                   static_cast<std::int16_t>(separator));
         shared_settings.written.clear();
         user_settings.written.clear();
-        state.reset(new DesktopState{case_for_form(c),
+        state.reset(new DesktopState{forms::case_for_form(c),
                                      {lang, separator, RunMode::Messages, dialogs},
                                      store,
                                      chooser,
-                                     settings,
-                                     launcher});
-        state->conductors = {&disk, {"/shipped", "/data/conductors.csv"}};
+                                     {settings},
+                                     launcher,
+                                     disk,
+                                     *used_workbooks,
+                                     {"/shipped", "/data/conductors.csv"}});
         state->session.memory = &state->memory;
+        state->short_circuit = short_circuit;
+        state->patience_ms = patience_ms;
         form_main = std::make_unique<FormMain>(*state);
         form_main->show();
-        form1().show();
-        form1().activateWindow();
+        window = &form1();
+        window->show();
+        window->activateWindow();
         QApplication::processEvents();
     }
     void open(const CalcCase& c = {}) { open(c, LangId::English, DecimalSeparator::Point); }
@@ -56,9 +60,17 @@ protected:
     Form1& form1() { return form_main->form1(); }
     CalcCase& calc_case() { return state->calc_case; }
 
+    /// A file of the conductors that come with the program.
+    static std::string shipped_file(const std::string& name) {
+        std::ostringstream content;
+        content << std::ifstream(ZEL_SOURCE_DIR "/data/" + name).rdbuf();
+        return content.str();
+    }
+
+    /// In the window that the test works with.
     template <class Widget = QLineEdit>
     Widget& control(const char* name) {
-        auto* found = form1().findChild<Widget*>(name);
+        auto* found = window->findChild<Widget*>(name);
         EXPECT_NE(found, nullptr) << name;
         return *found;
     }
@@ -110,6 +122,11 @@ protected:
     Settings settings{shared_settings, user_settings, "/data"};
     RecordingLauncher launcher;
     MemoryFiles disk;
+    MemoryWorkbookStore workbooks;
+    WorkbookStore* used_workbooks = &workbooks;
+    ShortCircuitForm short_circuit;  // of the short-circuit area at the start
+    int patience_ms = 300;
+    QWidget* window = nullptr;
     std::unique_ptr<DesktopState> state;
     std::unique_ptr<FormMain> form_main;
 };

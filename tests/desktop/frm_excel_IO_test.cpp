@@ -27,12 +27,12 @@ protected:
 
     void open_window(ExcelMode mode = ExcelMode::Steady, LangId lang = LangId::English) {
         window.reset();
+        used_workbooks = &batch.store;
         open(line_of_all_methods(), lang, DecimalSeparator::Point);
         settings.set(&ProgramSettings::Excel_Leiterdaten_Merker, 2);
         show_window(mode);
     }
     void show_window(ExcelMode mode = ExcelMode::Steady) {
-        state->workbooks = &batch.store;
         state->data_folder = "/data/templates";
         window = std::make_unique<FrmExcelIO>(nullptr, *state, mode);
         window->show();
@@ -52,8 +52,7 @@ protected:
         chooser.paths.clear();
     }
     void fill(int rows) {
-        batch.start_steady(WorkbookKind::SteadyFix, line_of_all_methods());
-        batch.next_row = 5;
+        batch.start(WorkbookKind::SteadyFix, line_of_all_methods());
         for (int i = 0; i < rows; ++i) batch.add_row(line_of_all_methods());
     }
 
@@ -91,6 +90,7 @@ TEST_F(FrmExcelIOTest, wrong_input_is_told_in_boxes) {
     EXPECT_EQ(dialogs.shown[0].lines[0], "Maximum value for altitude is 4500 m above sea level !");
     EXPECT_EQ(batch.store.saved, 0);
     EXPECT_EQ(line("summary"), "");
+    EXPECT_EQ(at<QProgressBar>("progress").format().toStdString(), "0 %");
     EXPECT_TRUE(can_click("Command1"));
 }
 
@@ -111,16 +111,30 @@ TEST_F(FrmExcelIOTest, failing_files_are_told_by_the_error_table) {
 }
 
 TEST_F(FrmExcelIOTest, a_run_can_be_cancelled_behind_a_row) {
-    fill(20000);
-    QTimer::singleShot(0, window.get(), [this] { at<QPushButton>("Command3").click(); });
+    fill(3000);
+    const auto cancel_soon = [this] {
+        QTimer::singleShot(0, window.get(), [this] { at<QPushButton>("Command3").click(); });
+    };
+    cancel_soon();
     click("Command1");
-    EXPECT_THAT(line("summary"), HasSubstr("The calculation was cancelled."));
+    EXPECT_THAT(line("summary"), HasSubstr("The calculation was cancelled. The rows"));
+    EXPECT_EQ(line("status"), "");
+    EXPECT_LT(at<QProgressBar>("progress").value(), at<QProgressBar>("progress").maximum());
     EXPECT_EQ(batch.store.saved, 1);
-    EXPECT_EQ(batch.result(20004, 34), "");
+    EXPECT_EQ(batch.result(3004, 34), "");
+
+    settings.set_excel_height(excel_height_with_tests);
+    show_window();
+    for (const char* button : {"Command4", "Command5"}) {
+        cancel_soon();
+        click(button);
+        EXPECT_THAT(line("summary"), HasSubstr("The workbook is unchanged."));
+        EXPECT_EQ(batch.store.saved, 1);
+    }
 }
 
 TEST_F(FrmExcelIOTest, closing_a_running_window_cancels_first) {
-    fill(20000);
+    fill(3000);
     QTimer::singleShot(0, window.get(), [this] {
         EXPECT_FALSE(can_click("Command6"));
         window->close();

@@ -109,12 +109,6 @@ TEST_F(TypedCase, share_of_the_bundle_counts_as_shown_once_it_is_the_given_curre
     expect_result_of(twin_264_34_at(665.53));
 }
 
-TEST_F(TypedCase, given_current_shows_that_of_the_bundle) {
-    open();
-    type_case(GivenValue::Current, "Text18", "600");
-    EXPECT_EQ(typed_in("Text39"), "1200");
-}
-
 // The case of tests/cases/steady/all_overhead_methods by keys alone, from the first field to the
 // result page. Where a box is passed over its text is empty; return leads on from a box, tab from a
 // list.
@@ -174,7 +168,7 @@ protected:
         }
     }
     void check(Method method) {
-        for (const MethodRow& row : method_rows())
+        for (const forms::MethodRow& row : forms::method_rows())
             if (row.method == method) tab_to(row.control);
         press_here(Qt::Key_Space, " ");
         QKeyEvent up(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, " ");

@@ -8,13 +8,14 @@
 #include <vector>
 
 #include "excel_batch/batch_run.h"
+#include "excel_batch/input_cells.h"
 #include "excel_batch/template_design.h"
 #include "fakes/memory_workbook.h"
 #include "fakes/scripted_dialogs.h"
-#include "fakes/sunny_cases.h"
+#include "fakes/steady_cases.h"
 #include "fakes/tb601_cases.h"
+#include "fakes/transient_cases.h"
 #include "platform/errors.h"
-#include "workflow/run/steady_run.h"
 
 namespace zel::excel_batch {
 
@@ -32,66 +33,6 @@ public:
     std::string suffix;
     int rows = 0;
     int stop_after = -1;
-};
-
-/// Where a field stands in the steady workbooks: row of `fixed_input`, column of the rows.
-struct SteadyPlace {
-    Entry CalcCase::*field;
-    int fixed_row;
-    int column;
-};
-
-inline constexpr SteadyPlace line_places[] = {
-    {&CalcCase::Hoehe_ueber_NN_db, 19, 4},
-    {&CalcCase::Winkel_S_S_db, 20, 5},
-    {&CalcCase::geogr_Breite_db, 21, 6},
-    {&CalcCase::geo_laeng_db, 22, 7},
-    {&CalcCase::geo_laeng_zeit_db, 23, 8},
-    {&CalcCase::Windgeschwindigkeit_db, 25, 10},
-    {&CalcCase::Winkel_W_S_db, 26, 11},
-    {&CalcCase::Umgebungstemperatur_db, 27, 12},
-    {&CalcCase::Bodentemp_db, 28, 13},
-    {&CalcCase::Bodenart_db, 29, 14},
-    {&CalcCase::Globalstrahlung_db, 30, 15},
-    {&CalcCase::Bewoelkungsgrad_db, 31, 16},
-    {&CalcCase::Tag_db, 33, 18},
-    {&CalcCase::Monat_db, 34, 19},
-    {&CalcCase::Stunden_db, 35, 20},
-    {&CalcCase::Minuten_db, 36, 21},
-    {&CalcCase::Feldlaenge_db, 38, 23},
-    {&CalcCase::Hoehendifferenz_db, 39, 24},
-    {&CalcCase::Netzfrequenz_db, 40, 25},
-    {&CalcCase::Emissionsverhaeltnis_db, 41, 26},
-    {&CalcCase::Absorptionsverhaeltnis_db, 42, 27},
-};
-
-inline constexpr SteadyPlace conductor_places[] = {
-    {&CalcCase::Seildurchmesser_db, 57, 40},
-    {&CalcCase::GMR_db, 59, 42},
-    {&CalcCase::DCR_20_db, 62, 45},
-    {&CalcCase::DrahtdurchmesserLeiter_db, 77, 59},
-    {&CalcCase::Mantelquerschnitt_db, 79, 61},
-    {&CalcCase::DC_Resist_Leiter_db, 83, 71},
-    {&CalcCase::T_Koeff_DC_Resist_Leiter_linear_db, 84, 63},
-    {&CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db, 85, 64},
-    {&CalcCase::DC_Resist_traeger_db, 86, 65},
-    {&CalcCase::KernquerschnittTraeger_db, 87, 66},
-    {&CalcCase::KerndurchmesserTraeger_db, 88, 67},
-    {&CalcCase::radialthermalconductivity_unter_KPT_db, 97, 68},
-    {&CalcCase::KniepunktTemperatur_db, 98, 69},
-    {&CalcCase::radialthermalconductivity_ueber_KPT_db, 99, 70},
-};
-
-struct CodePlace {
-    std::int16_t CalcCase::*field;
-    int fixed_row;
-    int column;
-};
-
-inline constexpr CodePlace code_places[] = {
-    {&CalcCase::conductor_type_db, 54, 38},       {&CalcCase::conductor_shape_db, 55, 39},
-    {&CalcCase::GMR_Merker_db, 58, 41},           {&CalcCase::ACDC_R_Option_Merker_db, 61, 44},
-    {&CalcCase::DrahtlagenzahlLeiter_db, 78, 60}, {&CalcCase::DrahtzahlTraeger_db, 80, 62},
 };
 
 /// A line that TB 601, TB 207, Webs and Kirn rate.
@@ -119,90 +60,84 @@ inline MemorySheets cells_of(const WorkbookDesign& design) {
     return sheets;
 }
 
-/// A workbook in memory, filled cell by cell, and runs of it.
+/// A workbook in memory, filled from a case, and runs of it.
 struct BatchOfRows {
     static constexpr const char* path = "/data/a.xlsx";
 
     MemorySheets& workbook() { return store.files[path]; }
-    MemorySheet& fixed() { return workbook()["fixed_input"]; }
-    MemorySheet& rows() { return workbook()["variable_input_result"]; }
-    void set_fixed(int row, double value) { fixed()[{row, 3}] = value; }
-    void set_fixed_text(int row, const char* text) { fixed()[{row, 3}] = std::string(text); }
+    MemorySheet& fixed() { return workbook()[std::string(fixed_sheet)]; }
+    MemorySheet& rows() { return workbook()[std::string(rows_sheet)]; }
+    void set_fixed(int row, double value) { fixed()[{row, input_column}] = value; }
 
-    void start(WorkbookKind kind) {
-        kind_ = kind;
-        workbook() = cells_of(template_design(kind, lang, std::nullopt));
-    }
-
-    /// A steady workbook with the methods, the line and the conductor of `c`, and no rows.
-    void start_steady(WorkbookKind kind, const CalcCase& c) {
-        start(kind);
-        set_fixed(5, c.rechnung_cigre601_merker_db);
-        set_fixed(6, c.rechnung_cigre207_merker_db);
-        set_fixed(7, c.rechnung_TBB_merker_db);
-        set_fixed(8, c.rechnung_kirn_merker_db);
-        set_fixed(9, c.rechnung_webs_merker_db);
-        set_fixed(11, c.Formel_merker1_db);
-        set_fixed(12, c.wzsz_merker_db);
-        for (const auto& [field, row, column] : line_places) set_fixed(row, (c.*field).value);
-        set_fixed(43, c.Anzahl_Teilleiter_db);
+    /// A workbook with the methods, the line and the conductor of `c`, and no rows.
+    void start(WorkbookKind wanted, const CalcCase& c) {
+        kind = wanted;
+        next_row = row_of(kind).first_row;
+        workbook() = cells_of(template_design(kind, LangId::English, std::nullopt));
+        const auto set = [&](std::span<const InputCell> cells) {
+            for (const InputCell& cell : cells) set_fixed(cell.fixed_row, number_of(c, cell.field));
+        };
+        if (kind == WorkbookKind::Transient) {
+            set(transient_fixed_cells());
+            for (int n = 0; n < 3; ++n) set_fixed(first_percent_row + n, 30 * (n + 1));
+            return;
+        }
+        for (const auto& choices : {method_cells(), formula_cells()})
+            for (const ChoiceCell& cell : choices) set_fixed(cell.row, c.*cell.field);
+        set(line_cells());
         set_fixed(44, 500);
         set_fixed(46, 80);
         set_fixed(47, 1);
-        if (kind == WorkbookKind::SteadyVar) return;
-        for (const auto& [field, row, column] : conductor_places) set_fixed(row, (c.*field).value);
-        for (const auto& [field, row, column] : code_places) set_fixed(row, c.*field);
+        if (kind == WorkbookKind::SteadyFix) set(conductor_cells());
     }
 
     /// An active row with the line, the currents and the mode of `c`, and its conductor where rows
     /// have one.
     void add_row(const CalcCase& c) {
-        const int row = next_row++;
-        const auto set = [&](int column, double value) { rows()[{row, column}] = value; };
-        set(2, 1);
-        for (const auto& [field, fixed_row, column] : line_places) set(column, (c.*field).value);
-        set(28, c.Anzahl_Teilleiter_db);
+        const auto set = [&](int column, double value) { rows()[{next_row, column}] = value; };
+        set(flag_column, 1);
+        for (const InputCell& cell : line_cells()) set(cell.column, number_of(c, cell.field));
         const bool bundle = c.Stromstaerke_Buendel.given();
-        const int single_column = kind_ == WorkbookKind::SteadyVar ? 29 : 30;
-        const int bundle_column = kind_ == WorkbookKind::SteadyVar ? 30 : 29;
-        if (bundle)
-            set(bundle_column, c.Stromstaerke_Buendel.value);
-        else
-            set(single_column, c.Stromstaerke_db.given() ? c.Stromstaerke_db.value : 1);
+        const double current = c.Stromstaerke_db.given() ? c.Stromstaerke_db.value : 1;
+        set((kind == WorkbookKind::SteadyVar) == bundle ? 30 : 29,
+            bundle ? c.Stromstaerke_Buendel.value : current);
         set(31, c.Leitertemp_db.value);
-        set(32, c.Leitertemp_Merker_db ? 1 : 2);
-        if (kind_ != WorkbookKind::SteadyVar) return;
-        for (const auto& [field, fixed_row, column] : conductor_places)
-            set(column, (c.*field).value);
-        for (const auto& [field, fixed_row, column] : code_places) set(column, c.*field);
-        for (int column = 46; column <= 58; ++column) set(column, 0);
+        set(mode_column, c.Leitertemp_Merker_db ? 1 : 2);
+        if (kind == WorkbookKind::SteadyVar)
+            for (const InputCell& cell : conductor_cells())
+                set(cell.column, number_of(c, cell.field));
+        ++next_row;
     }
 
-    BatchResult run() {
+    /// A row of a transient workbook: wind (m/s) at `angle` to the conductor, time (s), limit (°C).
+    void add_weather(double wind, double angle, double ambient, double seconds, double limit = 80) {
+        int column = 3;
+        rows()[{next_row, flag_column}] = 1.0;
+        for (const double value : {wind, angle, 0.6, 0.6, ambient, 900.0, limit, seconds})
+            rows()[{next_row, ++column}] = value;
+        ++next_row;
+    }
+
+    BatchResult run() { return run(store); }
+    BatchResult run(WorkbookStore& from) {
         const Session session = {lang, DecimalSeparator::Point, mode, dialogs};
-        BatchJob job = {store, path, session, observer};
+        BatchJob job = {from, path, session, observer};
         job.preset = preset;
         job.data_folder = "/data";
         job.real_path = path;
-        job.Excel_Leiterdaten_Merker = kind_ == WorkbookKind::SteadyVar ? 1 : 2;
+        job.Excel_Leiterdaten_Merker = kind == WorkbookKind::SteadyVar ? 1 : 2;
         job.Excel_Zelle_Array_Schreiben_Merker = by_cell ? 1 : 2;
         job.threads = threads;
         return run_batch(job);
     }
 
-    /// The boxes of a run that is refused with nothing saved.
-    std::vector<Box> refusal() {
-        const int saved = store.saved;
-        dialogs.shown.clear();
-        const BatchResult result = run();
-        EXPECT_EQ(result.end, BatchEnd::Refused);
-        EXPECT_FALSE(result.saved);
-        EXPECT_EQ(store.saved, saved);
-        return dialogs.shown;
-    }
-
     /// The text of a result cell after a run.
     std::string result(int row, int column) { return text_of(rows(), row, column); }
+
+    static double number_of(const CalcCase& c, const FieldKey& field) {
+        if (const auto* entry = std::get_if<Entry CalcCase::*>(&field)) return (c.*(*entry)).value;
+        return c.*std::get<std::int16_t CalcCase::*>(field);
+    }
 
     MemoryWorkbookStore store;
     ScriptedDialogs dialogs;
@@ -212,10 +147,8 @@ struct BatchOfRows {
     CalcCase preset;
     bool by_cell = false;
     unsigned threads = 2;
-    int next_row = 5;
-
-private:
-    WorkbookKind kind_ = WorkbookKind::SteadyFix;
+    int next_row = 0;
+    WorkbookKind kind = WorkbookKind::SteadyFix;
 };
 
 class Batch : public testing::Test, public BatchOfRows {};

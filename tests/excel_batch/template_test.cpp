@@ -1,89 +1,90 @@
 #include "excel_batch/batch_fixture.h"
-#include "excel_batch/field_labels.h"
-#include "excel_batch/input_cells.h"
+#include "fakes/test_data.h"
+
+// tests/data/workbook_templates.json holds the templates line by line: each cell with its place,
+// its look and its content in both languages, then the rules, then the widths of columns.
 
 namespace zel::excel_batch {
 namespace {
 
-constexpr WorkbookKind all_kinds[] = {WorkbookKind::SteadyFix, WorkbookKind::SteadyVar,
-                                      WorkbookKind::Transient};
+using nlohmann::json;
 
-TEST(Identifiers, each_kind_is_told_in_two_languages) {
-    EXPECT_EQ(kind_of("DS80b_G_Conductor_fix"), WorkbookKind::SteadyFix);
-    EXPECT_EQ(kind_of("DS80b_E_Conductor_fix"), WorkbookKind::SteadyFix);
-    EXPECT_EQ(kind_of("DS80b_G_Conductor_var"), WorkbookKind::SteadyVar);
-    EXPECT_EQ(kind_of("DS80b_E_Conductor_var"), WorkbookKind::SteadyVar);
-    EXPECT_EQ(kind_of("DS81a_G_Conductor_fix_transient"), WorkbookKind::Transient);
-    EXPECT_EQ(kind_of("DS81a_E_Conductor_fix_transient"), WorkbookKind::Transient);
-    for (const char* other : {"", "DS80b_g_Conductor_fix", "DS80b_G_Conductor_fix "})
-        EXPECT_FALSE(kind_of(other)) << other;
+constexpr std::pair<const char*, WorkbookKind> all_kinds[] = {
+    {"steady-fix", WorkbookKind::SteadyFix},
+    {"steady-var", WorkbookKind::SteadyVar},
+    {"transient", WorkbookKind::Transient}};
+
+std::string text_of(const DesignCell& cell) {
+    if (const auto* number = std::get_if<double>(&cell.content))
+        return plain_number(*number, DecimalSeparator::Comma);
+    const auto* text = std::get_if<std::string>(&cell.content);
+    return text == nullptr ? "-" : "\"" + *text + "\"";
 }
 
-TEST(Templates, have_the_identifier_of_their_kind_and_language) {
-    for (const WorkbookKind kind : all_kinds) {
-        const std::string german =
-            text_of(cells_of(template_design(kind, LangId::German, {}))["fixed_input"], 2, 2);
-        const std::string english =
-            text_of(cells_of(template_design(kind, LangId::English, {}))["fixed_input"], 2, 2);
-        EXPECT_EQ(kind_of(german), kind);
-        EXPECT_EQ(kind_of(english), kind);
-        EXPECT_NE(german, english);
+template <class... Number>
+std::string line_of(Number... numbers) {
+    return ((plain_number(static_cast<double>(numbers), DecimalSeparator::Comma) + " ") + ...);
+}
+
+std::vector<std::string> lines_of(const SheetDesign& german, const SheetDesign& english) {
+    constexpr const char* looks[] = {"plain", "title", "heading",      "label",       "note",
+                                     "input", "head",  "whole result", "tenth result"};
+    const auto look_of = [&](CellLook look) { return looks[static_cast<std::size_t>(look)]; };
+    std::vector<std::string> lines = {german.name + " fixed " +
+                                      line_of(german.fixed_rows, german.fixed_columns)};
+    for (std::size_t i = 0; i < german.cells.size(); ++i) {
+        const DesignCell& cell = german.cells[i];
+        lines.push_back(line_of(cell.row, cell.column) + look_of(cell.look) + ": " + text_of(cell) +
+                        " " + text_of(english.cells.at(i)));
     }
+    for (const auto& [area, low, high, whole] : german.rules)
+        lines.push_back(
+            "rule " +
+            line_of(area.first_row, area.first_column, area.last_row, area.last_column, low, high) +
+            (whole ? "whole" : "any"));
+    for (const auto& [first, last, width, look] : german.columns)
+        lines.push_back("columns " + line_of(first, last, width) + look_of(look));
+    return lines;
 }
 
-/// Whether a cell of the sheet is laid out for input.
-bool is_input(const SheetDesign& sheet, int row, int column) {
-    return std::any_of(sheet.cells.begin(), sheet.cells.end(), [&](const DesignCell& cell) {
-        return cell.row == row && cell.column == column && cell.look == CellLook::Input;
-    });
-}
-
-TEST(Templates, lay_out_every_input_cell_once) {
-    for (const WorkbookKind kind : all_kinds) {
-        const WorkbookDesign design = template_design(kind, LangId::English, {});
-        std::vector<InputCell> cells;
-        const auto add = [&](std::span<const InputCell> table) {
-            cells.insert(cells.end(), table.begin(), table.end());
-        };
-        if (kind == WorkbookKind::Transient)
-            add(transient_fixed_cells());
-        else
-            add(line_cells());
-        if (kind == WorkbookKind::SteadyFix) add(conductor_cells());
-        for (const InputCell& cell : cells) {
-            EXPECT_TRUE(is_input(design[0], cell.fixed_row, 3)) << cell.fixed_row;
-            EXPECT_EQ(text_of(cells_of(design)["fixed_input"], cell.fixed_row, 2),
-                      label_of(cell.field).label.en);
-        }
-    }
-}
-
-TEST(Templates, rows_are_empty_but_for_the_heads) {
-    for (const WorkbookKind kind : {WorkbookKind::SteadyFix, WorkbookKind::Transient}) {
-        const MemorySheets sheets = cells_of(template_design(kind, LangId::German, {}));
-        for (const auto& [place, content] : sheets.at("variable_input_result"))
-            EXPECT_LT(place.first, row_of(kind).first_row) << place.second;
+TEST(Templates, have_the_cells_and_rules_of_the_data) {
+    const json data = test_data("workbook_templates");
+    for (const auto& [name, kind] : all_kinds) {
+        const WorkbookDesign german = template_design(kind, LangId::German, {});
+        const WorkbookDesign english = template_design(kind, LangId::English, {});
+        std::vector<std::string> lines = {template_title(kind, LangId::German) + " / " +
+                                          template_title(kind, LangId::English)};
+        for (std::size_t i = 0; i < german.size(); ++i)
+            for (std::string& line : lines_of(german[i], english.at(i))) lines.push_back(line);
+        EXPECT_EQ(lines, data.at(name).get<std::vector<std::string>>());
     }
 }
 
 TEST_F(Batch, a_filled_template_with_a_conductor_runs) {
     const CalcCase line = line_of_all_methods();
-    for (const WorkbookKind kind : {WorkbookKind::SteadyFix, WorkbookKind::SteadyVar}) {
-        start_steady(kind, line);
-        next_row = 5;
+    for (const WorkbookKind wanted : {WorkbookKind::SteadyFix, WorkbookKind::SteadyVar}) {
+        start(wanted, line);
         const MemorySheets typed_in = workbook();
         add_row(line);
         const MemorySheets with_row = workbook();
         // The same conductor comes with the template.
-        workbook() = cells_of(template_design(kind, LangId::German, line));
+        workbook() = cells_of(template_design(wanted, LangId::German, line));
         const auto missing = [](MemorySheet& to, const MemorySheet& from) {
             for (const auto& [place, content] : from) to.try_emplace(place, content);
         };
         missing(fixed(), typed_in.at("fixed_input"));
         missing(rows(), with_row.at("variable_input_result"));
         ASSERT_EQ(run().end, BatchEnd::Done);
-        EXPECT_EQ(result(5, kind == WorkbookKind::SteadyFix ? 34 : 72), "1300");
+        EXPECT_EQ(result(5, wanted == WorkbookKind::SteadyFix ? 34 : 72), "1300");
     }
+}
+
+TEST(Templates, leave_a_code_that_is_no_choice_empty) {
+    CalcCase c;
+    c.conductor_type_db = 5;
+    MemorySheets sheets = cells_of(template_design(WorkbookKind::SteadyFix, LangId::English, c));
+    EXPECT_EQ(zel::text_of(sheets["fixed_input"], 54, 3), "");
+    EXPECT_EQ(zel::text_of(sheets["fixed_input"], 58, 3), "0");
 }
 
 }  // namespace

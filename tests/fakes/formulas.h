@@ -9,10 +9,9 @@
 #include <type_traits>
 #include <utility>
 
-#include "fakes/names.h"
 #include "fakes/test_data.h"
 #include "platform/arithmetic_fault.h"
-#include "steady/term.h"
+#include "steady/steady_cause.h"
 
 // Formulas tested by rows of a data file: the arguments of each in their order (an array for one
 // that is a record), then its value. The value of a failure is its name, that of nothing is null.

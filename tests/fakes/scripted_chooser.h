@@ -1,8 +1,10 @@
 #pragma once
 
 #include <deque>
+#include <vector>
 
 #include "desktop/frame/file_chooser.h"
+#include "platform/system.h"
 
 namespace zel {
 
@@ -33,6 +35,22 @@ private:
         paths.pop_front();
         return path;
     }
+};
+
+/// Starts nothing and records what it was asked for.
+class RecordingLauncher : public Launcher {
+public:
+    bool open_document(const std::string& path) override {
+        opened.push_back(path);
+        return works;
+    }
+    bool start_program(const std::string& path) override {
+        started.push_back(path);
+        return works;
+    }
+
+    std::vector<std::string> opened, started;
+    bool works = true;
 };
 
 }  // namespace zel

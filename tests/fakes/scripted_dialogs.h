@@ -2,8 +2,10 @@
 
 #include <deque>
 #include <functional>
+#include <string>
 #include <vector>
 
+#include "platform/errors.h"
 #include "platform/message_box.h"
 
 namespace zel {
@@ -25,5 +27,18 @@ public:
     std::vector<Box> shown;
     std::function<void()> while_shown;  // looks at what the user sees behind a box
 };
+
+/// Why `action` is refused; empty where it is not.
+template <class Action>
+[[nodiscard]] std::string refusal_of(Action action) {
+    try {
+        (void)action();
+    } catch (const InputError& error) {
+        return error.what();
+    } catch (const OutputError& error) {
+        return error.what();
+    }
+    return {};
+}
 
 }  // namespace zel

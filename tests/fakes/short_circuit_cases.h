@@ -9,13 +9,13 @@
 namespace zel {
 
 /// Fills a form with typed texts; a refused one ends up empty.
-class KsTyping {
+class ShortCircuitTyping {
 public:
-    KsTyping& type(KsBox box, const std::string& text) {
+    ShortCircuitTyping& type(NumberKey box, const std::string& text) {
         form.change(box, text, {LangId::English, DecimalSeparator::Point});
         return *this;
     }
-    KsTyping& choose(KsList list, std::int16_t index) {
+    ShortCircuitTyping& choose(ListKey list, std::int16_t index) {
         form.choose(list, index);
         return *this;
     }
@@ -25,7 +25,7 @@ public:
 /// A copper conductor far from the generator: one flow of a second.
 inline ShortCircuitForm copper_far() {
     using C = ShortCircuitCase;
-    return KsTyping()
+    return ShortCircuitTyping()
         .choose(&C::Strombegrenzschalter_ks, without_limiter)
         .choose(&C::generatornah, generator_far)
         .choose(&C::Anzahl_KS_fluesse, 1)
@@ -45,7 +45,7 @@ inline ShortCircuitForm copper_far() {
 /// An aluminium conductor near the generator: three flows.
 inline ShortCircuitForm aluminium_near() {
     using C = ShortCircuitCase;
-    return KsTyping()
+    return ShortCircuitTyping()
         .choose(&C::Strombegrenzschalter_ks, without_limiter)
         .choose(&C::generatornah, generator_near)
         .choose(&C::Anzahl_KS_fluesse, 3)
@@ -68,7 +68,7 @@ inline ShortCircuitForm aluminium_near() {
 /// Equipment behind current-limiting switchgear.
 inline ShortCircuitForm limited_equipment() {
     using C = ShortCircuitCase;
-    return KsTyping()
+    return ShortCircuitTyping()
         .choose(&C::Strombegrenzschalter_ks, with_limiter)
         .choose(&C::Leiter_Bmittel, equipment)
         .type(&C::Frequenz_ks, "50")

@@ -47,11 +47,11 @@ void set_fields(CalcCase& c, const json& fields) {
     for (const auto& [name, value] : fields.items()) {
         const auto field = find_field(c, name);
         ASSERT_TRUE(field) << name;
-        if (auto* const* entry = std::get_if<Entry*>(&*field))
+        if (auto* const* entry = std::get_if<Entry*>(&field->value))
             **entry = value.is_null() ? Entry{{}, (*entry)->value} : typed(value);
-        if (auto* const* text = std::get_if<std::string*>(&*field)) **text = value;
-        if (auto* const* whole = std::get_if<std::int16_t*>(&*field)) **whole = value;
-        if (auto* const* flag = std::get_if<bool*>(&*field)) **flag = value;
+        if (auto* const* text = std::get_if<std::string*>(&field->value)) **text = value;
+        if (auto* const* whole = std::get_if<std::int16_t*>(&field->value)) **whole = value;
+        if (auto* const* flag = std::get_if<bool*>(&field->value)) **flag = value;
     }
 }
 
@@ -64,6 +64,20 @@ json as_json(const std::vector<Box>& boxes) {
         list.push_back(entry);
     }
     return list;
+}
+
+json in_both(const std::function<std::optional<Box>(LangId)>& box) {
+    json told;
+    for (const LangId lang : {LangId::German, LangId::English}) {
+        const auto shown = box(lang);
+        if (!shown) continue;
+        json& texts = told[json(lang).get<std::string>()] = {shown->title};
+        for (const std::string& line : shown->lines) texts.push_back(line);
+        told["icon"] = name_of(shown->icon);
+        if (shown->buttons == Buttons::YesNo)
+            told["unattended"] = shown->unattended == Answer::Yes ? "yes" : "no";
+    }
+    return told;
 }
 
 }  // namespace zel

@@ -5,10 +5,8 @@
 
 #include <cmath>
 
-#include "fakes/refusal.h"
+#include "fakes/scripted_dialogs.h"
 #include "steady/case/case_fields.h"
-#include "workflow/rules/entry_rules.h"
-#include "workflow/rules/transient_cells.h"
 
 namespace zel {
 namespace {
@@ -17,14 +15,7 @@ using testing::IsEmpty;
 using testing::SizeIs;
 
 CaseFile read(const FlatObject& values, DecimalSeparator separator = DecimalSeparator::Point) {
-    return read_case(
-        values, separator,
-        [separator](Entry& field, Entry CalcCase::*key, std::string_view text) {
-            return enter(field, key, text, {LangId::English, separator});
-        },
-        [separator](CalcCase& c, StateCellPlace place, std::string_view text) {
-            return read_cell(c, place, text, {LangId::English, separator});
-        });
+    return read_case(values, {LangId::English, separator});
 }
 
 std::string refusal(const std::string& key, const FlatValue& value) {
@@ -116,18 +107,6 @@ TEST(CaseFile, names_the_key_that_it_refuses) {
     for (const auto& [key, value, reason] : rows) EXPECT_EQ(refusal(key, value), reason);
 }
 
-TEST(CaseFile, reads_every_field_of_a_case) {
-    for (const CaseField& field : case_fields()) {
-        const bool is_text = std::holds_alternative<std::string CalcCase::*>(field.key);
-        const bool is_flag = std::holds_alternative<bool CalcCase::*>(field.key);
-        const double number = field.name.starts_with("rechnung_") ? 1 : 3;
-        const FlatValue value = is_text   ? FlatValue("text")
-                                : is_flag ? FlatValue(true)
-                                          : FlatValue(number);
-        EXPECT_NE(read({{std::string(field.name), value}}).c, CalcCase{}) << field.name;
-    }
-}
-
 CaseFile read_by_a_german(const FlatObject& values) {
     return read(values, DecimalSeparator::Comma);
 }
@@ -136,18 +115,16 @@ CaseFile read_by_a_german(const FlatObject& values) {
 CalcCase full_case(DecimalSeparator separator) {
     CalcCase c;
     int n = 0;
-    for (const std::string& name : all_field_names()) {
+    for (const auto& [name, info, place] : fields_of(c)) {
         ++n;
-        const auto field = find_field(c, name);
-        if (auto* const* text = std::get_if<std::string*>(&*field)) **text = "Text " + name;
-        if (auto* const* flag = std::get_if<bool*>(&*field)) **flag = true;
-        if (auto* const* whole = std::get_if<std::int16_t*>(&*field))
+        if (auto* const* text = std::get_if<std::string*>(&place)) **text = "Text " + name;
+        if (auto* const* flag = std::get_if<bool*>(&place)) **flag = true;
+        if (auto* const* whole = std::get_if<std::int16_t*>(&place))
             **whole = static_cast<std::int16_t>(name.starts_with("rechnung_") ? 1
                                                 : name.starts_with("Z")       ? seeks_time
                                                                               : 10 + n);
-        const CaseField* row = find_case_field(name);
-        const double number = row != nullptr && row->whole ? n : n + 0.25;
-        if (auto* const* entry = std::get_if<Entry*>(&*field))
+        const double number = info->rounded ? n : n + 0.25;
+        if (auto* const* entry = std::get_if<Entry*>(&place))
             **entry = {plain_number(number, separator), number};
     }
     return c;
@@ -156,14 +133,15 @@ CalcCase full_case(DecimalSeparator separator) {
 TEST(CaseFile, written_values_read_back_to_the_same_case) {
     const CalcCase c = full_case(DecimalSeparator::Point);
     const FlatObject values = values_of(c);
-    EXPECT_EQ(values.size(), all_field_names().size());
+    CalcCase all;
+    EXPECT_EQ(values.size(), fields_of(all).size());
     EXPECT_EQ(read(values).c, c);
     EXPECT_EQ(read_by_a_german(values).c, full_case(DecimalSeparator::Comma));
     EXPECT_EQ(values_of(full_case(DecimalSeparator::Comma)), values);
 }
 
 TEST(CaseFile, only_what_was_entered_is_written) {
-    EXPECT_THAT(values_of({}), IsEmpty());
+    EXPECT_THAT(values_of(CalcCase()), IsEmpty());
     CalcCase c;
     c.Windgeschwindigkeit_db = {" 0,60 ", 0.6};
     c.Leitertemp_db = {"", 80};  // emptied: the double is a former value

@@ -6,7 +6,8 @@
 #include <cmath>
 #include <set>
 
-#include "platform/errors.h"
+#include "fakes/scripted_dialogs.h"
+#include "fakes/test_data.h"
 
 namespace zel {
 namespace {
@@ -23,16 +24,6 @@ std::string record_with(std::size_t offset, const std::string& bytes) {
     return record.replace(offset, bytes.size(), bytes);
 }
 
-template <class Act>
-std::string refusal(Act act) {
-    try {
-        act();
-    } catch (const InputError& error) {
-        return error.what();
-    }
-    return "taken";
-}
-
 // Floats of the record that no field stands for.
 constexpr std::size_t gaps[] = {170, 174, 436, 500};
 
@@ -43,36 +34,44 @@ const std::string single_0_1095 = "\x89\x41\xE0\x3D";                // 0.1095 =
 const std::string double_4_03 = "\x1F\x85\xEB\x51\xB8\x1E\x10\x40";  // 4.03 = 1.0075 * 2^2
 const std::string double_2703 = std::string("\x00\x00\x00\x00\x00\x1E\xA5\x40", 8);
 
-TEST(ExchangeRecord, has_its_fields_at_their_bytes_and_gaps_for_four_floats) {
-    std::set<std::size_t> covered;
-    for (const RecordField& row : record_fields())
-        for (std::size_t i = 0; i < row.width; ++i)
-            EXPECT_TRUE(covered.insert(row.offset + i).second) << name_of(row.field);
-    for (const std::size_t gap : gaps)
-        for (std::size_t i = 0; i < 4; ++i) EXPECT_TRUE(covered.insert(gap + i).second) << gap;
-    EXPECT_EQ(covered.size(), 610U);
-    EXPECT_EQ(*covered.rbegin(), 609U);
+template <class Number>
+std::string bytes_of(Number number) {
+    return {reinterpret_cast<const char*>(&number), sizeof number};
 }
 
-TEST(ExchangeRecord, holds_every_field_that_comes_with_a_conductor_once) {
-    std::set<std::string_view> held;
-    for (const RecordField& row : record_fields())
-        EXPECT_TRUE(held.insert(name_of(row.field)).second) << name_of(row.field);
-    for (const CaseField& field : case_fields())
-        EXPECT_EQ(held.contains(field.name), field.of_record || field.name == "GMR_db")
-            << field.name;
-}
-
-TEST(ExchangeRecord, widths_go_with_the_types) {
-    for (const RecordField& row : record_fields()) {
-        const std::size_t width = row.type == RecordType::Int16    ? 2
-                                  : row.type == RecordType::Single ? 4
-                                  : row.type == RecordType::Double ? 8
-                                                                   : row.width;
-        EXPECT_EQ(row.width, width) << name_of(row.field);
-        EXPECT_EQ(row.type == RecordType::Text,
-                  std::holds_alternative<std::string CalcCase::*>(row.field));
+// tests/data/exchange_record.json holds of every field its first byte, its type, and the length of
+// a text, the whole number or what 1.2345678 is shown as.
+TEST(ExchangeRecord, has_its_fields_at_their_bytes) {
+    const nlohmann::json data = test_data("exchange_record");
+    std::size_t fields = 0;
+    for (const CaseField& field : case_fields()) {
+        EXPECT_EQ(data.contains(field.name), field.of_record || field.name == "GMR_db");
+        if (!data.contains(field.name)) continue;
+        ++fields;
+        const nlohmann::json& row = data.at(std::string(field.name));
+        const std::string type = row[1];
+        const std::string bytes = type == "text"     ? std::string(row[2].get<std::size_t>(), 'x')
+                                  : type == "int16"  ? bytes_of(row[2].get<std::int16_t>())
+                                  : type == "single" ? bytes_of(1.2345678F)
+                                                     : bytes_of(1.2345678);
+        const std::string record = record_with(row[0], bytes);
+        CalcCase c;
+        static_cast<ConductorData&>(c) = read(record);
+        if (const auto* text = std::get_if<std::string CalcCase::*>(&field.key))
+            EXPECT_EQ(c.*(*text), bytes) << row;
+        else if (const auto* entry = std::get_if<Entry CalcCase::*>(&field.key))
+            EXPECT_EQ((c.*(*entry)).text, row[2]) << field.name;
+        else
+            EXPECT_EQ(c.*std::get<std::int16_t CalcCase::*>(field.key), row[2]) << field.name;
+        // Nothing else was read, and it is written where it was.
+        std::string written = written_record(c);
+        EXPECT_EQ(read(written), static_cast<ConductorData&>(c)) << field.name;
+        const std::string empty = written_record(read(""));
+        const std::size_t begin = row[0];
+        written.replace(begin, bytes.size(), empty, begin, bytes.size());
+        EXPECT_EQ(written, empty) << field.name;
     }
+    EXPECT_EQ(fields, data.size());
 }
 
 TEST(ExchangeRecord, reads_each_type_from_its_bytes) {
@@ -111,37 +110,27 @@ TEST(ExchangeRecord, texts_are_of_windows_1252_without_what_fills_them_up) {
     EXPECT_EQ(read(record_with(186, std::string(250, 'x'))).Anmerkung_db.size(), 250U);
 }
 
-TEST(ExchangeRecord, a_short_one_is_zero_where_it_ends) {
+TEST(ExchangeRecord, a_short_one_is_zero_where_it_ends_and_a_long_one_ends_too) {
     const std::string whole = written_record(read(record_with(496, single_0_1095)));
     EXPECT_EQ(read(whole.substr(0, 498)).DCR_20_db.value, std::ldexp(0x4189, -149));
     EXPECT_EQ(read(whole.substr(0, 496)).DCR_20_db, (Entry{"0.0", 0}));
     EXPECT_EQ(read(""), read(std::string(record_size, '\0')));
     EXPECT_EQ(read("264-AL1").Bezeichnung1_db, "264-AL1");
-}
-
-TEST(ExchangeRecord, of_zero_bytes_is_a_conductor_without_a_kind) {
-    const ConductorData c = read(std::string(record_size, '\0'));
-    EXPECT_EQ(c.Bezeichnung1_db, "");
-    EXPECT_EQ(c.conductor_type_db, 0);
-    EXPECT_EQ(c.Seildurchmesser_db, (Entry{"0.0", 0}));
-    EXPECT_FALSE(c.KniepunktTemperatur_db.given());
-}
-
-TEST(ExchangeRecord, a_longer_file_is_read_up_to_its_714_bytes) {
-    const std::string record = record_with(154, single_1);
-    EXPECT_EQ(read(record + std::string(1000, 'x')), read(record));
+    EXPECT_EQ(read("").conductor_type_db, 0);
+    EXPECT_FALSE(read("").KniepunktTemperatur_db.given());
+    EXPECT_EQ(read(whole + std::string(1000, 'x')), read(whole));
 }
 
 TEST(ExchangeRecord, refuses_what_is_no_number) {
     const std::string infinity("\x00\x00\x80\x7F", 4);
     const std::string not_a_number("\x00\x00\xC0\x7F", 4);
     const std::string single_40000("\x00\x40\x1C\x47", 4);  // 40000 = 1.220703125 * 2^15
-    EXPECT_EQ(refusal([&] { (void)read(record_with(496, infinity)); }),
+    EXPECT_EQ(refusal_of([&] { return read(record_with(496, infinity)); }),
               "DCR_20_db: no number stands at byte 496 of the record");
-    EXPECT_THAT(refusal([&] { (void)read(record_with(166, not_a_number)); }),
+    EXPECT_THAT(refusal_of([&] { return read(record_with(166, not_a_number)); }),
                 HasSubstr("Seildurchmesser_db"));
     EXPECT_EQ(
-        refusal([&] { (void)read(record_with(154, single_40000)); }),
+        refusal_of([&] { return read(record_with(154, single_40000)); }),
         "conductor_type_db: 40000 at byte 154 of the record is no whole number from -32768 to "
         "32767");
 }
@@ -172,7 +161,7 @@ TEST(ExchangeRecord, comes_back_as_it_was_written) {
         if (const auto* whole = std::get_if<std::int16_t CalcCase::*>(&row.field))
             c.** whole = static_cast<std::int16_t>(number);
         if (const auto* entry = std::get_if<Entry CalcCase::*>(&row.field))
-            c.** entry = {masked(number, row.mask, Point), number};
+            c.** entry = {masked(number, field_of(row.field).mask, Point), number};
     }
     EXPECT_EQ(read(written_record(c)), static_cast<ConductorData&>(c));
 }
@@ -180,14 +169,14 @@ TEST(ExchangeRecord, comes_back_as_it_was_written) {
 TEST(ExchangeRecord, refuses_to_write_what_does_not_fit) {
     ConductorData c;
     c.Bezeichnung1_db = std::string(51, 'x');
-    EXPECT_EQ(refusal([&] { (void)written_record(c); }),
+    EXPECT_EQ(refusal_of([&] { return written_record(c); }),
               "Bezeichnung1_db: the text has 51 characters, a record holds 50");
     c.Bezeichnung1_db = "Ω";
-    EXPECT_EQ(refusal([&] { (void)written_record(c); }),
+    EXPECT_EQ(refusal_of([&] { return written_record(c); }),
               "Bezeichnung1_db: the character \"Ω\" is not in the code page Windows-1252");
     c.Bezeichnung1_db = std::string(49, 'x') + "ü";
     c.DCR_20_db = {"4e38", 4e38};
-    EXPECT_EQ(refusal([&] { (void)written_record(c); }),
+    EXPECT_EQ(refusal_of([&] { return written_record(c); }),
               "DCR_20_db: the number is beyond the range of the record's 32-bit float");
 }
 

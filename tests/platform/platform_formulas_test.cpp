@@ -2,7 +2,9 @@
 #include <limits>
 
 #include "fakes/formulas.h"
+#include "fakes/scripted_dialogs.h"
 #include "platform/rounding.h"
+#include "platform/text/csv.h"
 #include "platform/text/number_text.h"
 
 namespace zel {
@@ -18,13 +20,27 @@ std::string filled(std::string_view pattern, std::vector<std::string> values) {
 
 std::string icon_name(std::int16_t icon) { return std::string(name_of(Icon(icon))); }
 
+/// The rows of a text with their lines, or why it is refused. Each row comes back as it is written.
+nlohmann::json csv(std::string text) {
+    nlohmann::json rows = nlohmann::json::array();
+    const std::string why = refusal_of([&] {
+        for (const auto& row : parse_csv(text)) {
+            rows.push_back({row.line, row.cells});
+            EXPECT_EQ(parse_csv(csv_line(row.cells)).at(0).cells, row.cells);
+        }
+        return 0;
+    });
+    return why.empty() ? rows : nlohmann::json(why);
+}
+
 TEST(PlatformFormulas, have_the_values_of_their_rows) {
     expect_formulas("platform_formulas",
                     {ZEL_FORMULA(parse_number), ZEL_FORMULA(parse_single),
                      ZEL_FORMULA(round_half_even), ZEL_FORMULA(masked), ZEL_FORMULA(plain_number),
                      ZEL_FORMULA(round_to_int16), ZEL_FORMULA(narrowed_to_single),
                      ZEL_FORMULA(text_in), ZEL_FORMULA(filled), ZEL_FORMULA(lines_of),
-                     ZEL_FORMULA(joined), ZEL_FORMULA(icon_name)});
+                     ZEL_FORMULA(joined), ZEL_FORMULA(icon_name), ZEL_FORMULA(csv),
+                     ZEL_FORMULA(without_outer_blanks), ZEL_FORMULA(same_name)});
 }
 
 TEST(PlatformFormulas, of_a_value_that_is_no_number) {
@@ -38,6 +54,24 @@ TEST(PlatformFormulas, of_a_value_that_is_no_number) {
     EXPECT_FALSE(std::signbit(round_half_even(-0.25)));
     EXPECT_EQ(parse_single("1e39", DecimalSeparator::Point), INFINITY);
     EXPECT_EQ(parse_single("-1e999", DecimalSeparator::Point), -INFINITY);
+}
+
+TEST(BoxIn, fills_title_and_lines_of_one_language) {
+    constexpr BoxText question = {Icon::Question,
+                                  {"Frage {0}", "question {0}"},
+                                  {"Wert {1}\nWeiter?", "value {1}\nGo on?"},
+                                  Buttons::YesNo,
+                                  Answer::No};
+    const Box english = {
+        Icon::Question, "question A", {"value 80.1", "Go on?"}, Buttons::YesNo, Answer::No};
+    EXPECT_EQ(box_in(LangId::English, question, {"A", "80.1"}), english);
+    const Box german = box_in(LangId::German, question);
+    EXPECT_EQ(german.lines, (std::vector<std::string>{"Wert {1}", "Weiter?"}));
+    RecordingDialogs dialogs;
+    EXPECT_EQ(dialogs.show(english), Answer::No);
+    EXPECT_EQ(dialogs.show({Icon::Warning, "title", {"line"}}), Answer::Ok);
+    EXPECT_EQ(dialogs.shown().at(0), english);
+    EXPECT_EQ(dialogs.shown().size(), 2U);
 }
 
 struct Pair {

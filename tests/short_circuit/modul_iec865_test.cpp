@@ -95,9 +95,9 @@ TEST(Auswertung, copper_far_from_the_generator) {
 
 TEST(Auswertung, aluminium_near_the_generator_with_three_flows) {
     const ShortCircuitResult result = KS_Auswertung(aluminium_near().content());
-    constexpr KsFlow flows[] = {{30.949067235311986, 0.19575437385172637, 0.8685175847436758},
-                                {26.52268212816399, 0.06525384211542366, 0.7163602326308314},
-                                {23.875558763042687, 0.03262692105771342, 0.6007534192172914}};
+    constexpr CurrentFlow flows[] = {{30.949067235311986, 0.19575437385172637, 0.8685175847436758},
+                                     {26.52268212816399, 0.06525384211542366, 0.7163602326308314},
+                                     {23.875558763042687, 0.03262692105771342, 0.6007534192172914}};
     for (std::size_t i = 0; i < flow_count; ++i) {
         expect_near(result.flows[i].I_th, flows[i].I_th);
         expect_near(result.flows[i].m, flows[i].m);
@@ -122,7 +122,7 @@ TEST(Auswertung, flow_beyond_the_number_of_flows_counts_for_nothing) {
 }
 
 TEST(Auswertung, two_flows_of_one_duration_give_the_current_of_one) {
-    KsTyping typing{copper_far()};
+    ShortCircuitTyping typing{copper_far()};
     typing.choose(&C::Anzahl_KS_fluesse, 2).type(&C::Tk1, "0.5").type(&C::Tk2, "0.5");
     const ShortCircuitResult two = KS_Auswertung(typing.form.content());
     EXPECT_EQ(two.T_k, 1);
@@ -159,7 +159,7 @@ constexpr EquipmentRow equipment_rows[] = {
 
 TEST(Auswertung, equipment_is_judged_on_both_sides_of_its_rated_short_time) {
     for (const auto& [Ith, T_k, verdict] : equipment_rows) {
-        KsTyping typing{limited_equipment()};
+        ShortCircuitTyping typing{limited_equipment()};
         typing.type(&C::Ith, Ith).type(&C::T_k, T_k);
         EXPECT_EQ(KS_Auswertung(typing.form.content()).verdict_Betriebsmittel, verdict)
             << Ith << " kA " << T_k << " s";
@@ -177,7 +177,7 @@ TEST(Auswertung, conductor_that_just_reaches_its_limit_withstands) {
 }
 
 TEST(Auswertung, rated_short_time_cancels_for_a_conductor) {
-    KsTyping typing{copper_far()};
+    ShortCircuitTyping typing{copper_far()};
     typing.type(&C::Tkr, "4");
     const ShortCircuitResult result = KS_Auswertung(typing.form.content());
     expect_near(result.S_thr, 126.59268726952192 / 2);
@@ -201,7 +201,7 @@ constexpr MaterialRow material_rows[] = {
 };
 
 double factor_K(std::int16_t material, const char* theta_b, const char* theta_e) {
-    KsTyping typing{copper_far()};
+    ShortCircuitTyping typing{copper_far()};
     typing.choose(&C::Leitermaterial_ks, material)
         .type(&C::theta_b, theta_b)
         .type(&C::theta_e, theta_e);

@@ -13,12 +13,12 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-KsResultPage page_of(const ShortCircuitForm& form,
-                     DecimalSeparator separator = DecimalSeparator::Point) {
+VerdictPage page_of(const ShortCircuitForm& form,
+                    DecimalSeparator separator = DecimalSeparator::Point) {
     return KS_Ergebnisanzeige(form.content(), KS_Auswertung(form.content()), separator);
 }
 
-std::vector<std::string> texts(const KsResultGroup& group) {
+std::vector<std::string> texts(const VerdictGroup& group) {
     std::vector<std::string> all;
     for (const auto& [label, value, unit] : group.rows)
         all.push_back(std::string(label) + "|" + value + "|" + std::string(unit));
@@ -26,7 +26,7 @@ std::vector<std::string> texts(const KsResultGroup& group) {
 }
 
 TEST(ResultPage, one_flow_leaves_the_cells_of_the_others_empty) {
-    const KsResultPage page = page_of(copper_far());
+    const VerdictPage page = page_of(copper_far());
     EXPECT_EQ(page.verdict, "Der Leiter ist thermisch kurzschlußfest !");
     EXPECT_TRUE(page.withstands);
     ASSERT_THAT(page.groups, SizeIs(2));
@@ -47,7 +47,7 @@ TEST(ResultPage, one_flow_leaves_the_cells_of_the_others_empty) {
 }
 
 TEST(ResultPage, three_flows_fill_all_cells_with_the_separator_of_the_session) {
-    const KsResultPage page = page_of(aluminium_near(), DecimalSeparator::Comma);
+    const VerdictPage page = page_of(aluminium_near(), DecimalSeparator::Comma);
     EXPECT_EQ(page.verdict, "Der Leiter ist thermisch nicht kurzschlußfest !");
     EXPECT_FALSE(page.withstands);
     EXPECT_THAT(
@@ -61,7 +61,7 @@ TEST(ResultPage, three_flows_fill_all_cells_with_the_separator_of_the_session) {
 }
 
 TEST(ResultPage, given_current_shows_no_flows) {
-    const KsResultPage page = page_of(limited_equipment());
+    const VerdictPage page = page_of(limited_equipment());
     EXPECT_EQ(page.verdict, "Das Betriebsmittel ist thermisch nicht kurzschlußfest !");
     EXPECT_FALSE(page.withstands);
     ASSERT_THAT(page.groups, SizeIs(1));
@@ -73,9 +73,9 @@ TEST(ResultPage, given_current_shows_no_flows) {
 
 TEST(ResultPage, equipment_up_to_its_rated_short_time) {
     for (const auto& [Ith, answer] : {std::pair("25", "ja"), std::pair("26", "nein")}) {
-        KsTyping typing{limited_equipment()};
+        ShortCircuitTyping typing{limited_equipment()};
         typing.type(&C::T_k, "1").type(&C::Ith, Ith);  // T_k is T_kr: the first rule holds
-        const KsResultPage page = page_of(typing.form);
+        const VerdictPage page = page_of(typing.form);
         EXPECT_EQ(page.withstands, std::string(answer) == "ja");
         EXPECT_THAT(
             texts(page.groups.at(0)),
@@ -84,16 +84,16 @@ TEST(ResultPage, equipment_up_to_its_rated_short_time) {
 }
 
 TEST(ResultPage, equipment_that_withstands_a_longer_flow) {
-    KsTyping typing{limited_equipment()};
+    ShortCircuitTyping typing{limited_equipment()};
     typing.type(&C::Ith, "12.5").type(&C::T_k, "4");
-    const KsResultPage page = page_of(typing.form);
+    const VerdictPage page = page_of(typing.form);
     EXPECT_EQ(page.verdict, "Das Betriebsmittel ist thermisch kurzschlußfest !");
     EXPECT_TRUE(page.withstands);
     EXPECT_EQ(texts(page.groups.at(0)).back(), "I_th <= I_thr * SQR(T_kr / T_k) :|ja|");
 }
 
 TEST(ResultPage, nothing_computed_shows_nothing) {
-    const KsResultPage page = KS_Ergebnisanzeige({}, {}, DecimalSeparator::Point);
+    const VerdictPage page = KS_Ergebnisanzeige({}, {}, DecimalSeparator::Point);
     EXPECT_EQ(page.verdict, "");
     EXPECT_THAT(page.groups, IsEmpty());
 }

@@ -159,14 +159,14 @@ TEST(ShortCircuitFile, written_case_reads_as_the_same_under_either_separator) {
         }
         C read_back = read(values).form.content();
         // The texts of a material have a comma; written out they are numbers.
-        for (const KsBox box : {&C::waermekapaz, &C::kappa20_ks, &C::Tk20_ks, &C::Dichte_rho})
+        for (const NumberKey box : {&C::waermekapaz, &C::kappa20_ks, &C::Tk20_ks, &C::Dichte_rho})
             (read_back.*box).text = (written.content().*box).text;
         EXPECT_EQ(read_back, written.content());
     }
 }
 
 TEST(ShortCircuitFile, numbers_are_written_with_the_digits_that_were_typed) {
-    KsTyping typing;
+    ShortCircuitTyping typing;
     typing.type(&C::Tkr, "0.1").type(&C::A_Leiter, "263.7").choose(&C::Leiter_Bmittel, 1);
     EXPECT_THAT(values_of(typing.form.content()),
                 ElementsAre(FlatMember{"Leiter_Bmittel", 1.0}, FlatMember{"Tkr", 0.1},

@@ -16,31 +16,31 @@ using testing::IsEmpty;
 using testing::SizeIs;
 using testing::UnorderedElementsAre;
 
-constexpr KsBox every_box[] = {&C::Frequenz_ks, &C::IK2,     &C::IK,      &C::Kappa,   &C::Tk1,
-                               &C::Tk2,         &C::Tk3,     &C::Ith,     &C::T_k,     &C::Tkr,
-                               &C::Ithr,        &C::theta_b, &C::theta_e, &C::A_Leiter};
+constexpr NumberKey every_box[] = {&C::Frequenz_ks, &C::IK2,     &C::IK,      &C::Kappa,   &C::Tk1,
+                                   &C::Tk2,         &C::Tk3,     &C::Ith,     &C::T_k,     &C::Tkr,
+                                   &C::Ithr,        &C::theta_b, &C::theta_e, &C::A_Leiter};
 
 /// A form with "1.5" in every box of the first page and in the section.
 ShortCircuitForm filled() {
-    KsTyping typing;
-    for (const KsBox box : every_box) typing.type(box, "1.5");
+    ShortCircuitTyping typing;
+    for (const NumberKey box : every_box) typing.type(box, "1.5");
     return typing.form;
 }
 
 /// The names of closed boxes and lists.
 std::vector<std::string> closed(const ShortCircuitForm& form) {
     std::vector<std::string> names;
-    for (const KsField& field : short_circuit_fields()) {
-        const auto* box = std::get_if<KsBox>(&field.key);
-        const auto* list = std::get_if<KsList>(&field.key);
+    for (const ShortCircuitField& field : short_circuit_fields()) {
+        const auto* box = std::get_if<NumberKey>(&field.key);
+        const auto* list = std::get_if<ListKey>(&field.key);
         if ((box != nullptr && !form.is_open(*box)) || (list != nullptr && !form.is_open(*list)))
             names.emplace_back(field.name);
     }
     return names;
 }
 
-void expect_gone(const ShortCircuitForm& form, std::initializer_list<KsBox> boxes) {
-    for (const KsBox box : every_box) {
+void expect_gone(const ShortCircuitForm& form, std::initializer_list<NumberKey> boxes) {
+    for (const NumberKey box : every_box) {
         const bool gone = std::find(boxes.begin(), boxes.end(), box) != boxes.end();
         EXPECT_EQ(form.content().*box, gone ? Entry{} : (Entry{"1.5", 1.5})) << name_of(box);
     }
@@ -195,13 +195,13 @@ TEST(MaterialList, writes_texts_with_a_comma_and_32_bit_numbers) {
               " Benutzerdefinierte Werteeingabe oder aus Seildatenbank eingelesen");
 }
 
-void type_by_hand(ShortCircuitForm& form, KsBox box, const char* text) {
+void type_by_hand(ShortCircuitForm& form, NumberKey box, const char* text) {
     form.typed_into(box);
     form.change(box, text, {LangId::German, DecimalSeparator::Point});
 }
 
 TEST(MaterialList, goes_to_index_0_when_a_value_is_typed_by_hand) {
-    for (const KsBox box : {&C::waermekapaz, &C::kappa20_ks, &C::Tk20_ks, &C::Dichte_rho}) {
+    for (const NumberKey box : {&C::waermekapaz, &C::kappa20_ks, &C::Tk20_ks, &C::Dichte_rho}) {
         ShortCircuitForm form;
         form.choose(&C::Leitermaterial_ks, 1);
         type_by_hand(form, box, "100");
@@ -262,7 +262,9 @@ TEST(TakeOver, fills_the_labels_and_the_values_of_the_layers) {
     EXPECT_EQ(c.kappa20_ks, (Entry{"35,38", 35.38F}));
     EXPECT_EQ(c.Tk20_ks, (Entry{"0,004", 0.004F}));
     EXPECT_EQ(c.Dichte_rho, (Entry{"2703", 2703}));
-    const auto label = [&](KsKey key) { return label_text(c, key, DecimalSeparator::Comma); };
+    const auto label = [&](ShortCircuitKey key) {
+        return label_text(c, key, DecimalSeparator::Comma);
+    };
     EXPECT_EQ(label(&C::Norm_ks), "EN 50182");
     EXPECT_EQ(label(&C::Normjahr_ks), "2001");
     EXPECT_EQ(label(&C::Normmonat_ks), "05");
@@ -311,9 +313,10 @@ TEST(Respell, typed_numbers_follow_the_separator) {
 }
 
 TEST(Labels, are_empty_without_a_record) {
-    for (const KsKey key :
-         {KsKey(&C::werkstoff_ks), KsKey(&C::Normjahr_ks), KsKey(&C::Normmonat_ks),
-          KsKey(&C::Seilquerschnitt_ks), KsKey(&C::Mantelquerschnitt_ks)})
+    for (const ShortCircuitKey key :
+         {ShortCircuitKey(&C::werkstoff_ks), ShortCircuitKey(&C::Normjahr_ks),
+          ShortCircuitKey(&C::Normmonat_ks), ShortCircuitKey(&C::Seilquerschnitt_ks),
+          ShortCircuitKey(&C::Mantelquerschnitt_ks)})
         EXPECT_EQ(label_text({}, key, DecimalSeparator::Point), "");
 }
 
@@ -331,7 +334,7 @@ TEST(NewCase, is_asked_for_in_both_languages) {
 
 TEST(Fields, have_names_that_are_found_in_any_spelling) {
     EXPECT_THAT(short_circuit_fields(), SizeIs(34));
-    for (const KsField& field : short_circuit_fields()) {
+    for (const ShortCircuitField& field : short_circuit_fields()) {
         EXPECT_EQ(find_short_circuit_field(field.name), &field);
         EXPECT_EQ(name_of(field.key), field.name);
     }

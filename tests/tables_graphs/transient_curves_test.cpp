@@ -3,10 +3,25 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "fakes/recording_canvas.h"
-
 namespace zel {
 namespace {
+
+/// Records what is drawn.
+class RecordingCanvas : public Canvas {
+public:
+    struct Line {
+        double x1, y1, x2, y2;
+        Pen pen;
+
+        friend bool operator==(const Line&, const Line&) = default;
+    };
+
+    void line(double x1, double y1, double x2, double y2, const Pen& pen) override {
+        lines.push_back({x1, y1, x2, y2, pen});
+    }
+
+    std::vector<Line> lines;
+};
 
 using testing::ElementsAre;
 using Line = RecordingCanvas::Line;

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/files.h"
 #include "platform/settings_store.h"
-#include "platform/text_files.h"
 
 namespace zel {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/flat_object.h"
+#include "platform/case_store.h"
 
 namespace zel {
 

@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <thread>
 
-#include "adapters/posix/posix_fault.h"
+#include "adapters/posix/descriptor.h"
 #include "adapters/posix/text_file.h"
 #include "platform/errors.h"
 

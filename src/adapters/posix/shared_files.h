@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/text_files.h"
+#include "platform/files.h"
 
 namespace zel {
 

@@ -3,7 +3,7 @@
 #include <functional>
 #include <optional>
 
-#include "platform/system_facts.h"
+#include "platform/system.h"
 
 namespace zel {
 

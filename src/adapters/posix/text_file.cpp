@@ -7,28 +7,13 @@
 #include <cerrno>
 #include <cstring>
 
-#include "adapters/posix/posix_fault.h"
+#include "adapters/posix/descriptor.h"
 #include "platform/errors.h"
 
 namespace zel {
 namespace {
 
 constexpr std::size_t size_limit = 16U << 20U;
-
-class Descriptor {
-public:
-    explicit Descriptor(const std::string& path)
-        : number_(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
-    ~Descriptor() {
-        if (number_ > STDIN_FILENO) ::close(number_);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    [[nodiscard]] int number() const { return number_; }
-
-private:
-    int number_;
-};
 
 [[noreturn]] void refuse(const std::string& path, int error_number) {
     throw InputError(path + ": " + std::strerror(error_number), posix_fault(error_number));
@@ -39,7 +24,7 @@ private:
 bool file_exists(const std::string& path) { return ::access(path.c_str(), F_OK) == 0; }
 
 std::string read_text_file(const std::string& path) {
-    const Descriptor file(path);
+    const Descriptor file = path == "-" ? Descriptor() : Descriptor(path);
     if (file.number() < 0) refuse(path, errno);
     std::string content;
     std::array<char, 65536> buffer{};

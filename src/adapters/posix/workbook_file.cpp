@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "adapters/posix/descriptor.h"
 #include "adapters/posix/text_file.h"
 #include "platform/workbook.h"
 
@@ -18,21 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr off_t largest_file = off_t{1} << 30;
-
-class Descriptor {
-public:
-    explicit Descriptor(const std::string& path)
-        : number_(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
-    ~Descriptor() {
-        if (number_ >= 0) ::close(number_);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    [[nodiscard]] int number() const { return number_; }
-
-private:
-    int number_;
-};
 
 [[noreturn]] void refuse(const std::string& path, WorkbookFault fault, const std::string& reason) {
     throw WorkbookError(fault, path + ": " + reason);

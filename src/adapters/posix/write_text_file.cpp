@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <optional>
 
-#include "adapters/posix/posix_fault.h"
+#include "adapters/posix/descriptor.h"
 #include "adapters/posix/text_file.h"
 #include "platform/errors.h"
 

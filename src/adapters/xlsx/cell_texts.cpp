@@ -6,26 +6,15 @@
 #include <cstdint>
 #include <cstdio>
 #include <map>
-#include <pugixml.hpp>
 
+#include "adapters/xlsx/sheet_row.h"
 #include "adapters/xlsx/xml_tags.h"
 #include "platform/text/number_text.h"
-#include "platform/workbook.h"
 
 namespace zel::xlsx {
 namespace {
 
 constexpr unsigned parse_flags = pugi::parse_default | pugi::parse_ws_pcdata | pugi::parse_fragment;
-
-[[noreturn]] void refuse(const std::string& reason) {
-    throw WorkbookError(WorkbookFault::Damaged, reason);
-}
-
-pugi::xml_node child(const pugi::xml_node& parent, std::string_view name) {
-    for (const pugi::xml_node node : parent.children())
-        if (local_name(node.name()) == name) return node;
-    return {};
-}
 
 /// The text of a string item: its one text, or those of its runs.
 std::string text_of_item(const pugi::xml_node& item) {
@@ -59,14 +48,14 @@ void CellTexts::read_shared_strings(std::string_view xml) {
     TagWalk walk(xml);
     while (const auto element = next_element(xml, walk, "si")) {
         if (!item.load_buffer(element->data(), element->size(), parse_flags, pugi::encoding_utf8))
-            refuse("its shared strings are damaged");
+            refuse_damaged("its shared strings are damaged");
         shared_.push_back(text_of_item(item.first_child()));
     }
 }
 
 void CellTexts::read_styles(std::string_view xml) {
     pugi::xml_document styles;
-    if (!styles.load_buffer(xml.data(), xml.size())) refuse("its styles are damaged");
+    if (!styles.load_buffer(xml.data(), xml.size())) refuse_damaged("its styles are damaged");
     const pugi::xml_node sheet = styles.document_element();
     std::map<int, bool> own_formats;
     for (const pugi::xml_node format : child(sheet, "numFmts").children())
@@ -88,8 +77,8 @@ std::string CellTexts::of(const pugi::xml_node& c) const {
     if (type == "s") {
         const auto index = number_in<std::size_t>(value);
         if (!index || *index >= shared_.size())
-            refuse(std::string("cell ") + c.attribute("r").value() +
-                   " names a shared string that is not there");
+            refuse_damaged(std::string("cell ") + c.attribute("r").value() +
+                           " names a shared string that is not there");
         return shared_[*index];
     }
     if (type == "b") return value.empty() ? "" : value == "1" || value == "true" ? "TRUE" : "FALSE";

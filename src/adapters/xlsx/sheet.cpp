@@ -5,14 +5,9 @@
 #include <optional>
 
 #include "adapters/xlsx/xml_tags.h"
-#include "platform/workbook.h"
 
 namespace zel::xlsx {
 namespace {
-
-[[noreturn]] void refuse(const std::string& reason) {
-    throw WorkbookError(WorkbookFault::Damaged, reason);
-}
 
 /// The number of a row without taking the row apart; 0 where the tag has none.
 int row_number(std::string_view tag) {
@@ -31,7 +26,7 @@ void read_column_styles(std::string_view element, SheetIndex& index) {
     pugi::xml_document cols;
     if (!cols.load_buffer(element.data(), element.size(),
                           pugi::parse_default | pugi::parse_fragment, pugi::encoding_utf8))
-        refuse("has damaged columns");
+        refuse_damaged("has damaged columns");
     for (const pugi::xml_node col : cols.first_child().children())
         if (const std::string_view style = col.attribute("style").value(); !style.empty())
             index.column_styles.push_back(
@@ -51,11 +46,12 @@ void index_rows(std::string_view xml, TagWalk& walk, SheetIndex& index) {
         if (local_name(tag->name) != "row") continue;
         const int given = row_number(xml.substr(tag->begin, tag->end - tag->begin));
         const int number = given == 0 ? former + 1 : given;
-        if (number <= former) refuse("its row " + std::to_string(number) + " is out of order");
+        if (number <= former)
+            refuse_damaged("its row " + std::to_string(number) + " is out of order");
         former = number;
         index.rows.push_back({number, {tag->begin, tag->begin + element.size()}});
     }
-    refuse("ends in the middle of its rows");
+    refuse_damaged("ends in the middle of its rows");
 }
 
 }  // namespace
@@ -78,7 +74,7 @@ std::string_view SheetIndex::style_of(int column) const {
 SheetIndex index_of_sheet(std::string_view xml) {
     // Row by row only UTF-8 can be cut.
     if (xml.starts_with("\xFE\xFF") || xml.starts_with("\xFF\xFE"))
-        refuse("is written in UTF-16, which is not understood");
+        refuse_damaged("is written in UTF-16, which is not understood");
     SheetIndex index;
     TagWalk walk(xml);
     for (bool first = true; const auto tag = walk.next(); first = false) {
@@ -94,7 +90,7 @@ SheetIndex index_of_sheet(std::string_view xml) {
         if (tag->kind == TagKind::Open) index_rows(xml, walk, index);
         return index;
     }
-    refuse("has no cells");
+    refuse_damaged("has no cells");
 }
 
 Sheet::Sheet(std::string xml, const CellTexts& texts)

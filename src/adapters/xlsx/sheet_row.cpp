@@ -4,25 +4,26 @@
 
 #include "adapters/xlsx/cell_name.h"
 #include "adapters/xlsx/xml_tags.h"
-#include "platform/workbook.h"
 
 namespace zel::xlsx {
 namespace {
-
-[[noreturn]] void refuse(const std::string& reason) {
-    throw WorkbookError(WorkbookFault::Damaged, reason);
-}
 
 int column_of(const pugi::xml_node& cell, int former) {
     const std::string_view name = cell.attribute("r").value();
     if (name.empty()) return former + 1;
     const auto place = cell_place(name);
-    if (!place) refuse("has a cell named " + std::string(name));
-    if (place->column <= former) refuse("cell " + std::string(name) + " is out of order");
+    if (!place) refuse_damaged("has a cell named " + std::string(name));
+    if (place->column <= former) refuse_damaged("cell " + std::string(name) + " is out of order");
     return place->column;
 }
 
 }  // namespace
+
+pugi::xml_node child(const pugi::xml_node& parent, std::string_view name) {
+    for (const pugi::xml_node node : parent.children())
+        if (local_name(node.name()) == name) return node;
+    return {};
+}
 
 void SheetRow::parse(std::string_view element) {
     text_ = element;
@@ -31,7 +32,7 @@ void SheetRow::parse(std::string_view element) {
     const auto parsed = document_.load_buffer(
         element.data(), element.size(),
         pugi::parse_default | pugi::parse_ws_pcdata | pugi::parse_fragment, pugi::encoding_utf8);
-    if (!parsed) refuse(std::string("has a damaged row: ") + parsed.description());
+    if (!parsed) refuse_damaged(std::string("has a damaged row: ") + parsed.description());
     int column = 0;
     std::size_t* open_end = nullptr;  // of the cell before, which ends where the next node begins
     for (const pugi::xml_node node : this->node().children()) {

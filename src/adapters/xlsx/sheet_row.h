@@ -7,6 +7,9 @@
 
 namespace zel::xlsx {
 
+/// The first child of the local name `name`; null where there is none.
+[[nodiscard]] pugi::xml_node child(const pugi::xml_node& parent, std::string_view name);
+
 /// A cell of a row with the place of its element in the text of the row.
 struct SheetCell {
     int column = 0;

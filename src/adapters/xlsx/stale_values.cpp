@@ -35,12 +35,6 @@ struct Formula {
     bool stale = false;
 };
 
-pugi::xml_node child(const pugi::xml_node& parent, std::string_view name) {
-    for (const pugi::xml_node node : parent.children())
-        if (local_name(node.name()) == name) return node;
-    return {};
-}
-
 bool has_formulas(std::string_view text) {
     for (std::size_t at = text.find("f"); at != text.npos; at = text.find("f", at + 1)) {
         const char before = at == 0 ? ' ' : text[at - 1];

@@ -3,17 +3,13 @@
 #include <pugixml.hpp>
 
 #include "adapters/xlsx/xml_tags.h"
-#include "platform/workbook.h"
 
 namespace zel::xlsx {
 namespace {
 
-[[noreturn]] void refuse(const std::string& reason) {
-    throw WorkbookError(WorkbookFault::Damaged, reason);
-}
-
 void parse(pugi::xml_document& document, const std::string& xml, const std::string& part) {
-    if (!document.load_buffer(xml.data(), xml.size())) refuse("its part " + part + " is damaged");
+    if (!document.load_buffer(xml.data(), xml.size()))
+        refuse_damaged("its part " + part + " is damaged");
 }
 
 std::string folder_of(const std::string& part) {
@@ -59,7 +55,7 @@ std::string workbook_part(const Archive& archive) {
     for (const pugi::xml_node node : document.document_element().children())
         if (is_of_type(node, "officeDocument"))
             return resolved({}, node.attribute("Target").value());
-    refuse("is no workbook");
+    refuse_damaged("is no workbook");
 }
 
 void read_workbook(const std::string& xml, WorkbookParts& parts,
@@ -102,7 +98,7 @@ void remove_children(Archive& archive, const std::string& part, Unwanted unwante
     const std::string xml = archive.read(part);
     pugi::xml_document document;
     if (!document.load_buffer(xml.data(), xml.size(), keep_all))
-        refuse("its part " + part + " is damaged");
+        refuse_damaged("its part " + part + " is damaged");
     pugi::xml_node root = document.document_element();
     for (pugi::xml_node node = root.first_child(); node;) {
         const pugi::xml_node next = node.next_sibling();
@@ -147,7 +143,7 @@ void demand_calculation(Archive& archive, const WorkbookParts& parts) {
     const std::string xml = archive.read(parts.workbook);
     pugi::xml_document document;
     if (!document.load_buffer(xml.data(), xml.size(), keep_all))
-        refuse("its part " + parts.workbook + " is damaged");
+        refuse_damaged("its part " + parts.workbook + " is damaged");
     pugi::xml_node root = document.document_element();
     const std::string_view root_name = root.name();
     const std::string prefix(root_name.substr(0, root_name.size() - local_name(root_name).size()));

@@ -7,7 +7,7 @@
 #include <new>
 #include <utility>
 
-#include "platform/workbook.h"
+#include "adapters/xlsx/xml_tags.h"
 
 namespace zel::xlsx {
 namespace {
@@ -15,10 +15,6 @@ namespace {
 constexpr zip_uint64_t largest_part = 2ULL << 30U;
 // The best compression takes six times as long for a tenth less.
 constexpr zip_uint32_t compression_level = 3;
-
-[[noreturn]] void refuse(const std::string& reason) {
-    throw WorkbookError(WorkbookFault::Damaged, reason);
-}
 
 std::string reason_of(zip_error_t& error) {
     std::string reason = zip_error_strerror(&error);
@@ -40,17 +36,17 @@ bool is_compound_file(std::string_view bytes) { return bytes.starts_with("\xD0\x
 
 Archive::Archive(std::string_view bytes) {
     // The library takes it for a new archive.
-    if (bytes.empty()) refuse("is no xlsx file (it is empty)");
+    if (bytes.empty()) refuse_damaged("is no xlsx file (it is empty)");
     if (is_compound_file(bytes))
-        refuse("is no xlsx file but one of the older kind, or protected by a password");
+        refuse_damaged("is no xlsx file but one of the older kind, or protected by a password");
     zip_error_t error;
     zip_error_init(&error);
     source_ = zip_source_buffer_create(allocated_copy(bytes), bytes.size(), 1, &error);
-    if (source_ == nullptr) refuse(reason_of(error));
+    if (source_ == nullptr) refuse_damaged(reason_of(error));
     zip_ = zip_open_from_source(source_, ZIP_CHECKCONS, &error);
     if (zip_ == nullptr) {
         zip_source_free(source_);
-        refuse("is no xlsx file (" + reason_of(error) + ")");
+        refuse_damaged("is no xlsx file (" + reason_of(error) + ")");
     }
     zip_error_fini(&error);
     // Outlives the closing, so that the new bytes can be read from it.
@@ -71,10 +67,11 @@ std::string Archive::read(const std::string& part) const {
     zip_stat_init(&state);
     if (zip_stat(zip_, part.c_str(), ZIP_FL_NOCASE, &state) != 0 ||
         (state.valid & ZIP_STAT_SIZE) == 0)
-        refuse("has no part " + part);
-    if (state.size > largest_part) refuse("its part " + part + " is larger than 2 GiB");
+        refuse_damaged("has no part " + part);
+    if (state.size > largest_part) refuse_damaged("its part " + part + " is larger than 2 GiB");
     zip_file_t* file = zip_fopen_index(zip_, state.index, 0);
-    if (file == nullptr) refuse("its part " + part + " cannot be read: " + zip_strerror(zip_));
+    if (file == nullptr)
+        refuse_damaged("its part " + part + " cannot be read: " + zip_strerror(zip_));
     std::string content(state.size, '\0');
     const zip_int64_t count = zip_fread(file, content.data(), content.size());
     // The checksum is compared at the end of the part.
@@ -82,7 +79,7 @@ std::string Archive::read(const std::string& part) const {
     const bool whole =
         count == static_cast<zip_int64_t>(state.size) && zip_fread(file, &beyond, 1) == 0;
     zip_fclose(file);
-    if (!whole) refuse("its part " + part + " is damaged");
+    if (!whole) refuse_damaged("its part " + part + " is damaged");
     return content;
 }
 
@@ -96,7 +93,7 @@ void Archive::replace(const std::string& part, std::string content) {
         zip_file_add(zip_, part.c_str(), source, ZIP_FL_ENC_UTF_8 | ZIP_FL_OVERWRITE);
     if (index < 0) {
         zip_source_free(source);
-        refuse("its part " + part + " cannot be replaced: " + zip_strerror(zip_));
+        refuse_damaged("its part " + part + " cannot be replaced: " + zip_strerror(zip_));
     }
     zip_set_file_compression(zip_, static_cast<zip_uint64_t>(index), ZIP_CM_DEFLATE,
                              compression_level);
@@ -108,17 +105,18 @@ void Archive::remove(const std::string& part) {
 }
 
 std::string Archive::close() {
-    if (zip_close(zip_) != 0) refuse(std::string("cannot be packed: ") + zip_strerror(zip_));
+    if (zip_close(zip_) != 0)
+        refuse_damaged(std::string("cannot be packed: ") + zip_strerror(zip_));
     zip_ = nullptr;
     zip_stat_t state;
     zip_stat_init(&state);
     if (zip_source_stat(source_, &state) != 0 || zip_source_open(source_) != 0)
-        refuse("cannot be packed");
+        refuse_damaged("cannot be packed");
     std::string bytes(state.size, '\0');
     const bool whole = zip_source_read(source_, bytes.data(), bytes.size()) ==
                        static_cast<zip_int64_t>(state.size);
     zip_source_close(source_);
-    if (!whole) refuse("cannot be packed");
+    if (!whole) refuse_damaged("cannot be packed");
     return bytes;
 }
 

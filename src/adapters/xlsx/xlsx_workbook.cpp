@@ -1,7 +1,6 @@
 #include "adapters/xlsx/xlsx_workbook.h"
 
 #include <algorithm>
-#include <cctype>
 #include <map>
 #include <utility>
 #include <vector>
@@ -13,18 +12,12 @@
 #include "adapters/xlsx/stale_values.h"
 #include "adapters/xlsx/workbook_parts.h"
 #include "platform/text/number_text.h"
+#include "platform/text/text.h"
 
 namespace zel {
 namespace {
 
 using namespace xlsx;
-
-/// Spreadsheet programs do not tell large letters from small ones in names of sheets.
-bool same_name(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char x, char y) { return lower(x) == lower(y); });
-}
 
 struct OpenSheet {
     std::unique_ptr<Sheet> sheet;
@@ -48,6 +41,7 @@ public:
     }
 
     void select(std::string_view sheet) override {
+        // Spreadsheet programs do not tell large letters from small ones in names of sheets.
         const auto part =
             std::find_if(parts_.sheets.begin(), parts_.sheets.end(),
                          [&](const SheetPart& p) { return same_name(p.name, sheet); });

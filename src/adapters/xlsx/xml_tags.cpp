@@ -5,11 +5,13 @@
 namespace zel::xlsx {
 namespace {
 
-[[noreturn]] void refuse_end() {
-    throw WorkbookError(WorkbookFault::Damaged, "an XML part ends in the middle");
-}
+[[noreturn]] void refuse_end() { refuse_damaged("an XML part ends in the middle"); }
 
 }  // namespace
+
+void refuse_damaged(const std::string& reason) {
+    throw WorkbookError(WorkbookFault::Damaged, reason);
+}
 
 std::size_t TagWalk::behind(std::string_view mark, std::size_t from) const {
     const std::size_t found = xml_.find(mark, from);

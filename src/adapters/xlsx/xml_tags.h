@@ -2,11 +2,15 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 // Tags of an XML text by their bytes, for texts of which nearly all is copied as it stands.
 
 namespace zel::xlsx {
+
+/// Throws `WorkbookError` (`Damaged`).
+[[noreturn]] void refuse_damaged(const std::string& reason);
 
 enum class TagKind { Open, Close, Empty };
 

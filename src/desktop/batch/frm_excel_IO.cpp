@@ -1,6 +1,5 @@
 #include "desktop/batch/frm_excel_IO.h"
 
-#include <QCoreApplication>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -13,8 +12,8 @@
 #include <QVBoxLayout>
 #include <cmath>
 
-#include "desktop/frame/group.h"
-#include "desktop/frame/qt_text.h"
+#include "desktop/frame/events.h"
+#include "desktop/frame/widgets.h"
 #include "excel_batch/batch_texts.h"
 #include "excel_batch/test_rows.h"
 #include "forms/config_options.h"
@@ -26,7 +25,6 @@ using namespace excel_batch;
 
 constexpr std::string_view module_name = "MOD02EXCEL";
 constexpr int percent_unit = 100;  // steps of the bar in a percent
-constexpr qint64 pause = 30;       // ms between two looks at the windows
 
 constexpr Text steady_title = {"Excel-Berechnung stationär", "Excel calculation steady-state"};
 constexpr Text transient_title = {"Excel-Berechnung instationär (PATL / TATL)",
@@ -71,51 +69,34 @@ QString plain_caption(const Text& text, LangId lang) { return qt(text, lang).rep
 
 std::string folder_of_path(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
 
-}  // namespace
-
-/// Shows the run in the window, and lets the windows live after each row.
-class FrmExcelIO::Observer : public BatchObserver {
+/// Hands the progress of a batch to the job that it runs in.
+class Observer : public BatchObserver {
 public:
-    explicit Observer(FrmExcelIO& form) : form_(form) {}
+    explicit Observer(Job& job) : job_(job) {}
 
-    void status(const std::string& line) override {
-        form_.status_->setText(qt(line));
-        look();
-    }
+    void status(const std::string& line) override { tell(at_.line, line); }
     void percent(double percent) override {
-        form_.progress_->setValue(static_cast<int>(percent * percent_unit));
-        const bool whole = std::floor(percent) == percent;
-        form_.progress_->setFormat(
-            qt(masked(percent, whole ? "##0 %" : "##0.0# %", form_.state_.session.separator)));
-        look();
+        if (!job_.cancelled()) tell(at_.percent, percent);
     }
-    void active_rows(const std::string& line) override { form_.active_rows_->setText(qt(line)); }
-    void time_suffix(std::string_view suffix) override { suffix_ = suffix; }
-    bool cancelled() override {
-        if (form_.clock_.elapsed() - looked_ >= pause) look();
-        return form_.stop_;
-    }
-
-    /// Shows the elapsed time and handles what happened in the windows.
-    void look() {
-        looked_ = form_.clock_.elapsed();
-        const std::string time = duration_text(static_cast<double>(looked_) / 1000) + suffix_;
-        form_.elapsed_->setText(qt(fill(elapsed_line.in(form_.lang()), {time})));
-        QCoreApplication::processEvents();
-    }
-    void begin() {
-        suffix_.clear();
-        looked_ = 0;
-    }
+    void active_rows(const std::string& line) override { tell(at_.amount, line); }
+    void time_suffix(std::string_view suffix) override { tell(at_.time_suffix, suffix); }
+    bool cancelled() override { return job_.cancelled(); }
 
 private:
-    FrmExcelIO& form_;
-    std::string suffix_;
-    qint64 looked_ = 0;
+    template <class T, class Value>
+    void tell(T& part, const Value& value) {
+        part = value;
+        job_.tell(at_);
+    }
+
+    Job& job_;
+    JobProgress at_;
 };
 
+}  // namespace
+
 FrmExcelIO::FrmExcelIO(QWidget* parent, DesktopState& state, ExcelMode mode)
-    : QDialog(parent), state_(state), mode_(mode), observer_(std::make_unique<Observer>(*this)) {
+    : QDialog(parent), state_(state), mode_(mode) {
     setObjectName("frm_excel_IO");
     // Nothing may change under a run.
     setWindowModality(Qt::ApplicationModal);
@@ -142,14 +123,12 @@ FrmExcelIO::FrmExcelIO(QWidget* parent, DesktopState& state, ExcelMode mode)
     resize(720, sizeHint().height());
 }
 
-FrmExcelIO::~FrmExcelIO() = default;
-
 QPushButton* FrmExcelIO::make_button(const char* name, const Text& caption,
                                      void (FrmExcelIO::*action)()) {
     auto* button = new QPushButton(qt(caption, lang()));
     button->setObjectName(name);
     button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, [this, action] { (this->*action)(); });
+    on(button, &QPushButton::clicked, [this, action] { (this->*action)(); });
     at_rest_.push_back(button);
     return button;
 }
@@ -165,8 +144,8 @@ QWidget* FrmExcelIO::make_choice() {
     (with ? with_conductor_ : without_conductor_)->setChecked(true);
     for (QRadioButton* option : {with_conductor_, without_conductor_}) {
         const std::int16_t value = option == with_conductor_ ? 1 : 2;
-        connect(option, &QRadioButton::clicked, this, [this, value] {
-            state_.change(&ProgramSettings::Excel_Leiterdaten_Merker, value);
+        on(option, &QRadioButton::clicked, [this, value] {
+            state_.settings.change(&ProgramSettings::Excel_Leiterdaten_Merker, value);
         });
         layout->addWidget(option);
     }
@@ -231,44 +210,44 @@ QWidget* FrmExcelIO::make_tests() {
 }
 
 void FrmExcelIO::set_running(bool running) {
-    running_ = running;
+    if (!running) job_ = nullptr;
     for (QWidget* widget : at_rest_) widget->setEnabled(!running);
     stop_button_->setEnabled(running);
     open_->setEnabled(!running && !path_.empty());
 }
 
-std::string FrmExcelIO::choose_workbook() {
+void FrmExcelIO::show_job(Job& job, const JobProgress& at, double seconds) {
+    job_ = &job;
+    status_->setText(qt(at.line));
+    active_rows_->setText(qt(at.amount));
+    show_percent(at.percent);
+    elapsed_->setText(qt(fill(elapsed_line.in(lang()), {duration_text(seconds) + at.time_suffix})));
+}
+
+void FrmExcelIO::show_percent(double percent) {
+    progress_->setValue(static_cast<int>(percent * percent_unit));
+    const bool whole = std::floor(percent) == percent;
+    progress_->setFormat(
+        qt(masked(percent, whole ? "##0 %" : "##0.0# %", state_.session.separator)));
+}
+
+bool FrmExcelIO::choose_workbook() {
     while (true) {
         PathQuestion question = {std::string(select_title.in(lang())), folder_of_path(path_),
                                  select_filters.in(lang()), "xlsx"};
         question.existing = true;
         const auto path = state_.chooser.path_to_select(question);
-        if (!path) return {};
-        if (!is_shipped_template(*path, state_.data_folder)) return *path;
+        if (!path) return false;
+        if (!is_shipped_template(*path, state_.data_folder)) {
+            path_ = *path;
+            return true;
+        }
         const std::string name = path->substr(path->rfind('/') + 1);
         state_.session.dialogs.show(box_in(lang(), template_refused, {name}));
     }
 }
 
-BatchJob FrmExcelIO::job() {
-    const ProgramSettings& settings = state_.settings.now();
-    BatchJob job = {*state_.workbooks, path_, state_.session, *observer_};
-    job.preset = state_.calc_case;
-    job.data_folder = state_.data_folder;
-    job.real_path = path_;
-    job.Excel_Leiterdaten_Merker = settings.Excel_Leiterdaten_Merker;
-    job.Excel_Zelle_Array_Schreiben_Merker = settings.Excel_Zelle_Array_Schreiben_Merker;
-    return job;
-}
-
-void FrmExcelIO::start() {
-    const std::string path = choose_workbook();
-    if (path.empty()) return;
-    path_ = path;
-    run(job());
-}
-
-void FrmExcelIO::run(const BatchJob& job) {
+void FrmExcelIO::run(std::string_view module, std::string_view procedure, const Job::Work& work) {
     // The window comes to rest also where a calculation ends the program.
     struct Running {
         explicit Running(FrmExcelIO& form) : form_(form) { form.set_running(true); }
@@ -277,35 +256,44 @@ void FrmExcelIO::run(const BatchJob& job) {
         Running& operator=(const Running&) = delete;
         FrmExcelIO& form_;
     } const running(*this);
-    stop_ = false;
-    for (QLabel* label : {active_rows_, summary_}) label->clear();
-    clock_.start();
-    observer_->begin();
+    summary_->clear();
+    trap(state_.errors, module, procedure, [&] { run_job(*this, state_.session.dialogs, work); });
+}
+
+void FrmExcelIO::start() {
+    if (!choose_workbook()) return;
     const bool steady = mode_ == ExcelMode::Steady;
+    const auto calculate =
+        steady ? S_00_io_excel_gesamt_rahmen_stat : S_100_io_excel_gesamt_rahmen_transient;
     BatchResult result;
-    const std::int16_t action =
-        trap(state_.errors, module_name,
-             steady ? "S_00_io_excel_gesamt_rahmen_stat" : "S_100_io_excel_gesamt_rahmen_transient",
-             [&] {
-                 result = steady ? S_00_io_excel_gesamt_rahmen_stat(job)
-                                 : S_100_io_excel_gesamt_rahmen_transient(job);
-             });
-    if (action != 0) observer_->percent(0);
-    observer_->look();
+    run(module_name,
+        steady ? "S_00_io_excel_gesamt_rahmen_stat" : "S_100_io_excel_gesamt_rahmen_transient",
+        [&result, calculate, session = state_.session, settings = state_.settings.now(),
+         preset = state_.calc_case, &store = state_.workbooks, path = path_,
+         data_folder = state_.data_folder](Job& job) {
+            const Session of_job = session.apart(job.dialogs(), nullptr);
+            Observer observer(job);
+            BatchJob batch = {store, path, of_job, observer, preset, data_folder, path};
+            batch.Excel_Leiterdaten_Merker = settings.Excel_Leiterdaten_Merker;
+            batch.Excel_Zelle_Array_Schreiben_Merker = settings.Excel_Zelle_Array_Schreiben_Merker;
+            result = calculate(batch);
+        });
     show_result(result);
 }
 
 void FrmExcelIO::show_result(const BatchResult& result) {
     std::string text = joined(result.summary, "\n");
-    if (result.end == BatchEnd::Stopped) {
-        text = (result.saved ? stopped_saved : stopped_unsaved).in(lang());
-        status_->clear();
-    }
-    if (result.end == BatchEnd::Refused) status_->clear();
+    const bool stopped = result.end == BatchEnd::Stopped;
+    if (stopped) text = (result.saved ? stopped_saved : stopped_unsaved).in(lang());
+    if (stopped || result.end == BatchEnd::Refused) status_->clear();
+    // The percentage of a stopped run stays where its rows stand in the workbook.
+    if (!stopped || !result.saved) show_percent(result.end == BatchEnd::Done ? 100 : 0);
     summary_->setText(qt(text));
 }
 
-void FrmExcelIO::stop() { stop_ = true; }
+void FrmExcelIO::stop() {
+    if (job_ != nullptr) job_->cancel();
+}
 
 void FrmExcelIO::open_workbook() {
     trap(state_.errors, "frm_excel_IO", "Command2_click", [&] {
@@ -315,38 +303,35 @@ void FrmExcelIO::open_workbook() {
 }
 
 void FrmExcelIO::fill_with_random_values() {
-    const std::string path = choose_workbook();
-    if (path.empty()) return;
-    path_ = path;
     std::optional<std::uint32_t> seed;
     if (!seed_->text().isEmpty()) seed = seed_->text().toUInt();
-    std::optional<int> rows;
-    trap(state_.errors, "frm_excel_IO", "Command4_click", [&] {
-        rows = excel_batch::fill_with_random_values(*state_.workbooks, path_, state_.session, seed);
+    work_rows("Command4_click", [seed](WorkbookStore& store, const std::string& path,
+                                       const Session& session, const RowsCancelled& cancelled) {
+        return excel_batch::fill_with_random_values(store, path, session, seed, cancelled);
     });
-    show_rows_done(rows);
 }
 
-void FrmExcelIO::write_deviations() {
-    const std::string path = choose_workbook();
-    if (path.empty()) return;
-    path_ = path;
+void FrmExcelIO::write_deviations() { work_rows("Command5_click", excel_batch::write_deviations); }
+
+void FrmExcelIO::work_rows(std::string_view procedure, const TestRows& work) {
+    if (!choose_workbook()) return;
     std::optional<int> rows;
-    trap(state_.errors, "frm_excel_IO", "Command5_click",
-         [&] { rows = excel_batch::write_deviations(*state_.workbooks, path_, state_.session); });
-    show_rows_done(rows);
-}
-
-void FrmExcelIO::show_rows_done(std::optional<int> rows) {
-    summary_->setText(rows ? qt(fill(rows_written.in(lang()), {std::to_string(*rows)}))
-                           : QString());
-    set_running(false);
+    bool stopped = false;
+    run("frm_excel_IO", procedure,
+        [&, &store = state_.workbooks, path = path_, session = state_.session](Job& job) {
+            rows = work(store, path, session.apart(job.dialogs(), nullptr),
+                        [&job] { return job.cancelled(); });
+            stopped = !rows && job.cancelled();
+            if (rows) job.tell({100});
+        });
+    if (rows) summary_->setText(qt(fill(rows_written.in(lang()), {std::to_string(*rows)})));
+    if (stopped) summary_->setText(qt(stopped_unsaved, lang()));
 }
 
 void FrmExcelIO::close_window() { reject(); }
 
 void FrmExcelIO::reject() {
-    if (running_)
+    if (job_ != nullptr)
         stop();
     else
         QDialog::reject();

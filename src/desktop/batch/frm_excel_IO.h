@@ -1,11 +1,15 @@
 #pragma once
 
 #include <QDialog>
-#include <QElapsedTimer>
+#include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "desktop/frame/desktop_state.h"
+#include "desktop/frame/job_runner.h"
 #include "excel_batch/batch_run.h"
+#include "excel_batch/test_rows.h"
 
 class QLabel;
 class QLineEdit;
@@ -22,17 +26,17 @@ enum class ExcelMode : std::int16_t { Steady = 1, Transient = 2 };
 /// `frm_excel_IO`: calculates a workbook that the user chooses, shows how far it is, and opens it
 /// with the program that the user has for it. The conductor of the case stands where a workbook
 /// names no field. While it is there, no other window takes input.
-class FrmExcelIO : public QDialog {
+class FrmExcelIO : public QDialog, private JobDisplay {
 public:
     FrmExcelIO(QWidget* parent, DesktopState& state, ExcelMode mode);
-    ~FrmExcelIO() override;
 
 protected:
     /// While a workbook is calculated, closing is cancelling.
     void reject() override;
 
 private:
-    class Observer;
+    using TestRows = std::function<std::optional<int>(
+        WorkbookStore&, const std::string&, const Session&, const excel_batch::RowsCancelled&)>;
 
     [[nodiscard]] QWidget* make_choice();
     [[nodiscard]] QWidget* make_progress();
@@ -46,23 +50,24 @@ private:
     void write_deviations();
     void close_window();
 
-    /// `S_01_io_excel_arbeitsmappe_auswaehlen`: a workbook that is no template of the program;
-    /// empty where the user wants none.
-    [[nodiscard]] std::string choose_workbook();
-    [[nodiscard]] excel_batch::BatchJob job();
-    void run(const excel_batch::BatchJob& job);
+    void show_job(Job& job, const JobProgress& at, double seconds) override;
+    [[nodiscard]] bool takes_input() const override { return true; }
+
+    /// `S_01_io_excel_arbeitsmappe_auswaehlen`: takes a workbook that is no template of the
+    /// program; false where the user wants none.
+    [[nodiscard]] bool choose_workbook();
+    /// Failures are told as those of `procedure` in `module`.
+    void run(std::string_view module, std::string_view procedure, const Job::Work& work);
+    void work_rows(std::string_view procedure, const TestRows& work);
+    void show_percent(double percent);
     void show_result(const excel_batch::BatchResult& result);
     void set_running(bool running);
-    void show_rows_done(std::optional<int> rows);
     [[nodiscard]] LangId lang() const { return state_.session.lang; }
 
     DesktopState& state_;
     ExcelMode mode_;
-    std::string path_;  // of the last workbook
-    bool running_ = false;
-    bool stop_ = false;  // `Excel_Stop`
-    QElapsedTimer clock_;
-    std::unique_ptr<Observer> observer_;
+    std::string path_;               // of the last workbook
+    Job* job_ = nullptr;             // that runs
     std::vector<QWidget*> at_rest_;  // cannot be used while a workbook is calculated
     QRadioButton* with_conductor_ = nullptr;
     QRadioButton* without_conductor_ = nullptr;

@@ -1,59 +1,46 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-#include <optional>
-#include <string>
-
-#include "desktop/frame/desktop_state.h"
-
-class QWidget;
+#include "desktop/frame/captions.h"
+#include "desktop/frame/conductor_source.h"
+#include "desktop/frame/live_settings.h"
+#include "persistence/conductor_library.h"
+#include "platform/system.h"
+#include "shell/session.h"
 
 namespace zel {
 
 class ConductorEditor;
 
-/// What a form does to choose a conductor: `Command3` opens the conductor database, `Command4`
-/// takes over what was chosen there.
-class ConductorDesk {
+/// What the windows of the conductor database work with.
+struct ConductorParts {
+    const Session& session;
+    const LiveSettings& settings;
+    Launcher& launcher;
+    Files& files;  // of the library, and the exchange file
+    LibraryPlaces library;
+};
+
+/// The conductor database of a form: the editor of this program, or another program.
+class ConductorDesk : public ConductorSource {
 public:
-    /// `take_over` is what `Command4` of `form` does; the database calls it where the user wants
-    /// the chosen conductor at once. `form_name` is told in messages of errors.
-    ConductorDesk(QWidget& form, std::string form_name, DesktopState& state,
+    ConductorDesk(QWidget& form, const ConductorParts& parts, Captions& captions,
                   std::function<void()> take_over);
-    ~ConductorDesk();
+    ~ConductorDesk() override;
     ConductorDesk(const ConductorDesk&) = delete;
     ConductorDesk& operator=(const ConductorDesk&) = delete;
 
-    /// `Command3`: the conductor editor where the settings name this program itself as the
-    /// conductor database, otherwise the program that they name; where it cannot be started,
-    /// error 53.
-    void open_database();
-    /// The same, false where it cannot be started, which is not told.
-    [[nodiscard]] bool start_database();
-
-    /// The exchange file's conductor, of any kind. A refusal is told.
-    [[nodiscard]] std::optional<ConductorData> chosen_conductor();
-
-    /// The exchange file's conductor for the case of the program, with the checks of its kind, and
-    /// what a record does not hold where it is one of the library and the case has no input. All
-    /// refusals are told. `show` shows the conductor once it is taken over, before it is told what
-    /// the library filled in.
-    void take_over(const std::function<void()>& show);
-
-    void recaption();
-    /// False where the editor has changes that shall not be lost.
-    [[nodiscard]] bool may_be_left();
-    void close();
+    [[nodiscard]] bool start_database() override;
+    [[nodiscard]] std::optional<ConductorData> chosen_conductor() override;
+    void take_over(CalcCase& c, const std::function<void()>& show) override;
+    [[nodiscard]] bool may_be_left() override;
 
 private:
     void show_editor();
     /// Tells what was filled in, if anything.
-    [[nodiscard]] std::optional<Box> take_offers_of_library(const std::string& record);
+    [[nodiscard]] std::optional<Box> take_offers_of_library(CalcCase& c, const std::string& record);
 
     QWidget& form_;
-    std::string form_name_;
-    DesktopState& state_;
+    ConductorParts parts_;
     std::function<void()> take_over_;
     std::unique_ptr<ConductorEditor> editor_;
 };

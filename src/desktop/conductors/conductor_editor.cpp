@@ -10,7 +10,7 @@
 #include <QTableView>
 #include <utility>
 
-#include "desktop/frame/qt_text.h"
+#include "desktop/frame/events.h"
 #include "persistence/exchange_record.h"
 #include "platform/errors.h"
 
@@ -96,19 +96,19 @@ constexpr BoxText discard_question = {
 
 }  // namespace
 
-ConductorEditor::ConductorEditor(QWidget* parent, const DesktopState& program,
+ConductorEditor::ConductorEditor(QWidget* parent, const ConductorParts& parts,
                                  std::function<void()> take_over)
     : QDialog(parent, Qt::Window),
-      program_(program),
+      parts_(parts),
       take_over_(std::move(take_over)),
-      table_(program.session),
+      table_(parts.session),
       found_(table_),
-      find_label_(new QLabel),
-      find_(new QLineEdit),
+      find_(captions_.placeholder(new QLineEdit, find_hint)),
       view_(new QTableView),
       count_(new QLabel),
-      sheet_(new ConductorSheet(program)) {
+      sheet_(new ConductorSheet(parts.session, parts.settings, captions_)) {
     setObjectName("conductor_editor");
+    captions_.window_title(static_cast<QWidget*>(this), window_title);
     auto* split = new QSplitter;
     split->setChildrenCollapsible(false);
     split->addWidget(make_list());
@@ -121,7 +121,7 @@ ConductorEditor::ConductorEditor(QWidget* parent, const DesktopState& program,
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(split, 1);
     layout->addLayout(buttons);
-    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, find_, [this] {
+    on(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, [this] {
         find_->setFocus();
         find_->selectAll();
     });
@@ -130,15 +130,18 @@ ConductorEditor::ConductorEditor(QWidget* parent, const DesktopState& program,
     view_->horizontalHeader()->setSortIndicatorShown(false);
     view_->resizeColumnsToContents();
     view_->horizontalHeader()->setSortIndicatorShown(true);
-    recaption();
+    captions_.computed([this](LangId) {
+        table_.recaption();
+        show_selected();
+    });
+    recaption(parts.session.lang);
     enter(Mode::Looking);
     view_->selectRow(0);
     resize(1260, 740);
 }
 
 void ConductorEditor::read_library() {
-    library_.emplace(*program_.conductors.files, program_.conductors.library,
-                     program_.session.separator);
+    library_.emplace(parts_.files, parts_.library, parts_.session.separator);
     table_.show(library_->conductors());
 }
 
@@ -160,7 +163,8 @@ void ConductorEditor::open_anew() {
 QWidget* ConductorEditor::make_list() {
     find_->setObjectName("find");
     find_->setClearButtonEnabled(true);
-    find_label_->setBuddy(find_);
+    auto* find_label = captions_.text(new QLabel, find_caption);
+    find_label->setBuddy(find_);
     view_->setObjectName("conductors");
     view_->setModel(&found_);
     view_->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -176,25 +180,25 @@ QWidget* ConductorEditor::make_list() {
     view_->horizontalHeader()->setStretchLastSection(true);
     view_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     count_->setObjectName("count");
-    connect(find_, &QLineEdit::textChanged, this, [this](const QString& typed) {
+    on(find_, &QLineEdit::textChanged, [this](const QString& typed) {
         found_.find(typed.toStdString());
         if (!view_->currentIndex().isValid()) view_->selectRow(0);
         show_selected();
     });
-    connect(view_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            [this] { show_selected(); });
-    connect(view_, &QTableView::doubleClicked, this, [this] { choose_and_take_over(); });
+    on(view_->selectionModel(), &QItemSelectionModel::currentRowChanged,
+       [this] { show_selected(); });
+    on(view_, &QTableView::doubleClicked, [this] { choose_and_take_over(); });
     auto* list = new QWidget;
     auto* grid = new QGridLayout(list);
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->addWidget(find_label_, 0, 0);
+    grid->addWidget(find_label, 0, 0);
     grid->addWidget(find_, 0, 1);
     grid->addWidget(view_, 1, 0, 1, 2);
     grid->addWidget(count_, 2, 0, 1, 2);
     return list;
 }
 
-void ConductorEditor::make_buttons(QLayout& layout) {
+void ConductorEditor::make_buttons(QHBoxLayout& line) {
     static constexpr ButtonRow rows[] = {
         {"add", {"&Neu", "&New"}, &ConductorEditor::add, true, false},
         {"copy", {"&Kopieren", "&Copy"}, &ConductorEditor::copy, true, true},
@@ -209,28 +213,16 @@ void ConductorEditor::make_buttons(QLayout& layout) {
         {"keep", {"S&peichern", "&Keep"}, &ConductorEditor::keep, false, false},
         {"discard", {"&Verwerfen", "&Discard"}, &ConductorEditor::discard, false, false},
     };
-    auto& line = static_cast<QHBoxLayout&>(layout);
     for (const ButtonRow& row : rows) {
-        auto* button = new QPushButton;
+        auto* button = captions_.text(new QPushButton, row.caption);
         button->setObjectName(row.name);
         button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, [this, &row] { (this->*row.act)(); });
+        on(button, &QPushButton::clicked, [this, &row] { (this->*row.act)(); });
         if (row.act == &ConductorEditor::choose) line.addStretch();
         line.addWidget(button);
         buttons_.emplace_back(button, &row);
         if (row.act == &ConductorEditor::choose_and_take_over) button->setDefault(true);
     }
-}
-
-void ConductorEditor::recaption() {
-    const LangId lang = program_.session.lang;
-    setWindowTitle(qt(window_title, lang));
-    find_label_->setText(qt(find_caption, lang));
-    find_->setPlaceholderText(qt(find_hint, lang));
-    for (const auto& [button, row] : buttons_) button->setText(qt(row->caption, lang));
-    table_.recaption();
-    sheet_->recaption(lang);
-    show_selected();
 }
 
 std::optional<LibraryConductor> ConductorEditor::selected() const {
@@ -253,7 +245,7 @@ void ConductorEditor::select(const LibraryConductor& conductor) {
 }
 
 void ConductorEditor::show_selected() {
-    const LangId lang = program_.session.lang;
+    const LangId lang = parts_.session.lang;
     count_->setText(qt(fill(count_text.in(lang), {std::to_string(found_.rowCount()),
                                                   std::to_string(table_.rowCount())})));
     if (mode_ != Mode::Looking) return;
@@ -284,7 +276,7 @@ void ConductorEditor::add() {
 
 void ConductorEditor::copy() {
     LibraryConductor twin = *selected();
-    const LangId lang = program_.session.lang;
+    const LangId lang = parts_.session.lang;
     const std::string former = full_name(twin);
     twin.c.Bezeichnung1_db = fill(copied_name.in(lang), {twin.c.Bezeichnung1_db});
     twin.source = fill(copied_source.in(lang), {former, twin.source});
@@ -326,13 +318,13 @@ void ConductorEditor::keep() {
 }
 
 bool ConductorEditor::confirmed(LibraryConductor& conductor) const {
-    const auto findings = implausible_figures(conductor.c, program_.session.lang);
+    const auto findings = implausible_figures(conductor.c, parts_.session.lang);
     if (findings.empty()) {
         conductor.confirmed.clear();
         return true;
     }
     if (tell(implausible, {joined(findings, "\n")}) != Answer::Yes) return false;
-    conductor.confirmed = keeps_reason.in(program_.session.lang);
+    conductor.confirmed = keeps_reason.in(parts_.session.lang);
     return true;
 }
 
@@ -351,21 +343,23 @@ bool ConductorEditor::may_be_left() {
 }
 
 void ConductorEditor::reject() {
-    if (!may_be_left()) return;
-    enter(Mode::Looking);
-    QDialog::reject();
+    guarded(*this, [this] {
+        if (!may_be_left()) return;
+        enter(Mode::Looking);
+        QDialog::reject();
+    });
 }
 
 bool ConductorEditor::write_record() {
     const auto conductor = selected();
     if (!conductor || mode_ != Mode::Looking) return false;
-    const std::string path = program_.settings.now().Einseil1_dat;
+    const std::string path = parts_.settings.now().Einseil1_dat;
     if (path.empty()) {
         (void)tell(no_exchange_file);
         return false;
     }
-    return carried_out(
-        [&] { program_.conductors.files->write(path, written_record(conductor->c)); }, not_written);
+    return carried_out([&] { parts_.files.write(path, written_record(conductor->c)); },
+                       not_written);
 }
 
 void ConductorEditor::choose() {
@@ -392,7 +386,7 @@ bool ConductorEditor::carried_out(const std::function<void()>& act, const BoxTex
 
 Answer ConductorEditor::tell(const BoxText& text,
                              std::initializer_list<std::string_view> values) const {
-    return program_.session.dialogs.show(box_in(program_.session.lang, text, values));
+    return parts_.session.dialogs.show(box_in(parts_.session.lang, text, values));
 }
 
 }  // namespace zel

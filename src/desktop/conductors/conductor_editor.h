@@ -4,10 +4,11 @@
 #include <functional>
 #include <optional>
 
+#include "desktop/conductors/conductor_desk.h"
 #include "desktop/conductors/conductor_sheet.h"
 #include "desktop/conductors/conductor_table.h"
-#include "persistence/conductor_library.h"
 
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -21,13 +22,12 @@ class ConductorEditor : public QDialog {
 public:
     /// `take_over` is called after a record was written that shall be taken over at once. Throws
     /// `InputError` where the shipped library is missing.
-    ConductorEditor(QWidget* parent, const DesktopState& program, std::function<void()> take_over);
+    ConductorEditor(QWidget* parent, const ConductorParts& parts, std::function<void()> take_over);
 
     /// Comes up, to look at and choose from the conductors as they are now.
     void open_anew();
 
-    /// Captions in the language of the program's session.
-    void recaption();
+    void recaption(LangId lang) { captions_.show(lang); }
     /// Asks before changes of a conductor are lost that are not kept; false where they shall not
     /// be.
     [[nodiscard]] bool may_be_left();
@@ -39,7 +39,7 @@ private:
 
     void read_library();
     [[nodiscard]] QWidget* make_list();
-    void make_buttons(QLayout& layout);
+    void make_buttons(QHBoxLayout& line);
     [[nodiscard]] std::optional<LibraryConductor> selected() const;
     void select(const LibraryConductor& conductor);
     void show_selected();
@@ -58,12 +58,12 @@ private:
     [[nodiscard]] bool carried_out(const std::function<void()>& act, const BoxText& failed) const;
     Answer tell(const BoxText& text, std::initializer_list<std::string_view> values = {}) const;
 
-    const DesktopState& program_;
+    ConductorParts parts_;
+    Captions captions_;
     std::function<void()> take_over_;
     std::optional<ConductorLibrary> library_;
     ConductorTable table_;
     FoundConductors found_;
-    QLabel* find_label_;
     QLineEdit* find_;
     QTableView* view_;
     QLabel* count_;

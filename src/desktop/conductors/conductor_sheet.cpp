@@ -8,11 +8,8 @@
 #include <QScrollArea>
 #include <QTabWidget>
 
-#include "desktop/frame/group.h"
-#include "desktop/frame/number_keys.h"
-#include "desktop/frame/qt_text.h"
-#include "workflow/rules/conductor_needs.h"
 #include "workflow/rules/entry_rules.h"
+#include "workflow/rules/steady_check.h"
 
 namespace zel {
 namespace {
@@ -52,12 +49,6 @@ constexpr const char* good_mark = "✓";
 constexpr const char* bad_mark = "✗";
 constexpr const char* no_mark = "–";
 
-QLabel* plain_label() {
-    auto* label = new QLabel;
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
 /// A closed input is as good to read as an open one, and looks as if nothing can be typed.
 void open_input(QWidget& input, bool open) {
     QPalette palette = QApplication::palette();
@@ -73,19 +64,19 @@ void open_input(QWidget& input, bool open) {
 
 QWidget* scrolling(QWidget* content) {
     auto* area = new QScrollArea;
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
+    make_scrolling(*area);
     area->setWidget(content);
     return area;
 }
 
 }  // namespace
 
-ConductorSheet::ConductorSheet(const DesktopState& program)
-    : state_{CalcCase{},      program.session,  program.store,
-             program.chooser, program.settings, program.launcher},
-      sections_(conductor_sections().begin(), conductor_sections().end()) {
-    state_.case_changed = [this] { judge(); };
+ConductorSheet::ConductorSheet(const Session& session, const LiveSettings& settings,
+                               Captions& captions)
+    : session_(session),
+      captions_(captions),
+      form_(c_, session, [&settings] { return settings.language_of_lists(); }),
+      sections_(forms::conductor_sections()) {
     for (const std::size_t wide : {section::designation, section::ac_pairs})
         sections_[wide].columns = side_by_side;
     sections_[section::designation].first_stretch = 2;  // designation 1 and the remark
@@ -93,16 +84,17 @@ ConductorSheet::ConductorSheet(const DesktopState& program)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(make_tabs(), 1);
     layout->addWidget(make_source());
-    layout->addWidget(methods_ = make_methods());
+    layout->addWidget(make_methods());
     show_conductor({}, false);
-    recaption(state_.session.lang);
+    captions.computed([this](LangId) { judge(); });
 }
 
-FieldPanel* ConductorSheet::make_panel(std::size_t section) {
-    auto* panel =
-        new FieldPanel(sections_[section], state_, [this](QWidget* input) { refused(input); });
-    panels_.push_back(panel);
-    return panel;
+FormPanel* ConductorSheet::make_panel(std::size_t section) {
+    FormParts parts = {form_, session_, captions_, [this](QWidget* input) { refused_.to(input); },
+                       [this] { judge(); }};
+    parts.look.row_gap = 6;
+    panels_.push_back(new FormPanel(sections_[section], parts));
+    return panels_.back();
 }
 
 QWidget* ConductorSheet::make_tabs() {
@@ -110,14 +102,17 @@ QWidget* ConductorSheet::make_tabs() {
     for (const Tab& tab : tabs_of_sheet()) {
         auto* page = new QWidget;
         auto* down = new QVBoxLayout(page);
-        std::vector<FieldPanel*> panels;
+        std::vector<FormPanel*> panels;
         for (const std::size_t member : tab.sections) {
             panels.push_back(make_panel(member));
             down->addWidget(panels.back());
         }
-        align(panels);
+        captions_.computed([panels](LangId) { align(panels); });
         down->addStretch();
-        tabs_->addTab(scrolling(page), QString());
+        const int index = tabs_->addTab(scrolling(page), QString());
+        captions_.computed([this, index, caption = tab.caption](LangId lang) {
+            tabs_->setTabText(index, qt(caption, lang));
+        });
     }
     return tabs_;
 }
@@ -125,32 +120,30 @@ QWidget* ConductorSheet::make_tabs() {
 QWidget* ConductorSheet::make_source() {
     source_ = new QLineEdit;
     source_->setObjectName("source");
-    source_label_ = plain_label();
-    source_label_->setBuddy(source_);
+    QLabel* source_label = captions_.text(plain_label(), source_caption);
+    source_label->setBuddy(source_);
     auto* line = new QWidget;
     auto* layout = new QHBoxLayout(line);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(source_label_);
+    layout->addWidget(source_label);
     layout->addWidget(source_, 1);
     for (FigureLine& figure : figures_) {
-        figure.label = plain_label();
+        QLabel* label = captions_.text(plain_label(), figure.caption);
         figure.edit = new QLineEdit;
         figure.edit->setObjectName(figure.name);
         figure.edit->setAlignment(Qt::AlignRight);
         figure.edit->setFixedWidth(figure_width);
-        figure.edit->installEventFilter(new NumberKeys(figure.edit, state_.session));
-        figure.label->setBuddy(figure.edit);
-        layout->addWidget(figure.label);
+        figure.edit->installEventFilter(new NumberKeys(figure.edit, session_));
+        label->setBuddy(figure.edit);
+        layout->addWidget(label);
         layout->addWidget(figure.edit);
-        auto* unit = plain_label();
-        unit->setText(figure.unit);
-        layout->addWidget(unit);
+        layout->addWidget(plain_label(figure.unit));
     }
     return line;
 }
 
 QGroupBox* ConductorSheet::make_methods() {
-    auto* group = new QGroupBox;
+    auto* group = captions_.title(new QGroupBox, methods_caption);
     auto* grid = new QGridLayout(inside_of(*group));
     grid->setVerticalSpacing(2);
     grid->setColumnStretch(2, 1);
@@ -160,8 +153,7 @@ QGroupBox* ConductorSheet::make_methods() {
         line.text->setObjectName("runs_" + qt(key_of(method)));
         line.text->setWordWrap(true);
         line.text->setAlignment(Qt::AlignTop);
-        auto* name = plain_label();
-        name->setText(qt(name_of(method)));
+        auto* name = plain_label(qt(name_of(method)));
         grid->addWidget(line.mark, row, 0, Qt::AlignTop);
         grid->addWidget(name, row, 1, Qt::AlignTop);
         grid->addWidget(line.text, row, 2);
@@ -172,10 +164,10 @@ QGroupBox* ConductorSheet::make_methods() {
 
 void ConductorSheet::show_conductor(const LibraryConductor& conductor, bool open) {
     conductor_ = conductor;
-    static_cast<ConductorData&>(state_.calc_case) = conductor.c;
-    state_.calc_case.GMR_Merker_db = conductor.c.GMR_Merker_db;
-    state_.calc_case.ACDC_R_Option_Merker_db = conductor.c.ACDC_R_Option_Merker_db;
-    for (FieldPanel* panel : panels_) panel->load();
+    static_cast<ConductorData&>(c_) = conductor.c;
+    c_.GMR_Merker_db = conductor.c.GMR_Merker_db;
+    c_.ACDC_R_Option_Merker_db = conductor.c.ACDC_R_Option_Merker_db;
+    for (FormPanel* panel : panels_) panel->load_anew();
     source_->setText(qt(conductor.source));
     source_->setCursorPosition(0);
     // What is longer than its box can be read all the same.
@@ -191,27 +183,27 @@ void ConductorSheet::show_conductor(const LibraryConductor& conductor, bool open
 void ConductorSheet::open_inputs(bool open) {
     open_input(*source_, open);
     for (const FigureLine& figure : figures_) open_input(*figure.edit, open);
-    for (FieldPanel* panel : panels_)
+    for (FormPanel* panel : panels_)
         for (QWidget* input : panel->inputs()) open_input(*input, open);
 }
 
 bool ConductorSheet::commit() {
-    for (FieldPanel* panel : panels_) panel->commit();
+    for (FormPanel* panel : panels_) panel->commit();
     for (const FigureLine& figure : figures_) {
-        const auto refusal = enter(conductor_.*figure.value, nullptr,
-                                   figure.edit->text().toStdString(), state_.session);
+        const auto refusal =
+            enter(conductor_.*figure.value, nullptr, figure.edit->text().toStdString(), session_);
         if (!refusal) continue;
         figure.edit->clear();
-        state_.session.tell(*refusal);
-        refused(figure.edit);
+        session_.tell(*refusal);
+        refused_.to(figure.edit);
     }
-    return refused_.isNull();
+    return !refused_.waits();
 }
 
 const LibraryConductor& ConductorSheet::conductor() {
-    static_cast<ConductorData&>(conductor_.c) = state_.calc_case;
-    conductor_.c.GMR_Merker_db = state_.calc_case.GMR_Merker_db;
-    conductor_.c.ACDC_R_Option_Merker_db = state_.calc_case.ACDC_R_Option_Merker_db;
+    static_cast<ConductorData&>(conductor_.c) = c_;
+    conductor_.c.GMR_Merker_db = c_.GMR_Merker_db;
+    conductor_.c.ACDC_R_Option_Merker_db = c_.ACDC_R_Option_Merker_db;
     conductor_.source = source_->text().toStdString();
     return conductor_;
 }
@@ -222,10 +214,10 @@ void ConductorSheet::focus_first() {
 }
 
 void ConductorSheet::judge() {
-    const LangId lang = state_.session.lang;
+    const LangId lang = session_.lang;
     for (const MethodLine& line : lines_) {
-        const bool fits = is_for_kind(state_.calc_case, line.method);
-        const auto missing = missing_for(state_.calc_case, line.method, lang);
+        const bool fits = is_for_kind(c_, line.method);
+        const auto missing = missing_for(c_, line.method, lang);
         const bool runs = fits && missing.empty();
         line.mark->setText(runs ? good_mark : fits ? bad_mark : no_mark);
         const QString told = !fits  ? qt(wrong_kind_text, lang)
@@ -234,28 +226,6 @@ void ConductorSheet::judge() {
         line.text->setText(told);
         line.text->setEnabled(fits);
     }
-}
-
-void ConductorSheet::recaption(LangId lang) {
-    state_.session.lang = lang;
-    for (FieldPanel* panel : panels_) panel->recaption();
-    int index = 0;
-    for (const Tab& tab : tabs_of_sheet()) tabs_->setTabText(index++, qt(tab.caption, lang));
-    source_label_->setText(qt(source_caption, lang));
-    for (const FigureLine& figure : figures_) figure.label->setText(qt(figure.caption, lang));
-    methods_->setTitle(qt(methods_caption, lang));
-    judge();
-}
-
-void ConductorSheet::refused(QWidget* input) {
-    refused_ = input;
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (refused_) refused_->setFocus();
-            refused_.clear();
-        },
-        Qt::QueuedConnection);
 }
 
 }  // namespace zel

@@ -1,11 +1,13 @@
 #pragma once
 
-#include <QPointer>
 #include <QWidget>
 #include <array>
 #include <vector>
 
-#include "desktop/frame/field_panel.h"
+#include "desktop/frame/form_panel.h"
+#include "desktop/frame/inputs.h"
+#include "desktop/frame/live_settings.h"
+#include "forms/line_form.h"
 #include "persistence/library_conductor.h"
 #include "workflow/run/steady_methods.h"
 
@@ -16,7 +18,7 @@ namespace zel {
 /// All values of one conductor, to look at or to change, and which methods can run with it.
 class ConductorSheet : public QWidget {
 public:
-    explicit ConductorSheet(const DesktopState& program);
+    ConductorSheet(const Session& session, const LiveSettings& settings, Captions& captions);
 
     /// Shows `conductor`; its values can be changed where `open` is set.
     void show_conductor(const LibraryConductor& conductor, bool open);
@@ -25,8 +27,6 @@ public:
     /// The conductor with what was changed so far.
     [[nodiscard]] const LibraryConductor& conductor();
     void focus_first();
-    /// Captions in the language of the program's session.
-    void recaption(LangId lang);
 
 private:
     struct MethodLine {
@@ -41,31 +41,30 @@ private:
         Text caption;
         const char* unit;
         Entry LibraryConductor::*value;
-        QLabel* label = nullptr;
         QLineEdit* edit = nullptr;
     };
 
     [[nodiscard]] QWidget* make_tabs();
     [[nodiscard]] QWidget* make_source();
     [[nodiscard]] QGroupBox* make_methods();
-    [[nodiscard]] FieldPanel* make_panel(std::size_t section);
+    [[nodiscard]] FormPanel* make_panel(std::size_t section);
     void open_inputs(bool open);
     void judge();
-    void refused(QWidget* input);
 
-    DesktopState state_;  // of its own: its case holds the conductor
+    const Session& session_;
+    Captions& captions_;
+    CalcCase c_;  // holds the conductor for the form
+    forms::LineForm form_;
     LibraryConductor conductor_;
-    std::vector<FormSection> sections_;
-    std::vector<FieldPanel*> panels_;
+    std::vector<forms::Section> sections_;
+    std::vector<FormPanel*> panels_;
     std::vector<MethodLine> lines_;
     QTabWidget* tabs_ = nullptr;
     QLineEdit* source_ = nullptr;
-    QLabel* source_label_ = nullptr;
     std::array<FigureLine, 2> figures_ = {
         FigureLine{"mass", {"Masse :", "Mass :"}, "kg/km", &LibraryConductor::mass},
         FigureLine{"strength", {"Bruchkraft :", "Strength :"}, "kN", &LibraryConductor::strength}};
-    QGroupBox* methods_ = nullptr;
-    QPointer<QWidget> refused_;
+    FocusReturn refused_;
 };
 
 }  // namespace zel

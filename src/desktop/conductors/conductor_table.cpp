@@ -3,7 +3,7 @@
 #include <QFont>
 #include <iterator>
 
-#include "desktop/frame/qt_text.h"
+#include "desktop/frame/widgets.h"
 
 namespace zel {
 namespace {

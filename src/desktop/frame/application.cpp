@@ -3,9 +3,22 @@
 #include <QWidget>
 #include <clocale>
 
+#include "desktop/frame/events.h"
 #include "platform/errors.h"
 
 namespace zel {
+namespace {
+
+/// The window that `object` belongs to. A menu or a list that is open is none.
+QString form_of(const QObject* object) {
+    for (; object != nullptr; object = object->parent())
+        if (const auto* widget = qobject_cast<const QWidget*>(object);
+            widget != nullptr && widget->isWindow() && widget->windowType() != Qt::Popup)
+            return widget->objectName();
+    return "zel";
+}
+
+}  // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     std::setlocale(LC_NUMERIC, "C");  // the application object has just set the user's
@@ -15,24 +28,44 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
-    } catch (const ProgramEnd&) {
-        exit(program_ended);
-    } catch (const std::exception&) {
-        if (errors_ == nullptr) throw;
-        tell(receiver);
+    } catch (...) {
+        tell_caught(*receiver);
     }
     return true;
 }
 
-/// The error being caught now, in the form and control that it came up in.
-void Application::tell(const QObject* receiver) {
-    const auto* widget = qobject_cast<const QWidget*>(receiver);
-    const QString form = widget != nullptr ? widget->window()->objectName() : QString("zel");
+void Application::tell_caught(const QObject& where) {
     try {
-        handle_caught(*errors_, form.toStdString(), receiver->objectName().toStdString());
+        throw;
+    } catch (const ProgramEnd&) {
+        exit(program_ended);
+    } catch (const std::exception&) {
+        if (errors_ == nullptr) throw;
+        tell(where);
+    }
+}
+
+void Application::tell(const QObject& where) {
+    try {
+        handle_caught(*errors_, form_of(&where).toStdString(), where.objectName().toStdString());
     } catch (const ProgramEnd&) {
         exit(program_ended);
     }
+}
+
+void guarded(const QObject& where, const std::function<void()>& act) {
+    try {
+        act();
+    } catch (...) {
+        auto* application = dynamic_cast<Application*>(QCoreApplication::instance());
+        if (application == nullptr) throw;
+        application->tell_caught(where);
+    }
+}
+
+void later(QObject& where, const std::function<void()>& act) {
+    QMetaObject::invokeMethod(
+        &where, [&where, act] { guarded(where, act); }, Qt::QueuedConnection);
 }
 
 }  // namespace zel

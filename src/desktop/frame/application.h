@@ -18,11 +18,14 @@ public:
 
     bool notify(QObject* receiver, QEvent* event) override;
 
+    /// Tells the exception that is being caught now, which came up at an event of `where`.
+    void tell_caught(const QObject& where);
+
     /// Errors are told by `errors` from now on; null ends that.
     void tell_errors_by(ErrorHandling* errors) { errors_ = errors; }
 
 private:
-    void tell(const QObject* receiver);
+    void tell(const QObject& where);
 
     ErrorHandling* errors_ = nullptr;
 };

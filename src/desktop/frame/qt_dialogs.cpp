@@ -1,12 +1,15 @@
 #include "desktop/frame/qt_dialogs.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QLabel>
 #include <QMessageBox>
+#include <QProcess>
 #include <QPushButton>
+#include <QUrl>
 #include <algorithm>
 
-#include "desktop/frame/qt_text.h"
+#include "desktop/frame/widgets.h"
 
 namespace zel {
 namespace {
@@ -56,6 +59,14 @@ Answer QtDialogs::show(const Box& box) {
     window.setDefaultButton(QMessageBox::No);
     window.setEscapeButton(QMessageBox::No);
     return window.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+bool QtLauncher::open_document(const std::string& path) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(qt(path)));
+}
+
+bool QtLauncher::start_program(const std::string& path) {
+    return QProcess::startDetached(qt(path), {});
 }
 
 }  // namespace zel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/message_box.h"
+#include "platform/system.h"
 
 namespace zel {
 
@@ -15,6 +16,13 @@ public:
 
 private:
     const LangId* lang_ = nullptr;
+};
+
+/// Starts programs and opens documents as the desktop of the user does.
+class QtLauncher : public Launcher {
+public:
+    [[nodiscard]] bool open_document(const std::string& path) override;
+    [[nodiscard]] bool start_program(const std::string& path) override;
 };
 
 }  // namespace zel

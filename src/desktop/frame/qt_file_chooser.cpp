@@ -6,7 +6,7 @@
 #include <QHeaderView>
 #include <QTreeView>
 
-#include "desktop/frame/qt_text.h"
+#include "desktop/frame/widgets.h"
 
 namespace zel {
 namespace {

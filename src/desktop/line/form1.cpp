@@ -1,16 +1,14 @@
 #include "desktop/line/form1.h"
 
-#include <QAction>
-#include <QMenu>
-#include <QMenuBar>
 #include <QPushButton>
-#include <QSignalBlocker>
 #include <QTabWidget>
+#include <utility>
 
-#include "desktop/frame/qt_text.h"
+#include "desktop/frame/events.h"
 #include "desktop/line/form1_input_pages.h"
 #include "desktop/line/form1_result_page.h"
 #include "desktop/line/form1_transient_page.h"
+#include "platform/errors.h"
 #include "shell/program_texts.h"
 #include "steady/case/state_change.h"
 #include "workflow/run/page_change.h"
@@ -19,148 +17,111 @@
 namespace zel {
 namespace {
 
+constexpr AreaFacts area = {"Form1", "new_case", "close_Form1", short_name, short_name, long_title};
+
 constexpr Text page_captions[] = {
     {"&Eingabedaten", "&Input data"},
     {"&Leiterdaten", "&Conductor data"},
     {"E&rgebnis", "&Results"},
     {"&Transient", "&Transient"},
 };
-constexpr Text no_name = {"Unbenannt", "Untitled"};
 
 }  // namespace
 
-Form1::Form1(DesktopState& state, const std::function<void(LangId)>& switch_language)
-    : state_(state),
-      document_(state),
-      conductors_(*this, "Form1", state, [this] { take_over_conductor(); }),
-      file_menu_(menuBar()->addMenu(QString())),
-      edit_menu_(menuBar()->addMenu(QString())),
-      settings_menu_(*menuBar(), *this, state, MenuWindow::Form1),
-      language_menu_(*menuBar(), switch_language),
-      general_(new GeneralPage(state, [this](QWidget* input) { refused(input); })),
-      conductor_(new ConductorPage(state, [this](QWidget* input) { refused(input); })),
-      result_(new ResultPage),
-      transient_(new TransientPage(state, [this](QWidget* input) { refused(input); })),
-      pages_(new QTabWidget) {
-    setObjectName("Form1");
-    pages_->setObjectName("SSTab1");
-    for (QWidget* page : std::initializer_list<QWidget*>{general_, conductor_, result_, transient_})
-        pages_->addTab(page, QString());
-    pages_->setTabEnabled(transient_page, false);
-    setCentralWidget(pages_);
-    make_menus();
-    connect(&conductor_->Command3(), &QPushButton::clicked, this,
-            [this] { conductors_.open_database(); });
-    connect(&conductor_->Command4(), &QPushButton::clicked, this,
-            [this] { take_over_conductor(); });
-    connect(pages_, &QTabWidget::currentChanged, this, [this](int to) { page_changed(to); });
-    sharing_ = sharing_conductors(state_.calc_case);
-    state_.case_changed = [this] { case_changed(); };
-    transient_->calculated = [this] { allow_copy(); };
-    recaption();
-    general_->focus_first();
-    resize(1260, 750);
+Form1::Form1(Form1Parts parts)
+    : AreaFrame(area, parts.area,
+                std::make_unique<LineRecord>(parts.c, parts.area.session, parts.settings),
+                std::move(parts.path)),
+      line_{parts.c, parts.transient, [this] { case_changed(); }},
+      form_(parts.c, parts.area.session,
+            [&settings = parts.settings] { return settings.language_of_lists(); }),
+      settings_(parts.settings),
+      errors_(parts.errors),
+      conductors_(parts.make_conductors(*this, [this] { take_over_conductor(); })),
+      sharing_(sharing_conductors(parts.c)) {
+    const auto refuse = [this](QWidget* input) { refused(input); };
+    const FormParts form = {form_, session(), captions(), refuse, [this] { line_.changed(); }};
+    FormParts conductor_form = form;
+    conductor_form.look.row_gap = 6;
+    general_ = new GeneralPage(form, line_, settings_);
+    conductor_ = new ConductorPage(conductor_form);
+    result_ = new ResultPage(captions());
+    transient_ = new TransientPage({line_, session(), captions(), refuse}, parts.patience);
+    const Text* caption = page_captions;
+    for (AreaPage* page :
+         std::initializer_list<AreaPage*>{general_, conductor_, result_, transient_})
+        add_page(page, *caption++);
+    captions().computed([this](LangId) { tell_result_anew(); });
+    strip().setTabEnabled(transient_page, false);
+    on(&conductor_->Command3(), &QPushButton::clicked, [this] { open_database(); });
+    on(&conductor_->Command4(), &QPushButton::clicked, [this] { take_over_conductor(); });
+    transient_->calculated = [this] { allow_copy_of_page(); };
+    finish();
 }
 
-void Form1::recaption() {
-    const LangId lang = state_.session.lang;
-    recaption_title();
-    recaption_menus();
-    for (int page = input_page; page <= transient_page; ++page)
-        pages_->setTabText(page, qt(page_captions[page], lang));
-    general_->recaption();
-    conductor_->recaption();
-    result_->recaption(lang);
-    conductors_.recaption();
-    transient_->recaption();
+Form1::~Form1() = default;
+
+/// The shown result is told again, not computed again.
+void Form1::tell_result_anew() {
     if (!shown_run_) return;
-    // The shown result is told again, not computed again.
-    write_texts(*shown_run_, state_.session);
+    write_texts(*shown_run_, session());
     result_->show_run(*shown_run_);
     if (shown_run_is_stale_) result_->show_nothing_new();
 }
 
-void Form1::recaption_title() {
-    const LangId lang = state_.session.lang;
-    const std::string name = document_.name();
-    // "[*]" is where the window shows that there are changes.
-    setWindowTitle(qt(name.empty() ? no_name.in(lang) : name) + "[*] - " + qt(short_name, lang) +
-                   " - " + qt(long_title, lang));
-    setWindowModified(document_.modified());
-}
-
-void Form1::load() {
-    general_->load();
-    conductor_->load();
-    transient_->load();
-}
-
 /// Follows every change of the case: what hangs on it is brought into line.
 void Form1::case_changed() {
-    const int sharing = sharing_conductors(state_.calc_case);
-    if (sharing != sharing_) share_bundle_currents(state_.calc_case, state_.session.separator);
+    const int sharing = sharing_conductors(line_.c);
+    if (sharing != sharing_) share_bundle_currents(line_.c, session().separator);
     sharing_ = sharing;
     transient_->load();
-    setWindowModified(document_.modified());
+    show_modified();
 }
 
-void Form1::allow_copy() {
-    copy_->setEnabled(page_ == transient_page ? state_.transient.result() != nullptr
-                                              : page_ == result_page && !shown_run_is_stale_);
+void Form1::allow_copy_of_page() {
+    allow_copy(page() == transient_page ? line_.transient.result() != nullptr
+                                        : page() == result_page && !shown_run_is_stale_);
 }
 
-void Form1::apply_settings() {
-    settings_menu_.refresh();
-    general_->show_measured();
-}
+void Form1::apply_settings() { general_->show_measured(); }
 
-bool Form1::commit() {
-    general_->commit();
-    conductor_->commit();
-    transient_->commit();
-    return refused_.isNull();
-}
+bool Form1::may_be_left() { return conductors_->may_be_left() && AreaFrame::may_be_left(); }
 
-bool Form1::may_be_left() {
-    return conductors_.may_be_left() && commit() && document_.may_be_left();
+void Form1::open_database() {
+    (void)trap(errors_, "Form1", "Command3_click", [this] {
+        if (!conductors_->start_database())
+            throw PlatformError(PlatformFault::ProgramMissing,
+                                settings_.now().Seildatenbanknamepluspfad);
+    });
 }
 
 void Form1::take_over_conductor() {
     if (!commit()) return;
-    (void)trap(state_.errors, "Form1", "Command4_click", [this] {
-        conductors_.take_over([this] {
+    (void)trap(errors_, "Form1", "Command4_click", [this] {
+        conductors_->take_over(line_.c, [this] {
             load();
-            state_.case_changed();
+            line_.changed();
         });
     });
 }
 
-void Form1::page_changed(int to) {
-    const bool sound = commit();
-    const QSignalBlocker quiet(pages_);
-    if (!sound) {  // the page with the refused input stays
-        pages_->setCurrentIndex(page_);
-        return;
-    }
-    const PageChange change = change_page(state_.calc_case, page_, to, state_.session.lang);
+void Form1::turn_to(int to) {
+    const PageChange change = change_page(line_.c, page(), to, session().lang);
     if (change.clears_balance) result_->clear_balance();
     // A transient starts from the steady state of the inputs as they are now.
-    if (to == transient_page && state_.transient.basis_is_stale(state_.calc_case) && !run()) {
-        pages_->setCurrentIndex(page_);
-        return;
-    }
-    page_ = change.page;
-    pages_->setCurrentIndex(change.page);
-    if (change.refusal) state_.session.tell(*change.refusal);
-    if (change.page == conductor_page) conductor_->mark_needed();
+    if (to == transient_page && line_.transient.basis_is_stale(line_.c) && !run())
+        return show_page(page());
+    show_page(change.page);
+    if (change.refusal) session().tell(*change.refusal);
+    if (page() == conductor_page) conductor_->show_states();
     if (change.runs) run();
-    if (change.page == transient_page) transient_->focus_first();
-    allow_copy();
+    if (page() == transient_page) transient_->focus_first();
+    allow_copy_of_page();
 }
 
 /// False where the input was refused.
 bool Form1::run() {
-    const SteadyRunResult result = RunSteady(state_.calc_case, state_.session);
+    const SteadyRunResult result = RunSteady(line_.c, session());
     shown_run_is_stale_ = !result.input_valid;
     if (!result.input_valid) {
         result_->show_nothing_new();
@@ -168,22 +129,25 @@ bool Form1::run() {
     }
     result_->show_run(result);
     shown_run_ = result;
-    state_.transient.keep(result, state_.calc_case);
+    line_.transient.keep(result, line_.c);
     load();  // the run reconciles the currents of sub-conductor and bundle
-    pages_->setTabEnabled(transient_page, true);
-    for (const Box& box : result.advice) state_.session.tell(box);
+    strip().setTabEnabled(transient_page, true);
+    for (const Box& box : result.advice) session().tell(box);
     return true;
 }
 
-void Form1::refused(QWidget* input) {
-    refused_ = input;
-    QMetaObject::invokeMethod(
-        this, [this] { return_to_refused(); }, Qt::QueuedConnection);
+/// Results and an opened transient belong to the former case.
+void Form1::forget_results() {
+    line_.transient.forget();
+    sharing_ = sharing_conductors(line_.c);
+    result_->clear();
+    shown_run_.reset();
+    strip().setTabEnabled(transient_page, false);
 }
 
-void Form1::return_to_refused() {
-    if (refused_) refused_->setFocus();
-    refused_.clear();
+std::string Form1::text_to_copy() {
+    if (page() == transient_page) return transient_->text_to_copy();
+    return shown_run_ ? result_text(*shown_run_, session().lang) : std::string();
 }
 
 }  // namespace zel

@@ -8,18 +8,16 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "desktop/frame/group.h"
-#include "desktop/frame/qt_text.h"
-#include "desktop/frame/quiet_list.h"
+#include "desktop/frame/events.h"
 #include "desktop/line/frm_emissivity.h"
 #include "forms/given_value.h"
+#include "forms/line_form.h"
 #include "workflow/run/page_change.h"
 
 namespace zel {
 namespace {
 
 constexpr int gap = 12;  // pixels between columns
-constexpr int most_width = 1300;
 
 constexpr Text mode_caption = {"Berechnungsart", "Mode of calculation"};
 constexpr Text methods_caption = {"Berechnungsverfahren", "Calculation methods"};
@@ -36,106 +34,51 @@ constexpr Text not_available = {"Dieses Verfahren ist in dieser Version nicht ve
 
 }  // namespace
 
-InputPage::InputPage(DesktopState& state, FieldPanel::Refused refused)
-    : state_(state), refused_(std::move(refused)) {
-    setWidgetResizable(true);
-    setFrameShape(QFrame::NoFrame);
-}
-
-void InputPage::make_panels(int page) {
-    for (const FormSection& section : case_form_sections())
-        if (section.page == page) panels_.push_back(new FieldPanel(section, state_, refused_));
-}
-
-QWidget* InputPage::column_of(const std::vector<std::size_t>& indexes) {
-    auto* column = new QWidget;
-    auto* layout = new QVBoxLayout(column);
-    layout->setContentsMargins(0, 0, 0, 0);
-    auto& members = columns_.emplace_back();
-    for (const std::size_t index : indexes) {
-        // The last panel reaches down to the end of the neighbouring columns.
-        layout->addWidget(panels_[index], index == indexes.back() ? 1 : 0);
-        members.push_back(panels_[index]);
-    }
-    return column;
-}
-
-void InputPage::set_content(QWidget* content) {
-    content->setMaximumWidth(most_width);
-    setWidget(content);
-}
-
-void InputPage::tab_through(const std::vector<std::size_t>& indexes) {
-    QWidget* last = nullptr;
-    for (const std::size_t index : indexes)
-        for (QWidget* input : panels_[index]->inputs()) {
-            if (last != nullptr) setTabOrder(last, input);
-            last = input;
-        }
-}
-
-void InputPage::focus_first() { panels_.front()->inputs().front()->setFocus(); }
-
-void InputPage::recaption() {
-    for (FieldPanel* panel : panels_) panel->recaption();
-    for (const auto& column : columns_) align(column);
-}
-
-void InputPage::load() {
-    for (FieldPanel* panel : panels_) panel->load();
-    mark_needed();
-}
-
-void InputPage::commit() {
-    for (FieldPanel* panel : panels_) panel->commit();
-}
-
-void InputPage::mark_needed() {
-    for (FieldPanel* panel : panels_) panel->mark_needed();
-}
-
-GeneralPage::GeneralPage(DesktopState& state, FieldPanel::Refused refused)
-    : InputPage(state, std::move(refused)),
-      mode_(new QuietList),
-      age_button_(make_age_button()),
-      methods_(make_methods()) {
-    enum { project, geography, date, surroundings, line, given, measured };
-    make_panels(input_page);
-    measured_ = &panel(measured);
-    make_mode_list();
+GeneralPage::GeneralPage(const FormParts& parts, LineCase& line, const LiveSettings& settings)
+    : InputPage(input_page, parts), line_(line), settings_(settings), mode_(make_mode_list()) {
+    enum { project, geography, date, surroundings, overhead_line, given, measured };
+    QToolButton* age_button = make_age_button();
     panel(given).add_on_top(mode_);
-    panel(line).add_beside("Text2", age_button_);
+    panel(overhead_line).add_beside("Text2", age_button);
     auto* content = new QWidget;
     auto* columns = new QHBoxLayout;
     columns->setSpacing(gap);
     columns->addWidget(column_of({project, geography}), 1);
     columns->addWidget(column_of({date, surroundings}), 1);
-    columns->addWidget(column_of({line, given, measured}), 1);
+    columns->addWidget(column_of({overhead_line, given, measured}), 1);
     auto* layout = new QVBoxLayout(content);
     layout->addLayout(columns);
-    layout->addWidget(methods_);
+    layout->addWidget(make_methods());
     layout->addStretch(1);
     set_content(content);
+    measured_ = &panel(measured);
+    parts.captions.computed([this](LangId) { show_measured(); });
     // The mode opens one of the given values. The button stands last, out of the way of return.
-    setTabOrder(panel(line).inputs().back(), mode_);
+    setTabOrder(panel(overhead_line).inputs().back(), mode_);
     setTabOrder(mode_, panel(given).inputs().front());
-    setTabOrder(panel(given).inputs().back(), age_button_);
-    GeneralPage::recaption();
-    GeneralPage::load();
+    setTabOrder(panel(given).inputs().back(), age_button);
+    show_choices();
 }
 
-void GeneralPage::make_mode_list() {
-    mode_->setObjectName("Combo1");
-    mode_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    mode_->setMinimumContentsLength(20);
-    for (std::size_t i = 0; i < given_value_rows().size(); ++i) mode_->addItem(QString());
-    connect(mode_, &QComboBox::activated, this, [this](int index) {
-        set_given_value(state().calc_case,
-                        given_value_rows()[static_cast<std::size_t>(index)].value,
-                        state().session.separator);
-        open_given_box();
-        state().case_changed();
+QComboBox* GeneralPage::make_mode_list() {
+    auto* mode = new QuietList;
+    mode->setObjectName("Combo1");
+    mode->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    mode->setMinimumContentsLength(20);
+    for (std::size_t i = 0; i < given_value_rows().size(); ++i) mode->addItem(QString());
+    on(mode, &QComboBox::activated, [this](int index) {
+        set_given_value(line_.c, given_value_rows()[static_cast<std::size_t>(index)].value,
+                        parts().session.separator);
+        show_states();
+        line_.changed();
     });
+    Captions& captions = parts().captions;
+    captions.tool_tip(captions.accessible_name(mode, mode_caption), mode_caption);
+    captions.computed([mode](LangId lang) {
+        for (const GivenValueRow& row : given_value_rows())
+            mode->setItemText(static_cast<int>(row.value), qt(row.text, lang));
+    });
+    return mode;
 }
 
 QToolButton* GeneralPage::make_age_button() {
@@ -143,30 +86,33 @@ QToolButton* GeneralPage::make_age_button() {
     button->setObjectName("open_frm_emissivity");
     button->setText("ε ...");
     button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);  // fills the unit's place
-    connect(button, &QToolButton::clicked, this, [this] { ask_age(); });
-    return button;
+    on(button, &QToolButton::clicked, [this] { ask_age(); });
+    Captions& captions = parts().captions;
+    return captions.tool_tip(captions.accessible_name(button, age_hint), age_hint);
 }
 
 void GeneralPage::ask_age() {
     commit();
-    FrmEmissivity form(this, state().session);
+    FrmEmissivity form(this, parts().session);
     if (form.exec() != QDialog::Accepted) return;
-    state().calc_case.Emissionsverhaeltnis_db = form.emissivity();
+    line_.c.Emissionsverhaeltnis_db = form.emissivity();
     load();
-    state().case_changed();
+    line_.changed();
 }
 
 QGroupBox* GeneralPage::make_methods() {
-    auto* group = new QGroupBox;
+    Captions& captions = parts().captions;
+    auto* group = captions.title(new QGroupBox, methods_caption);
     auto* layout = new QHBoxLayout(inside_of(*group));
-    for (const MethodRow& row : method_rows()) {
-        auto* box = new QCheckBox;
+    for (const forms::MethodRow& row : forms::method_rows()) {
+        auto* box = captions.text(new QCheckBox, row.label);
         box->setObjectName(row.control);
         box->setEnabled(find_method(row.method) != nullptr);
-        connect(box, &QCheckBox::toggled, this, [this, &row](bool on) {
-            state().calc_case.*flag_of(row.method) = on ? 1 : 0;
-            mark_needed();
-            state().case_changed();
+        if (!box->isEnabled()) captions.tool_tip(box, not_available);
+        on(box, &QCheckBox::toggled, [this, &row](bool chosen) {
+            line_.c.*flag_of(row.method) = chosen ? 1 : 0;
+            show_states();
+            line_.changed();
         });
         layout->addWidget(box);
         layout->addSpacing(16);
@@ -176,57 +122,39 @@ QGroupBox* GeneralPage::make_methods() {
     return group;
 }
 
-/// Only the box that belongs to the mode takes an input.
-void GeneralPage::open_given_box() {
-    const GivenValue given = given_value(state().calc_case);
-    for (const GivenValueRow& row : given_value_rows())
-        if (auto* box = findChild<QWidget*>(row.control); box != nullptr && *row.control != '\0')
-            box->setEnabled(row.value == given);
-}
-
-void GeneralPage::recaption() {
-    InputPage::recaption();
-    show_measured();
-    const LangId lang = state().session.lang;
-    methods_->setTitle(qt(methods_caption, lang));
-    mode_->setAccessibleName(qt(mode_caption, lang));
-    mode_->setToolTip(qt(mode_caption, lang));
-    age_button_->setToolTip(qt(age_hint, lang));
-    age_button_->setAccessibleName(qt(age_hint, lang));
-    for (const GivenValueRow& row : given_value_rows())
-        mode_->setItemText(static_cast<int>(row.value), qt(row.text, lang));
-    std::size_t index = 0;
-    for (const MethodRow& row : method_rows()) {
-        QCheckBox* box = method_boxes_[index++];
-        box->setText(qt(row.label, lang));
-        box->setToolTip(box->isEnabled() ? QString() : qt(not_available, lang));
-    }
-}
-
-void GeneralPage::show_measured() {
-    measured_->setVisible(state().settings.now().Mess_merker != 0);
-}
+void GeneralPage::show_measured() { measured_->setVisible(settings_.now().Mess_merker != 0); }
 
 void GeneralPage::load() {
     InputPage::load();
-    mode_->setCurrentIndex(static_cast<int>(given_value(state().calc_case)));
-    std::size_t index = 0;
-    for (const MethodRow& row : method_rows()) {
-        QCheckBox* box = method_boxes_[index++];
-        const QSignalBlocker quiet(box);
-        box->setChecked(is_selected(state().calc_case, row.method));
-    }
-    open_given_box();
+    show_choices();
 }
 
-ConductorPage::ConductorPage(DesktopState& state, FieldPanel::Refused refused)
-    : InputPage(state, std::move(refused)),
+void GeneralPage::load_anew() {
+    InputPage::load_anew();
+    show_choices();
+}
+
+/// What is chosen otherwise than by a row.
+void GeneralPage::show_choices() {
+    mode_->setCurrentIndex(static_cast<int>(given_value(line_.c)));
+    std::size_t index = 0;
+    for (const forms::MethodRow& row : forms::method_rows()) {
+        QCheckBox* box = method_boxes_[index++];
+        const QSignalBlocker quiet(box);
+        box->setChecked(is_selected(line_.c, row.method));
+    }
+}
+
+ConductorPage::ConductorPage(const FormParts& parts)
+    : InputPage(conductor_page, parts),
       open_database_(new QPushButton),
       take_over_(new QPushButton) {
     open_database_->setObjectName("Command3");
     take_over_->setObjectName("Command4");
+    Captions& captions = parts.captions;
+    captions.tool_tip(captions.text(open_database_, open_database_caption), open_database_hint);
+    captions.tool_tip(captions.text(take_over_, take_over_caption), take_over_hint);
     enum { designation, kind, geometry, resistance, conductivity, material, core, ac_pairs };
-    make_panels(conductor_page);
     auto* materials = new QHBoxLayout;
     materials->setSpacing(gap);
     materials->addWidget(column_of({material}));
@@ -258,17 +186,6 @@ ConductorPage::ConductorPage(DesktopState& state, FieldPanel::Refused refused)
     tab_through({designation, kind, geometry, material, core, ac_pairs, resistance, conductivity});
     setTabOrder(open_database_, take_over_);
     setTabOrder(take_over_, panel(designation).inputs().front());
-    ConductorPage::recaption();
-    load();
-}
-
-void ConductorPage::recaption() {
-    InputPage::recaption();
-    const LangId lang = state().session.lang;
-    open_database_->setText(qt(open_database_caption, lang));
-    take_over_->setText(qt(take_over_caption, lang));
-    open_database_->setToolTip(qt(open_database_hint, lang));
-    take_over_->setToolTip(qt(take_over_hint, lang));
 }
 
 }  // namespace zel

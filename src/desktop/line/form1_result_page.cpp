@@ -6,8 +6,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/frame/group.h"
-#include "desktop/frame/qt_text.h"
 #include "workflow/run/steady_texts.h"
 
 namespace zel {
@@ -19,14 +17,9 @@ constexpr Text balance_caption = {"Wärmebilanz eines Teilleiters",
 constexpr Text wind_caption = {"Wind", "Wind"};
 
 QLabel* make_label(const QString& name, double scale = 1, bool bold = false) {
-    auto* label = new QLabel;
+    QLabel* label = plain_label(scale, bold);
     label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * scale);
-    font.setBold(bold);
-    label->setFont(font);
     return label;
 }
 
@@ -38,32 +31,23 @@ QString named(const char* prefix, Method method) { return prefix + qt(key_of(met
 
 }  // namespace
 
-ResultPage::ResultPage()
+ResultPage::ResultPage(Captions& captions)
     : head_line_(make_label("head_line", 1.25, true)),
       methods_line_(make_label("methods_line")),
       balance_(make_label("balance_line")),
-      angle_caption_(make_label("caption_angle")),
       angle_(make_label("angle")),
-      wind_caption_(make_label("caption_perpendicular_wind")),
       wind_(make_label("perpendicular_wind")),
-      results_group_(make_results()),
       tb601_group_(make_tb601()),
-      balance_group_(make_balance()),
-      wind_group_(make_wind()) {
-    setWidgetResizable(true);
-    setFrameShape(QFrame::NoFrame);
+      balance_group_(captions.title(make_balance(), balance_caption)) {
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->setSpacing(14);
-    layout->addWidget(head_line_);
-    layout->addWidget(methods_line_);
-    layout->addWidget(results_group_);
-    layout->addWidget(tb601_group_);
-    layout->addWidget(balance_group_);
-    layout->addWidget(wind_group_);
+    for (QWidget* part : std::initializer_list<QWidget*>{
+             head_line_, methods_line_, captions.title(make_results(), results_caption),
+             tb601_group_, balance_group_, make_wind(captions)})
+        layout->addWidget(part);
     layout->addStretch(1);
-    content->setMaximumWidth(1300);
-    setWidget(content);
+    set_content(content);
     content->hide();  // nothing to tell before the first valid run
 }
 
@@ -117,15 +101,16 @@ QGroupBox* ResultPage::make_balance() {
     return group;
 }
 
-QGroupBox* ResultPage::make_wind() {
-    auto* group = new QGroupBox;
+QGroupBox* ResultPage::make_wind(Captions& captions) {
+    auto* group = captions.title(new QGroupBox, wind_caption);
     auto* grid = new QGridLayout(inside_of(*group));
     grid->setHorizontalSpacing(24);
     angle_->setAlignment(Qt::AlignRight);
     wind_->setAlignment(Qt::AlignRight);
-    grid->addWidget(angle_caption_, 0, 0);
+    grid->addWidget(captions.text(make_label("caption_angle"), angle_label), 0, 0);
     grid->addWidget(angle_, 0, 1);
-    grid->addWidget(wind_caption_, 1, 0);
+    grid->addWidget(
+        captions.text(make_label("caption_perpendicular_wind"), perpendicular_wind_label), 1, 0);
     grid->addWidget(wind_, 1, 1);
     grid->setColumnStretch(2, 1);
     return group;
@@ -169,14 +154,6 @@ void ResultPage::clear() { widget()->hide(); }
 void ResultPage::clear_balance() {
     balance_->clear();
     balance_group_->hide();
-}
-
-void ResultPage::recaption(LangId lang) {
-    results_group_->setTitle(qt(results_caption, lang));
-    balance_group_->setTitle(qt(balance_caption, lang));
-    wind_group_->setTitle(qt(wind_caption, lang));
-    angle_caption_->setText(qt(angle_label, lang));
-    wind_caption_->setText(qt(perpendicular_wind_label, lang));
 }
 
 }  // namespace zel

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QScrollArea>
 #include <vector>
 
+#include "desktop/frame/area_frame.h"
 #include "workflow/run/steady_run.h"
 
 class QGroupBox;
@@ -11,9 +11,9 @@ class QLabel;
 namespace zel {
 
 /// Page 2: what the steady run found.
-class ResultPage : public QScrollArea {
+class ResultPage : public AreaPage {
 public:
-    ResultPage();
+    explicit ResultPage(Captions& captions);
 
     /// A valid run replaces all that is shown.
     void show_run(const SteadyRunResult& run);
@@ -23,7 +23,6 @@ public:
     void clear_balance();
     /// Shows nothing, as before the first run.
     void clear();
-    void recaption(LangId lang);
 
 private:
     struct Line {
@@ -32,29 +31,25 @@ private:
         QLabel* result;
     };
 
-    [[nodiscard]] QGroupBox* make_results();
     struct DetailLine {
         QLabel* caption;
         QLabel* value;
     };
 
+    [[nodiscard]] QGroupBox* make_results();
     [[nodiscard]] QGroupBox* make_tb601();
     [[nodiscard]] QGroupBox* make_balance();
-    [[nodiscard]] QGroupBox* make_wind();
+    [[nodiscard]] QGroupBox* make_wind(Captions& captions);
 
     QLabel* head_line_;
     QLabel* methods_line_;
     std::vector<Line> lines_;
     std::vector<DetailLine> tb601_lines_;  // two temperatures, then three factors
     QLabel* balance_;
-    QLabel* angle_caption_;
     QLabel* angle_;
-    QLabel* wind_caption_;
     QLabel* wind_;
-    QGroupBox* results_group_;
     QGroupBox* tb601_group_;
     QGroupBox* balance_group_;
-    QGroupBox* wind_group_;
 };
 
 }  // namespace zel

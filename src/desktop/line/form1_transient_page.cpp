@@ -7,10 +7,10 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
+#include <algorithm>
 
-#include "desktop/frame/group.h"
-#include "desktop/frame/qt_text.h"
-#include "desktop/frame/run_progress.h"
+#include "desktop/frame/events.h"
+#include "desktop/frame/job_runner.h"
 #include "workflow/run/transient_text.h"
 
 namespace zel {
@@ -46,18 +46,23 @@ constexpr int quantity_line = 0;
 constexpr int unit_line = 1;
 constexpr int first_line = 2;
 
+JobProgress progress_of(const TransientProgress& at, LangId lang) {
+    const auto row =
+        static_cast<std::size_t>(std::clamp(at.row, 1, static_cast<int>(state_change_count)) - 1);
+    // What has begun shows a little.
+    return {std::clamp(100 * at.done, 0.1, 100.0),
+            std::string(change_of_state_names[row].in(lang))};
+}
+
 QLabel* make_label(const char* name) {
-    auto* label = new QLabel;
+    QLabel* label = plain_label();
     label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
     return label;
 }
 
 QLabel* make_notice(const char* name) {
-    QLabel* label = make_label(name);
-    QFont font = label->font();
-    font.setBold(true);
-    label->setFont(font);
+    QLabel* label = plain_label(1, true);
+    label->setObjectName(name);
     return label;
 }
 
@@ -69,48 +74,50 @@ QLabel* unit_label(const char* unit) {
 
 }  // namespace
 
-TransientPage::TransientPage(DesktopState& state, TransientRowPanel::Refused refused)
-    : state_(state),
-      refused_(std::move(refused)),
-      method_caption_(make_label("caption_transient_method")),
+TransientPage::TransientPage(const TransientRowPanel::Parts& parts, int patience)
+    : parts_(parts),
+      patience_(patience),
       method_(make_label("transient_method")),
-      start_current_caption_(make_label("caption_start_current")),
       start_current_(make_label("start_current")),
-      start_temperature_caption_(make_label("caption_start_temperature")),
       start_temperature_(make_label("start_temperature")),
-      former_notice_(make_notice("former_start_notice")),
-      button_(new QPushButton),
-      notice_(make_notice("stale_notice")),
-      start_group_(make_start()),
-      rows_group_(make_rows()),
-      actions_(make_actions()) {
-    setWidgetResizable(true);
-    setFrameShape(QFrame::NoFrame);
+      former_notice_(parts.captions.text(make_notice("former_start_notice"), former_start)),
+      button_(parts.captions.text(new QPushButton, button_caption)),
+      notice_(make_notice("stale_notice")) {
+    parts.captions.computed([this](LangId lang) {
+        notice_->setText(qt(lines_of(stale_question.lines.in(lang)).front()));
+    });
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(16, 16, 16, 16);
     layout->setSpacing(14);
-    layout->addWidget(start_group_);
-    layout->addWidget(rows_group_);
-    layout->addWidget(actions_);
+    layout->addWidget(make_start());
+    layout->addWidget(make_rows());
+    layout->addWidget(make_actions());
     layout->addStretch(1);
-    content->setMaximumWidth(1300);
-    setWidget(content);
+    set_content(content);
     set_tab_order();
-    recaption();
-    load();
+    TransientPage::load();
 }
 
 QGroupBox* TransientPage::make_start() {
-    auto* group = new QGroupBox;
+    Captions& captions = parts_.captions;
+    auto* group = captions.title(new QGroupBox, start_caption);
     auto* grid = new QGridLayout(inside_of(*group));
     grid->setHorizontalSpacing(24);
     grid->setVerticalSpacing(6);
+    const struct {
+        const char* name;
+        Text caption;
+        QLabel* value;
+    } lines[] = {{"caption_transient_method", method_caption, method_},
+                 {"caption_start_current", start_current_label, start_current_},
+                 {"caption_start_temperature", start_temperature_label, start_temperature_}};
     int line = 0;
-    for (const auto& [caption, value] :
-         {std::pair{method_caption_, method_}, std::pair{start_current_caption_, start_current_},
-          std::pair{start_temperature_caption_, start_temperature_}}) {
-        grid->addWidget(caption, line, 0);
+    for (const auto& [name, caption, value] : lines) {
+        QLabel* label = make_label(name);
+        captions.computed(
+            [label, text = caption](LangId lang) { label->setText(qt(text, lang).trimmed()); });
+        grid->addWidget(label, line, 0);
         grid->addWidget(value, line++, 1);
     }
     grid->addWidget(former_notice_, line, 0, 1, 3);
@@ -119,27 +126,27 @@ QGroupBox* TransientPage::make_start() {
 }
 
 QGroupBox* TransientPage::make_rows() {
-    auto* group = new QGroupBox;
+    auto* group = parts_.captions.title(new QGroupBox, rows_caption);
     auto* grid = new QGridLayout(inside_of(*group));
     grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(10);
     for (const Heading& heading : headings) {
-        auto* label = new QLabel;
+        auto* label = parts_.captions.text(new QLabel, heading.quantity);
         label->setAlignment(heading.column == total_column ? Qt::AlignLeft : Qt::AlignHCenter);
         grid->addWidget(label, quantity_line, heading.column, 1, heading.columns);
-        headings_.push_back(label);
         if (*heading.unit != '\0')
             grid->addWidget(unit_label(heading.unit), unit_line, heading.column);
     }
     grid->addWidget(unit_label("min"), unit_line, cell_column + 2);
     grid->addWidget(unit_label("sec"), unit_line, cell_column + 3);
-    const auto refuse = [this](QWidget* input) {
+    TransientRowPanel::Parts parts = parts_;
+    parts.refused = [this](QWidget* input) {
         typing_refused_ = true;
-        refused_(input);
+        parts_.refused(input);
     };
     for (std::size_t i = 0; i < state_change_count; ++i)
-        rows_.push_back(std::make_unique<TransientRowPanel>(i, state_, refuse, *grid,
-                                                            first_line + static_cast<int>(i)));
+        rows_.push_back(
+            std::make_unique<TransientRowPanel>(i, parts, *grid, first_line + static_cast<int>(i)));
     grid->setColumnStretch(total_column, 1);
     return group;
 }
@@ -152,7 +159,7 @@ QWidget* TransientPage::make_actions() {
     button_->setObjectName("calculate_transient");
     button_->setAutoDefault(true);
     button_->setMinimumSize(button_width, button_height);
-    connect(button_, &QPushButton::clicked, this, [this] { press_button(); });
+    on(button_, &QPushButton::clicked, [this] { press_button(); });
     layout->addWidget(button_);
     layout->addWidget(notice_);
     layout->addStretch(1);
@@ -174,36 +181,21 @@ void TransientPage::set_tab_order() {
 
 void TransientPage::focus_first() { rows_.front()->input(nullptr)->setFocus(); }
 
-void TransientPage::recaption() {
-    const LangId lang = state_.session.lang;
-    start_group_->setTitle(qt(start_caption, lang));
-    rows_group_->setTitle(qt(rows_caption, lang));
-    for (std::size_t i = 0; i < headings_.size(); ++i)
-        headings_[i]->setText(qt(headings[i].quantity, lang));
-    method_caption_->setText(qt(method_caption, lang));
-    start_current_caption_->setText(qt(start_current_label, lang).trimmed());
-    start_temperature_caption_->setText(qt(start_temperature_label, lang).trimmed());
-    button_->setText(qt(button_caption, lang));
-    notice_->setText(qt(lines_of(stale_question.lines.in(lang)).front()));
-    former_notice_->setText(qt(former_start, lang));
-    for (const auto& row : rows_) row->recaption();
-}
-
 bool TransientPage::is_stale() const {
-    return state_.transient.result_is_stale(state_.calc_case, state_.session);
+    return parts_.line.transient.result_is_stale(parts_.line.c, parts_.session);
 }
 
 void TransientPage::load() {
-    const LangId lang = state_.session.lang;
-    const auto& start = state_.transient.basis().start;
-    const auto method = transient_method(state_.calc_case);
+    const LangId lang = parts_.session.lang;
+    const auto& start = parts_.line.transient.basis().start;
+    const auto method = transient_method(parts_.line.c);
     method_->setText(method ? qt(name_of(*method)) : qt(no_state, lang));
-    const DecimalSeparator separator = state_.session.separator;
-    start_current_->setText(start ? qt(start_current_text(*start, state_.calc_case, separator))
+    const DecimalSeparator separator = parts_.session.separator;
+    start_current_->setText(start ? qt(start_current_text(*start, parts_.line.c, separator))
                                   : qt(no_state, lang));
     start_temperature_->setText(start ? qt(start_temperature_text(*start, separator))
                                       : qt(no_state, lang));
-    former_notice_->setVisible(state_.transient.start_is_former());
+    former_notice_->setVisible(parts_.line.transient.start_is_former());
     const bool stale = is_stale();
     for (const auto& row : rows_) row->load(stale);
     notice_->setVisible(stale);
@@ -222,33 +214,41 @@ void TransientPage::press_button() {
 void TransientPage::calculate() {
     if (running_) return;
     const QScopedValueRollback<bool> guard(running_, true);
+    CalcCase c = parts_.line.c;
+    MethodMemory memory = *parts_.session.memory;
     TransientRunResult result;
-    {
-        RunProgress progress(this, state_);
-        RunTransient(
-            state_.calc_case, state_.transient.basis(), state_.session,
-            [&progress](const TransientProgress& at) { return progress.goes_on(at); }, result);
-    }
+    RunProgress progress(*this, parts_.session.lang, patience_);
+    run_job(progress, parts_.session.dialogs,
+            [&c, &memory, &result, basis = parts_.line.transient.basis(),
+             session = parts_.session](Job& job) {
+                const auto observer = [&job, lang = session.lang](const TransientProgress& at) {
+                    job.tell(progress_of(at, lang));
+                    return !job.cancelled();
+                };
+                RunTransient(c, basis, session.apart(job.dialogs(), &memory), observer, result);
+            });
     if (!result.input_valid) {
-        state_.session.tell(result.refusal.box);
+        parts_.session.tell(result.refusal.box);
         if (result.refusal.row) rows_[*result.refusal.row]->input(result.refusal.cell)->setFocus();
         return;
     }
     if (result.end == TransientEnd::Cancelled) return;
-    state_.transient.keep(result, state_.calc_case);
-    state_.case_changed();
+    parts_.line.c = c;
+    *parts_.session.memory = memory;
+    parts_.line.transient.keep(result, c);
+    parts_.line.changed();
     calculated();
 }
 
 std::string TransientPage::text_to_copy() {
-    if (state_.transient.result() == nullptr) return {};
-    const Session& session = state_.session;
+    if (parts_.line.transient.result() == nullptr) return {};
+    const Session& session = parts_.session;
     if (is_stale()) {
         if (session.dialogs.show(box_in(session.lang, stale_question)) != Answer::Yes) return {};
         press_button();
         if (is_stale()) return {};
     }
-    return transient_text(*state_.transient.result(), state_.calc_case, session);
+    return transient_text(*parts_.line.transient.result(), parts_.line.c, session);
 }
 
 }  // namespace zel

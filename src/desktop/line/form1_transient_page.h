@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QScrollArea>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "desktop/frame/desktop_state.h"
+#include "desktop/frame/area_frame.h"
 #include "desktop/line/transient_row_panel.h"
 
 class QGroupBox;
@@ -18,17 +17,16 @@ namespace zel {
 /// Page 3: up to six changes of state that start from the steady state of the last run. The button
 /// checks and calculates them. A long run shows how far it is and can be cancelled; it then leaves
 /// all as it was.
-class TransientPage : public QScrollArea {
+class TransientPage : public AreaPage {
 public:
-    TransientPage(DesktopState& state, TransientRowPanel::Refused refused);
+    /// A run that takes longer than `patience` (in milliseconds) shows how far it is.
+    TransientPage(const TransientRowPanel::Parts& parts, int patience);
 
-    void recaption();
     /// Shows what stands in the case and what the last runs left. Results that are no longer those
     /// of the inputs are greyed, with a notice.
-    void load();
-    /// Takes in what is typed but not yet finished.
-    void commit();
-    void focus_first();
+    void load() override;
+    void commit() override;
+    void focus_first() override;
 
     /// The results as text. Where they are stale, the user is asked whether to calculate anew;
     /// empty where there are none or the user does not want to.
@@ -46,22 +44,15 @@ private:
     void calculate();
     [[nodiscard]] bool is_stale() const;
 
-    DesktopState& state_;
-    TransientRowPanel::Refused refused_;
+    TransientRowPanel::Parts parts_;
+    int patience_;
     std::vector<std::unique_ptr<TransientRowPanel>> rows_;
-    std::vector<QLabel*> headings_;
-    QLabel* method_caption_;
     QLabel* method_;
-    QLabel* start_current_caption_;
     QLabel* start_current_;
-    QLabel* start_temperature_caption_;
     QLabel* start_temperature_;
     QLabel* former_notice_;  // the start is that of a former run
     QPushButton* button_;
     QLabel* notice_;
-    QGroupBox* start_group_;
-    QGroupBox* rows_group_;
-    QWidget* actions_;
     bool running_ = false;
     bool typing_refused_ = false;  // a text was refused while the page was taken in
 };

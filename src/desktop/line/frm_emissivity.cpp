@@ -7,8 +7,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "desktop/frame/qt_text.h"
-#include "workflow/rules/emissivity.h"
+#include "desktop/frame/events.h"
+#include "desktop/frame/widgets.h"
+#include "workflow/rules/derived.h"
 #include "workflow/rules/entry_rules.h"
 
 namespace zel {
@@ -74,13 +75,13 @@ FrmEmissivity::FrmEmissivity(QWidget* parent, const Session& session)
     layout->addWidget(new QLabel(qt(formula, lang)));
     layout->addWidget(note_label);
     layout->addWidget(buttons);
-    connect(compute, &QPushButton::clicked, this, [this] { this->compute(); });
-    connect(age_, &QLineEdit::textEdited, this, [this] {
+    on(compute, &QPushButton::clicked, [this] { this->compute(); });
+    on(age_, &QLineEdit::textEdited, [this] {
         result_->clear();
         take_over_->setEnabled(false);
     });
-    connect(take_over_, &QPushButton::clicked, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    on(take_over_, &QPushButton::clicked, [this] { accept(); });
+    on(buttons, &QDialogButtonBox::rejected, [this] { reject(); });
     resize(520, sizeHint().height());
 }
 

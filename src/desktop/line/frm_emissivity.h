@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QDialog>
-#include <optional>
 
-#include "desktop/frame/desktop_state.h"
+#include "shell/session.h"
+#include "steady/case/calc_case.h"
 
 class QLabel;
 class QLineEdit;

@@ -1,19 +1,16 @@
 #include "desktop/line/transient_row_panel.h"
 
 #include <QButtonGroup>
-#include <QFocusEvent>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QToolButton>
-#include <algorithm>
 #include <string>
 
-#include "desktop/frame/focus_chain.h"
-#include "desktop/frame/number_keys.h"
-#include "desktop/frame/qt_text.h"
+#include "desktop/frame/events.h"
+#include "desktop/frame/inputs.h"
 #include "workflow/rules/transient_cells.h"
 #include "workflow/run/transient_text.h"
 
@@ -66,11 +63,9 @@ void set_look(QLineEdit& edit, bool found, bool stale) {
 
 }  // namespace
 
-TransientRowPanel::TransientRowPanel(std::size_t index, DesktopState& state, Refused refused,
-                                     QGridLayout& grid, int line)
+TransientRowPanel::TransientRowPanel(std::size_t index, Parts parts, QGridLayout& grid, int line)
     : index_(index),
-      state_(state),
-      refused_(std::move(refused)),
+      parts_(std::move(parts)),
       name_(new QLabel),
       kinds_(new QButtonGroup(this)),
       off_(new QToolButton),
@@ -80,6 +75,7 @@ TransientRowPanel::TransientRowPanel(std::size_t index, DesktopState& state, Ref
     make_cells(grid, line);
     total_->setObjectName(named("total", index_));
     grid.addWidget(total_, line, total_column);
+    enter_captions();
 }
 
 void TransientRowPanel::make_kinds(QGridLayout& grid, int line) {
@@ -93,12 +89,12 @@ void TransientRowPanel::make_kinds(QGridLayout& grid, int line) {
         kinds_->addButton(button, kind);
         grid.addWidget(button, line, kind_column + static_cast<int>(i));
     }
-    connect(kinds_, &QButtonGroup::idClicked, this,
-            [this](int kind) { set_kind(static_cast<std::int16_t>(kind)); });
+    on(kinds_, &QButtonGroup::idClicked,
+       [this](int kind) { set_kind(static_cast<std::int16_t>(kind)); });
     off_->setObjectName(named("off", index_));
     off_->setText(" - ");
     off_->setFocusPolicy(Qt::TabFocus);
-    connect(off_, &QToolButton::clicked, this, [this] { set_kind(row_unused); });
+    on(off_, &QToolButton::clicked, [this] { set_kind(row_unused); });
     grid.addWidget(off_, line, off_column);
 }
 
@@ -108,16 +104,16 @@ void TransientRowPanel::make_cells(QGridLayout& grid, int line) {
         edit->setObjectName(named(control_arrays[index_], i));
         edit->setAlignment(Qt::AlignRight);
         edit->setFixedWidth(cell_width);
-        edit->installEventFilter(this);
+        edit->installEventFilter(new LeavingBox(edit, [this, i] { take_in(i); }));
         edit->installEventFilter(new FocusChain(edit));
-        edit->installEventFilter(new NumberKeys(edit, state_.session));
+        edit->installEventFilter(new NumberKeys(edit, parts_.session));
         // An input method would type past the filter of keys.
         edit->setAttribute(Qt::WA_InputMethodEnabled, false);
         grid.addWidget(edit, line, cell_column + static_cast<int>(i));
     }
 }
 
-StateChange& TransientRowPanel::row() const { return state_.calc_case.Z[index_]; }
+StateChange& TransientRowPanel::row() const { return parts_.line.c.Z[index_]; }
 
 bool TransientRowPanel::is_found(std::size_t cell) const {
     return is_in_use(row()) && !takes_input(row().merker, state_cells[cell]);
@@ -126,7 +122,7 @@ bool TransientRowPanel::is_found(std::size_t cell) const {
 /// The text that stands in a cell: the input, or what the last run found for this kind of row.
 std::string TransientRowPanel::text_of(std::size_t cell) const {
     if (!is_found(cell)) return (row().*state_cells[cell]).text;
-    const TransientRunResult* result = state_.transient.result();
+    const TransientRunResult* result = parts_.line.transient.result();
     const bool same_kind = result != nullptr && result->rows[index_].Merker == row().merker;
     return same_kind ? result->texts[index_].*found_texts[cell] : std::string();
 }
@@ -143,7 +139,7 @@ void TransientRowPanel::load(bool stale) {
         edit.setEnabled(takes_input(row().merker, state_cells[i]));
         set_look(edit, is_found(i), stale);
     }
-    const TransientRunResult* result = state_.transient.result();
+    const TransientRunResult* result = parts_.line.transient.result();
     const bool ran = result != nullptr && is_in_use(row());
     total_->setText(ran ? qt(result->texts[index_].total) : QString());
     total_->setEnabled(!stale);
@@ -164,24 +160,17 @@ void TransientRowPanel::show_kind() {
 
 void TransientRowPanel::set_kind(std::int16_t kind) {
     row().merker = kind;
-    state_.case_changed();
+    parts_.line.changed();
 }
 
 bool TransientRowPanel::eventFilter(QObject* watched, QEvent* event) {
-    const auto edit = std::find(cells_.begin(), cells_.end(), watched);
-    if (edit == cells_.end()) {  // a button of the kinds
-        if (event->type() != QEvent::KeyPress ||
-            static_cast<QKeyEvent*>(event)->key() != Qt::Key_Minus)
-            return false;
+    if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Minus)
+        return false;
+    guarded(*watched, [this] {
         set_kind(row_unused);
         input(nullptr)->setFocus();
-        return true;
-    }
-    if (event->type() != QEvent::FocusOut) return false;
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) return false;
-    take_in(static_cast<std::size_t>(edit - cells_.begin()));
-    return false;
+    });
+    return true;
 }
 
 void TransientRowPanel::take_in(std::size_t cell) {
@@ -189,12 +178,12 @@ void TransientRowPanel::take_in(std::size_t cell) {
     if (!edit.isEnabled()) return;
     const std::string typed = edit.text().toStdString();
     if (typed == text_of(cell)) return;
-    const Session& session = state_.session;
-    const auto refusal = enter_cell(state_.calc_case, {index_, state_cells[cell]}, typed, session);
-    state_.case_changed();
+    const Session& session = parts_.session;
+    const auto refusal = enter_cell(parts_.line.c, {index_, state_cells[cell]}, typed, session);
+    parts_.line.changed();
     if (!refusal) return;
     session.tell(*refusal);
-    refused_(&edit);
+    parts_.refused(&edit);
 }
 
 void TransientRowPanel::commit() {
@@ -216,19 +205,23 @@ std::vector<QWidget*> TransientRowPanel::inputs() const {
 
 QWidget* TransientRowPanel::off_button() const { return off_; }
 
-void TransientRowPanel::recaption() {
-    const LangId lang = state_.session.lang;
-    const QString name = qt(change_of_state_names[index_], lang);
-    name_->setText(name);
+void TransientRowPanel::enter_captions() {
+    Captions& captions = parts_.captions;
+    const Text& name = change_of_state_names[index_];
+    const auto named_for = [&captions, name](QWidget* widget, const Text& what) {
+        captions.computed([widget, name, what](LangId lang) {
+            widget->setAccessibleName(qt(name, lang) + ": " + qt(what, lang));
+        });
+    };
+    captions.text(name_, name);
     for (std::size_t i = 0; i < kind_buttons_.size(); ++i) {
-        kind_buttons_[i]->setText(qt(kind_captions[i], lang));
-        kind_buttons_[i]->setToolTip(qt(kind_hints[i], lang));
-        kind_buttons_[i]->setAccessibleName(name + ": " + qt(kind_hints[i], lang));
+        captions.text(kind_buttons_[i], kind_captions[i]);
+        captions.tool_tip(kind_buttons_[i], kind_hints[i]);
+        named_for(kind_buttons_[i], kind_hints[i]);
     }
-    off_->setToolTip(qt(off_hint, lang));
-    off_->setAccessibleName(name + ": " + qt(off_hint, lang));
-    for (std::size_t i = 0; i < cells_.size(); ++i)
-        cells_[i]->setAccessibleName(name + ": " + qt(cell_names[i], lang));
+    captions.tool_tip(off_, off_hint);
+    named_for(off_, off_hint);
+    for (std::size_t i = 0; i < cells_.size(); ++i) named_for(cells_[i], cell_names[i]);
 }
 
 }  // namespace zel

@@ -5,7 +5,8 @@
 #include <cstddef>
 #include <functional>
 
-#include "desktop/frame/desktop_state.h"
+#include "desktop/frame/captions.h"
+#include "desktop/line/line_case.h"
 #include "steady/case/case_fields.h"
 
 class QButtonGroup;
@@ -31,15 +32,17 @@ enum TransientColumn {
 /// shows what the last run found.
 class TransientRowPanel : public QObject {
 public:
-    /// Called with the input whose text was refused.
-    using Refused = std::function<void(QWidget*)>;
+    /// What a row works with.
+    struct Parts {
+        LineCase& line;
+        const Session& session;
+        Captions& captions;
+        std::function<void(QWidget*)> refused;  // called with the input whose text was refused
+    };
 
     /// Row `index` (0 to 5), placed into line `line` of `grid`.
-    TransientRowPanel(std::size_t index, DesktopState& state, Refused refused, QGridLayout& grid,
-                      int line);
+    TransientRowPanel(std::size_t index, Parts parts, QGridLayout& grid, int line);
 
-    /// Captions in the language of the session.
-    void recaption();
     /// Shows what stands in the case and what the last run found; a stale result is greyed.
     void load(bool stale);
     /// Takes in what is typed but not yet finished.
@@ -51,9 +54,11 @@ public:
     [[nodiscard]] std::vector<QWidget*> inputs() const;
     [[nodiscard]] QWidget* off_button() const;
 
+    /// Of the choice of the kind: the key - switches the row off.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void enter_captions();
     void make_kinds(QGridLayout& grid, int line);
     void make_cells(QGridLayout& grid, int line);
     void set_kind(std::int16_t kind);
@@ -64,8 +69,7 @@ private:
     [[nodiscard]] bool is_found(std::size_t cell) const;
 
     std::size_t index_;
-    DesktopState& state_;
-    Refused refused_;
+    Parts parts_;
     QLabel* name_;
     QButtonGroup* kinds_;
     std::array<QRadioButton*, 3> kind_buttons_{};

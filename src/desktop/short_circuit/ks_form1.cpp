@@ -1,27 +1,30 @@
 #include "desktop/short_circuit/ks_form1.h"
 
-#include <QAction>
-#include <QClipboard>
 #include <QGuiApplication>
-#include <QMenu>
-#include <QMenuBar>
-#include <QSignalBlocker>
 #include <QTabWidget>
+#include <utility>
 
-#include "desktop/frame/qt_text.h"
-#include "desktop/short_circuit/ks_form1_pages.h"
-#include "desktop/short_circuit/ks_form1_result.h"
+#include "desktop/short_circuit/form_pages.h"
+#include "desktop/short_circuit/result_view.h"
 #include "shell/program_texts.h"
+#include "short_circuit/short_circuit_fields.h"
+#include "short_circuit/short_circuit_file.h"
 
-namespace zel {
+namespace zel::short_circuit {
 namespace {
 
-constexpr std::string_view page_captions[] = {"&Eingabedaten", "&Leiterdaten ", "E&rgebnis"};
+constexpr Text page_captions[] = {{"&Eingabedaten"}, {"&Leiterdaten"}, {"E&rgebnis"}};
 constexpr Text form_title = {"Thermische Kurzschlußstromfestigkeit nach IEC 865-1",
                              short_circuit_title.en};
-constexpr Text no_name = {"Unbenannt", "Untitled"};
-constexpr Text file_caption = {"&Datei", "&File"};
-constexpr Text edit_caption = {"&Bearbeiten", "&Edit"};
+
+constexpr FormLook look = {
+    .row_gap = 8,
+    .number_width = 90,
+    .list_length = 12,
+    .fills_room = false,
+    .closed_turn_grey = true,
+    .return_leaves_lists = true,
+};
 
 /// Shows that the program works, as long as it lives.
 class WaitCursor {
@@ -32,196 +35,123 @@ public:
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
-}  // namespace
+/// The case as a document. A new one is asked for whether there are changes or not.
+class CaseRecord : public DocumentRecord {
+public:
+    CaseRecord(ShortCircuitForm& form, const Session& session) : form_(form), session_(session) {}
 
-struct KsForm1::MenuRow {
-    const char* name;
-    Text caption;
-    const char* shortcut;
-    void (KsForm1::*act)();
+    [[nodiscard]] FlatObject values() const override { return values_of(form_.content()); }
+    std::vector<RefusedText> take(const FlatObject& values) override {
+        ShortCircuitFile file = read_short_circuit_case(values, session_);
+        form_ = std::move(file.form);
+        return std::move(file.refused);
+    }
+    void start_anew() override { form_ = {}; }
+    [[nodiscard]] std::optional<Box> question_before_anew() const override {
+        return new_case_question(session_.lang);
+    }
+
+private:
+    ShortCircuitForm& form_;
+    const Session& session_;
 };
 
-KsForm1::KsForm1(KsState& state, const Text& name,
-                 const std::function<void(LangId)>& switch_language)
-    : state_(state),
-      name_(name),
-      document_(state),
-      file_menu_(menuBar()->addMenu(QString())),
-      edit_menu_(menuBar()->addMenu(QString())),
-      language_menu_(*menuBar(), switch_language),
-      result_(new KsResultView),
-      pages_(new QTabWidget) {
-    setObjectName("KS_Form1");
-    pages_->setObjectName("SSTab1");
-    const KsPanel::Notify notify = {[this](QWidget* input) { refused(input); },
-                                    [this] { case_changed(); }};
-    general_ = new KsGeneralPage(state, notify);
-    conductor_ = new KsConductorPage(state, notify);
-    for (QWidget* page : std::initializer_list<QWidget*>{general_, conductor_, result_})
-        pages_->addTab(page, qt(page_captions[pages_->count()]).trimmed());
-    setCentralWidget(pages_);
-    make_menus();
-    connect(pages_, &QTabWidget::currentChanged, this, [this](int to) { page_changed(to); });
-    recaption();
-    general_->focus_first();
-    resize(1260, 750);
+}  // namespace
+
+KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& name,
+                 const MakeConductorSource& make_conductors)
+    : AreaFrame({"KS_Form1", "mneu", "close_KS_Form1", name, short_circuit_title, form_title},
+                parts, std::make_unique<CaseRecord>(form, parts.session), {}),
+      form_(form),
+      record_(form_, parts.session),
+      conductors_(make_conductors(*this, [this] { take_over_conductor(); })),
+      result_(new ResultView) {
+    const FormParts form_parts = {record_,
+                                  session(),
+                                  captions(),
+                                  [this](QWidget* input) { refused(input); },
+                                  [this] { case_changed(); },
+                                  look};
+    general_ = new GeneralPage(form_parts);
+    conductor_ = new ConductorPage(
+        form_parts, [this] { start_database(); }, [this] { take_over_conductor(); });
+    const Text* caption = page_captions;
+    for (AreaPage* page : std::initializer_list<AreaPage*>{general_, conductor_, result_})
+        add_page(page, *caption++);
+    finish();
 }
 
-void KsForm1::make_menus() {
-    constexpr MenuRow file_rows[] = {
-        {"mneu", {"&Neu", "&New"}, "Ctrl+N", &KsForm1::start_anew},
-        {"open_case", {"Ö&ffnen ...", "&Open ..."}, "Ctrl+O", &KsForm1::open},
-        {"save_case", {"&Speichern", "&Save"}, "Ctrl+S", &KsForm1::save},
-        {"save_case_as",
-         {"Speichern &unter ...", "Save &as ..."},
-         "Ctrl+Shift+S",
-         &KsForm1::save_as},
-        {"close_KS_Form1", {"S&chließen", "&Close"}, "Ctrl+W", &KsForm1::hide_form},
-    };
-    constexpr MenuRow copy_row = {"copy_result",
-                                  {"Ergebnis &kopieren", "&Copy result"},
-                                  "Ctrl+Shift+C",
-                                  &KsForm1::copy_result};
-    for (const MenuRow& row : file_rows) add_action(*file_menu_, row);
-    copy_ = add_action(*edit_menu_, copy_row);
-    file_menu_->insertSeparator(file_menu_->actions().constLast());
-    copy_->setEnabled(false);
-}
-
-QAction* KsForm1::add_action(QMenu& menu, const MenuRow& row) {
-    QAction* action = menu.addAction(QString());
-    action->setObjectName(row.name);
-    action->setShortcut(QKeySequence(row.shortcut));
-    connect(action, &QAction::triggered, this, [this, act = row.act] { (this->*act)(); });
-    actions_.emplace_back(action, row.caption);
-    return action;
-}
-
-void KsForm1::recaption() {
-    const LangId lang = state_.session.lang;
-    recaption_title();
-    file_menu_->setTitle(qt(file_caption, lang));
-    edit_menu_->setTitle(qt(edit_caption, lang));
-    for (const auto& [action, caption] : actions_) action->setText(qt(caption, lang));
-    language_menu_.recaption(lang);
-    general_->recaption();
-    conductor_->recaption();
-}
-
-void KsForm1::recaption_title() {
-    const LangId lang = state_.session.lang;
-    const std::string name = document_.name();
-    // "[*]" is where the window shows that there are changes.
-    setWindowTitle(qt(name.empty() ? no_name.in(lang) : name) + "[*] - " + qt(name_, lang) + " - " +
-                   qt(form_title, lang));
-    setWindowModified(document_.modified());
-}
+KsForm1::~KsForm1() = default;
 
 /// A change of one input may open, close and empty others.
 void KsForm1::case_changed() {
     general_->load();
     conductor_->load();
-    pages_->setTabEnabled(ks_conductor_page, state_.form.conductor_page_is_open());
-    setWindowModified(document_.modified());
+    strip().setTabEnabled(short_circuit::conductor_page, form_.conductor_page_is_open());
+    show_modified();
 }
 
 void KsForm1::load() {
-    general_->load_anew();
-    conductor_->load_anew();
+    AreaFrame::load();
     case_changed();
     if (shown_) run();
 }
 
-bool KsForm1::commit() {
-    general_->commit();
-    conductor_->commit();
-    return refused_.isNull();
+bool KsForm1::may_be_left() { return conductors_->may_be_left() && AreaFrame::may_be_left(); }
+
+void KsForm1::start_database() {
+    if (!conductors_->start_database()) session().tell(conductor_database_not_started());
 }
 
-void KsForm1::take_over_conductor() { conductor_->take_over(); }
-
-bool KsForm1::may_be_left() { return commit() && document_.may_be_left(); }
-
-void KsForm1::start_anew() {
-    if (commit() && document_.start_anew()) show_new_case();
+void KsForm1::take_over_conductor() {
+    (void)commit();
+    const auto conductor = conductors_->chosen_conductor();
+    if (!conductor) return;
+    const auto refused = form_.take_over(*conductor, session());
+    case_changed();
+    for (const auto& [box, refusal] : refused) {
+        Box told = refusal.box;
+        told.lines.insert(told.lines.begin(), without_outer_blanks(field_of(box).label.de));
+        session().tell(told);
+    }
+    if (!refused.empty()) conductor_->input(field_of(refused.front().box))->setFocus();
 }
 
-void KsForm1::open() {
-    if (commit() && document_.open()) show_new_case();
-}
-
-void KsForm1::save() {
-    if (commit() && document_.save()) recaption_title();
-}
-
-void KsForm1::save_as() {
-    if (commit() && document_.save_as()) recaption_title();
-}
-
-void KsForm1::hide_form() { close(); }
-
-/// A result belongs to the former case.
-void KsForm1::show_new_case() {
-    clear_result();
-    load();
-    pages_->setCurrentIndex(ks_input_page);
-    general_->focus_first();
-    recaption_title();
-}
-
-void KsForm1::copy_result() {
-    if (shown_) QGuiApplication::clipboard()->setText(qt(result_text(*shown_)));
-}
-
-void KsForm1::clear_result() {
+/// What is shown belongs to what was typed before.
+void KsForm1::leave_page() {
     result_->clear();
     shown_.reset();
-    copy_->setEnabled(false);
+    allow_copy(false);
 }
 
-void KsForm1::page_changed(int to) {
-    const bool sound = commit();
-    clear_result();
-    if (!sound) {  // the page with the refused input stays
-        const QSignalBlocker quiet(pages_);
-        pages_->setCurrentIndex(page_);
-        return;
-    }
-    page_ = to;
-    if (to == ks_result_page) run();
+void KsForm1::turn_to(int page) {
+    show_page(page);
+    if (page == short_circuit::result_page) run();
 }
 
 void KsForm1::run() {
     const ShortCircuitRun run = [&] {
         const WaitCursor waiting;
-        return RunShortCircuit(state_.form.content(), state_.session.separator);
+        return RunShortCircuit(form_.content(), session().separator);
     }();
     if (run.refusal) {
-        state_.session.tell(run.refusal->box);
+        session().tell(run.refusal->box);
         go_to(*run.refusal);
         return;
     }
     shown_ = run.page;
     result_->show_page(run.page);
-    copy_->setEnabled(true);
+    allow_copy(true);
 }
 
-void KsForm1::go_to(const KsRefusal& refusal) {
-    pages_->setCurrentIndex(refusal.page);
-    QWidget* input = general_->input(refusal.focus);
-    if (input == nullptr) input = conductor_->input(refusal.focus);
+void KsForm1::go_to(const ShortCircuitRefusal& refusal) {
+    strip().setCurrentIndex(refusal.page);
+    const FieldInfo& field = field_of(refusal.focus);
+    QWidget* input = general_->input(field);
+    if (input == nullptr) input = conductor_->input(field);
     if (input != nullptr) input->setFocus();
 }
 
-void KsForm1::refused(QWidget* input) {
-    refused_ = input;
-    QMetaObject::invokeMethod(
-        this, [this] { return_to_refused(); }, Qt::QueuedConnection);
-}
+std::string KsForm1::text_to_copy() { return shown_ ? result_text(*shown_) : std::string(); }
 
-void KsForm1::return_to_refused() {
-    if (refused_) refused_->setFocus();
-    refused_.clear();
-}
-
-}  // namespace zel
+}  // namespace zel::short_circuit

@@ -1,89 +1,51 @@
 #pragma once
 
-#include <QMainWindow>
-#include <QPointer>
-#include <functional>
+#include <memory>
 #include <optional>
-#include <utility>
-#include <vector>
 
-#include "desktop/frame/language_menu.h"
-#include "desktop/short_circuit/ks_document.h"
-#include "desktop/short_circuit/ks_state.h"
+#include "desktop/frame/area_frame.h"
+#include "desktop/frame/conductor_source.h"
+#include "forms/short_circuit_form.h"
 #include "short_circuit/short_circuit_run.h"
 
-class QAction;
-class QMenu;
-class QTabWidget;
+namespace zel::short_circuit {
 
-namespace zel {
+class ConductorPage;
+class GeneralPage;
+class ResultView;
 
-class KsConductorPage;
-class KsGeneralPage;
-class KsResultView;
-
-/// The form `KS_Form1` of the short-circuit area: three pages on the strip `SSTab1`, numbered from
-/// 0. Going to the result page checks and calculates. The menu keeps the case in files; the title
-/// tells the file and whether the case has changes that it lacks. Closing the form hides it, the
-/// case stays.
-class KsForm1 : public QMainWindow {
+/// The form `KS_Form1` of the short-circuit area: three pages. Going to the result page checks and
+/// calculates.
+class KsForm1 : public AreaFrame {
 public:
-    /// `name` is what the area calls itself; it may change with the language, which
-    /// `switch_language` is called for by the language menu.
-    KsForm1(KsState& state, const Text& name, const std::function<void(LangId)>& switch_language);
+    /// `name` is what the area calls itself; it may change with the language.
+    KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& name,
+            const MakeConductorSource& make_conductors);
+    ~KsForm1() override;
 
-    /// Captions in the language of the session.
-    void recaption();
+    void load() override;
+    [[nodiscard]] bool may_be_left() override;
 
-    /// Shows what stands in the case, and a shown result, with the separator of the session.
-    void load();
-    /// Takes in what is typed but not yet finished.
-    void take_in() { (void)commit(); }
-
-    /// Takes over the conductor that was chosen in the database.
-    void take_over_conductor();
-
-    /// Takes in what is typed but not yet finished; false where a text was refused, or where the
-    /// user does not want to lose changes that are not stored.
-    [[nodiscard]] bool may_be_left();
+protected:
+    void turn_to(int page) override;
+    void leave_page() override;
+    void forget_results() override {}
+    [[nodiscard]] std::string text_to_copy() override;
 
 private:
-    struct MenuRow;
-
-    void make_menus();
-    QAction* add_action(QMenu& menu, const MenuRow& row);
-    void recaption_title();
-    [[nodiscard]] bool commit();
     void case_changed();
-    void start_anew();
-    void open();
-    void save();
-    void save_as();
-    void hide_form();
-    void show_new_case();
-    void copy_result();
-    void clear_result();
-    void page_changed(int to);
+    void start_database();
+    void take_over_conductor();
     void run();
-    void go_to(const KsRefusal& refusal);
-    void refused(QWidget* input);
-    void return_to_refused();
+    void go_to(const ShortCircuitRefusal& refusal);
 
-    KsState& state_;
-    const Text& name_;
-    KsDocument document_;
-    QMenu* file_menu_;
-    QMenu* edit_menu_;
-    std::vector<std::pair<QAction*, Text>> actions_;  // with their captions
-    QAction* copy_ = nullptr;
-    LanguageMenu language_menu_;
-    KsGeneralPage* general_;
-    KsConductorPage* conductor_;
-    KsResultView* result_;
-    QTabWidget* pages_;
-    int page_ = 0;                       // the page that was left, at a change
-    std::optional<KsResultPage> shown_;  // the result, while it is shown
-    QPointer<QWidget> refused_;          // its text was refused just now, the focus goes back to it
+    ShortCircuitForm& form_;
+    forms::ShortCircuitRecord record_;
+    std::unique_ptr<ConductorSource> conductors_;
+    GeneralPage* general_;
+    ConductorPage* conductor_;
+    ResultView* result_;
+    std::optional<VerdictPage> shown_;  // the result, while it is shown
 };
 
-}  // namespace zel
+}  // namespace zel::short_circuit

@@ -1,235 +1,388 @@
 #include "steady/case/case_fields.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace zel {
 namespace {
 
 // NOLINTNEXTLINE(cppcoreguidelines-macro-usage): a field's name and its member stand once.
 #define FIELD(name) \
-    { #name, &CalcCase::name, false, false }
+    CaseField { #name, &CalcCase::name }
 // NOLINTNEXTLINE(cppcoreguidelines-macro-usage)
-#define WHOLE(name) \
-    { #name, &CalcCase::name, false, true }
-// NOLINTNEXTLINE(cppcoreguidelines-macro-usage)
-#define RECORD(name) \
-    { #name, &CalcCase::name, true, false }
+#define RECORD(name) FIELD(name).from_record()
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage): the six pairs differ in their number only.
+#define AC_PAIR(n)                                                                               \
+    RECORD(ACR##n##_db)                                                                          \
+        .called("AC-Widerstand " #n " :", "AC resistance " #n " :", "Ω/km")                      \
+        .shown_by("#0.0####")                                                                    \
+        .nothing_as_0(),                                                                         \
+        RECORD(TACR##n##_db)                                                                     \
+            .called("bei T" #n " :", "at T" #n " :", "°C")                                       \
+            .called_alone("Temperatur zu AC-Widerstand " #n, "Temperature of AC resistance " #n) \
+            .shown_by("###0.0")                                                                  \
+            .nothing_as_0()
 
-std::vector<CaseField> make_fields() {
-    return {
-        FIELD(Projekt_db),
-        FIELD(Datum_db),
-        FIELD(Bearbeiter_db),
-        FIELD(Abteilung_db),
-        FIELD(rechnung_cigre601_merker_db),
-        FIELD(rechnung_cigre207_merker_db),
-        FIELD(rechnung_webs_merker_db),
-        FIELD(rechnung_kirn_merker_db),
-        FIELD(rechnung_TBB_merker_db),
-        FIELD(Hoehe_ueber_NN_db),
-        FIELD(Winkel_S_S_db),
-        FIELD(geogr_Breite_db),
-        FIELD(geo_laeng_db),
-        FIELD(geo_laeng_zeit_db),
-        WHOLE(Tag_db),
-        WHOLE(Monat_db),
-        WHOLE(Stunden_db),
-        WHOLE(Minuten_db),
-        FIELD(Windgeschwindigkeit_db),
-        FIELD(Winkel_W_S_db),
-        FIELD(Umgebungstemperatur_db),
-        FIELD(Umgebungstemperaturmerker_db),
-        FIELD(Umgebtemp_merker1_db),
-        FIELD(Umgebtemp_merker2_db),
-        FIELD(Bodentemp_db),
-        FIELD(Bodenart_db),
-        FIELD(Globalstrahlung_db),
-        FIELD(Globalstrahlung_Merker_db),
-        FIELD(Bewoelkungsgrad_db),
-        FIELD(Feldlaenge_db),
-        FIELD(Netzfrequenz_db),
-        FIELD(Hoehendifferenz_db),
-        FIELD(Emissionsverhaeltnis_db),
-        FIELD(Absorptionsverhaeltnis_db),
-        FIELD(Anzahl_Teilleiter_db),
-        FIELD(Stromstaerke_db),
-        FIELD(Stromstaerke_Merker_db),
-        FIELD(Stromstaerke_Buendel),
-        FIELD(Stromstaerkebuendel_Merker_db),
-        FIELD(Leitertemp_db),
-        FIELD(Leitertemp_Merker_db),
-        RECORD(Bezeichnung1_db),
-        RECORD(Bezeichnung2_db),
-        RECORD(Norm_db),
-        RECORD(Normjahr_db),
-        RECORD(Normmonat_db),
-        RECORD(conductor_type_db),
-        RECORD(conductor_shape_db),
-        RECORD(Seilquerschnitt_db),
-        RECORD(Seildurchmesser_db),
-        FIELD(GMR_db),
-        FIELD(GMR_Merker_db),
-        FIELD(ACDC_R_Option_Merker_db),
-        RECORD(DCR_20_db),
-        RECORD(ACR_Frequenz_Remox_db),
-        RECORD(ACR1_db),
-        RECORD(TACR1_db),
-        RECORD(ACR2_db),
-        RECORD(TACR2_db),
-        RECORD(ACR3_db),
-        RECORD(TACR3_db),
-        RECORD(ACR4_db),
-        RECORD(TACR4_db),
-        RECORD(ACR5_db),
-        RECORD(TACR5_db),
-        RECORD(ACR6_db),
-        RECORD(TACR6_db),
-        RECORD(DrahtzahlLeiter_db),
-        RECORD(DrahtdurchmesserLeiter_db),
-        RECORD(DrahtlagenzahlLeiter_db),
-        RECORD(Mantelquerschnitt_db),
-        RECORD(Dichte_Leiterwerkstoff1_db),
-        RECORD(c_leiter20_db),
-        RECORD(beta_leiter20_db),
-        RECORD(DC_Resist_Leiter_db),
-        RECORD(T_Koeff_DC_Resist_Leiter_linear_db),
-        RECORD(T_Koeff_DC_Resist_Leiter_quadrat_db),
-        RECORD(DrahtzahlTraeger_db),
-        RECORD(DrahtdurchmesserTraeger_db),
-        RECORD(KerndurchmesserTraeger_db),
-        RECORD(KernquerschnittTraeger_db),
-        RECORD(Dichte_traegerwerkstoff1_db),
-        RECORD(c_traeger20_db),
-        RECORD(beta_traeger20_db),
-        RECORD(DC_Resist_traeger_db),
-        RECORD(T_Koeff_DC_Resist_traeger_linear_db),
-        RECORD(T_Koeff_DC_Resist_traeger_quadrat_db),
-        RECORD(Dauerstrombelastbarkeit_db),
-        RECORD(Seiltemperatur_max_db),
-        RECORD(Anmerkung_db),
-        FIELD(KniepunktTemperatur_db),
-        FIELD(radialthermalconductivity_unter_KPT_db),
-        FIELD(radialthermalconductivity_ueber_KPT_db),
-        FIELD(Temp_min_db),
-        FIELD(Temp_max_db),
-        FIELD(Schrittweite_Temp_db),
-        FIELD(Strom_min_db),
-        FIELD(Strom_max_db),
-        FIELD(Schrittweite_Strom_db),
-        FIELD(Wind1_db),
-        FIELD(Wind2_db),
-        FIELD(Wind3_db),
-        FIELD(Wind4_db),
-        FIELD(Wind5_db),
-        FIELD(Wind6_db),
-        FIELD(Messwert_Strom_db),
-        FIELD(Messwert_Temperatur_db),
-        FIELD(Gravi_merker1_db),
-        FIELD(Formel_merker1_db),
-        FIELD(wzsz_merker_db),
-    };
-}
-
-#undef FIELD
-#undef WHOLE
-#undef RECORD
-
-struct NamedCell {
-    std::string_view name;
-    StateCell cell;
+constexpr CaseField fields[] = {
+    // Project
+    FIELD(Projekt_db).called("Projekt :", "Project :").of_length(100),
+    FIELD(Datum_db).called("Datum :", "Date :").of_length(20),
+    FIELD(Bearbeiter_db).called("Bearbeiter :", "Operator :").of_length(100),
+    FIELD(Abteilung_db).called("Firma / Abteilung :", "Company / department :").of_length(100),
+    // Methods
+    FIELD(rechnung_cigre601_merker_db).in_column(ColumnType::Single),
+    FIELD(rechnung_cigre207_merker_db).in_column(ColumnType::Single),
+    FIELD(rechnung_webs_merker_db).in_column(ColumnType::Single),
+    FIELD(rechnung_kirn_merker_db).in_column(ColumnType::Single),
+    FIELD(rechnung_TBB_merker_db).in_column(ColumnType::Single),
+    // Place and time
+    FIELD(Hoehe_ueber_NN_db).called("Höhe über N.N. :", "Altitude above sea level :", "m"),
+    FIELD(Winkel_S_S_db)
+        .called("Winkel Leiter zu Nord :", "Conductor angle to north :", "°")
+        .called_alone("Winkel Seil zu Nord", "Angle conductor to north"),
+    FIELD(geogr_Breite_db).called("Geographische Breite :", "Latitude :", "°"),
+    FIELD(geo_laeng_db)
+        .called("Geographische Länge :", "Longitude :", "°")
+        .called_alone("Geographische Länge (Ost negativ)", "Longitude (east negative)"),
+    FIELD(geo_laeng_zeit_db)
+        .called("Länge der Standardzeit :", "Longitude of standard time :", "°")
+        .called_alone("Geographische Länge der Ortszeit", "Longitude of local time"),
+    FIELD(Tag_db)
+        .called("Tag :", "Day :")
+        .called_alone("Kalendertag", "Calendar day")
+        .rounded_to_whole(),
+    FIELD(Monat_db)
+        .called("Monat :", "Month :")
+        .called_alone("Kalendermonat", "Calendar month")
+        .rounded_to_whole(),
+    FIELD(Stunden_db).called("Stunde :", "Hour :", "h").rounded_to_whole(),
+    FIELD(Minuten_db).called("Minute :", "Minute :", "min").rounded_to_whole(),
+    // Surroundings
+    FIELD(Windgeschwindigkeit_db).called("Windgeschwindigkeit :", "Wind speed :", "m/s"),
+    FIELD(Winkel_W_S_db)
+        .called("Winkel Wind zu Nord :", "Wind angle to north :", "°")
+        .called_alone("Winkel Wind zu Nord", "Angle wind to north"),
+    FIELD(Umgebungstemperatur_db).called("Umgebungstemperatur :", "Ambient temperature :", "°C"),
+    FIELD(Umgebungstemperaturmerker_db),
+    FIELD(Umgebtemp_merker1_db),
+    FIELD(Umgebtemp_merker2_db),
+    FIELD(Bodentemp_db).called("Bodentemperatur :", "Ground temperature :", "°C"),
+    FIELD(Bodenart_db)
+        .called("Bodenbeschaffenheit (Albedo) :", "Ground reflectivity (albedo) :")
+        .called_alone("Bodenbeschaffenheit (Albedo)", "Ground reflectivity / albedo"),
+    FIELD(Globalstrahlung_db)
+        .called("Globalstrahlung :", "Global radiation :", "W/m²")
+        .called_alone("Globalstrahlung", "Solar heating"),
+    FIELD(Globalstrahlung_Merker_db),
+    FIELD(Bewoelkungsgrad_db).called("Bewölkungsgrad :", "Clearness ratio :"),
+    // Line
+    FIELD(Feldlaenge_db)
+        .called("Spannfeldlänge :", "Span length :", "m")
+        .called_alone("Feldlänge", "Span length"),
+    FIELD(Netzfrequenz_db).called("Netzfrequenz :", "Frequency :", "Hz"),
+    FIELD(Hoehendifferenz_db)
+        .called("Höhendifferenz :", "Height difference :", "m")
+        .called_alone("Höhendifferenz der Aufhängepunkte",
+                      "Difference of altitude of the suspension points"),
+    FIELD(Emissionsverhaeltnis_db).called("Emissionsverhältnis :", "Emissivity :"),
+    FIELD(Absorptionsverhaeltnis_db).called("Absorptionsverhältnis :", "Absorptivity :"),
+    FIELD(Anzahl_Teilleiter_db)
+        .called("Anzahl der Teilleiter :", "Number of sub-conductors :")
+        .called_alone("Anzahl Teilleiter", "Number of conductors")
+        .in_column(ColumnType::Single),
+    FIELD(Stromstaerke_db)
+        .called("Stromstärke (Teilleiter) :", "Current (sub-conductor) :", "A")
+        .called_alone("Stromstärke des Teilleiters", "Current of the single conductor"),
+    FIELD(Stromstaerke_Merker_db),
+    FIELD(Stromstaerke_Buendel)
+        .called("Stromstärke (Bündel) :", "Current (bundle) :", "A")
+        .called_alone("Stromstärke des Bündelleiters", "Current of the conductor bundle")
+        .in_column(ColumnType::None),
+    FIELD(Stromstaerkebuendel_Merker_db).in_column(ColumnType::Single),
+    FIELD(Leitertemp_db).called("Leitertemperatur :", "Conductor temperature :", "°C"),
+    FIELD(Leitertemp_Merker_db),
+    // Conductor
+    RECORD(Bezeichnung1_db).called("Bezeichnung 1 :", "Designation 1 :").of_length(100),
+    RECORD(Bezeichnung2_db).called("Bezeichnung 2 :", "Designation 2 :").of_length(100),
+    RECORD(Norm_db).called("Norm :", "Standard :").of_length(100),
+    RECORD(Normjahr_db).called("Gültig ab (Jahr) :", "Valid since (year) :").shown_by("0000"),
+    RECORD(Normmonat_db).called("Monat :", "Month :").shown_by("00"),
+    RECORD(conductor_type_db)
+        .called("Leiterart :", "Conductor type :")
+        .in_column(ColumnType::Single),
+    RECORD(conductor_shape_db)
+        .called("Leiteroberfläche :", "Conductor shape :")
+        .in_column(ColumnType::Single),
+    RECORD(Seilquerschnitt_db)
+        .called("Gesamtquerschnitt :", "Total cross-section :", "mm²")
+        .shown_by("####0.0###"),
+    RECORD(Seildurchmesser_db)
+        .called("Leiterdurchmesser :", "Conductor diameter :", "mm")
+        .shown_by("###0.0###")
+        .called_alone("Seildurchmesser", "Conductor diameter"),
+    FIELD(GMR_db)
+        .called("Geom. Ersatzradius GMR :", "Geometric mean radius :", "mm")
+        .shown_by("#0.0####")
+        .called_alone("Mittlerer geometrischer Radius (GMR)", "Geometric mean radius (GMR)")
+        .nothing_as_0(),
+    FIELD(GMR_Merker_db)
+        .called("Ersatzradius :", "Equivalent radius :")
+        .called_alone("GMR angegeben (1 = ja, 0 = nein)", "GMR is given (1 = yes, 0 = no)")
+        .in_column(ColumnType::Single)
+        .nothing_as_0(),
+    FIELD(ACDC_R_Option_Merker_db)
+        .called("Rechnen mit Widerstand :", "Calculate with resistance :")
+        .called_alone("Widerstand (1 = DC, 2 = AC-Wertepaare)", "Resistance (1 = DC, 2 = AC pairs)")
+        .in_column(ColumnType::Single),
+    RECORD(DCR_20_db)
+        .called("DC-Widerstand bei 20 °C :", "DC resistance at 20 °C :", "Ω/km")
+        .shown_by("#0.0####")
+        .called_alone("DC-Widerstandsbelag bei 20 °C", "DC resistance at 20 °C"),
+    RECORD(ACR_Frequenz_Remox_db)
+        .called("Frequenz AC-Widerstände :", "Frequency AC resistances :", "Hz")
+        .shown_by("###0.0")
+        .called_alone("Frequenz der AC-Widerstände", "Frequency of the AC resistances")
+        .nothing_as_0(),
+    AC_PAIR(1),
+    AC_PAIR(2),
+    AC_PAIR(3),
+    AC_PAIR(4),
+    AC_PAIR(5),
+    AC_PAIR(6),
+    // Layers of the conductor
+    RECORD(DrahtzahlLeiter_db)
+        .called("Drahtanzahl :", "Number of wires :")
+        .shown_by("##0")
+        .called_alone("Drahtzahl Leiter", "Number of conductor wires")
+        .in_column(ColumnType::Single),
+    RECORD(DrahtdurchmesserLeiter_db)
+        .called("Drahtdurchmesser :", "Wire diameter :", "mm")
+        .shown_by("######0.0###")
+        .called_alone("Drahtdurchmesser (Rohr: Wandstärke)",
+                      "Wire diameter (tube: wall thickness)"),
+    RECORD(DrahtlagenzahlLeiter_db)
+        .called("Drahtlagenanzahl :", "Number of layers :")
+        .shown_by("##0")
+        .called_alone("Drahtlagenzahl", "Number of layers")
+        .in_column(ColumnType::Single),
+    RECORD(Mantelquerschnitt_db)
+        .called("Leiterquerschnitt :", "Conductor cross-section :", "mm²")
+        .shown_by("#####0.0###")
+        .called_alone("Mantelquerschnitt", "Cross-section of the conductor layers"),
+    RECORD(Dichte_Leiterwerkstoff1_db)
+        .called("Materialdichte :", "Density :", "kg/m³")
+        .shown_by("#####0")
+        .called_alone("Dichte Leiterwerkstoff", "Density of the conductor material")
+        .in_column(ColumnType::Double),
+    RECORD(c_leiter20_db)
+        .called("Spez. Wärmekapazität :", "Specific heat at 20 °C :", "J/(kg·K)")
+        .shown_by("#####0")
+        .called_alone("Spezifische Wärmekapazität Leiter bei 20 °C",
+                      "Specific heat of the conductor at 20 °C")
+        .in_column(ColumnType::Double),
+    RECORD(beta_leiter20_db)
+        .called("T-Koeff. Wärmekapazität :", "Temp. coeff. specific heat :", "1/1000 K")
+        .shown_by("####0.0#")
+        .called_alone("Temperaturkoeffizient der Wärmekapazität Leiter",
+                      "Temperature coefficient of the specific heat, conductor", "1/(1000 K)")
+        .in_column(ColumnType::Double),
+    RECORD(DC_Resist_Leiter_db)
+        .called("DC-Resistivität bei 20 °C :", "DC resistivity at 20 °C :", "Ω·mm²/km")
+        .shown_by("###0.00#")
+        .in_column(ColumnType::Double),
+    RECORD(T_Koeff_DC_Resist_Leiter_linear_db)
+        .called("T-Koeffizient, linear :", "Temp. coeff., linear :", "1/1000 K")
+        .shown_by("##0.00#")
+        .called_alone("Linearer Temperaturkoeffizient", "Linear temperature coefficient",
+                      "1/(1000 K)")
+        .in_column(ColumnType::Double),
+    RECORD(T_Koeff_DC_Resist_Leiter_quadrat_db)
+        .called("T-Koeffizient, quadratisch :", "Temp. coeff., quadratic :", "10⁻⁷/K²")
+        .shown_by("###0.00#")
+        .called_alone("Quadratischer Temperaturkoeffizient", "Quadratic temperature coefficient")
+        .in_column(ColumnType::Double),
+    // Core
+    RECORD(DrahtzahlTraeger_db)
+        .called("Drahtanzahl :", "Number of wires :")
+        .shown_by("##0")
+        .called_alone("Drahtzahl Kern", "Number of core wires")
+        .in_column(ColumnType::Single),
+    RECORD(DrahtdurchmesserTraeger_db)
+        .called("Drahtdurchmesser :", "Wire diameter :", "mm")
+        .shown_by("####0.0###")
+        .called_alone("Drahtdurchmesser Kern", "Diameter of core wires"),
+    RECORD(KerndurchmesserTraeger_db)
+        .called("Kerndurchmesser :", "Core diameter :", "mm")
+        .shown_by("####0.0###"),
+    RECORD(KernquerschnittTraeger_db)
+        .called("Kernquerschnitt :", "Core cross-section :", "mm²")
+        .shown_by("####0.0###"),
+    RECORD(Dichte_traegerwerkstoff1_db)
+        .called("Materialdichte :", "Density :", "kg/m³")
+        .shown_by("#####0")
+        .called_alone("Dichte Kernwerkstoff", "Density of the core material")
+        .in_column(ColumnType::Double),
+    RECORD(c_traeger20_db)
+        .called("Spez. Wärmekapazität :", "Specific heat at 20 °C :", "J/(kg·K)")
+        .shown_by("#####0")
+        .called_alone("Spezifische Wärmekapazität Kern bei 20 °C",
+                      "Specific heat of the core at 20 °C")
+        .in_column(ColumnType::Double),
+    RECORD(beta_traeger20_db)
+        .called("T-Koeff. Wärmekapazität :", "Temp. coeff. specific heat :", "1/1000 K")
+        .shown_by("####0.0#")
+        .called_alone("Temperaturkoeffizient der Wärmekapazität Kern",
+                      "Temperature coefficient of the specific heat, core", "1/(1000 K)")
+        .in_column(ColumnType::Double),
+    RECORD(DC_Resist_traeger_db)
+        .called("DC-Resistivität bei 20 °C :", "DC resistivity at 20 °C :", "Ω·mm²/km")
+        .shown_by("###0.00#")
+        .called_alone("DC-Resistivität Kern bei 20 °C", "DC resistivity of the core at 20 °C")
+        .in_column(ColumnType::Double),
+    RECORD(T_Koeff_DC_Resist_traeger_linear_db)
+        .called("T-Koeffizient, linear :", "Temp. coeff., linear :", "1/1000 K")
+        .shown_by("##0.00#")
+        .in_column(ColumnType::Double),
+    RECORD(T_Koeff_DC_Resist_traeger_quadrat_db)
+        .called("T-Koeffizient, quadratisch :", "Temp. coeff., quadratic :", "10⁻⁷/K²")
+        .shown_by("###0.00#")
+        .in_column(ColumnType::Double),
+    // Limits and remark
+    RECORD(Dauerstrombelastbarkeit_db)
+        .called("Dauerstrombelastbarkeit :", "Rated continuous current :", "A")
+        .shown_by("#####0"),
+    RECORD(Seiltemperatur_max_db)
+        .called("Max. Leitertemperatur :", "Max. conductor temperature :", "°C")
+        .shown_by("###0.0"),
+    RECORD(Anmerkung_db).called("Bemerkung :", "Remark :").of_length(250),
+    // Radial conduction of heat
+    FIELD(KniepunktTemperatur_db)
+        .called("Kniepunkttemperatur :", "Knee-point temperature :", "°C")
+        .called_alone("Kniepunkt-Temperatur", "Knee-point-temperature"),
+    FIELD(radialthermalconductivity_unter_KPT_db)
+        .called("Unterhalb des Kniepunkts :", "Below the knee point :", "W/(m·K)")
+        .called_alone("Radiale thermische Leitfähigkeit unter Kniepunkt-Temperatur",
+                      "Radial thermal conductivity below knee-point-temperature"),
+    FIELD(radialthermalconductivity_ueber_KPT_db)
+        .called("Oberhalb des Kniepunkts :", "Above the knee point :", "W/(m·K)")
+        .called_alone("Radiale thermische Leitfähigkeit über Kniepunkt-Temperatur",
+                      "Radial thermal conductivity above knee-point-temperature"),
+    // Parameter table
+    FIELD(Temp_min_db),
+    FIELD(Temp_max_db),
+    FIELD(Schrittweite_Temp_db),
+    FIELD(Strom_min_db),
+    FIELD(Strom_max_db),
+    FIELD(Schrittweite_Strom_db),
+    FIELD(Wind1_db),
+    FIELD(Wind2_db),
+    FIELD(Wind3_db),
+    FIELD(Wind4_db),
+    FIELD(Wind5_db),
+    FIELD(Wind6_db),
+    // Measured values
+    FIELD(Messwert_Strom_db).called("Messwert Stromstärke :", "Measured current :", "A"),
+    FIELD(Messwert_Temperatur_db).called("Messwert Temperatur :", "Measured temperature :", "°C"),
+    // Settings
+    FIELD(Gravi_merker1_db),
+    FIELD(Formel_merker1_db),
+    FIELD(wzsz_merker_db),
 };
 
-constexpr NamedCell named_cells[] = {
+#undef AC_PAIR
+#undef RECORD
+#undef FIELD
+
+constexpr std::string_view kind_name = "merker_db";
+
+constexpr Field<StateChange> fields_of_state[] = {
+    Field<StateChange>{kind_name, &StateChange::merker}.in_column(ColumnType::Single),
     {"Strom_db", &StateChange::Strom},
     {"TEMP_db", &StateChange::TEMP},
     {"min_db", &StateChange::min},
     {"sec_db", &StateChange::sec},
 };
-constexpr std::string_view kind_name = "merker_db";
 
-/// What follows "Zn_" in `name`, and the row (0 to 5).
-struct StateName {
-    std::size_t row;
-    std::string_view field;
-};
-
-std::optional<StateName> state_name(std::string_view name) {
-    if (name.size() < 4 || name[0] != 'Z' || name[1] < '1' || name[1] > '6' || name[2] != '_')
-        return std::nullopt;
-    return StateName{static_cast<std::size_t>(name[1] - '1'), name.substr(3)};
+std::string numbered(std::size_t row, std::string_view name) {
+    return "Z" + std::to_string(row + 1) + "_" + std::string(name);
 }
 
-std::optional<FieldRef> find_state_field(CalcCase& c, std::string_view name) {
-    if (const auto place = find_state_cell(name)) return &(c.Z[place->row].*place->cell);
-    const auto kind = state_name(name);
-    if (kind && kind->field == kind_name) return &c.Z[kind->row].merker;
+/// A field of a change of state, and the row (0 to 5).
+struct StatePlace {
+    std::size_t row;
+    const Field<StateChange>* field;
+};
+
+std::optional<StatePlace> find_state_field(std::string_view name) {
+    if (name.size() < 4 || name[0] != 'Z' || name[1] < '1' || name[1] > '6' || name[2] != '_')
+        return std::nullopt;
+    for (const auto& field : fields_of_state)
+        if (field.name == name.substr(3))
+            return StatePlace{static_cast<std::size_t>(name[1] - '1'), &field};
     return std::nullopt;
 }
 
 }  // namespace
 
-const std::vector<CaseField>& case_fields() {
-    static const std::vector<CaseField> fields = make_fields();
-    return fields;
+std::span<const CaseField> case_fields() { return fields; }
+
+std::span<const Field<StateChange>> state_fields() { return fields_of_state; }
+
+std::vector<FieldOf> fields_of(CalcCase& c) {
+    std::vector<FieldOf> all;
+    for (const CaseField& field : fields)
+        all.push_back({std::string(field.name), &field, field.of(c)});
+    for (std::size_t row = 0; row < c.Z.size(); ++row)
+        for (const auto& field : fields_of_state)
+            all.push_back({numbered(row, field.name), &field, field.of(c.Z[row])});
+    return all;
 }
 
-std::vector<std::string> all_field_names() {
-    std::vector<std::string> names;
-    for (const CaseField& field : case_fields()) names.emplace_back(field.name);
-    for (std::size_t row = 0; row < state_change_count; ++row) {
-        names.push_back(name_of(row, nullptr));
-        for (const NamedCell& named : named_cells) names.push_back(name_of(row, named.cell));
-    }
-    return names;
+std::optional<FieldOf> find_field(CalcCase& c, std::string_view name) {
+    if (const CaseField* field = find_case_field(name))
+        return FieldOf{std::string(name), field, field->of(c)};
+    if (const auto place = find_state_field(name))
+        return FieldOf{std::string(name), place->field, place->field->of(c.Z[place->row])};
+    return std::nullopt;
 }
 
 const CaseField* find_case_field(std::string_view name) {
-    const auto& fields = case_fields();
-    const auto row = std::find_if(fields.begin(), fields.end(),
-                                  [&](const CaseField& field) { return field.name == name; });
-    return row == fields.end() ? nullptr : &*row;
+    const auto* const row =
+        std::find_if(std::begin(fields), std::end(fields),
+                     [&](const CaseField& field) { return field.name == name; });
+    return row == std::end(fields) ? nullptr : row;
 }
 
-bool holds_whole_numbers(Entry CalcCase::*key) {
-    const auto& fields = case_fields();
-    return std::any_of(fields.begin(), fields.end(), [key](const CaseField& field) {
-        return field.whole && field.key == FieldKey(key);
-    });
+const CaseField& field_of(const FieldKey& key) {
+    const auto* const row = std::find_if(std::begin(fields), std::end(fields),
+                                         [&](const CaseField& field) { return field.key == key; });
+    if (row == std::end(fields)) throw std::logic_error("a member of the case has no row");
+    return *row;
 }
 
 void forget_emptied(CalcCase& c) {
     const CalcCase fresh;
-    for (const CaseField& field : case_fields()) {
+    for (const CaseField& field : fields) {
         const auto* key = std::get_if<Entry CalcCase::*>(&field.key);
         if (key != nullptr && !(c.**key).given()) (c.**key).value = (fresh.**key).value;
     }
 }
 
-std::optional<FieldRef> find_field(CalcCase& c, std::string_view name) {
-    const CaseField* row = find_case_field(name);
-    if (row == nullptr) return find_state_field(c, name);
-    return std::visit([&](auto member) -> FieldRef { return &(c.*member); }, row->key);
+void respell(CalcCase& c, DecimalSeparator from, DecimalSeparator to) {
+    respell(fields_of(c), from, to);
 }
 
 std::optional<StateCellPlace> find_state_cell(std::string_view name) {
-    const auto place = state_name(name);
-    if (!place) return std::nullopt;
-    for (const NamedCell& cell : named_cells)
-        if (cell.name == place->field) return StateCellPlace{place->row, cell.cell};
-    return std::nullopt;
+    const auto place = find_state_field(name);
+    const auto* cell = place ? std::get_if<StateCell>(&place->field->key) : nullptr;
+    if (cell == nullptr) return std::nullopt;
+    return StateCellPlace{place->row, *cell};
 }
 
 std::string name_of(std::size_t row, StateCell cell) {
-    std::string_view field = kind_name;
-    for (const NamedCell& named : named_cells)
-        if (named.cell == cell) field = named.name;
-    return "Z" + std::to_string(row + 1) + "_" + std::string(field);
-}
-
-std::string_view name_of(const FieldKey& key) {
-    for (const CaseField& row : case_fields())
-        if (row.key == key) return row.name;
-    return {};
+    for (const auto& field : fields_of_state)
+        if (field.key == Field<StateChange>::Key(cell)) return numbered(row, field.name);
+    return numbered(row, kind_name);
 }
 
 }  // namespace zel

@@ -1,52 +1,47 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
-#include "steady/case/calc_case.h"
+#include "steady/case/field.h"
 #include "steady/case/state_change.h"
 
 namespace zel {
 
-/// A field of a case by its type.
-using FieldRef = std::variant<std::string*, Entry*, std::int16_t*, bool*>;
+using CaseField = Field<CalcCase>;
+using FieldKey = CaseField::Key;
 
-/// A field of a case by its member, the key that ties all tables over fields together.
-using FieldKey = std::variant<std::string CalcCase::*, Entry CalcCase::*, std::int16_t CalcCase::*,
-                              bool CalcCase::*>;
+/// Every field of a case but the six changes of state, in the order of the columns.
+[[nodiscard]] std::span<const CaseField> case_fields();
 
-struct CaseField {
-    std::string_view name;
-    FieldKey key;
-    bool of_record;  // comes with the record of a conductor and is not typed into the form
-    bool whole;      // a numeric field that holds whole numbers only
-};
+/// The fields of one change of state. In a case they bear the number of their row before their
+/// name: `Z3_TEMP_db`.
+[[nodiscard]] std::span<const Field<StateChange>> state_fields();
 
-/// Every field of a case but the six changes of state, each with its name.
-[[nodiscard]] const std::vector<CaseField>& case_fields();
+/// All fields of `c`, those of the changes of state among them.
+[[nodiscard]] std::vector<FieldOf> fields_of(CalcCase& c);
 
-/// The names of all fields, the numbered ones of the changes of state (`Z3_TEMP_db`) among them.
-[[nodiscard]] std::vector<std::string> all_field_names();
+/// The field `name` of `c` (also `Z3_TEMP_db`); nothing where no field bears the name.
+[[nodiscard]] std::optional<FieldOf> find_field(CalcCase& c, std::string_view name);
 
 /// The row of the field `name`, or null where it is none or one of a change of state.
 [[nodiscard]] const CaseField* find_case_field(std::string_view name);
 
-/// Whether the numeric field `key` holds whole numbers only, to which what is entered is rounded,
-/// ties to even: the calendar and the clock. A null `key` has no row and holds any number.
-[[nodiscard]] bool holds_whole_numbers(Entry CalcCase::*key);
+/// The row of a field.
+[[nodiscard]] const CaseField& field_of(const FieldKey& key);
+[[nodiscard]] inline std::string_view name_of(const FieldKey& key) { return field_of(key).name; }
 
 /// Brings the doubles of `c` into line with the texts: a field without text is no input, and its
 /// double, which may still be a former value, becomes that of a new case. (The changes of state are
 /// left alone.)
 void forget_emptied(CalcCase& c);
 
-/// The field `name` of `c`; the changes of state have their numbered names here (`Z3_TEMP_db`).
-/// Nothing where no field bears the name.
-[[nodiscard]] std::optional<FieldRef> find_field(CalcCase& c, std::string_view name);
+/// Writes every number of `c` that was typed with the separator `from` with the separator `to`. A
+/// text that is no number stays as it is; the doubles do not change.
+void respell(CalcCase& c, DecimalSeparator from, DecimalSeparator to);
 
 /// A cell of a change of state.
 struct StateCellPlace {
@@ -59,8 +54,5 @@ struct StateCellPlace {
 
 /// The numbered name of a cell, or of the kind of row `row` (0 to 5) for a null `cell`.
 [[nodiscard]] std::string name_of(std::size_t row, StateCell cell);
-
-/// The name of a field of any type; empty where it is none of a case.
-[[nodiscard]] std::string_view name_of(const FieldKey& key);
 
 }  // namespace zel

@@ -1,5 +1,7 @@
 #include "steady/case/field.h"
 
+#include <algorithm>
+
 namespace zel {
 namespace {
 
@@ -18,6 +20,16 @@ Text long_label_of(const FieldInfo& field) {
 
 std::string_view long_unit_of(const FieldInfo& field) {
     return field.long_unit.empty() ? field.unit : field.long_unit;
+}
+
+void respell(Entry& field, DecimalSeparator from, DecimalSeparator to) {
+    if (parse_number(field.text, from))
+        std::replace(field.text.begin(), field.text.end(), character(from), character(to));
+}
+
+void respell(const std::vector<FieldOf>& fields, DecimalSeparator from, DecimalSeparator to) {
+    for (const FieldOf& field : fields)
+        if (Entry* const* entry = std::get_if<Entry*>(&field.value)) respell(**entry, from, to);
 }
 
 }  // namespace zel

@@ -4,7 +4,9 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
+#include "platform/text/number_text.h"
 #include "platform/text/text.h"
 #include "steady/case/calc_case.h"
 
@@ -22,10 +24,14 @@ enum class FieldKind : std::uint8_t {
     Flag,    // yes or no
 };
 
+/// How a database holds a field: numbers lose what its column has no room for.
+enum class ColumnType : std::uint8_t { None, Text, Integer, Single, Double };
+
 /// What is known of a field, whatever the record that it stands in.
 struct FieldInfo {
     std::string_view name;  // of its column, and in case files
     FieldKind kind = FieldKind::Text;
+    ColumnType column = ColumnType::Text;
     Text
         label{};  // on a form, as it stands there: with its colon. German alone where `en` is empty
     std::string_view unit{};
@@ -59,11 +65,25 @@ using KeyOf = std::variant<std::string Record::*, Entry Record::*, std::int16_t 
 /// A field of a record by its type.
 using FieldRef = std::variant<std::string*, Entry*, std::int16_t*, bool*, double*>;
 
+/// A field as it stands in a record, with its whole name: that of a repeated part bears the number
+/// of its row (`Z3_TEMP_db`).
+struct FieldOf {
+    std::string name;
+    const FieldInfo* info;
+    FieldRef value;
+};
+
+/// Writes a number that was typed with the separator `from` with the separator `to`. A text that is
+/// no number stays as it is; the double does not change.
+void respell(Entry& field, DecimalSeparator from, DecimalSeparator to);
+/// The same of every typed number among `fields`.
+void respell(const std::vector<FieldOf>& fields, DecimalSeparator from, DecimalSeparator to);
+
 /// A row of a record's description. It begins with name and member, from which its kind follows,
 /// and is made more precise by what is called on it:
 ///
 ///     F{"Windgeschwindigkeit_db", &CalcCase::Windgeschwindigkeit_db}
-///         .called({"Windgeschwindigkeit :", "Wind speed :"}).in("m/s")
+///         .called("Windgeschwindigkeit :", "Wind speed :", "m/s")
 template <class Record>
 struct Field : FieldInfo {
     using Key = KeyOf<Record>;
@@ -71,22 +91,35 @@ struct Field : FieldInfo {
 
     template <class Member>
     constexpr Field(std::string_view its_name, Member member) : key(member) {
+        constexpr struct {
+            FieldKind kind;
+            ColumnType column;
+        } usual[] = {{FieldKind::Text, ColumnType::Text},
+                     {FieldKind::Number, ColumnType::Single},
+                     {FieldKind::Whole, ColumnType::Integer},
+                     {FieldKind::Flag, ColumnType::Integer},
+                     {FieldKind::Single, ColumnType::Single}};
         name = its_name;
-        kind = kind_of(key);
+        kind = usual[key.index()].kind;
+        column = usual[key.index()].column;
     }
 
-    [[nodiscard]] constexpr Field called(Text text) const { return with(&FieldInfo::label, text); }
-    [[nodiscard]] constexpr Field in(std::string_view its_unit) const {
-        return with(&FieldInfo::unit, its_unit);
+    [[nodiscard]] constexpr Field called(std::string_view de, std::string_view en = {},
+                                         std::string_view its_unit = {}) const {
+        return with(&FieldInfo::label, Text{de, en}).with(&FieldInfo::unit, its_unit);
+    }
+    [[nodiscard]] constexpr Field called_alone(std::string_view de, std::string_view en,
+                                               std::string_view its_unit = {}) const {
+        return with(&FieldInfo::long_label, Text{de, en}).with(&FieldInfo::long_unit, its_unit);
     }
     [[nodiscard]] constexpr Field shown_by(std::string_view its_mask) const {
         return with(&FieldInfo::mask, its_mask);
     }
-    [[nodiscard]] constexpr Field called_alone(Text text, std::string_view its_unit = {}) const {
-        return with(&FieldInfo::long_label, text).with(&FieldInfo::long_unit, its_unit);
-    }
     [[nodiscard]] constexpr Field of_length(std::int16_t characters) const {
         return with(&FieldInfo::length, characters);
+    }
+    [[nodiscard]] constexpr Field in_column(ColumnType its_column) const {
+        return with(&FieldInfo::column, its_column);
     }
     [[nodiscard]] constexpr Field list_to(std::int16_t last) const {
         return with(&FieldInfo::kind, FieldKind::List).with(&FieldInfo::last_index, last);
@@ -94,8 +127,8 @@ struct Field : FieldInfo {
     [[nodiscard]] constexpr Field single() const {
         return with(&FieldInfo::kind, FieldKind::Single);
     }
-    [[nodiscard]] constexpr Field to_whole_numbers() const {
-        return with(&FieldInfo::rounded, true);
+    [[nodiscard]] constexpr Field rounded_to_whole() const {
+        return in_column(ColumnType::Integer).with(&FieldInfo::rounded, true);
     }
     [[nodiscard]] constexpr Field from_record() const { return with(&FieldInfo::of_record, true); }
     [[nodiscard]] constexpr Field nothing_as_0() const {
@@ -113,11 +146,6 @@ private:
         Field made = *this;
         made.*fact = value;
         return made;
-    }
-    static constexpr FieldKind kind_of(const Key& key) {
-        constexpr FieldKind kinds[] = {FieldKind::Text, FieldKind::Number, FieldKind::Whole,
-                                       FieldKind::Flag, FieldKind::Single};
-        return kinds[key.index()];
     }
 };
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/errors.h"
-#include "steady/report_texts.h"
+#include "steady/steady_report.h"
 
 namespace zel {
 namespace {

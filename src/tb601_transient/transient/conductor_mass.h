@@ -30,10 +30,6 @@ struct ConductorMass {
 /// The record of the conductor of `c`; `Theta` is left at 0.
 [[nodiscard]] ConductorMass conductor_mass(const CalcCase& c);
 
-/// `cigre_TKW_merker`: whether the specific heats of a composite conductor follow its temperature.
-/// A homogeneous conductor and a tube always do.
-enum class HeatCapacityOption : std::int16_t { WithTemperature = 1, At20Degrees = 2 };
-
 /// A heat capacity in J/(K·m). It stands only where the type of the conductor is known.
 struct HeatCapacity {
     double value = 0;

@@ -1,4 +1,4 @@
-#include "workflow/rules/steady_check_rows.h"
+#include "workflow/rules/steady_check.h"
 
 namespace zel::steady_check {
 namespace {

@@ -126,7 +126,7 @@ std::optional<Box> enter(Entry& field, Entry CalcCase::*key, std::string_view te
     field.text = text;
     if (text.empty()) return std::nullopt;
     auto number = parse_number(text, locale.separator);
-    if (number && holds_whole_numbers(key)) {
+    if (number && key != nullptr && field_of(key).rounded) {
         const double typed = *number;
         number = round_half_even(typed);
         // The box shows the number that counts.

@@ -22,4 +22,15 @@ std::optional<Box> enter(CalcCase& c, Entry CalcCase::*key, std::string_view tex
 std::optional<Box> enter(Entry& field, Entry CalcCase::*key, std::string_view text,
                          const Locale& locale);
 
+/// What becomes of a key that is pressed in a numeric field.
+struct FilteredKey {
+    bool passes = false;
+    std::optional<Box> refusal;  // told where the key is dropped with a word
+};
+
+/// Digits, the minus sign, the backspace and `separator` pass; the other separator is refused with
+/// a box, every other character is dropped in silence. An exponent can thus be pasted but not
+/// typed. With a number format that is neither comma nor point every key passes.
+[[nodiscard]] FilteredKey filter_key(char32_t key, const Locale& locale);
+
 }  // namespace zel

@@ -1,4 +1,4 @@
-#include "workflow/rules/key_filter.h"
+#include "workflow/rules/entry_rules.h"
 
 namespace zel {
 namespace {

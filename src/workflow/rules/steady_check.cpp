@@ -1,7 +1,5 @@
 #include "workflow/rules/steady_check.h"
 
-#include "workflow/rules/steady_check_rows.h"
-
 namespace zel {
 namespace steady_check {
 
@@ -23,6 +21,42 @@ std::optional<Box> S_Eingabepruefung_steady(const CalcCase& c, LangId lang) {
     const steady_check::Check* const refusal = steady_check::first_refusal(c);
     if (refusal == nullptr) return std::nullopt;
     return refusal->box(lang);
+}
+
+namespace {
+
+std::string in_one_line(std::string_view lines) {
+    std::string text;
+    for (const std::string& line : lines_of(lines)) {
+        if (!text.empty()) text += ' ';
+        text += without_outer_blanks(line);
+    }
+    return text;
+}
+
+CalcCase with_only(const CalcCase& c, Method method) {
+    CalcCase alone = c;
+    static_cast<MethodSelection&>(alone) = MethodSelection{};
+    alone.ACDC_R_Option_Merker_db = c.ACDC_R_Option_Merker_db;
+    alone.GMR_Merker_db = c.GMR_Merker_db;
+    alone.*flag_of(method) = 1;
+    return alone;
+}
+
+}  // namespace
+
+bool is_for_kind(const CalcCase& c, Method method) {
+    const CalcCase alone = with_only(c, method);
+    return first_refusing(steady_check::kind_checks(), alone) == nullptr;
+}
+
+std::vector<std::string> missing_for(const CalcCase& c, Method method, LangId lang) {
+    const CalcCase alone = with_only(c, method);
+    std::vector<std::string> missing;
+    for (const auto checks : {steady_check::kind_checks(), steady_check::conductor_checks()})
+        for (const steady_check::Check& check : checks)
+            if (check.refuses(alone)) missing.push_back(in_one_line(check.line.in(lang)));
+    return missing;
 }
 
 }  // namespace zel

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "platform/rounding.h"
-#include "shell/error_text.h"
-#include "workflow/rules/steady_check_rows.h"
+#include "shell/error_table.h"
+#include "workflow/rules/steady_check.h"
 
 namespace zel {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "platform/errors.h"
 #include "tb601_transient/tb601/tb601_joule.h"
-#include "workflow/rules/wind.h"
+#include "workflow/rules/derived.h"
 #include "workflow/run/steady_texts.h"
 #include "workflow/run/transient_text.h"
 
@@ -43,6 +43,7 @@ constexpr Text below_jump = {
     " The temperature jumps over {1} °C; the highest current below that is {0} A."};
 constexpr Text no_right_current = {" Keine Stromstärke erreicht {1} °C.",
                                    " No current reaches {1} °C."};
+constexpr Text note_label = {"Hinweis: ", "Note: "};
 constexpr Text duration_text = {"{0} min {1} s", "{0} min {1} s"};
 
 /// `c` with a wind that meets the line at `angle`, so that no fold changes it.
@@ -59,9 +60,7 @@ std::optional<SteadyRemarks::TrueWind> wind_fold(const CalcCase& c, const Steady
     if (std::abs(angle - counted) < same_angle || c.Windgeschwindigkeit_db.value == 0)
         return std::nullopt;
     MethodMemory memory;
-    Session quiet = session;
-    quiet.Meldung_merker = RunMode::Silent;
-    quiet.memory = &memory;
+    const Session quiet = silent(session, &memory);
     const CalcCase turned = with_wind_at(c, angle);
     SteadyRemarks::TrueWind remark = {angle, counted, {}};
     for (const MethodResult& line : result.methods) {
@@ -172,6 +171,24 @@ std::optional<Note> note_on_row(const TransientRunResult& result, const CalcCase
         fill(first.in(locale.lang), {ampere(told.Strom), celsius(check->reached.value_or(0)),
                                      duration, celsius(told.Temp)}) +
             fill(second.in(locale.lang), {ampere(check->current.value_or(0)), celsius(told.Temp)})};
+}
+
+std::vector<Note> notes_on(const TransientRunResult& result, const CalcCase& c,
+                           const Locale& locale) {
+    std::vector<Note> notes;
+    for (std::size_t row = 0; row < result.checks.size(); ++row)
+        if (auto note = note_on_row(result, c, row, locale)) {
+            note->text.insert(0, std::string(change_of_state_names[row].in(locale.lang)) + ": ");
+            notes.push_back(std::move(*note));
+        }
+    return notes;
+}
+
+std::string notes_text(const std::vector<Note>& notes, LangId lang) {
+    std::string text;
+    for (const Note& note : notes)
+        text += "\n" + std::string(note_label.in(lang)) + note.text + "\n";
+    return text;
 }
 
 }  // namespace zel

@@ -27,8 +27,15 @@ inline constexpr std::string_view transient_check = "transient_check";
 /// The remarks on a result in words.
 [[nodiscard]] std::vector<Note> notes_on(const SteadyRunResult& result, const Locale& locale);
 
+/// The remarks as lines below a page: "Note: ..."; empty where there are none.
+[[nodiscard]] std::string notes_text(const std::vector<Note>& notes, LangId lang);
+
 /// A remark on row `row` (from 0) of a transient run of `c`; nothing where its current is sound.
 [[nodiscard]] std::optional<Note> note_on_row(const TransientRunResult& result, const CalcCase& c,
                                               std::size_t row, const Locale& locale);
+
+/// The remarks on all rows of a transient run of `c`.
+[[nodiscard]] std::vector<Note> notes_on(const TransientRunResult& result, const CalcCase& c,
+                                         const Locale& locale);
 
 }  // namespace zel

@@ -1,4 +1,3 @@
-#include "workflow/run/result_text.h"
 
 #include "platform/text/listing.h"
 #include "workflow/run/steady_texts.h"

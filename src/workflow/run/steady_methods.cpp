@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "shell/error_text.h"
+#include "shell/error_table.h"
 #include "shell/program_texts.h"
 #include "steady/kirn.h"
 #include "steady/steady_solver.h"

@@ -5,11 +5,10 @@
 
 #include "platform/arithmetic_fault.h"
 #include "platform/errors.h"
-#include "shell/error_text.h"
+#include "shell/error_table.h"
 #include "steady/case/case_fields.h"
-#include "workflow/rules/bundle.h"
+#include "workflow/rules/derived.h"
 #include "workflow/rules/steady_check.h"
-#include "workflow/rules/wind.h"
 #include "workflow/run/advice.h"
 #include "workflow/run/notes.h"
 #include "workflow/run/steady_texts.h"

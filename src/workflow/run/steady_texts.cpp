@@ -3,7 +3,7 @@
 #include <array>
 #include <span>
 
-#include "workflow/rules/bundle.h"
+#include "workflow/rules/derived.h"
 #include "workflow/run/notes.h"
 
 namespace zel {

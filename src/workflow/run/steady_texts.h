@@ -24,4 +24,7 @@ void write_texts(SteadyRunResult& result, const Locale& locale);
 [[nodiscard]] std::string balance_line(std::string_view head, const HeatTerms& terms,
                                        DecimalSeparator separator);
 
+/// What the result page shows of a valid run, as plain text: for a terminal and the clipboard.
+[[nodiscard]] std::string result_text(const SteadyRunResult& result, LangId lang);
+
 }  // namespace zel

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/text/number_text.h"
-#include "workflow/rules/steady_check_rows.h"
+#include "workflow/rules/steady_check.h"
 
 namespace zel {
 namespace {
@@ -54,8 +54,7 @@ TransientInput input_of(const CalcCase& c, const TransientBasis& basis, Method m
     input.start = *basis.start;
     input.Is = method == Method::TB601 ? basis.Is_TB601 : basis.Is_TB207;
     input.mass = conductor_mass(c);
-    input.cigre_TKW_merker = session.cigre_TKW_merker == 2 ? HeatCapacityOption::At20Degrees
-                                                           : HeatCapacityOption::WithTemperature;
+    input.cigre_TKW_merker = session.cigre_TKW_merker;
     return input;
 }
 

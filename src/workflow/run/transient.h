@@ -42,7 +42,7 @@ struct TransientRunResult {
     TransientRefusal refusal;  // why not; to be told by the caller
     Method method = Method::TB207;
     TransientStart start;
-    std::int16_t cigre_TKW_merker = 0;  // the option of heat capacity in force
+    HeatCapacityOption cigre_TKW_merker{};  // in force
     TransientEnd end = TransientEnd::Completed;
     Zustand16 rows;
     CurrentChecks checks;  // of the currents that were sought; says where one misses its target

@@ -1,7 +1,7 @@
 #include "workflow/run/transient_memory.h"
 
 #include "steady/case/state_change.h"
-#include "workflow/rules/bundle.h"
+#include "workflow/rules/derived.h"
 
 namespace zel {
 namespace {

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "fakes/test_data.h"
+
 // Archives made part by part, and taken apart again.
 
 namespace zel::xlsx {
@@ -86,6 +88,17 @@ inline const std::string main_ns =
     R"(xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main")";
 inline const std::string relation =
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
+
+inline std::string link_to(const std::string& id, const std::string& type,
+                           const std::string& target) {
+    return "<Relationship Id=\"" + id + "\" Type=\"" + relation + "/" + type + "\" Target=\"" +
+           target + "\"/>";
+}
+
+inline const nlohmann::json& data() {
+    static const nlohmann::json data = test_data("xlsx");
+    return data;
+}
 
 /// A workbook whose only worksheet "input" has this XML, with further relationships and parts.
 inline Parts workbook_with(const std::string& sheet, const Parts& more = {},

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "platform/errors.h"
+
+namespace zel {
+
+/// A file that is open for reading, or standard input. It is not open where its number is below 0;
+/// `errno` then says why.
+class Descriptor {
+public:
+    Descriptor() = default;
+    explicit Descriptor(const std::string& path);
+    ~Descriptor();
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    [[nodiscard]] int number() const { return number_; }
+
+private:
+    int number_ = 0;
+};
+
+/// What a number of `errno` means to the program.
+[[nodiscard]] PlatformFault posix_fault(int error_number);
+
+}  // namespace zel

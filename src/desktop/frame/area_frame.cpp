@@ -1,0 +1,170 @@
+#include "desktop/frame/area_frame.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSignalBlocker>
+#include <QTabWidget>
+#include <utility>
+
+#include "desktop/frame/events.h"
+#include "desktop/frame/language_menu.h"
+
+namespace zel {
+namespace {
+
+constexpr int most_width = 1300;  // pixels, of a page's content
+constexpr QSize window_size(1260, 750);
+
+constexpr Text no_name = {"Unbenannt", "Untitled"};
+constexpr Text file_caption = {"&Datei", "&File"};
+constexpr Text edit_caption = {"&Bearbeiten", "&Edit"};
+
+}  // namespace
+
+struct AreaFrame::MenuRow {
+    const char* name;
+    Text caption;
+    const char* shortcut;
+    void (AreaFrame::*act)();
+};
+
+void AreaPage::set_content(QWidget* content) {
+    content->setMaximumWidth(most_width);
+    setWidget(content);
+}
+
+AreaFrame::AreaFrame(const AreaFacts& facts, const AreaParts& parts,
+                     std::unique_ptr<DocumentRecord> record, std::string path)
+    : facts_(facts),
+      session_(parts.session),
+      captions_(parts.captions),
+      record_(std::move(record)),
+      document_(*record_, parts.session, parts.store, parts.chooser, facts.question_title,
+                std::move(path)),
+      strip_(new QTabWidget) {
+    setObjectName(facts.form);
+    strip_->setObjectName("SSTab1");
+    captions_.computed([this](LangId) { tell_title(); });
+    make_menus();
+    language_menu_ = add_language_menu(*menuBar(), captions_, parts.switch_language);
+}
+
+void AreaFrame::make_menus() {
+    const MenuRow file_rows[] = {
+        {facts_.new_entry, {"&Neu", "&New"}, "Ctrl+N", &AreaFrame::start_anew},
+        {"open_case", {"Ö&ffnen ...", "&Open ..."}, "Ctrl+O", &AreaFrame::open},
+        {"save_case", {"&Speichern", "&Save"}, "Ctrl+S", &AreaFrame::save},
+        {"save_case_as",
+         {"Speichern &unter ...", "Save &as ..."},
+         "Ctrl+Shift+S",
+         &AreaFrame::save_as},
+        {facts_.close_entry, {"S&chließen", "&Close"}, "Ctrl+W", &AreaFrame::hide_form},
+    };
+    constexpr MenuRow copy_row = {"copy_result",
+                                  {"Ergebnis &kopieren", "&Copy result"},
+                                  "Ctrl+Shift+C",
+                                  &AreaFrame::copy_result};
+    QMenu* file = captions_.title(menuBar()->addMenu(QString()), file_caption);
+    for (const MenuRow& row : file_rows) add_action(*file, row);
+    file->insertSeparator(file->actions().constLast());
+    QMenu* edit = captions_.title(menuBar()->addMenu(QString()), edit_caption);
+    copy_ = add_action(*edit, copy_row);
+    copy_->setEnabled(false);
+}
+
+QAction* AreaFrame::add_action(QMenu& menu, const MenuRow& row) {
+    QAction* action = captions_.text(menu.addAction(QString()), row.caption);
+    action->setObjectName(row.name);
+    action->setShortcut(QKeySequence(row.shortcut));
+    on(action, &QAction::triggered, [this, act = row.act] { (this->*act)(); });
+    return action;
+}
+
+void AreaFrame::add_page(AreaPage* page, const Text& caption) {
+    const int index = strip_->addTab(page, QString());
+    pages_.push_back(page);
+    captions_.computed([this, index, caption](LangId lang) {
+        strip_->setTabText(index, qt(caption, lang).trimmed());
+    });
+}
+
+void AreaFrame::finish() {
+    setCentralWidget(strip_);
+    on(strip_, &QTabWidget::currentChanged, [this](int to) { page_changed(to); });
+    pages_.front()->focus_first();
+    resize(window_size);
+}
+
+void AreaFrame::tell_title() {
+    const LangId lang = session_.lang;
+    const std::string name = document_.name();
+    // "[*]" is where the window shows that there are changes.
+    setWindowTitle(qt(name.empty() ? no_name.in(lang) : name) + "[*] - " +
+                   qt(facts_.short_name, lang) + " - " + qt(facts_.title, lang));
+    show_modified();
+}
+
+void AreaFrame::show_modified() { setWindowModified(document_.modified()); }
+
+void AreaFrame::load() {
+    for (AreaPage* page : pages_) page->load_anew();
+}
+
+bool AreaFrame::commit() {
+    for (AreaPage* page : pages_) page->commit();
+    return !refused_.waits();
+}
+
+bool AreaFrame::may_be_left() { return commit() && document_.may_be_left(); }
+
+void AreaFrame::page_changed(int to) {
+    const bool sound = commit();
+    leave_page();
+    sound ? turn_to(to) : show_page(page_);
+}
+
+void AreaFrame::show_page(int page) {
+    const QSignalBlocker quiet(strip_);
+    page_ = page;
+    strip_->setCurrentIndex(page);
+}
+
+void AreaFrame::start_anew() {
+    if (commit() && document_.start_anew()) show_new_case();
+}
+
+void AreaFrame::open() {
+    if (commit() && document_.open()) show_new_case();
+}
+
+void AreaFrame::save() {
+    if (commit() && document_.save()) tell_title();
+}
+
+void AreaFrame::save_as() {
+    if (commit() && document_.save_as()) tell_title();
+}
+
+void AreaFrame::hide_form() { close(); }
+
+void AreaFrame::show_new_case() {
+    leave_page();
+    show_page(0);
+    allow_copy(false);
+    forget_results();
+    load();
+    pages_.front()->focus_first();
+    tell_title();
+}
+
+void AreaFrame::allow_copy(bool allowed) { copy_->setEnabled(allowed); }
+
+void AreaFrame::copy_result() {
+    const std::string text = text_to_copy();
+    if (!text.empty()) QGuiApplication::clipboard()->setText(qt(text));
+}
+
+}  // namespace zel

@@ -1,0 +1,130 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QScrollArea>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/frame/captions.h"
+#include "desktop/frame/document.h"
+#include "desktop/frame/inputs.h"
+
+class QMenu;
+class QTabWidget;
+
+namespace zel {
+
+/// A page of an area, which scrolls where the window is too small for it. Most pages only show.
+class AreaPage : public QScrollArea {
+public:
+    AreaPage() { make_scrolling(*this); }
+
+    /// Shows what stands in the case.
+    virtual void load() {}
+    /// The same where the case is another one: texts that wait to be corrected are forgotten.
+    virtual void load_anew() { load(); }
+    /// Takes in what is typed but not yet finished.
+    virtual void commit() {}
+    virtual void focus_first() {}
+
+protected:
+    /// Shows `content`, no wider than is good for reading.
+    void set_content(QWidget* content);
+};
+
+/// What tells one area from another.
+struct AreaFacts {
+    const char* form;         // object name
+    const char* new_entry;    // of the menu
+    const char* close_entry;  // of the menu
+    const Text& short_name;   // what the area calls itself; it may change with the language
+    Text question_title;      // of questions about its case
+    Text title;
+};
+
+/// What every area works with.
+struct AreaParts {
+    const Session& session;
+    Captions& captions;
+    CaseStore& store;
+    FileChooser& chooser;
+    std::function<void(LangId)> switch_language;  // called by the language menu
+};
+
+/// The form of a program area: pages on the strip `SSTab1`, numbered from 0, and the menus. The
+/// file menu keeps the case in files; the title tells the file and whether the case has changes
+/// that it lacks. A page with a refused text is not left, the text gets the focus back. Closing the
+/// form hides it, the case stays.
+class AreaFrame : public QMainWindow {
+public:
+    /// Takes in what is typed but not yet finished.
+    void take_in() { (void)commit(); }
+    /// Shows the case, which has become another one.
+    virtual void load();
+    /// Takes in what is typed but not yet finished; false where a text was refused, or where the
+    /// user does not want to lose changes that are not stored.
+    [[nodiscard]] virtual bool may_be_left();
+
+    /// The menu that stands behind those of a file and its contents.
+    [[nodiscard]] QMenu& language_menu() const { return *language_menu_; }
+
+protected:
+    /// `path` is the file that the case comes from; it may be empty.
+    AreaFrame(const AreaFacts& facts, const AreaParts& parts,
+              std::unique_ptr<DocumentRecord> record, std::string path);
+
+    void add_page(AreaPage* page, const Text& caption);
+    /// To be called once all pages are there.
+    void finish();
+
+    /// Goes to another page after the present one could be left; it calls `show_page`.
+    virtual void turn_to(int page) { show_page(page); }
+    /// At every change of the page, also where it is refused.
+    virtual void leave_page() {}
+    /// After another case has come: forgets what belongs to the former one.
+    virtual void forget_results() = 0;
+    [[nodiscard]] virtual std::string text_to_copy() = 0;
+
+    void show_page(int page);
+    [[nodiscard]] int page() const { return page_; }
+    [[nodiscard]] QTabWidget& strip() const { return *strip_; }
+    void allow_copy(bool allowed);
+    /// False where a text was refused.
+    [[nodiscard]] bool commit();
+    /// The focus goes back to `input`, whose text was refused.
+    void refused(QWidget* input) { refused_.to(input); }
+    void show_modified();
+    [[nodiscard]] const Session& session() const { return session_; }
+    [[nodiscard]] Captions& captions() const { return captions_; }
+
+private:
+    struct MenuRow;
+
+    void make_menus();
+    QAction* add_action(QMenu& menu, const MenuRow& row);
+    void tell_title();
+    void page_changed(int to);
+    void start_anew();
+    void open();
+    void save();
+    void save_as();
+    void hide_form();
+    void copy_result();
+    void show_new_case();
+
+    AreaFacts facts_;
+    const Session& session_;
+    Captions& captions_;
+    std::unique_ptr<DocumentRecord> record_;
+    Document document_;
+    QMenu* language_menu_ = nullptr;
+    QAction* copy_ = nullptr;
+    QTabWidget* strip_;
+    std::vector<AreaPage*> pages_;
+    int page_ = 0;  // the page that was left, at a change
+    FocusReturn refused_;
+};
+
+}  // namespace zel

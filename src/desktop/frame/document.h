@@ -1,0 +1,70 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "desktop/frame/file_chooser.h"
+#include "persistence/case_file.h"
+#include "platform/case_store.h"
+#include "shell/session.h"
+
+namespace zel {
+
+/// What a document needs to know of the case of its program area.
+class DocumentRecord {
+public:
+    virtual ~DocumentRecord() = default;
+
+    /// What is written.
+    [[nodiscard]] virtual FlatObject values() const = 0;
+    /// What the user has made of the case: where it differs from what stood there when the case was
+    /// stored, there are changes.
+    [[nodiscard]] virtual FlatObject entered() const { return values(); }
+    /// Makes `values` the case and gives back what was refused of it. Throws `InputError`, with the
+    /// case as it was.
+    virtual std::vector<RefusedText> take(const FlatObject& values) = 0;
+    /// Makes the case an empty one.
+    virtual void start_anew() = 0;
+    /// Asked before that, whether there are changes or not; without it only changes are asked for.
+    [[nodiscard]] virtual std::optional<Box> question_before_anew() const { return std::nullopt; }
+};
+
+/// The case of a program area as a document: the file that it stands in, and whether it has changes
+/// that the file lacks. What goes wrong is told in a box.
+class Document {
+public:
+    /// `program` is the title of questions. What stands in the case counts as stored in the file
+    /// `path`, which may be empty.
+    Document(DocumentRecord& record, const Session& session, CaseStore& store, FileChooser& chooser,
+             const Text& program, std::string path);
+
+    /// Whether the file would be another one if the case were written now.
+    [[nodiscard]] bool modified() const { return record_.entered() != stored_; }
+    /// The name of the file without its folders; empty where there is none yet.
+    [[nodiscard]] std::string name() const;
+
+    /// True where nothing would be lost, or the user agrees to lose it.
+    [[nodiscard]] bool may_be_left() const;
+
+    // Each is false where the user or a failure stopped it; the case is then unchanged.
+    bool start_anew();
+    bool open();
+    bool save();
+    bool save_as();
+
+private:
+    void mark_stored(std::string path);
+    bool read(const std::string& path);
+    bool write(const std::string& path);
+    [[nodiscard]] bool may_be_replaced(const std::string& path) const;
+
+    DocumentRecord& record_;
+    const Session& session_;
+    CaseStore& store_;
+    FileChooser& chooser_;
+    Text program_;
+    std::string path_;
+    FlatObject stored_;
+};
+
+}  // namespace zel

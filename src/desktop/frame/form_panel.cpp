@@ -1,0 +1,281 @@
+#include "desktop/frame/form_panel.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "desktop/frame/events.h"
+#include "desktop/frame/inputs.h"
+
+namespace zel {
+namespace {
+
+using forms::Row;
+using forms::Section;
+
+constexpr int grid_columns_per_row = 4;  // label, input, unit, gap to the next row
+constexpr int gap_width = 12;            // pixels
+constexpr int top_line = 0;              // for a widget above the rows
+constexpr QColor closed_input(192, 192, 192);
+constexpr QColor closed_caption(128, 128, 128);
+
+bool has_units(const Section& section) {
+    return std::any_of(section.rows.begin(), section.rows.end(),
+                       [](const Row& row) { return !row.field->unit.empty(); });
+}
+
+/// An unchanged text stays as it is, with what the box can undo.
+void show_in(QLineEdit& edit, const std::string& text) {
+    if (edit.text() == qt(text)) return;
+    edit.setText(qt(text));
+    edit.setCursorPosition(0);
+}
+
+}  // namespace
+
+QWidget* FormPanel::Field::input() const {
+    if (edit != nullptr) return edit;
+    return list;
+}
+
+FormPanel::FormPanel(const Section& section, const FormParts& parts)
+    : section_(section), parts_(parts), grid_(new QGridLayout(inside_of(*this))) {
+    parts_.captions.title(this, section.caption);
+    grid_->setHorizontalSpacing(8);
+    grid_->setVerticalSpacing(parts.look.row_gap);
+    if (!section.note.de.empty()) add_note(section.note);
+    fields_.reserve(section.rows.size());  // connections refer to fields by their places
+    int index = 0;
+    for (const Row& row : section.rows) {
+        const int column = index++ % section.columns;
+        add_row(row, column == 0, column * grid_columns_per_row);
+    }
+    // A panel taller than its rows has them on top.
+    if (parts.look.fills_room) grid_->setRowStretch(grid_->rowCount(), 1);
+    for (int column = 0; column < section.columns; ++column) {
+        const int first = column * grid_columns_per_row;
+        grid_->setColumnStretch(first + 1, column == 0 ? section.first_stretch : 1);
+        if (column > 0) grid_->setColumnMinimumWidth(first - 1, gap_width);
+    }
+    load_anew();
+}
+
+void FormPanel::add_row(const Row& row, bool new_line, int column) {
+    const int line = grid_->rowCount() - (new_line ? 0 : 1);
+    const std::size_t index = fields_.size();
+    fields_.push_back({&row, make_label()});
+    Field& field = fields_.back();
+    QWidget* content = nullptr;
+    if (row.is_list())
+        content = field.list = make_list(row);
+    else if (section_.typed)
+        content = field.edit = make_edit(index);
+    else
+        content = field.shown = make_label();
+    content->setObjectName(row.control);
+    if (field.shown != nullptr)
+        field.shown->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    else
+        field.label->setBuddy(content);
+    const bool wide = field.edit == nullptr || row.is_free_text() || !has_units(section_);
+    if (row.caption_above) {
+        grid_->addWidget(field.label, line, column, 1, 3);
+        grid_->addWidget(content, line + 1, column, 1, 3);
+    } else {
+        grid_->addWidget(field.label, line, column);
+        grid_->addWidget(content, line, column + 1, 1, wide ? 2 : 1);
+    }
+    if (!wide) {
+        QLabel* unit = make_label();
+        unit->setText(qt(row.field->unit));
+        grid_->addWidget(field.unit = unit, line, column + 2);
+    }
+    enter_captions(index);
+    if (!row.note.de.empty()) add_note(row.note);
+}
+
+QLabel* FormPanel::make_label() const {
+    QLabel* label = plain_label();
+    if (!parts_.look.closed_turn_grey) return label;
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, closed_caption);
+    label->setPalette(palette);
+    return label;
+}
+
+void FormPanel::close_in_grey(QWidget& input) const {
+    if (!parts_.look.closed_turn_grey) return;
+    QPalette palette = input.palette();
+    for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Button})
+        palette.setColor(QPalette::Disabled, role, closed_input);
+    input.setPalette(palette);
+}
+
+QLineEdit* FormPanel::make_edit(std::size_t index) {
+    const Row& row = *fields_[index].row;
+    auto* edit = new QLineEdit;
+    edit->setMinimumWidth(parts_.look.number_width);
+    close_in_grey(*edit);
+    edit->installEventFilter(new LeavingBox(edit, [this, index] { take_in(fields_[index]); }));
+    edit->installEventFilter(new FocusChain(
+        edit, [this](std::string_view control) { return parts_.record.next_control(control); }));
+    on(edit, &QLineEdit::textEdited, [this, &row] { parts_.record.typed_into(row); });
+    if (row.is_free_text()) return edit;
+    edit->setAlignment(Qt::AlignRight);
+    if (!parts_.record.filters_keys()) return edit;
+    edit->installEventFilter(new NumberKeys(edit, parts_.session));
+    // An input method would type past the filter of keys.
+    edit->setAttribute(Qt::WA_InputMethodEnabled, false);
+    return edit;
+}
+
+QComboBox* FormPanel::make_list(const Row& row) {
+    auto* list = new QuietList;
+    close_in_grey(*list);
+    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    list->setMinimumContentsLength(parts_.look.list_length);
+    if (parts_.look.return_leaves_lists) list->installEventFilter(new FocusChain(list));
+    on(list, &QComboBox::activated, [this, &row](int index) {
+        parts_.record.choose(row, index);
+        parts_.changed();
+    });
+    return list;
+}
+
+void FormPanel::add_note(const Text& note) { add_below(parts_.captions.text(make_label(), note)); }
+
+/// Where a label is German alone, the hint tells in English what stands there.
+void FormPanel::enter_captions(std::size_t index) {
+    parts_.captions.computed([this, index](LangId lang) {
+        const Field& field = fields_[index];
+        const Text& label = field.row->field->label;
+        const QString hint = qt(field.row->hint, lang);
+        field.label->setText(qt(label, lang).trimmed());
+        field.label->setToolTip(hint);
+        if (field.list != nullptr) name_choices(field);
+        QWidget* input = field.input();
+        if (input == nullptr) return;
+        input->setToolTip(hint);
+        const bool hint_is_name = label.en.empty() && !hint.isEmpty();
+        input->setAccessibleName(hint_is_name ? hint : field.label->text());
+    });
+}
+
+void FormPanel::name_choices(const Field& field) const {
+    const QSignalBlocker quiet(field.list);
+    const LangId lang = parts_.record.language_of_choices(*field.row);
+    field.list->clear();
+    for (const forms::Choice& choice : field.row->choices)
+        field.list->addItem(qt(choice.text, lang).trimmed());
+    field.list->setCurrentIndex(parts_.record.chosen(*field.row));
+}
+
+void FormPanel::take_in(Field& field) {
+    const std::string typed = field.edit->text().toStdString();
+    if (typed == field.seen) return;
+    const auto refusal = parts_.record.enter(*field.row, typed);
+    field.kept = parts_.record.shown(*field.row);
+    field.seen = refusal && refusal->text_stays ? typed : field.kept;
+    show_in(*field.edit, field.seen);
+    parts_.changed();
+    if (!refusal) return;
+    parts_.session.tell(refusal->box);
+    parts_.refused(field.edit);
+}
+
+void FormPanel::commit() {
+    for (Field& field : fields_)
+        if (field.edit != nullptr) take_in(field);
+}
+
+void FormPanel::load(bool anew) {
+    for (Field& field : fields_) load(field, anew);
+}
+
+void FormPanel::show_states() {
+    for (const Field& field : fields_) (void)show_state(field);
+}
+
+/// Gives whether the input is open.
+bool FormPanel::show_state(const Field& field) {
+    const auto [open, needed] = parts_.record.state(*field.row);
+    if (QWidget* input = field.input()) input->setEnabled(open);
+    for (QWidget* told : {static_cast<QWidget*>(field.label), field.unit})
+        if (told != nullptr) told->setEnabled(needed);
+    return open;
+}
+
+void FormPanel::load(Field& field, bool anew) {
+    const bool open = show_state(field);
+    if (field.list != nullptr) {
+        if (field.row->in_report_language) name_choices(field);
+        field.list->setCurrentIndex(parts_.record.chosen(*field.row));
+        return;
+    }
+    const std::string text = parts_.record.shown(*field.row);
+    if (field.shown != nullptr) return field.shown->setText(qt(text).trimmed());
+    if (text == field.kept && open && !anew) return;
+    field.seen = field.kept = text;
+    show_in(*field.edit, text);
+}
+
+std::vector<QWidget*> FormPanel::inputs() const {
+    std::vector<QWidget*> all;
+    for (const Field& field : fields_)
+        if (QWidget* input = field.input()) all.push_back(input);
+    return all;
+}
+
+QWidget* FormPanel::input(const FieldInfo& field) const {
+    const auto found = std::find_if(fields_.begin(), fields_.end(), [&](const Field& candidate) {
+        return candidate.row->field == &field;
+    });
+    return found == fields_.end() ? nullptr : found->input();
+}
+
+void FormPanel::add_on_top(QWidget* widget) {
+    grid_->addWidget(widget, top_line, 0, 1, section_.columns * grid_columns_per_row - 1);
+}
+
+void FormPanel::add_below(QWidget* widget) {
+    grid_->addWidget(widget, grid_->rowCount(), 0, 1, section_.columns * grid_columns_per_row - 1);
+}
+
+void FormPanel::add_beside(std::string_view control, QWidget* widget) {
+    for (Field& field : fields_) {
+        if (field.row->control != control || field.unit == nullptr) continue;
+        delete grid_->replaceWidget(field.unit, widget);
+        delete field.unit;
+        field.unit = widget;
+    }
+}
+
+FormPanel::ColumnWidths FormPanel::column_widths() const {
+    ColumnWidths widths;
+    for (const Field& field : fields_) {
+        if (!field.row->caption_above)
+            widths.label = std::max(widths.label, field.label->sizeHint().width());
+        if (field.unit != nullptr)
+            widths.unit = std::max(widths.unit, field.unit->sizeHint().width());
+    }
+    return widths;
+}
+
+void FormPanel::set_column_widths(ColumnWidths widths) {
+    grid_->setColumnMinimumWidth(0, widths.label);
+    grid_->setColumnMinimumWidth(2, widths.unit);
+}
+
+void align(const std::vector<FormPanel*>& panels) {
+    FormPanel::ColumnWidths widest;
+    for (const FormPanel* panel : panels) {
+        const auto [label, unit] = panel->column_widths();
+        widest.label = std::max(widest.label, label);
+        widest.unit = std::max(widest.unit, unit);
+    }
+    for (FormPanel* panel : panels) panel->set_column_widths(widest);
+}
+
+}  // namespace zel

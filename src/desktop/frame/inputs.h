@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QComboBox>
+#include <QPointer>
+#include <functional>
+#include <string_view>
+
+#include "shell/session.h"
+
+// What inputs do beyond those of the library.
+
+namespace zel {
+
+/// Installed on an input, it lets tab and return lead to the next control of the fixed chain, and
+/// return to the next input by tab order where the chain ends.
+class FocusChain : public QObject {
+public:
+    /// The control behind another; empty at the end of a chain, and everywhere without one.
+    using Chain = std::function<std::string_view(std::string_view control)>;
+
+    explicit FocusChain(
+        QObject* parent, Chain chain = [](std::string_view) { return std::string_view{}; })
+        : QObject(parent), chain_(std::move(chain)) {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    Chain chain_;
+};
+
+/// Installed on a box, it lets only those keys type that the key filter of numeric fields passes.
+/// Keys that edit (cursor, delete, copy, paste, undo) are not touched; a pasted text is judged when
+/// the editing of the box is finished.
+class NumberKeys : public QObject {
+public:
+    NumberKeys(QObject* parent, const Session& session) : QObject(parent), session_(session) {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool refuses(const QEvent& event) const;
+
+    const Session& session_;
+};
+
+/// Installed on a box, it calls `leave` when the focus goes to another input, and not when only the
+/// window is left.
+class LeavingBox : public QObject {
+public:
+    LeavingBox(QObject* parent, std::function<void()> leave)
+        : QObject(parent), leave_(std::move(leave)) {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    std::function<void()> leave_;
+};
+
+/// Gives the focus back to an input whose text was refused, once it has gone where it was going.
+class FocusReturn {
+public:
+    void to(QWidget* input);
+    /// Whether an input waits for it.
+    [[nodiscard]] bool waits() const { return !input_.isNull(); }
+
+private:
+    QPointer<QWidget> input_;
+};
+
+/// A list that the mouse wheel changes only while it has the focus: otherwise the wheel scrolls the
+/// page, and no input changes unnoticed on the way.
+class QuietList : public QComboBox {
+public:
+    QuietList() { setFocusPolicy(Qt::StrongFocus); }
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+}  // namespace zel

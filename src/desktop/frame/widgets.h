@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+#include "platform/text/text.h"
+
+class QGroupBox;
+class QLabel;
+class QScrollArea;
+class QWidget;
+
+// What all windows are made of. Texts of the program are UTF-8.
+
+namespace zel {
+
+[[nodiscard]] inline QString qt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+[[nodiscard]] inline QString qt(const Text& text, LangId lang) { return qt(text.in(lang)); }
+
+/// A label whose text is shown as it is, without formats.
+[[nodiscard]] QLabel* plain_label(const QString& text = {});
+
+/// The same, `scale` times as large as other texts.
+[[nodiscard]] QLabel* plain_label(double scale, bool bold);
+
+/// The widget for the content of `group`; the title stands out by its bold type.
+[[nodiscard]] QWidget* inside_of(QGroupBox& group);
+
+/// Lets the content of `area` scroll where the window is too small for it.
+void make_scrolling(QScrollArea& area);
+
+}  // namespace zel

@@ -1,0 +1,58 @@
+#include "desktop/line/line_case.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "forms/line_form.h"
+#include "persistence/case_file.h"
+#include "shell/case_settings.h"
+#include "workflow/rules/derived.h"
+#include "workflow/rules/transient_cells.h"
+
+namespace zel {
+namespace {
+
+/// The fields of a case that are settings, and their keys in a file.
+constexpr std::pair<std::string_view, std::int16_t CalcCase::*> case_settings[] = {
+    {"Gravi_merker1_db", &CalcCase::Gravi_merker1_db},
+    {"Formel_merker1_db", &CalcCase::Formel_merker1_db},
+    {"wzsz_merker_db", &CalcCase::wzsz_merker_db},
+};
+
+}  // namespace
+
+FlatObject LineRecord::values() const { return values_of(c_); }
+
+FlatObject LineRecord::entered() const {
+    CalcCase c = without_found_values(without_derived_current(c_));
+    // What a setting changes is no input of the user.
+    for (const auto& [key, member] : case_settings) c.*member = CalcCase().*member;
+    return values_of(c);
+}
+
+void LineRecord::start_anew() {
+    CalcCase fresh;
+    take_settings(fresh, settings_.now());
+    c_ = forms::case_for_form(std::move(fresh));
+}
+
+std::vector<RefusedText> LineRecord::take(const FlatObject& values) {
+    CaseFile file = read_case(values, session_);
+    take_missing_settings(file.c, values);
+    adopt_settings(file.c, settings_.store, session_);
+    settings_.changed();
+    c_ = forms::case_for_form(std::move(file.c));
+    return std::move(file.refused);
+}
+
+/// A file that does not name a setting has none of its own.
+void LineRecord::take_missing_settings(CalcCase& c, const FlatObject& values) const {
+    CalcCase present;
+    take_settings(present, settings_.now());
+    for (const auto& [key, member] : case_settings)
+        if (std::none_of(values.begin(), values.end(),
+                         [&](const FlatMember& value) { return value.key == key; }))
+            c.*member = present.*member;
+}
+
+}  // namespace zel

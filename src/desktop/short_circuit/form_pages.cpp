@@ -1,0 +1,65 @@
+#include "desktop/short_circuit/form_pages.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <utility>
+
+#include "desktop/frame/events.h"
+#include "short_circuit/input_check.h"
+
+namespace zel::short_circuit {
+namespace {
+
+constexpr int gap = 12;  // pixels between columns
+
+// The captions are German in every language, the hints say the same in English.
+struct ButtonRow {
+    const char* name;
+    Text caption;
+    Text hint;
+};
+constexpr ButtonRow start_button = {
+    "Command3", {"Aus Seildatenbank auswählen"}, {"", "Choose in the conductor database"}};
+constexpr ButtonRow take_over_button = {
+    "Command4", {"Übernehmen"}, {"", "Take over the chosen conductor"}};
+
+/// The columns side by side, with the room that is left below them.
+QWidget* content_of(const std::vector<QWidget*>& columns) {
+    auto* content = new QWidget;
+    auto* side_by_side = new QHBoxLayout(content);
+    side_by_side->setSpacing(gap);
+    for (QWidget* column : columns) side_by_side->addWidget(column, 1);
+    return content;
+}
+
+QPushButton* make_button(const ButtonRow& row, Captions& captions, std::function<void()> act) {
+    auto* button = new QPushButton;
+    button->setObjectName(row.name);
+    on(button, &QPushButton::clicked, std::move(act));
+    return captions.tool_tip(captions.text(button, row.caption), row.hint);
+}
+
+}  // namespace
+
+GeneralPage::GeneralPage(const FormParts& parts) : InputPage(short_circuit::input_page, parts) {
+    enum { project, current, object };
+    set_content(content_of({column_of({project, object}), column_of({current})}));
+    tab_through({project, current, object});
+}
+
+ConductorPage::ConductorPage(const FormParts& parts, std::function<void()> start_database,
+                             std::function<void()> take_over)
+    : InputPage(short_circuit::conductor_page, parts) {
+    enum { record, material };
+    auto* buttons = new QWidget;
+    auto* layout = new QHBoxLayout(buttons);
+    layout->setContentsMargins(0, 6, 0, 0);
+    layout->addWidget(make_button(start_button, parts.captions, std::move(start_database)));
+    layout->addWidget(make_button(take_over_button, parts.captions, std::move(take_over)));
+    layout->addStretch();
+    panel(record).add_below(buttons);
+    set_content(content_of({column_of({record}), column_of({material})}));
+    tab_through({record, material});
+}
+
+}  // namespace zel::short_circuit

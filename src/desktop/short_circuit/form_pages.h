@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+
+#include "desktop/frame/input_page.h"
+
+namespace zel::short_circuit {
+
+/// Page 0: project, current, and what is judged.
+class GeneralPage : public InputPage {
+public:
+    explicit GeneralPage(const FormParts& parts);
+};
+
+/// Page 1: the conductor, with the buttons that open the database and take over what was chosen
+/// there.
+class ConductorPage : public InputPage {
+public:
+    ConductorPage(const FormParts& parts, std::function<void()> start_database,
+                  std::function<void()> take_over);
+};
+
+}  // namespace zel::short_circuit

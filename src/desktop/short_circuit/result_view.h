@@ -1,0 +1,31 @@
+#pragma once
+
+#include "desktop/frame/area_frame.h"
+#include "short_circuit/result_page.h"
+
+class QGridLayout;
+class QLabel;
+class QVBoxLayout;
+
+namespace zel::short_circuit {
+
+/// Page 2 of the short-circuit form: the verdict in its colour, and the intermediate results by the
+/// sections of the standard.
+class ResultView : public AreaPage {
+public:
+    ResultView();
+
+    void show_page(const VerdictPage& page);
+    /// Shows nothing, as before the first run and at every change of the page.
+    void clear();
+
+private:
+    void add_group(const VerdictGroup& group, int number);
+    static void add_row(QGridLayout& grid, const VerdictRow& row, int line, int column,
+                        const QString& name);
+
+    QLabel* verdict_;
+    QVBoxLayout* groups_;
+};
+
+}  // namespace zel::short_circuit

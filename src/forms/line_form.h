@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+
+#include "forms/form.h"
+#include "platform/text/locale.h"
+#include "steady/case/case_fields.h"
+
+// The form of a case of the thermal rating.
+
+namespace zel::forms {
+
+/// A case behind its form.
+class LineForm : public Record {
+public:
+    /// `list_language` gives the language of the lists that have that of the reports; without it
+    /// they have that of `locale`.
+    LineForm(CalcCase& c, const Locale& locale, std::function<LangId()> list_language = {})
+        : c_(c), locale_(locale), list_language_(std::move(list_language)) {}
+
+    [[nodiscard]] std::span<const Section> sections() const override;
+    /// A whole number of 0 is no input and shows as empty; one with a mask, which comes with a
+    /// conductor, is shown as soon as there is a conductor.
+    [[nodiscard]] std::string shown(const Row& row) const override;
+    /// A number that no entry stands for shows as the first, which says so.
+    [[nodiscard]] int chosen(const Row& row) const override;
+    /// Open but for the given values that are not the given one; needed where a selected method
+    /// reads the row, and everywhere as long as no method is selected.
+    [[nodiscard]] InputState state(const Row& row) const override;
+    [[nodiscard]] std::string listed(const Row& row) const override;
+    [[nodiscard]] LangId language_of_choices(const Row& row) const override;
+    /// A refused text leaves the field without input.
+    std::optional<Refusal> enter(const Row& row, std::string_view text) override;
+    void choose(const Row& row, int index) override;
+    [[nodiscard]] bool filters_keys() const override { return true; }
+    [[nodiscard]] std::string_view next_control(std::string_view control) const override;
+
+private:
+    [[nodiscard]] std::string text_in_listing(const Row& row) const;
+
+    CalcCase& c_;
+    const Locale& locale_;
+    std::function<LangId()> list_language_;
+};
+
+/// All sections, page by page; those of the input page and those of the conductor page.
+[[nodiscard]] std::span<const Section> line_sections();
+[[nodiscard]] const std::vector<Section>& input_sections();
+[[nodiscard]] const std::vector<Section>& conductor_sections();
+
+/// The check box that selects a method.
+struct MethodRow {
+    Method method;
+    const char* control;
+    Text label;
+};
+[[nodiscard]] std::span<const MethodRow> method_rows();
+
+/// `c` as a form can show it: a number of sub-conductors that no list entry stands for becomes 1.
+[[nodiscard]] CalcCase case_for_form(CalcCase c);
+
+}  // namespace zel::forms

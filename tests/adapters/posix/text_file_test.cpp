@@ -1,0 +1,105 @@
+#include "adapters/posix/text_file.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "fakes/scratch_folder.h"
+#include "fakes/scripted_dialogs.h"
+
+namespace zel {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+class TextFile : public testing::Test {
+protected:
+    static std::string refusal(const std::string& path) {
+        return refusal_of([&] {
+            write_text_file(path, "new");
+            return true;
+        });
+    }
+    [[nodiscard]] auto files() const {
+        return std::distance(fs::directory_iterator(folder.path()), {});
+    }
+    static mode_t mode_of(const std::string& path) {
+        struct stat state {};
+        ::stat(path.c_str(), &state);
+        return state.st_mode & 07777U;
+    }
+
+    ScratchFolder folder;
+    const std::string path = folder.file("case.json");
+};
+
+TEST_F(TextFile, a_new_one_has_the_content_and_the_usual_mode) {
+    EXPECT_FALSE(file_exists(path));
+    const std::string content = std::string(300000, 'x') + "\r\nä\n";
+    write_text_file(path, content);
+    EXPECT_TRUE(file_exists(path));
+    EXPECT_EQ(folder.read("case.json"), content);
+    EXPECT_EQ(read_text_file(path), content);
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    EXPECT_EQ(mode_of(path), 0666U & ~mask);
+    EXPECT_EQ(files(), 1);
+}
+
+TEST_F(TextFile, a_replaced_one_keeps_its_mode) {
+    folder.write("case.json", "a longer former content");
+    ::chmod(path.c_str(), 0640);
+    write_text_file(path, "new");
+    EXPECT_EQ(read_text_file(path), "new");
+    EXPECT_EQ(mode_of(path), 0640U);
+    EXPECT_EQ(files(), 1);
+}
+
+TEST_F(TextFile, links_are_followed_and_stay_links) {
+    fs::create_directory(folder.file("there"));
+    fs::create_symlink("there/case.json", folder.file("link"));
+    fs::create_symlink("link", folder.file("link_to_link"));
+    for (const char* content : {"to a file that is not there yet", "to one that is"}) {
+        write_text_file(folder.file("link_to_link"), content);
+        EXPECT_TRUE(fs::is_symlink(folder.file("link_to_link")));
+        EXPECT_TRUE(fs::is_symlink(folder.file("link")));
+        EXPECT_EQ(folder.read("there/case.json"), content);
+    }
+    fs::create_symlink("round", folder.file("round"));
+    EXPECT_THAT(refusal(folder.file("round")), HasSubstr("Too many levels"));
+}
+
+TEST_F(TextFile, path_and_reason_are_named_where_it_cannot_be_read_or_written) {
+    const std::string missing = folder.file("no such file");
+    const std::string nowhere = folder.file("no such folder/case.json");
+    const std::string long_name = folder.file(std::string(252, 'x'));
+    const std::string folder_name = folder.path().string();
+    for (const auto& [name, reason] : {std::pair{missing, ": No such file or directory"},
+                                       {folder_name, ": Is a directory"},
+                                       {"/dev/zero", ": larger than 16 MiB"}})
+        EXPECT_EQ(refusal_of([&, &file = name] { return read_text_file(file); }), name + reason);
+    for (const auto& [name, reason] : {std::pair{nowhere, ": No such file or directory"},
+                                       {folder_name, ": Is a directory"},
+                                       {"/dev/null", ": not a regular file"},
+                                       {"/dev/full", ": not a regular file"},
+                                       {long_name, ": File name too long"}})
+        EXPECT_EQ(refusal(name), name + reason);
+    EXPECT_EQ(files(), 0);
+}
+
+TEST_F(TextFile, the_former_stays_where_the_folder_or_the_file_is_protected) {
+    const AsNobody nobody(folder.path());  // nothing is protected from root
+    folder.write("case.json", "former");
+    for (const auto& [protected_name, mode, usual] :
+         {std::tuple{path, 0440U, 0640U}, {folder.path().string(), 0550U, 0750U}}) {
+        ::chmod(protected_name.c_str(), mode);
+        EXPECT_THAT(refusal(path), HasSubstr("Permission denied"));
+        ::chmod(protected_name.c_str(), usual);
+    }
+    EXPECT_EQ(read_text_file(path), "former");
+    EXPECT_EQ(files(), 1);
+}
+
+}  // namespace
+}  // namespace zel
