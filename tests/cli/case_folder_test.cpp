@@ -26,6 +26,7 @@
 //   copied       the same, as copies of files of the sources
 //   files        files afterwards: their text, a list of texts that stand in it, or null for none
 //   unchanged    files whose bytes are those from before
+//   windows      true: it needs the program with the windows
 
 namespace zel {
 namespace {
@@ -98,6 +99,8 @@ class CaseFolder : public testing::TestWithParam<fs::path> {};
 
 TEST_P(CaseFolder, gives_what_is_expected) {
     const json expected = read_json(GetParam() / "expected.json");
+    if (expected.value("windows", false) && !fs::exists(ZEL_PROGRAM "-desktop"))
+        GTEST_SKIP() << "built without the windows";
     const std::string command = GetParam().parent_path().filename();
     const auto around = [&](const char* key) { return expected.value(key, json::object()); };
     const json given = around("given");

@@ -32,8 +32,8 @@ struct FieldInfo {
     std::string_view name;  // of its column, and in case files
     FieldKind kind = FieldKind::Text;
     ColumnType column = ColumnType::Text;
-    Text
-        label{};  // on a form, as it stands there: with its colon. German alone where `en` is empty
+    /// On a form, as it stands there: with its colon. German alone where `en` is empty.
+    Text label{};
     std::string_view unit{};
     std::string_view mask{};  // by which a number is shown that was not typed
     /// Where it stands without a form around it, as in workbooks; see `long_label_of`.
