@@ -67,6 +67,7 @@ void add_batch(CommandLine& line);
 void add_template(CommandLine& line);
 void add_settings(CommandLine& line);
 void add_conductor(CommandLine& line);
+void add_db(CommandLine& line);
 
 // ---- what several commands have
 

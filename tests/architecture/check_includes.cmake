@@ -33,9 +33,10 @@ folder(shell steady)
 folder(workflow/rules shell)
 folder(workflow/run workflow/rules tb601_transient/transient)
 folder(persistence workflow/rules)
-folder(tables_graphs workflow/run persistence)
+folder(persistence/database persistence)
+folder(tables_graphs workflow/run persistence/database)
 folder(excel_batch workflow/run persistence)
-folder(measuring persistence)
+folder(measuring persistence/database)
 folder(reports tables_graphs)
 folder(short_circuit persistence reports)
 folder(forms excel_batch measuring short_circuit)
@@ -45,7 +46,7 @@ list(TRANSFORM themes PREPEND desktop/)
 foreach(theme IN LISTS themes)
     folder(${theme} desktop/frame)
 endforeach()
-folder(program persistence)  # and every adapter
+folder(program persistence/database)  # and every adapter
 folder(desktop ${themes} program)
 folder(cli forms program)  # and every adapter
 

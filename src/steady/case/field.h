@@ -6,6 +6,7 @@
 #include <variant>
 #include <vector>
 
+#include "platform/table_store.h"
 #include "platform/text/number_text.h"
 #include "platform/text/text.h"
 #include "steady/case/calc_case.h"
@@ -23,9 +24,6 @@ enum class FieldKind : std::uint8_t {
     List,    // the same, an index from 0 to `last_index`
     Flag,    // yes or no
 };
-
-/// How a database holds a field: numbers lose what its column has no room for.
-enum class ColumnType : std::uint8_t { None, Text, Integer, Single, Double };
 
 /// What is known of a field, whatever the record that it stands in.
 struct FieldInfo {

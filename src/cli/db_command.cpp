@@ -1,0 +1,283 @@
+#include <unistd.h>
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "adapters/sqlite/sqlite_store.h"
+#include "cli/commands.h"
+#include "cli/db_area.h"
+#include "persistence/database/table_names.h"
+#include "platform/errors.h"
+#include "program/stores.h"
+#include "shell/error_handling.h"
+
+namespace zel {
+namespace {
+
+using nlohmann::ordered_json;
+
+constexpr std::string_view module_name = "db";
+
+constexpr const char* db_notes =
+    "\n"
+    "A database is one file (.mdb) of tables, and a row of a table is one stored case. Tables have\n"
+    "the names that you give them; rows count from 1. With --short-circuit the commands work on\n"
+    "the cases of the short-circuit area, which have tables of their own.\n"
+    "\n"
+    "  zel db save lines.mdb North case.json --new-database    a new file with the table North\n"
+    "  zel db save lines.mdb North other.json                  one row more\n"
+    "  zel db list lines.mdb North                             what stands in it\n"
+    "  zel db show lines.mdb North 1 --json | zel steady -     calculate a stored case\n"
+    "\n"
+    "delete and drop ask nothing. docs/databases.md tells what is stored how.\n"
+    "\n"
+    "Exit status: 0 done; 2 refused, nothing was changed.";
+
+struct DbWords : CommonOptions {
+    bool short_circuit = false;
+    std::string file{};
+    std::string table{};
+    std::size_t row = 0;
+    std::string case_path{};
+    bool new_database = false;
+    bool new_table = false;
+
+    [[nodiscard]] const DbArea& area() const {
+        return short_circuit ? short_circuit_area() : line_area();
+    }
+};
+
+/// Replaces what is no UTF-8 in texts of files by other programs.
+std::string text_of(const ordered_json& document) {
+    return document.dump(2, ' ', false, ordered_json::error_handler_t::replace) + "\n";
+}
+
+/// A table that holds cases of the area.
+TableInfo case_table(Database& database, const DbWords& words) {
+    TableInfo table = find_table(database, words.table);
+    if (!holds_records(words.area().tables, table))
+        throw InputError(words.file + ": the table " + words.table + " holds no such cases" +
+                         (words.short_circuit ? "" : " (see --short-circuit)"));
+    return table;
+}
+
+RowKey key_of(Database& database, const TableInfo& table, const DbWords& words) {
+    const auto keys = database.rows(table.name);
+    if (words.row < 1 || words.row > keys.size())
+        throw InputError(words.file + ": " + table.name + ": there is no row " +
+                         std::to_string(words.row) + ", the table has " +
+                         std::to_string(keys.size()));
+    return keys[words.row - 1];
+}
+
+int tables(const DbWords& words, Console& /*console*/) {
+    const auto database = SqliteStore().open(words.file);
+    ordered_json list = ordered_json::array();
+    std::string text;
+    for (const TableInfo& table : record_tables(*database, words.area().tables)) {
+        const std::size_t rows = database->rows(table.name).size();
+        list.push_back({{"name", table.name}, {"columns", table.columns.size()}, {"rows", rows}});
+        text += printable(table.name) + ": " + std::to_string(rows) +
+                (words.lang == LangId::German ? " Zeilen" : " rows") + "\n";
+    }
+    return print_or_fail(words.json ? text_of({{"tables", list}}) : text);
+}
+
+int list(const DbWords& words, Console& /*console*/) {
+    const auto database = SqliteStore().open(words.file);
+    const TableInfo table = case_table(*database, words);
+    const auto columns = words.area().list_columns;
+    ordered_json rows = ordered_json::array();
+    std::string text;
+    database->each_row(table.name, columns, [&](RowKey /*key*/, const TableRow& row) {
+        ordered_json entry = {{"row", rows.size() + 1}};
+        text += std::to_string(rows.size() + 1);
+        for (std::size_t column = 0; column < columns.size(); ++column) {
+            const std::string value = without_outer_blanks(row[column].value_or(""));
+            entry[columns[column]] = value;
+            text += "\t" + printable(value);
+        }
+        text += "\n";
+        rows.push_back(std::move(entry));
+        return true;
+    });
+    return print_or_fail(words.json ? text_of({{"rows", rows}}) : text);
+}
+
+int show(const DbWords& words, Console& console) {
+    const auto database = SqliteStore().open(words.file);
+    const TableInfo table = case_table(*database, words);
+    const StoredRow row = stored_row(*database, table, key_of(*database, table, words));
+    return print_or_fail(words.area().show(row, words, console));
+}
+
+void refuse_name(const std::string& name) {
+    if (name.empty()) throw InputError("a table needs a name");
+    if (const auto character = refused_character(name))
+        throw InputError("\"" + name + "\": the name of a table cannot have \"" + *character +
+                         "\"");
+}
+
+/// `path` from the root on, whether its file is there or not.
+std::string whole_path(const std::string& path) {
+    return std::filesystem::absolute(path).lexically_normal().string();
+}
+
+/// A name that the program keeps for its own databases.
+void refuse_reserved(const DbWords& words) {
+    const std::string path = whole_path(words.file);
+    ProgramStores stores;
+    const std::string calculations =
+        std::filesystem::path(stores.settings().now().Berechnungsdaten).parent_path().string();
+    const ReservedName name = words.short_circuit
+                                  ? reserved_short_circuit_database(path)
+                                  : reserved_case_database(path, calculations, words.lang);
+    if (!name.refused) return;
+    throw InputError(words.file + ": " +
+                     (name.box ? paragraph_of(*name.box)
+                               : std::string("the name is that of a database of the program")));
+}
+
+/// The new file is gone again where it cannot be filled.
+class NewDatabase {
+public:
+    explicit NewDatabase(const std::string& path)
+        : path_(path), database_(SqliteStore().create(path)) {}
+    ~NewDatabase() {
+        if (!kept_) ::unlink(path_.c_str());
+    }
+    NewDatabase(const NewDatabase&) = delete;
+    NewDatabase& operator=(const NewDatabase&) = delete;
+    [[nodiscard]] Database& database() { return *database_; }
+    void keep() { kept_ = true; }
+
+private:
+    std::string path_;
+    std::unique_ptr<Database> database_;
+    bool kept_ = false;
+};
+
+int save(const DbWords& words, Console& console) {
+    const DbArea& area = words.area();
+    const bool new_table = words.new_table || words.new_database;
+    if (new_table) refuse_name(words.table);
+    if (words.new_database) refuse_reserved(words);
+    const auto values = area.load(words.case_path, words, console);
+    if (words.new_database) {
+        NewDatabase made(words.file);
+        add_record(made.database(), area.tables, words.table, values);
+        made.keep();
+    } else {
+        const auto database = SqliteStore().open(words.file);
+        if (new_table) {
+            database->whole([&] {
+                database->create_table(words.table, area.tables.columns);
+                database->add_row(words.table, values);
+            });
+        } else {
+            const TableInfo table = case_table(*database, words);
+            if (const auto box = refused_table(area.tables, table, words.lang)) {
+                Console::tell_reason(paragraph_of(*box));
+                return exit_refused;
+            }
+            database->add_row(table.name, values);
+        }
+    }
+    return exit_done;
+}
+
+int erase(const DbWords& words, Console& /*console*/) {
+    const auto database = SqliteStore().open(words.file);
+    const TableInfo table = case_table(*database, words);
+    database->delete_row(table.name, key_of(*database, table, words));
+    constexpr Text done = {"{0}: Zeile {1} gelöscht\n", "{0}: row {1} deleted\n"};
+    return print_or_fail(
+        words.json ? text_of({{"table", table.name}, {"deleted_row", words.row}})
+                   : fill(done.in(words.lang), {printable(table.name), std::to_string(words.row)}));
+}
+
+int drop(const DbWords& words, Console& /*console*/) {
+    const auto database = SqliteStore().open(words.file);
+    const TableInfo table = case_table(*database, words);
+    const std::size_t rows = database->rows(table.name).size();
+    database->drop_table(table.name);
+    constexpr Text done = {"{0} mit {1} Zeilen gelöscht\n", "{0} with {1} rows deleted\n"};
+    return print_or_fail(
+        words.json ? text_of({{"table", table.name}, {"deleted_rows", rows}})
+                   : fill(done.in(words.lang), {printable(table.name), std::to_string(rows)}));
+}
+
+/// Failures of databases are told by the central table of errors, all others as ever.
+template <int (*body)(const DbWords&, Console&)>
+int guarded_db(const DbWords& words) {
+    // The document is a case or a list, so that messages have no place in it.
+    CommonOptions told = words;
+    told.json = false;
+    Console console(told);
+    try {
+        return body(words, console);
+    } catch (const PlatformError& error) {
+        if (error.fault() == PlatformFault::Unforeseen) throw;
+        Console::tell_reason(error.what());
+        ErrorHandling handling(words.lang, console);
+        try {
+            (void)handle_caught(handling, module_name, "zel_db");
+        } catch (const ProgramEnd&) {
+            // The windows end there; a command ends anyhow.
+        }
+        return exit_refused;
+    }
+}
+
+}  // namespace
+
+void add_db(CommandLine& line) {
+    CLI::App& group = line.add_group("db", "Databases of stored cases", db_notes);
+    const auto add = [&](const char* name, const char* description, int (*run)(const DbWords&)) {
+        const auto command = line.add<DbWords>(group, name, description, run);
+        command.app.add_option("FILE", command.words.file, "The database")->required();
+        command.app.add_flag("--short-circuit", command.words.short_circuit,
+                             "Cases of the short-circuit area");
+        command.app.footer(db_notes);
+        return command;
+    };
+    const auto finish = [](const auto& command) {
+        add_output(command.app, command.words);
+        add_language(command.app, command.words.lang, command.words.separator);
+    };
+    const auto table_of = [](const auto& command) {
+        command.app.add_option("TABLE", command.words.table, "The table")->required();
+    };
+    const auto row_of = [](const auto& command) {
+        command.app.add_option("N", command.words.row, "The row, from 1")->required();
+    };
+    finish(add("tables", "The tables of a database", guarded_db<tables>));
+
+    const auto listed = add("list", "The rows of a table", guarded_db<list>);
+    table_of(listed);
+    finish(listed);
+
+    const auto shown = add("show", "A row, with --json as a case file", guarded_db<show>);
+    table_of(shown);
+    row_of(shown);
+    finish(shown);
+
+    const auto saved = add("save", "Add a case to a table", guarded_db<save>);
+    table_of(saved);
+    saved.app.add_option("CASE", saved.words.case_path, "Case file (JSON), or -")->required();
+    saved.app.add_flag("--new-database", saved.words.new_database,
+                       "Make the file, with this table");
+    saved.app.add_flag("--new-table", saved.words.new_table, "Make the table");
+    finish(saved);
+
+    const auto erased = add("delete", "Delete a row", guarded_db<erase>);
+    table_of(erased);
+    row_of(erased);
+    finish(erased);
+
+    const auto dropped = add("drop", "Delete a table with all its rows", guarded_db<drop>);
+    table_of(dropped);
+    finish(dropped);
+}
+
+}  // namespace zel

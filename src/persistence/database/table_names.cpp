@@ -1,0 +1,64 @@
+#include "persistence/database/table_names.h"
+
+#include <array>
+
+#include "platform/text/text.h"
+#include "shell/program_texts.h"
+
+namespace zel {
+namespace {
+
+/// As they are typed. The small k stands among them as it does.
+constexpr std::array<std::string_view, 31> refused = {
+    "k", "!", "$", "%", "&", "/", "(", ")", "=", "?", "`", "{", "[", "]", "}", "\\",
+    "´", "*", "+", "~", "'", "#", "ö", "ä", "ü", "ß", ",", ";", ":", ".", "-"};
+
+constexpr BoxText taken_name = {Icon::Stop,
+                                short_name,
+                                {"Der Name {0} ist in diesem Verzeichnis\n"
+                                 "fest definiert. Es darf keine weitere Datenbank \n"
+                                 "diesen Namens angelegt werden ! \n"
+                                 "Bitte korrigieren Sie ihre Eingabe !",
+                                 "The file name {1} in this directory\n"
+                                 "is already in use. Please choose another filename "}};
+
+struct Reserved {
+    std::string_view name;
+    std::string_view in_english;
+    bool told;
+};
+
+constexpr Reserved reserved[] = {{"stcas.mdb", "stcas.mdb", true},
+                                 {"worstcas.mdb", "worstca.mdb", true},
+                                 {"st_cases.mdb", "", false}};
+
+}  // namespace
+
+std::optional<std::string> refused_character(std::string_view name) {
+    for (std::size_t i = 0; i < name.size(); ++i)
+        for (const std::string_view character : refused)
+            if (name.substr(i).starts_with(character)) return std::string(character);
+    return std::nullopt;
+}
+
+ReservedName reserved_case_database(std::string_view path, std::string_view calculation_folder,
+                                    LangId lang) {
+    for (const auto& [name, in_english, told] : reserved) {
+        if (!same_name(path, std::string(calculation_folder) + "/" + std::string(name))) continue;
+        if (!told) return {true};
+        return {true, box_in(lang, taken_name, {name, in_english})};
+    }
+    return {};
+}
+
+ReservedName reserved_short_circuit_database(std::string_view path) {
+    for (const auto& [name, in_english, told] : reserved) {
+        const std::string end = "/" + std::string(name);
+        if (path.size() < end.size() || !same_name(path.substr(path.size() - end.size()), end))
+            continue;
+        return {true, box_in(LangId::German, taken_name, {told ? name : reserved[0].name})};
+    }
+    return {};
+}
+
+}  // namespace zel
