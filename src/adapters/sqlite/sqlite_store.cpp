@@ -189,8 +189,9 @@ public:
                 names += (names.empty() ? "" : ", ") + in_statement(name);
                 places += places.empty() ? "?" : ", ?";
             }
-            SQLite::Statement add(file_, "INSERT INTO " + known(table) + " (" + names +
-                                             ") VALUES (" + places + ")");
+            const std::string row = values.empty() ? std::string(" DEFAULT VALUES")
+                                                   : " (" + names + ") VALUES (" + places + ")";
+            SQLite::Statement add(file_, "INSERT INTO " + known(table) + row);
             for (int place = 0; const auto& [name, value] : values) bind(add, ++place, value);
             add.exec();
         });
