@@ -96,6 +96,7 @@ private:
     void close_in_grey(QWidget& input) const;
     void name_choices(const Field& field) const;
     bool show_state(const Field& field);
+    void mark_assumed(const Field& field, bool assumed) const;
     void load(bool anew);
     void load(Field& field, bool anew);
     void take_in(Field& field);
