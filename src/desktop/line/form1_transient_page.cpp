@@ -216,7 +216,7 @@ void TransientPage::calculate() {
     const QScopedValueRollback<bool> guard(running_, true);
     CalcCase c = parts_.line.c;
     MethodMemory memory = *parts_.session.memory;
-    TransientRunResult result;
+    TransientResult result;
     RunProgress progress(*this, parts_.session.lang, patience_);
     run_job(progress, parts_.session.dialogs,
             [&c, &memory, &result, basis = parts_.line.transient.basis(),

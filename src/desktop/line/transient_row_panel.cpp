@@ -122,7 +122,7 @@ bool TransientRowPanel::is_found(std::size_t cell) const {
 /// The text that stands in a cell: the input, or what the last run found for this kind of row.
 std::string TransientRowPanel::text_of(std::size_t cell) const {
     if (!is_found(cell)) return (row().*state_cells[cell]).text;
-    const TransientRunResult* result = parts_.line.transient.result();
+    const TransientResult* result = parts_.line.transient.result();
     const bool same_kind = result != nullptr && result->rows[index_].Merker == row().merker;
     return same_kind ? result->texts[index_].*found_texts[cell] : std::string();
 }
@@ -139,7 +139,7 @@ void TransientRowPanel::load(bool stale) {
         edit.setEnabled(takes_input(row().merker, state_cells[i]));
         set_look(edit, is_found(i), stale);
     }
-    const TransientRunResult* result = parts_.line.transient.result();
+    const TransientResult* result = parts_.line.transient.result();
     const bool ran = result != nullptr && is_in_use(row());
     total_->setText(ran ? qt(result->texts[index_].total) : QString());
     total_->setEnabled(!stale);
