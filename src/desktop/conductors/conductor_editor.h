@@ -38,6 +38,9 @@ private:
     enum class Mode : std::uint8_t { Looking, Adding, Changing };
 
     void read_library();
+    void show_library();
+    void fit_columns();
+    void find(const QString& typed);
     [[nodiscard]] QWidget* make_list();
     void make_buttons(QHBoxLayout& line);
     [[nodiscard]] std::optional<LibraryConductor> selected() const;

@@ -124,6 +124,7 @@ QLineEdit* FormPanel::make_edit(std::size_t index) {
     on(edit, &QLineEdit::textEdited, [this, index] {
         parts_.record.typed_into(*fields_[index].row);
         (void)show_state(fields_[index]);
+        parts_.typed();
     });
     if (row.is_free_text()) return edit;
     edit->setAlignment(Qt::AlignRight);
@@ -149,21 +150,28 @@ QComboBox* FormPanel::make_list(const Row& row) {
 
 void FormPanel::add_note(const Text& note) { add_below(parts_.captions.text(make_label(), note)); }
 
-/// Where a label is German alone, the hint tells in English what stands there.
 void FormPanel::enter_captions(std::size_t index) {
     parts_.captions.computed([this, index](LangId lang) {
         const Field& field = fields_[index];
-        const Text& label = field.row->field->label;
         const QString hint = qt(field.row->hint, lang);
-        field.label->setText(qt(label, lang).trimmed());
         field.label->setToolTip(hint);
         if (field.list != nullptr) name_choices(field);
         QWidget* input = field.input();
         if (input == nullptr) return;
         (void)show_state(field);
-        const bool hint_is_name = label.en.empty() && !hint.isEmpty();
-        input->setAccessibleName(hint_is_name ? hint : field.label->text());
     });
+    parts_.captions.computed([this, index](LangId) { show_label(fields_[index]); });
+}
+
+/// Where a label is German alone, the hint tells in English what stands there.
+void FormPanel::show_label(const Field& field) const {
+    const LangId lang = parts_.session.lang;
+    const Text label = parts_.record.label(*field.row);
+    field.label->setText(qt(label, lang).trimmed());
+    const QString hint = qt(field.row->hint, lang);
+    const bool hint_is_name = label.en.empty() && !hint.isEmpty();
+    if (QWidget* input = field.input())
+        input->setAccessibleName(hint_is_name ? hint : field.label->text());
 }
 
 void FormPanel::name_choices(const Field& field) const {
@@ -191,6 +199,12 @@ void FormPanel::take_in(Field& field) {
 void FormPanel::commit() {
     for (Field& field : fields_)
         if (field.edit != nullptr) take_in(field);
+}
+
+bool FormPanel::is_unfinished() const {
+    return std::any_of(fields_.begin(), fields_.end(), [](const Field& field) {
+        return field.edit != nullptr && field.edit->text() != qt(field.seen);
+    });
 }
 
 void FormPanel::load(bool anew) {
@@ -228,6 +242,7 @@ void FormPanel::mark_assumed(const Field& field, bool assumed) const {
 
 void FormPanel::load(Field& field, bool anew) {
     const bool open = show_state(field);
+    show_label(field);
     if (field.list != nullptr) {
         if (field.row->in_report_language) name_choices(field);
         field.list->setCurrentIndex(parts_.record.chosen(*field.row));
