@@ -38,6 +38,7 @@ public:
                                                         reading);
     }
     PassEnd work(Workbook& workbook, const SheetOrigin& origin, BatchResult& result) override {
+        workbook.require_single_cells(result_area(kind_));
         workbook.clear(result_area(kind_));
         RowWork work = {row_of(kind_).first_row, steady_columns(kind_), rows_of_a_block};
         work.seen = [&, warned = false](int row) mutable {
