@@ -5,6 +5,7 @@
 #include <cmath>
 #include <exception>
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 #include "excel_batch/batch_texts.h"
@@ -31,7 +32,11 @@ void side_by_side(std::size_t count, unsigned threads,
     {
         std::vector<std::jthread> others;
         const std::size_t wanted = std::min<std::size_t>(threads, count);
-        for (std::size_t i = 1; i < wanted; ++i) others.emplace_back(run);
+        try {
+            for (std::size_t i = 1; i < wanted; ++i) others.emplace_back(run);
+        } catch (const std::system_error&) {
+            // The system starts no more threads: those that run do the work, with the same results.
+        }
         run();
     }
     if (failure) std::rethrow_exception(failure);
@@ -185,7 +190,17 @@ private:
                 workbook_.set_text(row, column, text);
         }
         result_.errors += outcome.errors;
+        for (const std::string_view code : outcome.notes) count_note(code, row);
         return true;
+    }
+
+    void count_note(std::string_view code, int row) {
+        const auto known = std::find_if(result_.notes.begin(), result_.notes.end(),
+                                        [&](const BatchNote& note) { return note.code == code; });
+        if (known == result_.notes.end())
+            result_.notes.push_back({code, 1, row});
+        else
+            ++known->rows;
     }
 
     /// Rows behind the limit are left out, but not in silence.

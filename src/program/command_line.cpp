@@ -1,6 +1,8 @@
 #include "program/command_line.h"
 
+#include <csignal>
 #include <exception>
+#include <new>
 #include <sstream>
 
 #include "platform/errors.h"
@@ -22,13 +24,15 @@ std::optional<int> refused_words(CLI::App& app, int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         std::ostringstream help;
         std::ostringstream refusal;
-        if (app.exit(error, help, refusal) == 0) return print(help.str()) ? exit_done : exit_failed;
+        if (app.exit(error, help, refusal) == 0) return print_or_fail(help.str());
         Console::tell_reason(refusal.str());
         return exit_refused;
     }
 }
 
 int guarded(const std::function<int()>& body) {
+    // A file beyond the size limit of the process is told as what cannot be written.
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
         return body();
     } catch (const InputError& error) {
@@ -37,6 +41,9 @@ int guarded(const std::function<int()>& body) {
     } catch (const OutputError& error) {
         Console::tell_reason(error.what());
         return exit_refused;
+    } catch (const std::bad_alloc&) {
+        Console::tell_reason("the memory is not enough");
+        return exit_failed;
     } catch (const std::exception& error) {
         Console::tell_reason(std::string("unexpected failure: ") + error.what());
         return exit_failed;

@@ -17,6 +17,7 @@
 #include "excel_batch/batch_texts.h"
 #include "excel_batch/test_rows.h"
 #include "forms/config_options.h"
+#include "workflow/run/notes.h"
 
 namespace zel {
 namespace {
@@ -40,9 +41,9 @@ constexpr Text duration_note = {"Die Gesamtrechenzeit kann bis zu 5 h dauern.   
                                 "The whole calculation may take up to 5 h.   "};
 constexpr Text start_caption = {"&Auswahl Arbeitsmappe u. Start der Berechnung",
                                 "&Select workbook and start the calculation"};
-constexpr Text open_caption = {"Aktuelle &Arbeitsmappe in Excel öffnen",
+constexpr Text open_caption = {"Aktuelle Arbeits&mappe in Excel öffnen",
                                "Open present &workbook in Excel"};
-constexpr Text stop_caption = {"Excel-Berechnung &abbrechen", "&Cancel Excel calculation"};
+constexpr Text stop_caption = {"Excel-Berechnung a&bbrechen", "&Cancel Excel calculation"};
 constexpr Text close_caption = {"Fenster schließen", "Close window"};
 constexpr Text random_caption = {"Auswahl Arbeitsmappe / Generierung zufälliger Datensätze",
                                  "Select workbook / generate random data sets"};
@@ -288,7 +289,7 @@ void FrmExcelIO::show_result(const BatchResult& result) {
     if (stopped || result.end == BatchEnd::Refused) status_->clear();
     // The percentage of a stopped run stays where its rows stand in the workbook.
     if (!stopped || !result.saved) show_percent(result.end == BatchEnd::Done ? 100 : 0);
-    summary_->setText(qt(text));
+    summary_->setText(qt(text + notes_text(notes_of(result, lang()), lang())));
 }
 
 void FrmExcelIO::stop() {
