@@ -57,13 +57,12 @@ private:
 };
 
 std::string document(const BatchResult& result, const Console& console, double seconds) {
-    const ordered_json document = {{"rows", result.rows},
-                                   {"active", result.active},
-                                   {"inactive", result.inactive},
-                                   {"errors", result.errors},
-                                   {"messages", json_of(console.messages())},
-                                   {"seconds", seconds}};
-    return document.dump(2) + "\n";
+    return json_text({{"rows", result.rows},
+                      {"active", result.active},
+                      {"inactive", result.inactive},
+                      {"errors", result.errors},
+                      {"messages", json_of(console.messages())},
+                      {"seconds", seconds}});
 }
 
 std::string page(const BatchResult& result) {
@@ -93,7 +92,7 @@ int run(const BatchJob& job, BatchResult& result, BatchProgress& progress) {
         return exit_program_ended;
     } catch (const OutputError& error) {
         progress.clear();
-        Console::tell_reason(error.what());
+        Console::tell_reason(error.told(job.session.lang));
         return exit_failed;
     }
 }
@@ -121,7 +120,8 @@ int calculate_workbook(const BatchWords& words) {
     const double seconds = progress.seconds();
     progress.clear();
     if (status == exit_refused) dialogs.tell_unheard();
-    return print_or_fail(words.json ? document(result, console, seconds) : page(result), status);
+    return print_or_fail(words.json ? document(result, console, seconds) : printable(page(result)),
+                         status);
 }
 
 }  // namespace

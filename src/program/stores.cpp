@@ -12,7 +12,7 @@
 namespace zel {
 
 void start_companion_once(ProgramStores& stores) {
-    if (stores.disk.exists(stores.paths.shared_settings_file)) return;
+    if (!lacks_companion_files(stores.shared)) return;
     make_folder(stores.paths.data_folder);
     create_companion_files(stores.disk, stores.paths.companion_folder, program_folder() + "/zel",
                            stores.shared);
@@ -33,7 +33,7 @@ FlatObject JsonCaseStore::load(const std::string& path) {
     try {
         return parse_flat_json(text);
     } catch (const InputError& error) {
-        throw InputError(path + ": " + error.what());
+        throw InputError(at(path, error.reason()));
     }
 }
 

@@ -38,6 +38,9 @@ private:
     enum class Mode : std::uint8_t { Looking, Adding, Changing };
 
     void read_library();
+    /// The conductors, and the damaged lines of the user's file before them.
+    void show_library();
+    void tell_damage() const;
     [[nodiscard]] QWidget* make_list();
     void make_buttons(QHBoxLayout& line);
     [[nodiscard]] std::optional<LibraryConductor> selected() const;
