@@ -61,14 +61,15 @@ FormMain::FormMain(DesktopState& state)
     };
     add_settings(*this, MenuWindow::FormMain, nullptr);
     add_settings(form1_, MenuWindow::Form1, &form1_.language_menu());
-    add_settings(ks_form1_, MenuWindow::KS_Form1, nullptr);
+    add_settings(ks_form1_, MenuWindow::KS_Form1, &ks_form1_.language_menu());
     add_language_menu(*menuBar(), captions_, [this](LangId lang) { switch_language(lang); });
-    help_menu_.add_to(*menuBar(), captions_);
+    for (QMainWindow* window : std::initializer_list<QMainWindow*>{this, &form1_, &ks_form1_})
+        help_menu_.add_to(*window->menuBar(), captions_);
     state_.settings.changed = [this] { apply_settings(); };
     setCentralWidget(make_content());
     set_qt_language(state_.session.lang);
     captions_.show(state_.session.lang);
-    resize(720, 440);
+    size_window(*this, {720, 440});
 }
 
 AreaParts FormMain::area_parts() {

@@ -69,6 +69,8 @@ public:
     /// All sections, page by page.
     [[nodiscard]] virtual std::span<const Section> sections() const = 0;
 
+    /// What the row is called in the record as it is now.
+    [[nodiscard]] virtual Text label(const Row& row) const { return row.field->label; }
     /// The text of the row's box, and of what is only shown, there with its unit.
     [[nodiscard]] virtual std::string shown(const Row& row) const = 0;
     /// The index of the chosen entry of the row's list.

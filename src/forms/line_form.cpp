@@ -32,6 +32,8 @@ constexpr MethodRow method_table[] = {
     {Method::Kirn, "rechnung_kirn_merker_db", {"Kirn"}},
 };
 
+constexpr Text wall_thickness = {"Wandstärke :", "Wall thickness :"};
+
 const FieldKey& key(const Row& row) { return key_of<CalcCase>(*row.field); }
 
 template <class Member>
@@ -69,6 +71,12 @@ std::span<const Section> line_sections() {
 }
 
 std::span<const Section> LineForm::sections() const { return line_sections(); }
+
+Text LineForm::label(const Row& row) const {
+    const bool of_wall = row.field == &field_of(&CalcCase::DrahtdurchmesserLeiter_db) &&
+                         c_.conductor_type_db == tubular_busbar;
+    return of_wall ? wall_thickness : row.field->label;
+}
 
 std::string LineForm::shown(const Row& row) const {
     if (const auto* number = member<Number>(row)) return (c_.**number).text;

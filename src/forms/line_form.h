@@ -19,6 +19,8 @@ public:
         : c_(c), locale_(locale), list_language_(std::move(list_language)) {}
 
     [[nodiscard]] std::span<const Section> sections() const override;
+    /// The wire of a tube is its wall.
+    [[nodiscard]] Text label(const Row& row) const override;
     /// A whole number of 0 is no input and shows as empty; one with a mask, which comes with a
     /// conductor, is shown as soon as there is a conductor.
     [[nodiscard]] std::string shown(const Row& row) const override;

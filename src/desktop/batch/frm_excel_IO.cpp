@@ -120,7 +120,7 @@ FrmExcelIO::FrmExcelIO(QWidget* parent, DesktopState& state, ExcelMode mode)
     buttons->addWidget(make_button("Command6", close_caption, &FrmExcelIO::close_window));
     layout->addLayout(buttons);
     set_running(false);
-    resize(720, sizeHint().height());
+    size_window(*this, {720, 0});
 }
 
 QPushButton* FrmExcelIO::make_button(const char* name, const Text& caption,

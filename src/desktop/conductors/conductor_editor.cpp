@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTableView>
@@ -30,6 +31,7 @@ namespace {
 
 constexpr int list_width = 620;  // pixels, of a window that is opened
 constexpr int sheet_width = 620;
+constexpr QSize window_size(1260, 740);
 
 constexpr Text window_title = {"Leiterdatenbank", "Conductor database"};
 constexpr Text find_caption = {"&Suchen :", "&Find :"};
@@ -130,28 +132,32 @@ ConductorEditor::ConductorEditor(QWidget* parent, const ConductorParts& parts,
     split->setStretchFactor(0, 1);
     split->setStretchFactor(1, 1);
     split->setSizes({list_width, sheet_width});
+    auto* content = new QWidget;
+    auto* down = new QVBoxLayout(content);
+    down->addWidget(split, 1);
     auto* buttons = new QHBoxLayout;
     make_buttons(*buttons);
+    down->addLayout(buttons);
+    auto* area = new QScrollArea;  // for the smallest screens
+    make_scrolling(*area);
+    area->setWidget(content);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(split, 1);
-    layout->addLayout(buttons);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(area);
     on(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, [this] {
         find_->setFocus();
         find_->selectAll();
     });
     read_library();
-    // The arrow of the sorted column needs no room in all of them.
-    view_->horizontalHeader()->setSortIndicatorShown(false);
-    view_->resizeColumnsToContents();
-    view_->horizontalHeader()->setSortIndicatorShown(true);
     captions_.computed([this](LangId) {
         table_.recaption();
+        fit_columns();
         show_selected();
     });
     recaption(parts.session.lang);
     enter(Mode::Looking);
     view_->selectRow(0);
-    resize(1260, 740);
+    size_window(*this, window_size);
 }
 
 void ConductorEditor::read_library() {
@@ -163,6 +169,7 @@ void ConductorEditor::show_library() {
     std::vector<LibraryConductor> lines = library_->damaged();
     lines.insert(lines.end(), library_->conductors().begin(), library_->conductors().end());
     table_.show(std::move(lines));
+    fit_columns();
 }
 
 void ConductorEditor::tell_damage() const {
@@ -178,6 +185,26 @@ void ConductorEditor::tell_damage() const {
         lines += library_->damaged()[i].damage->reason.in(parts_.session.lang);
     }
     if (!lines.empty()) (void)tell(lines_damaged, {lines});
+}
+
+/// No text of any conductor is cut, found or not.
+void ConductorEditor::fit_columns() {
+    found_.find({});
+    // The arrow of the sorted column needs no room in all of them.
+    view_->horizontalHeader()->setSortIndicatorShown(false);
+    view_->resizeColumnsToContents();
+    view_->horizontalHeader()->setSortIndicatorShown(true);
+    found_.find(find_->text().toStdString());
+}
+
+/// The conductor that was looked at stays where it is found too; otherwise the first one comes.
+void ConductorEditor::find(const QString& typed) {
+    const QModelIndex former = found_.mapToSource(view_->currentIndex());
+    found_.find(typed.toStdString());
+    const QModelIndex kept = found_.mapFromSource(former);
+    view_->selectRow(kept.isValid() ? kept.row() : 0);
+    view_->scrollTo(view_->currentIndex());
+    show_selected();
 }
 
 void ConductorEditor::open_anew() {
@@ -214,11 +241,7 @@ QWidget* ConductorEditor::make_list() {
     view_->horizontalHeader()->setStretchLastSection(true);
     view_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     count_->setObjectName("count");
-    on(find_, &QLineEdit::textChanged, [this](const QString& typed) {
-        found_.find(typed.toStdString());
-        if (!view_->currentIndex().isValid()) view_->selectRow(0);
-        show_selected();
-    });
+    on(find_, &QLineEdit::textChanged, [this](const QString& typed) { find(typed); });
     on(view_->selectionModel(), &QItemSelectionModel::currentRowChanged,
        [this] { show_selected(); });
     on(view_, &QTableView::doubleClicked, [this] { choose_and_take_over(); });

@@ -41,6 +41,8 @@ private:
     /// The conductors, and the damaged lines of the user's file before them.
     void show_library();
     void tell_damage() const;
+    void fit_columns();
+    void find(const QString& typed);
     [[nodiscard]] QWidget* make_list();
     void make_buttons(QHBoxLayout& line);
     [[nodiscard]] std::optional<LibraryConductor> selected() const;

@@ -5,7 +5,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QScrollArea>
 #include <QTabWidget>
 
 #include "workflow/rules/entry_rules.h"
@@ -38,7 +37,6 @@ const std::vector<Tab>& tabs_of_sheet() {
     return tabs;
 }
 
-constexpr Text source_caption = {"Quelle :", "Source :"};
 constexpr int figure_width = 80;  // pixels
 constexpr Text methods_caption = {"Berechnungsverfahren mit diesem Leiter",
                                   "Calculation methods with this conductor"};
@@ -56,17 +54,8 @@ void open_input(QWidget& input, bool open) {
     for (const auto role : {QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
     input.setPalette(palette);
-    if (auto* edit = qobject_cast<QLineEdit*>(&input))
-        edit->setReadOnly(!open);
-    else
-        input.setEnabled(open);
-}
-
-QWidget* scrolling(QWidget* content) {
-    auto* area = new QScrollArea;
-    make_scrolling(*area);
-    area->setWidget(content);
-    return area;
+    if (auto* edit = qobject_cast<QLineEdit*>(&input)) edit->setReadOnly(!open);
+    if (auto* list = dynamic_cast<QuietList*>(&input)) list->set_read_only(!open);
 }
 
 }  // namespace
@@ -79,12 +68,19 @@ ConductorSheet::ConductorSheet(const Session& session, const LiveSettings& setti
       sections_(forms::conductor_sections()) {
     for (const std::size_t wide : {section::designation, section::ac_pairs})
         sections_[wide].columns = side_by_side;
-    sections_[section::designation].first_stretch = 2;  // designation 1 and the remark
-    auto* layout = new QVBoxLayout(this);
+    sections_[section::designation].first_stretch = 2;
+    std::erase_if(sections_[section::designation].rows, [](const forms::Row& row) {
+        return row.field == &field_of(&CalcCase::Anmerkung_db);  // has a line of its own
+    });
+    auto* content = new QWidget;
+    auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(make_tabs(), 1);
-    layout->addWidget(make_source());
+    layout->addLayout(make_texts());
+    layout->addLayout(make_figures());
     layout->addWidget(make_methods());
+    make_scrolling(*this);
+    setWidget(content);
     show_conductor({}, false);
     captions.computed([this](LangId) { judge(); });
 }
@@ -109,7 +105,7 @@ QWidget* ConductorSheet::make_tabs() {
         }
         captions_.computed([panels](LangId) { align(panels); });
         down->addStretch();
-        const int index = tabs_->addTab(scrolling(page), QString());
+        const int index = tabs_->addTab(page, QString());
         captions_.computed([this, index, caption = tab.caption](LangId lang) {
             tabs_->setTabText(index, qt(caption, lang));
         });
@@ -117,16 +113,28 @@ QWidget* ConductorSheet::make_tabs() {
     return tabs_;
 }
 
-QWidget* ConductorSheet::make_source() {
-    source_ = new QLineEdit;
-    source_->setObjectName("source");
-    QLabel* source_label = captions_.text(plain_label(), source_caption);
-    source_label->setBuddy(source_);
-    auto* line = new QWidget;
-    auto* layout = new QHBoxLayout(line);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(source_label);
-    layout->addWidget(source_, 1);
+QLayout* ConductorSheet::make_texts() {
+    auto* grid = new QGridLayout;
+    for (TextLine& line : texts_) {
+        const int row = grid->rowCount();
+        line.edit = new QLineEdit;
+        line.edit->setObjectName(line.name);
+        line.shown = plain_label();
+        line.shown->setObjectName(QString("shown_") + line.name);
+        line.shown->setWordWrap(true);
+        line.shown->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        QLabel* label = captions_.text(plain_label(), line.caption);
+        label->setBuddy(line.edit);
+        grid->addWidget(label, row, 0, Qt::AlignTop);
+        grid->addWidget(line.edit, row, 1);
+        grid->addWidget(line.shown, row, 1);
+    }
+    grid->setColumnStretch(1, 1);
+    return grid;
+}
+
+QLayout* ConductorSheet::make_figures() {
+    auto* layout = new QHBoxLayout;
     for (FigureLine& figure : figures_) {
         QLabel* label = captions_.text(plain_label(), figure.caption);
         figure.edit = new QLineEdit;
@@ -139,7 +147,8 @@ QWidget* ConductorSheet::make_source() {
         layout->addWidget(figure.edit);
         layout->addWidget(plain_label(figure.unit));
     }
-    return line;
+    layout->addStretch();
+    return layout;
 }
 
 QGroupBox* ConductorSheet::make_methods() {
@@ -168,12 +177,12 @@ void ConductorSheet::show_conductor(const LibraryConductor& conductor, bool open
     c_.GMR_Merker_db = conductor.c.GMR_Merker_db;
     c_.ACDC_R_Option_Merker_db = conductor.c.ACDC_R_Option_Merker_db;
     for (FormPanel* panel : panels_) panel->load_anew();
-    source_->setText(qt(conductor.source));
-    source_->setCursorPosition(0);
-    // What is longer than its box can be read all the same.
-    source_->setToolTip(qt(conductor.source));
-    if (auto* remark = findChild<QLineEdit*>("Anmerkung_db"))
-        remark->setToolTip(qt(conductor.c.Anmerkung_db));
+    for (const TextLine& line : texts_) {
+        const QString text = qt(line.text(conductor_));
+        line.edit->setText(text);
+        line.edit->setCursorPosition(0);
+        line.shown->setText(text);
+    }
     for (const FigureLine& figure : figures_)
         figure.edit->setText(qt((conductor.*figure.value).text));
     open_inputs(open);
@@ -181,7 +190,10 @@ void ConductorSheet::show_conductor(const LibraryConductor& conductor, bool open
 }
 
 void ConductorSheet::open_inputs(bool open) {
-    open_input(*source_, open);
+    for (const TextLine& line : texts_) {
+        line.edit->setVisible(open);
+        line.shown->setVisible(!open);
+    }
     for (const FigureLine& figure : figures_) open_input(*figure.edit, open);
     for (FormPanel* panel : panels_)
         for (QWidget* input : panel->inputs()) open_input(*input, open);
@@ -204,7 +216,7 @@ const LibraryConductor& ConductorSheet::conductor() {
     static_cast<ConductorData&>(conductor_.c) = c_;
     conductor_.c.GMR_Merker_db = c_.GMR_Merker_db;
     conductor_.c.ACDC_R_Option_Merker_db = c_.ACDC_R_Option_Merker_db;
-    conductor_.source = source_->text().toStdString();
+    for (const TextLine& line : texts_) line.text(conductor_) = line.edit->text().toStdString();
     return conductor_;
 }
 

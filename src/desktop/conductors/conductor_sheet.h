@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include <QScrollArea>
 #include <array>
 #include <vector>
 
@@ -15,8 +15,9 @@ class QTabWidget;
 
 namespace zel {
 
-/// All values of one conductor, to look at or to change, and which methods can run with it.
-class ConductorSheet : public QWidget {
+/// All values of one conductor, to look at or to change, and which methods can run with it. All of
+/// it scrolls together, so that no part takes the room of another.
+class ConductorSheet : public QScrollArea {
 public:
     ConductorSheet(const Session& session, const LiveSettings& settings, Captions& captions);
 
@@ -35,6 +36,15 @@ private:
         QLabel* text;
     };
 
+    /// A text that may be long: typed into a box, but shown whole.
+    struct TextLine {
+        const char* name;
+        Text caption;
+        std::string& (*text)(LibraryConductor&);
+        QLineEdit* edit = nullptr;
+        QLabel* shown = nullptr;
+    };
+
     /// A figure of the library that no field of a case stands for.
     struct FigureLine {
         const char* name;
@@ -45,7 +55,8 @@ private:
     };
 
     [[nodiscard]] QWidget* make_tabs();
-    [[nodiscard]] QWidget* make_source();
+    [[nodiscard]] QLayout* make_texts();
+    [[nodiscard]] QLayout* make_figures();
     [[nodiscard]] QGroupBox* make_methods();
     [[nodiscard]] FormPanel* make_panel(std::size_t section);
     void open_inputs(bool open);
@@ -60,7 +71,13 @@ private:
     std::vector<FormPanel*> panels_;
     std::vector<MethodLine> lines_;
     QTabWidget* tabs_ = nullptr;
-    QLineEdit* source_ = nullptr;
+    std::array<TextLine, 2> texts_ = {
+        TextLine{"Anmerkung_db",
+                 {"Bemerkung :", "Remark :"},
+                 [](LibraryConductor& l) -> std::string& { return l.c.Anmerkung_db; }},
+        TextLine{"source", {"Quelle :", "Source :"}, [](LibraryConductor& l) -> std::string& {
+                     return l.source;
+                 }}};
     std::array<FigureLine, 2> figures_ = {
         FigureLine{"mass", {"Masse :", "Mass :"}, "kg/km", &LibraryConductor::mass},
         FigureLine{"strength", {"Bruchkraft :", "Strength :"}, "kN", &LibraryConductor::strength}};

@@ -1,5 +1,7 @@
 #include "desktop/frame/application.h"
 
+#include <QFocusEvent>
+#include <QScrollArea>
 #include <QWidget>
 #include <clocale>
 
@@ -18,6 +20,18 @@ QString form_of(const QObject* object) {
     return "zel";
 }
 
+/// A click shows that the input is in sight, and a window that only comes back stays as it was.
+bool may_be_out_of_sight(const QFocusEvent& event) {
+    const Qt::FocusReason reason = event.reason();
+    return reason != Qt::MouseFocusReason && reason != Qt::ActiveWindowFocusReason &&
+           reason != Qt::PopupFocusReason;
+}
+
+void bring_into_sight(QWidget& input) {
+    for (QWidget* parent = input.parentWidget(); parent != nullptr; parent = parent->parentWidget())
+        if (auto* area = qobject_cast<QScrollArea*>(parent)) area->ensureWidgetVisible(&input);
+}
+
 }  // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
@@ -27,6 +41,9 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {
+        if (event->type() == QEvent::FocusIn && receiver->isWidgetType() &&
+            may_be_out_of_sight(*static_cast<QFocusEvent*>(event)))
+            bring_into_sight(*static_cast<QWidget*>(receiver));
         return QApplication::notify(receiver, event);
     } catch (...) {
         tell_caught(*receiver);

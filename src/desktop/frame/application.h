@@ -8,7 +8,7 @@ namespace zel {
 
 /// The application object. What an event's handler throws ends here and is told. Here alone the
 /// desktop catches `ProgramEnd`: the event loop ends with the exit status of an ended program, and
-/// all that is open is closed on the way out.
+/// all that is open is closed on the way out. What gets the focus is scrolled into sight.
 class Application : public QApplication {
 public:
     static constexpr int program_ended = 3;

@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QSignalBlocker>
 #include <QTabWidget>
+#include <algorithm>
 #include <utility>
 
 #include "desktop/frame/events.h"
@@ -95,7 +96,7 @@ void AreaFrame::finish() {
     setCentralWidget(strip_);
     on(strip_, &QTabWidget::currentChanged, [this](int to) { page_changed(to); });
     pages_.front()->focus_first();
-    resize(window_size);
+    size_window(*this, window_size);
 }
 
 void AreaFrame::tell_title() {
@@ -107,7 +108,11 @@ void AreaFrame::tell_title() {
     show_modified();
 }
 
-void AreaFrame::show_modified() { setWindowModified(document_.modified()); }
+void AreaFrame::show_modified() {
+    setWindowModified(document_.modified() ||
+                      std::any_of(pages_.begin(), pages_.end(),
+                                  [](const AreaPage* page) { return page->is_unfinished(); }));
+}
 
 void AreaFrame::load() {
     for (AreaPage* page : pages_) page->load_anew();

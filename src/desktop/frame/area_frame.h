@@ -27,6 +27,8 @@ public:
     virtual void load_anew() { load(); }
     /// Takes in what is typed but not yet finished.
     virtual void commit() {}
+    /// Whether there is any.
+    [[nodiscard]] virtual bool is_unfinished() const { return false; }
     virtual void focus_first() {}
 
 protected:
@@ -93,8 +95,9 @@ protected:
     void allow_copy(bool allowed);
     /// False where a text was refused.
     [[nodiscard]] bool commit();
-    /// The focus goes back to `input`, whose text was refused.
+    /// The focus goes back to `input`, whose text was refused, once it has gone where it was going.
     void refused(QWidget* input) { refused_.to(input); }
+    /// Also what is typed but not yet finished is a change.
     void show_modified();
     [[nodiscard]] const Session& session() const { return session_; }
     [[nodiscard]] Captions& captions() const { return captions_; }

@@ -121,7 +121,10 @@ QLineEdit* FormPanel::make_edit(std::size_t index) {
     edit->installEventFilter(new LeavingBox(edit, [this, index] { take_in(fields_[index]); }));
     edit->installEventFilter(new FocusChain(
         edit, [this](std::string_view control) { return parts_.record.next_control(control); }));
-    on(edit, &QLineEdit::textEdited, [this, &row] { parts_.record.typed_into(row); });
+    on(edit, &QLineEdit::textEdited, [this, &row] {
+        parts_.record.typed_into(row);
+        parts_.typed();
+    });
     if (row.is_free_text()) return edit;
     edit->setAlignment(Qt::AlignRight);
     if (!parts_.record.filters_keys()) return edit;
@@ -146,21 +149,28 @@ QComboBox* FormPanel::make_list(const Row& row) {
 
 void FormPanel::add_note(const Text& note) { add_below(parts_.captions.text(make_label(), note)); }
 
-/// Where a label is German alone, the hint tells in English what stands there.
 void FormPanel::enter_captions(std::size_t index) {
     parts_.captions.computed([this, index](LangId lang) {
         const Field& field = fields_[index];
-        const Text& label = field.row->field->label;
         const QString hint = qt(field.row->hint, lang);
-        field.label->setText(qt(label, lang).trimmed());
         field.label->setToolTip(hint);
         if (field.list != nullptr) name_choices(field);
         QWidget* input = field.input();
         if (input == nullptr) return;
         input->setToolTip(hint);
-        const bool hint_is_name = label.en.empty() && !hint.isEmpty();
-        input->setAccessibleName(hint_is_name ? hint : field.label->text());
     });
+    parts_.captions.computed([this, index](LangId) { show_label(fields_[index]); });
+}
+
+/// Where a label is German alone, the hint tells in English what stands there.
+void FormPanel::show_label(const Field& field) const {
+    const LangId lang = parts_.session.lang;
+    const Text label = parts_.record.label(*field.row);
+    field.label->setText(qt(label, lang).trimmed());
+    const QString hint = qt(field.row->hint, lang);
+    const bool hint_is_name = label.en.empty() && !hint.isEmpty();
+    if (QWidget* input = field.input())
+        input->setAccessibleName(hint_is_name ? hint : field.label->text());
 }
 
 void FormPanel::name_choices(const Field& field) const {
@@ -190,6 +200,12 @@ void FormPanel::commit() {
         if (field.edit != nullptr) take_in(field);
 }
 
+bool FormPanel::is_unfinished() const {
+    return std::any_of(fields_.begin(), fields_.end(), [](const Field& field) {
+        return field.edit != nullptr && field.edit->text() != qt(field.seen);
+    });
+}
+
 void FormPanel::load(bool anew) {
     for (Field& field : fields_) load(field, anew);
 }
@@ -209,6 +225,7 @@ bool FormPanel::show_state(const Field& field) {
 
 void FormPanel::load(Field& field, bool anew) {
     const bool open = show_state(field);
+    show_label(field);
     if (field.list != nullptr) {
         if (field.row->in_report_language) name_choices(field);
         field.list->setCurrentIndex(parts_.record.chosen(*field.row));

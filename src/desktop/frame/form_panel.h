@@ -34,6 +34,7 @@ struct FormParts {
     std::function<void(QWidget*)> refused;  // called with the input whose text was refused
     std::function<void()> changed;          // called when the record has changed
     FormLook look{};
+    std::function<void()> typed = [] {};  // called at each key that changes a text
 };
 
 /// A section of a form as a framed group: label, input and unit of each row in an aligned grid.
@@ -53,6 +54,8 @@ public:
     void show_states();
     /// Takes in what is typed but not yet finished.
     void commit();
+    /// Whether there is any.
+    [[nodiscard]] bool is_unfinished() const;
 
     /// The inputs in the order of the rows.
     [[nodiscard]] std::vector<QWidget*> inputs() const;
@@ -95,6 +98,7 @@ private:
     [[nodiscard]] QComboBox* make_list(const forms::Row& row);
     void close_in_grey(QWidget& input) const;
     void name_choices(const Field& field) const;
+    void show_label(const Field& field) const;
     bool show_state(const Field& field);
     void load(bool anew);
     void load(Field& field, bool anew);

@@ -1,6 +1,7 @@
 #include "desktop/frame/input_page.h"
 
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace zel {
 namespace {
@@ -60,6 +61,11 @@ void InputPage::show_states() {
 
 void InputPage::commit() {
     for (FormPanel* panel : panels_) panel->commit();
+}
+
+bool InputPage::is_unfinished() const {
+    return std::any_of(panels_.begin(), panels_.end(),
+                       [](const FormPanel* panel) { return panel->is_unfinished(); });
 }
 
 QWidget* InputPage::input(const FieldInfo& field) const {

@@ -16,6 +16,7 @@ public:
     void load() override;
     void load_anew() override;
     void commit() override;
+    [[nodiscard]] bool is_unfinished() const override;
     void focus_first() override;
     /// Shows which inputs are open and which are needed.
     void show_states();

@@ -1,9 +1,15 @@
 #include "desktop/frame/inputs.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QChar>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QStyleOption>
+#include <QStylePainter>
+#include <QToolTip>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "desktop/frame/events.h"
 #include "desktop/frame/widgets.h"
@@ -11,6 +17,8 @@
 
 namespace zel {
 namespace {
+
+constexpr int box_margin = 4;  // pixels between the frame of a box and its text
 
 /// The next control of the chain, if it can take the focus now.
 QWidget* successor(const QWidget& input, const FocusChain::Chain& chain) {
@@ -80,6 +88,52 @@ void FocusReturn::to(QWidget* input) {
         if (input_) input_->setFocus();
         input_.clear();
     });
+}
+
+void QuietList::set_read_only(bool read_only) {
+    read_only_ = read_only;
+    setEnabled(!read_only);
+    QSizePolicy policy = sizePolicy();
+    policy.setHeightForWidth(read_only);
+    setSizePolicy(policy);
+    updateGeometry();
+}
+
+void QuietList::showPopup() {
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    view()->setMinimumWidth(view()->sizeHintForColumn(0) + bar);
+    QComboBox::showPopup();
+}
+
+int QuietList::heightForWidth(int width) const {
+    const QRect lines = fontMetrics().boundingRect(QRect(0, 0, width - 2 * box_margin, 0),
+                                                   Qt::TextWordWrap, currentText());
+    return std::max(sizeHint().height(), lines.height() + box_margin);
+}
+
+bool QuietList::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || read_only_) return QComboBox::event(event);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect room =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    if (fontMetrics().horizontalAdvance(currentText()) <= room.width())
+        return QComboBox::event(event);
+    const QString hint = toolTip().isEmpty() ? currentText() : currentText() + "\n" + toolTip();
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), hint, this);
+    return true;
+}
+
+void QuietList::paintEvent(QPaintEvent* event) {
+    if (!read_only_) return QComboBox::paintEvent(event);
+    QStylePainter painter(this);
+    QStyleOptionFrame frame;
+    frame.initFrom(this);
+    frame.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, this);
+    frame.state |= QStyle::State_Sunken | QStyle::State_ReadOnly;
+    painter.drawPrimitive(QStyle::PE_PanelLineEdit, frame);
+    painter.drawText(rect().adjusted(box_margin, 0, -box_margin, 0),
+                     Qt::AlignVCenter | Qt::TextWordWrap, currentText());
 }
 
 void QuietList::wheelEvent(QWheelEvent* event) {

@@ -1,9 +1,13 @@
 #include "desktop/frame/widgets.h"
 
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace zel {
 
@@ -38,6 +42,39 @@ QWidget* inside_of(QGroupBox& group) {
 void make_scrolling(QScrollArea& area) {
     area.setWidgetResizable(true);
     area.setFrameShape(QFrame::NoFrame);
+}
+
+void size_window(QWidget& window, QSize wanted) {
+    constexpr QSize frame(16, 48);  // pixels, of the window system around the window
+    const QSize most = window.screen()->availableGeometry().size() - frame;
+    wanted.setWidth(std::min(wanted.width(), most.width()));
+    if (wanted.height() == 0) {
+        const bool wraps = window.layout() != nullptr && window.layout()->hasHeightForWidth();
+        wanted.setHeight(wraps ? window.layout()->totalHeightForWidth(wanted.width())
+                               : window.sizeHint().height());
+    }
+    window.resize(wanted.width(), std::min(wanted.height(), most.height()));
+}
+
+NoteLine::NoteLine(Sign sign, const QString& name) : text_(plain_label()) {
+    const auto icon =
+        sign == Sign::Warning ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation;
+    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    auto* picture = new QLabel;
+    picture->setPixmap(style()->standardIcon(icon).pixmap(size));
+    text_->setObjectName(name);
+    text_->setWordWrap(true);
+    text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(picture, 0, Qt::AlignTop);
+    layout->addWidget(text_, 1);
+    hide();
+}
+
+void NoteLine::tell(std::string_view text) {
+    text_->setText(qt(text));
+    setVisible(!text.empty());
 }
 
 }  // namespace zel

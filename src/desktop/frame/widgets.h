@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
+#include <QWidget>
 #include <string>
 #include <string_view>
 
@@ -9,7 +11,6 @@
 class QGroupBox;
 class QLabel;
 class QScrollArea;
-class QWidget;
 
 // What all windows are made of. Texts of the program are UTF-8.
 
@@ -32,5 +33,23 @@ namespace zel {
 
 /// Lets the content of `area` scroll where the window is too small for it.
 void make_scrolling(QScrollArea& area);
+
+/// Gives `window`, which has its content, this size, or what its screen has room for. Without a
+/// height it gets the one that its texts need at that width.
+void size_window(QWidget& window, QSize wanted);
+
+/// A remark beside a result: a small sign and a text, which wraps and can be selected. The line is
+/// hidden as long as it has no text.
+class NoteLine : public QWidget {
+public:
+    enum class Sign : bool { Note, Warning };
+
+    /// The text bears the name `name`.
+    NoteLine(Sign sign, const QString& name);
+    void tell(std::string_view text);
+
+private:
+    QLabel* text_;
+};
 
 }  // namespace zel

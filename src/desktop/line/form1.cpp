@@ -11,6 +11,7 @@
 #include "platform/errors.h"
 #include "shell/program_texts.h"
 #include "steady/case/state_change.h"
+#include "workflow/run/notes.h"
 #include "workflow/run/page_change.h"
 #include "workflow/run/steady_texts.h"
 
@@ -40,13 +41,15 @@ Form1::Form1(Form1Parts parts)
       conductors_(parts.make_conductors(*this, [this] { take_over_conductor(); })),
       sharing_(sharing_conductors(parts.c)) {
     const auto refuse = [this](QWidget* input) { refused(input); };
-    const FormParts form = {form_, session(), captions(), refuse, [this] { line_.changed(); }};
+    const auto typed = [this] { show_modified(); };
+    FormParts form = {form_, session(), captions(), refuse, [this] { line_.changed(); }};
+    form.typed = typed;
     FormParts conductor_form = form;
     conductor_form.look.row_gap = 6;
     general_ = new GeneralPage(form, line_, settings_);
     conductor_ = new ConductorPage(conductor_form);
     result_ = new ResultPage(captions());
-    transient_ = new TransientPage({line_, session(), captions(), refuse}, parts.patience);
+    transient_ = new TransientPage({line_, session(), captions(), refuse, typed}, parts.patience);
     const Text* caption = page_captions;
     for (AreaPage* page :
          std::initializer_list<AreaPage*>{general_, conductor_, result_, transient_})
@@ -147,7 +150,9 @@ void Form1::forget_results() {
 
 std::string Form1::text_to_copy() {
     if (page() == transient_page) return transient_->text_to_copy();
-    return shown_run_ ? result_text(*shown_run_, session().lang) : std::string();
+    if (!shown_run_) return {};
+    const LangId lang = session().lang;
+    return result_text(*shown_run_, lang) + notes_text(shown_run_->notes, lang);
 }
 
 }  // namespace zel

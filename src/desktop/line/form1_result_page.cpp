@@ -34,6 +34,7 @@ QString named(const char* prefix, Method method) { return prefix + qt(key_of(met
 ResultPage::ResultPage(Captions& captions)
     : head_line_(make_label("head_line", 1.25, true)),
       methods_line_(make_label("methods_line")),
+      notes_(new QVBoxLayout),
       balance_(make_label("balance_line")),
       angle_(make_label("angle")),
       wind_(make_label("perpendicular_wind")),
@@ -46,6 +47,7 @@ ResultPage::ResultPage(Captions& captions)
              head_line_, methods_line_, captions.title(make_results(), results_caption),
              tb601_group_, balance_group_, make_wind(captions)})
         layout->addWidget(part);
+    layout->insertLayout(layout->indexOf(tb601_group_), notes_);  // right below the results
     layout->addStretch(1);
     set_content(content);
     content->hide();  // nothing to tell before the first valid run
@@ -142,6 +144,17 @@ void ResultPage::show_run(const SteadyRunResult& run) {
     balance_group_->setVisible(!run.balance_lines.empty());
     angle_->setText(qt(run.angle_text));
     wind_->setText(qt(run.perpendicular_wind_text));
+    show_notes(run.notes);
+}
+
+void ResultPage::show_notes(const std::vector<Note>& notes) {
+    while (note_lines_.size() < notes.size()) {
+        const QString name = QString("note(%1)").arg(note_lines_.size());
+        note_lines_.push_back(new NoteLine(NoteLine::Sign::Note, name));
+        notes_->addWidget(note_lines_.back());
+    }
+    for (std::size_t i = 0; i < note_lines_.size(); ++i)
+        note_lines_[i]->tell(i < notes.size() ? std::string_view(notes[i].text) : "");
 }
 
 void ResultPage::show_nothing_new() {

@@ -7,10 +7,13 @@
 
 class QGroupBox;
 class QLabel;
+class QVBoxLayout;
 
 namespace zel {
 
-/// Page 2: what the steady run found.
+class NoteLine;
+
+/// Page 2: what the steady run found, with the program's own notes on it.
 class ResultPage : public AreaPage {
 public:
     explicit ResultPage(Captions& captions);
@@ -40,11 +43,14 @@ private:
     [[nodiscard]] QGroupBox* make_tb601();
     [[nodiscard]] QGroupBox* make_balance();
     [[nodiscard]] QGroupBox* make_wind(Captions& captions);
+    void show_notes(const std::vector<Note>& notes);
 
     QLabel* head_line_;
     QLabel* methods_line_;
     std::vector<Line> lines_;
     std::vector<DetailLine> tb601_lines_;  // two temperatures, then three factors
+    QVBoxLayout* notes_;
+    std::vector<NoteLine*> note_lines_;
     QLabel* balance_;
     QLabel* angle_;
     QLabel* wind_;

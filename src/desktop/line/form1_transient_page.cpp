@@ -11,6 +11,7 @@
 
 #include "desktop/frame/events.h"
 #include "desktop/frame/job_runner.h"
+#include "workflow/run/notes.h"
 #include "workflow/run/transient_text.h"
 
 namespace zel {
@@ -45,6 +46,7 @@ constexpr int button_height = 36;
 constexpr int quantity_line = 0;
 constexpr int unit_line = 1;
 constexpr int first_line = 2;
+constexpr int lines_of_row = 2;
 
 JobProgress progress_of(const TransientProgress& at, LangId lang) {
     const auto row =
@@ -85,10 +87,11 @@ TransientPage::TransientPage(const TransientRowPanel::Parts& parts, int patience
       notice_(make_notice("stale_notice")) {
     parts.captions.computed([this](LangId lang) {
         notice_->setText(qt(lines_of(stale_question.lines.in(lang)).front()));
+        for (const auto& row : rows_) row->show_note();
     });
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
-    layout->setContentsMargins(16, 16, 16, 16);
+    layout->setContentsMargins(12, 12, 12, 12);
     layout->setSpacing(14);
     layout->addWidget(make_start());
     layout->addWidget(make_rows());
@@ -128,7 +131,7 @@ QGroupBox* TransientPage::make_start() {
 QGroupBox* TransientPage::make_rows() {
     auto* group = parts_.captions.title(new QGroupBox, rows_caption);
     auto* grid = new QGridLayout(inside_of(*group));
-    grid->setHorizontalSpacing(12);
+    grid->setHorizontalSpacing(6);
     grid->setVerticalSpacing(10);
     for (const Heading& heading : headings) {
         auto* label = parts_.captions.text(new QLabel, heading.quantity);
@@ -145,8 +148,8 @@ QGroupBox* TransientPage::make_rows() {
         parts_.refused(input);
     };
     for (std::size_t i = 0; i < state_change_count; ++i)
-        rows_.push_back(
-            std::make_unique<TransientRowPanel>(i, parts, *grid, first_line + static_cast<int>(i)));
+        rows_.push_back(std::make_unique<TransientRowPanel>(
+            i, parts, *grid, first_line + lines_of_row * static_cast<int>(i)));
     grid->setColumnStretch(total_column, 1);
     return group;
 }
@@ -205,6 +208,11 @@ void TransientPage::commit() {
     for (const auto& row : rows_) row->commit();
 }
 
+bool TransientPage::is_unfinished() const {
+    return std::any_of(rows_.begin(), rows_.end(),
+                       [](const auto& row) { return row->is_unfinished(); });
+}
+
 void TransientPage::press_button() {
     typing_refused_ = false;
     commit();
@@ -248,7 +256,9 @@ std::string TransientPage::text_to_copy() {
         press_button();
         if (is_stale()) return {};
     }
-    return transient_text(*parts_.line.transient.result(), parts_.line.c, session);
+    const TransientRunResult& result = *parts_.line.transient.result();
+    return transient_text(result, parts_.line.c, session) +
+           notes_text(notes_on(result, parts_.line.c, session), session.lang);
 }
 
 }  // namespace zel

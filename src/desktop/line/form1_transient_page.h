@@ -26,6 +26,7 @@ public:
     /// of the inputs are greyed, with a notice.
     void load() override;
     void commit() override;
+    [[nodiscard]] bool is_unfinished() const override;
     void focus_first() override;
 
     /// The results as text. Where they are stale, the user is asked whether to calculate anew;

@@ -82,7 +82,7 @@ FrmEmissivity::FrmEmissivity(QWidget* parent, const Session& session)
     });
     on(take_over_, &QPushButton::clicked, [this] { accept(); });
     on(buttons, &QDialogButtonBox::rejected, [this] { reject(); });
-    resize(520, sizeHint().height());
+    size_window(*this, {520, 0});
 }
 
 void FrmEmissivity::compute() {

@@ -12,12 +12,13 @@
 #include "desktop/frame/events.h"
 #include "desktop/frame/inputs.h"
 #include "workflow/rules/transient_cells.h"
+#include "workflow/run/notes.h"
 #include "workflow/run/transient_text.h"
 
 namespace zel {
 namespace {
 
-constexpr int cell_width = 96;  // pixels
+constexpr std::array<int, 4> cell_widths = {72, 72, 56, 56};  // pixels
 
 /// Each control array holds the four cells of a row: current, temperature, minutes, seconds.
 constexpr std::array<const char*, state_change_count> control_arrays = {
@@ -69,12 +70,14 @@ TransientRowPanel::TransientRowPanel(std::size_t index, Parts parts, QGridLayout
       name_(new QLabel),
       kinds_(new QButtonGroup(this)),
       off_(new QToolButton),
-      total_(new QLabel) {
+      total_(new QLabel),
+      note_(new NoteLine(NoteLine::Sign::Warning, named("row_note", index))) {
     grid.addWidget(name_, line, name_column);
     make_kinds(grid, line);
     make_cells(grid, line);
     total_->setObjectName(named("total", index_));
     grid.addWidget(total_, line, total_column);
+    grid.addWidget(note_, line + 1, kind_column, 1, -1);
     enter_captions();
 }
 
@@ -103,10 +106,11 @@ void TransientRowPanel::make_cells(QGridLayout& grid, int line) {
         auto* edit = cells_[i] = new QLineEdit;
         edit->setObjectName(named(control_arrays[index_], i));
         edit->setAlignment(Qt::AlignRight);
-        edit->setFixedWidth(cell_width);
+        edit->setFixedWidth(cell_widths[i]);
         edit->installEventFilter(new LeavingBox(edit, [this, i] { take_in(i); }));
         edit->installEventFilter(new FocusChain(edit));
         edit->installEventFilter(new NumberKeys(edit, parts_.session));
+        on(edit, &QLineEdit::textEdited, [this] { parts_.typed(); });
         // An input method would type past the filter of keys.
         edit->setAttribute(Qt::WA_InputMethodEnabled, false);
         grid.addWidget(edit, line, cell_column + static_cast<int>(i));
@@ -119,12 +123,17 @@ bool TransientRowPanel::is_found(std::size_t cell) const {
     return is_in_use(row()) && !takes_input(row().merker, state_cells[cell]);
 }
 
+/// Whether the last run had a row of this kind here.
+bool TransientRowPanel::has_result() const {
+    const TransientRunResult* result = parts_.line.transient.result();
+    return result != nullptr && is_in_use(row()) && result->rows[index_].Merker == row().merker;
+}
+
 /// The text that stands in a cell: the input, or what the last run found for this kind of row.
 std::string TransientRowPanel::text_of(std::size_t cell) const {
     if (!is_found(cell)) return (row().*state_cells[cell]).text;
-    const TransientRunResult* result = parts_.line.transient.result();
-    const bool same_kind = result != nullptr && result->rows[index_].Merker == row().merker;
-    return same_kind ? result->texts[index_].*found_texts[cell] : std::string();
+    if (!has_result()) return {};
+    return parts_.line.transient.result()->texts[index_].*found_texts[cell];
 }
 
 void TransientRowPanel::load(bool stale) {
@@ -143,8 +152,15 @@ void TransientRowPanel::load(bool stale) {
     const bool ran = result != nullptr && is_in_use(row());
     total_->setText(ran ? qt(result->texts[index_].total) : QString());
     total_->setEnabled(!stale);
+    show_note();
+    note_->setEnabled(!stale);
     name_->setEnabled(is_in_use(row()));
     off_->setEnabled(is_in_use(row()));
+}
+
+void TransientRowPanel::show_note() {
+    const auto note = parts_.line.transient.note_on_row(index_, parts_.session);
+    note_->tell(note && has_result() ? std::string_view(note->text) : "");
 }
 
 void TransientRowPanel::show_kind() {
@@ -173,11 +189,21 @@ bool TransientRowPanel::eventFilter(QObject* watched, QEvent* event) {
     return true;
 }
 
+bool TransientRowPanel::is_unfinished(std::size_t cell) const {
+    const QLineEdit& edit = *cells_[cell];
+    return edit.isEnabled() && edit.text() != qt(text_of(cell));
+}
+
+bool TransientRowPanel::is_unfinished() const {
+    for (std::size_t i = 0; i < cells_.size(); ++i)
+        if (is_unfinished(i)) return true;
+    return false;
+}
+
 void TransientRowPanel::take_in(std::size_t cell) {
     QLineEdit& edit = *cells_[cell];
-    if (!edit.isEnabled()) return;
+    if (!is_unfinished(cell)) return;
     const std::string typed = edit.text().toStdString();
-    if (typed == text_of(cell)) return;
     const Session& session = parts_.session;
     const auto refusal = enter_cell(parts_.line.c, {index_, state_cells[cell]}, typed, session);
     parts_.line.changed();

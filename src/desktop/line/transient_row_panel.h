@@ -18,6 +18,8 @@ class QToolButton;
 
 namespace zel {
 
+class NoteLine;
+
 /// The columns of the grid of changes of state.
 enum TransientColumn {
     name_column = 0,
@@ -28,8 +30,8 @@ enum TransientColumn {
 };
 
 /// One change of state as a row of the grid: its kind, the ' - ' button that switches it off, its
-/// four cells and the time up to its end. A cell of a quantity that is sought takes no input and
-/// shows what the last run found.
+/// four cells, the time up to its end, and the note on it below them. A cell of a quantity that is
+/// sought takes no input and shows what the last run found.
 class TransientRowPanel : public QObject {
 public:
     /// What a row works with.
@@ -38,15 +40,20 @@ public:
         const Session& session;
         Captions& captions;
         std::function<void(QWidget*)> refused;  // called with the input whose text was refused
+        std::function<void()> typed;            // called at each key that changes a text
     };
 
-    /// Row `index` (0 to 5), placed into line `line` of `grid`.
+    /// Row `index` (0 to 5), placed into line `line` of `grid` and the one below it.
     TransientRowPanel(std::size_t index, Parts parts, QGridLayout& grid, int line);
 
     /// Shows what stands in the case and what the last run found; a stale result is greyed.
     void load(bool stale);
+    /// In the language of the session.
+    void show_note();
     /// Takes in what is typed but not yet finished.
     void commit();
+    /// Whether there is any.
+    [[nodiscard]] bool is_unfinished() const;
 
     /// The input of `cell`, or of the kind for a null `cell`.
     [[nodiscard]] QWidget* input(StateCell cell) const;
@@ -64,9 +71,11 @@ private:
     void set_kind(std::int16_t kind);
     void show_kind();
     void take_in(std::size_t cell);
+    [[nodiscard]] bool is_unfinished(std::size_t cell) const;
     [[nodiscard]] StateChange& row() const;
     [[nodiscard]] std::string text_of(std::size_t cell) const;
     [[nodiscard]] bool is_found(std::size_t cell) const;
+    [[nodiscard]] bool has_result() const;
 
     std::size_t index_;
     Parts parts_;
@@ -76,6 +85,7 @@ private:
     QToolButton* off_;
     std::array<QLineEdit*, 4> cells_{};
     QLabel* total_;
+    NoteLine* note_;
 };
 
 }  // namespace zel

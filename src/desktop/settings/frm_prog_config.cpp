@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -55,9 +54,7 @@ FrmProgConfig::FrmProgConfig(QWidget* parent, const Session& session, LiveSettin
     on(standard, &QPushButton::clicked, [this] { set_standard(); });
     on(back, &QPushButton::clicked, [this] { accept(); });
     show_present();
-    // As high as the options need, where the screen has room for it.
-    const int most = screen()->availableGeometry().height() - 60;
-    resize(content->sizeHint().width() + 60, std::min(content->sizeHint().height() + 80, most));
+    size_window(*this, content->sizeHint() + QSize(60, 80));  // the rest of the window
 }
 
 QGroupBox* FrmProgConfig::make_group(const ConfigGroup& group) {

@@ -48,7 +48,7 @@ FrmSelectPath::FrmSelectPath(QWidget* parent, const SettingsParts& parts, const 
     layout->addLayout(buttons);
     on(choose, &QPushButton::clicked, [this] { select(); });
     on(close, &QPushButton::clicked, [this] { accept(); });
-    resize(620, sizeHint().height());
+    size_window(*this, {620, 0});
 }
 
 void FrmSelectPath::select() {

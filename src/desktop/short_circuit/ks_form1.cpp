@@ -71,7 +71,8 @@ KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& nam
                                   captions(),
                                   [this](QWidget* input) { refused(input); },
                                   [this] { case_changed(); },
-                                  look};
+                                  look,
+                                  [this] { show_modified(); }};
     general_ = new GeneralPage(form_parts);
     conductor_ = new ConductorPage(
         form_parts, [this] { start_database(); }, [this] { take_over_conductor(); });
@@ -149,7 +150,7 @@ void KsForm1::go_to(const ShortCircuitRefusal& refusal) {
     const FieldInfo& field = field_of(refusal.focus);
     QWidget* input = general_->input(field);
     if (input == nullptr) input = conductor_->input(field);
-    if (input != nullptr) input->setFocus();
+    if (input != nullptr) refused(input);  // once the keys that led here have moved the focus
 }
 
 std::string KsForm1::text_to_copy() { return shown_ ? result_text(*shown_) : std::string(); }

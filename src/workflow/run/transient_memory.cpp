@@ -2,6 +2,7 @@
 
 #include "steady/case/state_change.h"
 #include "workflow/rules/derived.h"
+#include "workflow/run/notes.h"
 
 namespace zel {
 namespace {
@@ -51,6 +52,11 @@ void TransientMemory::keep(const TransientRunResult& transient, const CalcCase& 
 
 bool TransientMemory::basis_is_stale(const CalcCase& c) const {
     return steady_inputs(c) != basis_inputs_;
+}
+
+std::optional<Note> TransientMemory::note_on_row(std::size_t row, const Locale& locale) const {
+    if (!result_) return std::nullopt;
+    return zel::note_on_row(*result_, result_inputs_, row, locale);
 }
 
 bool TransientMemory::result_is_stale(const CalcCase& c, const Session& session) const {

@@ -23,6 +23,8 @@ public:
 
     /// The last transient; null where there is none.
     [[nodiscard]] const TransientRunResult* result() const { return result_ ? &*result_ : nullptr; }
+    /// The remark on row `row` (from 0) of the last transient; nothing where there is none.
+    [[nodiscard]] std::optional<Note> note_on_row(std::size_t row, const Locale& locale) const;
     /// An input or an option has changed, or the steady state has, since the last transient.
     [[nodiscard]] bool result_is_stale(const CalcCase& c, const Session& session) const;
 
