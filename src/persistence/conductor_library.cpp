@@ -46,6 +46,7 @@ ConductorRows ConductorLibrary::own_in(const std::string& table) const {
 
 void ConductorLibrary::take_own(ConductorRows own) {
     conductors_ = std::move(own.sound);
+    conductors_.reserve(conductors_.size() + shipped_.size());
     conductors_.insert(conductors_.end(), shipped_.begin(), shipped_.end());
     damaged_ = std::move(own.damaged);
 }

@@ -248,6 +248,7 @@ ConductorRows read_rows(std::string_view text, const std::string& file,
     check_columns(table, file);
     TableReader reader(table, materials, separator);
     ConductorRows rows;
+    rows.sound.reserve(table.rows().size());
     for (const CsvRow& row : table.rows()) try {
             rows.sound.push_back(reader.conductor(row));
         } catch (const InputError& error) {

@@ -217,7 +217,10 @@ ConductorData read_record(std::string_view bytes, DecimalSeparator separator) {
 }
 
 std::string written_record(const ConductorData& conductor) {
-    const CalcCase c = case_with(conductor);
+    return written_record(case_with(conductor));
+}
+
+std::string written_record(const CalcCase& c) {
     std::string record(record_size, '\0');
     for (const RecordField& row : fields) std::visit(RecordWriter(row, record, c), row.field);
     return record;
