@@ -6,8 +6,6 @@ namespace zel::xlsx {
 namespace {
 
 constexpr int letters = 26;
-constexpr int largest_column = 16384;
-constexpr int largest_row = 1048576;
 
 void skip_dollar(std::string_view text, std::size_t& i) {
     if (i < text.size() && text[i] == '$') ++i;

@@ -8,6 +8,10 @@
 
 namespace zel::xlsx {
 
+// Of a worksheet, as the file format has it.
+inline constexpr int largest_column = 16384;
+inline constexpr int largest_row = 1048576;
+
 /// "AH" of 34.
 [[nodiscard]] std::string column_letters(int column);
 

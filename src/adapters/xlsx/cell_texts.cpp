@@ -7,14 +7,12 @@
 #include <cstdio>
 #include <map>
 
-#include "adapters/xlsx/sheet_row.h"
 #include "adapters/xlsx/xml_tags.h"
+#include "adapters/xlsx/xml_tree.h"
 #include "platform/text/number_text.h"
 
 namespace zel::xlsx {
 namespace {
-
-constexpr unsigned parse_flags = pugi::parse_default | pugi::parse_ws_pcdata | pugi::parse_fragment;
 
 /// The text of a string item: its one text, or those of its runs.
 std::string text_of_item(const pugi::xml_node& item) {
@@ -47,25 +45,34 @@ void CellTexts::read_shared_strings(std::string_view xml) {
     pugi::xml_document item;
     TagWalk walk(xml);
     while (const auto element = next_element(xml, walk, "si")) {
-        if (!item.load_buffer(element->data(), element->size(), parse_flags, pugi::encoding_utf8))
-            refuse_damaged("its shared strings are damaged");
-        shared_.push_back(text_of_item(item.first_child()));
+        parse_tree(item, *element, "has damaged shared strings",
+                   pugi::parse_default | pugi::parse_ws_pcdata);
+        shared_ += shortened(text_of_item(item.first_child()), longest_text);
+        shared_ends_.push_back(static_cast<std::uint32_t>(shared_.size()));
     }
 }
 
 void CellTexts::read_styles(std::string_view xml) {
-    pugi::xml_document styles;
-    if (!styles.load_buffer(xml.data(), xml.size())) refuse_damaged("its styles are damaged");
-    const pugi::xml_node sheet = styles.document_element();
+    require_utf8(xml);
     std::map<int, bool> own_formats;
-    for (const pugi::xml_node format : child(sheet, "numFmts").children())
-        own_formats[format.attribute("numFmtId").as_int()] =
-            is_date_format(format.attribute("formatCode").value());
-    for (const pugi::xml_node xf : child(sheet, "cellXfs").children()) {
-        if (local_name(xf.name()) != "xf") continue;
-        const int format = xf.attribute("numFmtId").as_int();
-        const auto own = own_formats.find(format);
-        shows_date_.push_back(own == own_formats.end() ? is_built_in_date(format) : own->second);
+    pugi::xml_document entry;
+    ChildWalk styles(xml);
+    while (const auto list = styles.next()) {
+        const std::string_view name = local_name(list->tag.name);
+        if (name != "numFmts" && name != "cellXfs") continue;
+        ChildWalk entries(list->element.of(xml));
+        while (const auto element = entries.next()) {
+            parse_tree(entry, element->element.of(list->element.of(xml)), "has damaged styles");
+            const pugi::xml_node node = entry.first_child();
+            const int format = node.attribute("numFmtId").as_int();
+            if (name == "numFmts") {
+                own_formats[format] = is_date_format(node.attribute("formatCode").value());
+            } else if (local_name(node.name()) == "xf") {
+                const auto own = own_formats.find(format);
+                shows_date_.push_back(own == own_formats.end() ? is_built_in_date(format)
+                                                               : own->second);
+            }
+        }
     }
 }
 
@@ -76,10 +83,11 @@ std::string CellTexts::of(const pugi::xml_node& c) const {
     const std::string_view value = v.text().get();
     if (type == "s") {
         const auto index = number_in<std::size_t>(value);
-        if (!index || *index >= shared_.size())
-            refuse_damaged(std::string("cell ") + c.attribute("r").value() +
+        if (!index || *index >= shared_ends_.size())
+            refuse_damaged("cell " + shortened(c.attribute("r").value()) +
                            " names a shared string that is not there");
-        return shared_[*index];
+        const std::size_t begin = *index == 0 ? 0 : shared_ends_[*index - 1];
+        return shared_.substr(begin, shared_ends_[*index] - begin);
     }
     if (type == "b") return value.empty() ? "" : value == "1" || value == "true" ? "TRUE" : "FALSE";
     if (type.empty() || type == "n") return of_number(value, c.attribute("s").value());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,10 @@ class xml_node;
 }
 
 namespace zel::xlsx {
+
+/// Bytes of a text that are read; none that is understood has as many. Thousands of cells may share
+/// one text.
+inline constexpr std::size_t longest_text = 1000;
 
 /// What the cells of a workbook need from its other parts to be read as text: the texts that they
 /// share, and which cell formats show a date.
@@ -30,8 +35,9 @@ public:
 private:
     [[nodiscard]] std::string of_number(std::string_view digits, std::string_view style) const;
 
-    std::vector<std::string> shared_;
-    std::vector<bool> shows_date_;  // by the cell format
+    std::string shared_;  // one text behind the other: a list of strings takes ten times as much
+    std::vector<std::uint32_t> shared_ends_;  // behind each text; a part has less than 4 GiB
+    std::vector<bool> shows_date_;            // by the cell format
     bool from_1904_ = false;
 };
 

@@ -9,8 +9,6 @@
 namespace zel::xlsx {
 namespace {
 
-constexpr int last_column = 16384;
-
 bool is_word(char c) {
     const auto byte = static_cast<unsigned char>(c);
     return std::isalnum(byte) != 0 || byte >= 0x80 || c == '_' || c == '.' || c == '$' || c == '\\';
@@ -135,7 +133,7 @@ private:
     bool take_reference(std::string_view first, std::string_view second) {
         const auto from = column_of(first);
         const auto to = column_of(second);
-        ColumnsRead columns = {sheet_, 1, last_column, false, false};
+        ColumnsRead columns = {sheet_, 1, largest_column, false, false};
         if (is_number(first) && is_number(second)) {
             // Whole rows.
         } else if (from && to && has_row(first) == has_row(second)) {

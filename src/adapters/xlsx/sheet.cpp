@@ -2,35 +2,39 @@
 
 #include <algorithm>
 #include <charconv>
-#include <optional>
 
-#include "adapters/xlsx/xml_tags.h"
+#include "adapters/xlsx/cell_name.h"
+#include "adapters/xlsx/xml_tree.h"
 
 namespace zel::xlsx {
 namespace {
 
-/// The number of a row without taking the row apart; 0 where the tag has none.
-int row_number(std::string_view tag) {
-    for (std::size_t at = tag.find("r="); at != std::string_view::npos;
-         at = tag.find("r=", at + 1)) {
-        const char before = tag[at - 1];
-        if (before != ' ' && before != '\t' && before != '\n' && before != '\r') continue;
-        int number = 0;
-        std::from_chars(tag.data() + at + 3, tag.data() + tag.size(), number);
-        return number;
+/// The number of a row without taking the row apart; one without a number stands behind `former`.
+int row_number(std::string_view tag, int former) {
+    int number = former + 1;
+    if (const auto attribute = attribute_of(tag, "r")) {
+        const std::string_view digits = attribute->value.of(tag);
+        const char* const end = digits.data() + digits.size();
+        const auto read = std::from_chars(digits.data(), end, number);
+        if (read.ec != std::errc{} || read.ptr != end || number < 1 || number > largest_row)
+            refuse_damaged("has a row numbered " + shortened(digits));
     }
-    return 0;
+    if (number > largest_row) refuse_damaged("has more than 1048576 rows");
+    if (number <= former) refuse_damaged("its row " + std::to_string(number) + " is out of order");
+    return number;
 }
 
+/// Where the styles of several elements meet in a column, the first one holds.
 void read_column_styles(std::string_view element, SheetIndex& index) {
     pugi::xml_document cols;
-    if (!cols.load_buffer(element.data(), element.size(),
-                          pugi::parse_default | pugi::parse_fragment, pugi::encoding_utf8))
-        refuse_damaged("has damaged columns");
-    for (const pugi::xml_node col : cols.first_child().children())
-        if (const std::string_view style = col.attribute("style").value(); !style.empty())
-            index.column_styles.push_back(
-                {col.attribute("min").as_int(), col.attribute("max").as_int(), std::string(style)});
+    parse_tree(cols, element, "has damaged columns");
+    for (const pugi::xml_node col : cols.first_child().children()) {
+        const std::string_view style = col.attribute("style").value();
+        if (style.empty()) continue;
+        const int last = std::min(col.attribute("max").as_int(), largest_column);
+        for (int column = std::max(col.attribute("min").as_int(), 1); column <= last; ++column)
+            index.column_styles.try_emplace(column, style);
+    }
 }
 
 /// The rows up to the end of the sheetData element, which was just opened.
@@ -44,12 +48,8 @@ void index_rows(std::string_view xml, TagWalk& walk, SheetIndex& index) {
         }
         const std::string_view element = element_of(xml, walk, *tag);
         if (local_name(tag->name) != "row") continue;
-        const int given = row_number(xml.substr(tag->begin, tag->end - tag->begin));
-        const int number = given == 0 ? former + 1 : given;
-        if (number <= former)
-            refuse_damaged("its row " + std::to_string(number) + " is out of order");
-        former = number;
-        index.rows.push_back({number, {tag->begin, tag->begin + element.size()}});
+        former = row_number(xml.substr(tag->begin, tag->end - tag->begin), former);
+        index.rows.push_back({former, {tag->begin, tag->begin + element.size()}});
     }
     refuse_damaged("ends in the middle of its rows");
 }
@@ -66,15 +66,12 @@ const SheetIndex::Row* SheetIndex::find(int number) const {
 }
 
 std::string_view SheetIndex::style_of(int column) const {
-    for (const auto& [first, last, style] : column_styles)
-        if (column >= first && column <= last) return style;
-    return {};
+    const auto style = column_styles.find(column);
+    return style == column_styles.end() ? std::string_view() : style->second;
 }
 
 SheetIndex index_of_sheet(std::string_view xml) {
-    // Row by row only UTF-8 can be cut.
-    if (xml.starts_with("\xFE\xFF") || xml.starts_with("\xFF\xFE"))
-        refuse_damaged("is written in UTF-16, which is not understood");
+    require_utf8(xml);
     SheetIndex index;
     TagWalk walk(xml);
     for (bool first = true; const auto tag = walk.next(); first = false) {
@@ -97,21 +94,18 @@ Sheet::Sheet(std::string xml, const CellTexts& texts)
     : xml_(std::move(xml)), index_(index_of_sheet(xml_)), texts_(texts) {}
 
 std::string Sheet::text(int row, int column) {
-    if (row != former_row_) read_row(row);
-    const auto cell = std::lower_bound(row_texts_.begin(), row_texts_.end(), column,
-                                       [](const auto& c, int n) { return c.first < n; });
-    return cell == row_texts_.end() || cell->first != column ? std::string() : cell->second;
-}
-
-void Sheet::read_row(int row) {
-    former_row_ = 0;
-    row_texts_.clear();
-    if (const auto* place = index_.find(row)) {
-        parsed_.parse(place->element.of(xml_));
-        for (const SheetCell& cell : parsed_.cells())
-            row_texts_.emplace_back(cell.column, texts_.of(cell.node));
+    const SheetIndex::Row* place = index_.find(row);
+    if (place == nullptr) return {};
+    if (row != parsed_row_) {
+        parsed_row_ = 0;
+        parsed_.parse(row, place->element.of(xml_));
+        parsed_row_ = row;
     }
-    former_row_ = row;
+    const auto& cells = parsed_.cells();
+    const auto cell = std::lower_bound(cells.begin(), cells.end(), column,
+                                       [](const SheetCell& c, int n) { return c.column < n; });
+    if (cell == cells.end() || cell->column != column) return {};
+    return shortened(texts_.of(cell->node), longest_text);
 }
 
 }  // namespace zel::xlsx

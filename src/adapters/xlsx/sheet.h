@@ -1,26 +1,15 @@
 #pragma once
 
-#include <cstddef>
+#include <map>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "adapters/xlsx/cell_texts.h"
 #include "adapters/xlsx/sheet_row.h"
+#include "adapters/xlsx/xml_tags.h"
 
 namespace zel::xlsx {
-
-/// A stretch of a text, from its first byte to behind its last.
-struct Stretch {
-    std::size_t begin = 0;
-    std::size_t end = 0;
-
-    [[nodiscard]] bool empty() const { return begin == end; }
-    [[nodiscard]] std::string_view of(std::string_view text) const {
-        return text.substr(begin, end - begin);
-    }
-};
 
 /// Where the parts of a worksheet stand in its XML text.
 struct SheetIndex {
@@ -28,18 +17,13 @@ struct SheetIndex {
         int number = 0;
         Stretch element;
     };
-    struct ColumnStyle {
-        int first = 0;
-        int last = 0;
-        std::string style;
-    };
 
     std::string prefix;     // of all element names, with its colon
     Stretch dimension;      // the element; empty where there is none
     Stretch data;           // the sheetData element
     Stretch rows_part;      // what is between its tags; empty where it is one empty tag
     std::vector<Row> rows;  // by rising numbers
-    std::vector<ColumnStyle> column_styles;
+    std::map<int, std::string> column_styles;  // by column
 
     /// The row of that number, or null.
     [[nodiscard]] const Row* find(int number) const;
@@ -58,20 +42,18 @@ public:
     /// `texts` must outlive the sheet. Throws `WorkbookError` (`Damaged`).
     Sheet(std::string xml, const CellTexts& texts);
 
+    /// Of a text beyond `longest_text` only the beginning, and "..." behind it.
     [[nodiscard]] std::string text(int row, int column);
 
     [[nodiscard]] const std::string& xml() const { return xml_; }
     [[nodiscard]] const SheetIndex& index() const { return index_; }
 
 private:
-    void read_row(int row);
-
     std::string xml_;
     SheetIndex index_;
     const CellTexts& texts_;
     SheetRow parsed_;
-    int former_row_ = 0;                                  // the row of the texts below
-    std::vector<std::pair<int, std::string>> row_texts_;  // by rising columns
+    int parsed_row_ = 0;
 };
 
 }  // namespace zel::xlsx

@@ -8,31 +8,27 @@
 namespace zel::xlsx {
 namespace {
 
-int column_of(const pugi::xml_node& cell, int former) {
-    const std::string_view name = cell.attribute("r").value();
-    if (name.empty()) return former + 1;
+int column_of(const pugi::xml_node& cell, int row, int former) {
+    const pugi::xml_attribute reference = cell.attribute("r");
+    if (!reference && former == largest_column)
+        refuse_damaged("has more than 16384 cells in row " + std::to_string(row));
+    if (!reference) return former + 1;
+    const std::string name = shortened(reference.value());
     const auto place = cell_place(name);
-    if (!place) refuse_damaged("has a cell named " + std::string(name));
-    if (place->column <= former) refuse_damaged("cell " + std::string(name) + " is out of order");
+    if (!place || name.find('$') != name.npos) refuse_damaged("has a cell named " + name);
+    if (place->row != row) refuse_damaged("cell " + name + " stands in row " + std::to_string(row));
+    if (place->column <= former) refuse_damaged("cell " + name + " is out of order");
     return place->column;
 }
 
 }  // namespace
 
-pugi::xml_node child(const pugi::xml_node& parent, std::string_view name) {
-    for (const pugi::xml_node node : parent.children())
-        if (local_name(node.name()) == name) return node;
-    return {};
-}
-
-void SheetRow::parse(std::string_view element) {
+void SheetRow::parse(int number, std::string_view element) {
     text_ = element;
     cells_.clear();
     // A blank text is a text.
-    const auto parsed = document_.load_buffer(
-        element.data(), element.size(),
-        pugi::parse_default | pugi::parse_ws_pcdata | pugi::parse_fragment, pugi::encoding_utf8);
-    if (!parsed) refuse_damaged(std::string("has a damaged row: ") + parsed.description());
+    parse_tree(document_, element, "has a damaged row",
+               pugi::parse_default | pugi::parse_ws_pcdata);
     int column = 0;
     std::size_t* open_end = nullptr;  // of the cell before, which ends where the next node begins
     for (const pugi::xml_node node : this->node().children()) {
@@ -42,7 +38,7 @@ void SheetRow::parse(std::string_view element) {
         if (open_end != nullptr) *open_end = begin;
         open_end = nullptr;
         if (!is_element || local_name(node.name()) != "c") continue;
-        column = column_of(node, column);
+        column = column_of(node, number, column);
         open_end = &cells_.emplace_back(SheetCell{column, node, begin, 0}).end;
     }
     if (open_end != nullptr) *open_end = element.rfind("</");

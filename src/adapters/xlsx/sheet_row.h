@@ -1,14 +1,12 @@
 #pragma once
 
 #include <cstddef>
-#include <pugixml.hpp>
 #include <string_view>
 #include <vector>
 
-namespace zel::xlsx {
+#include "adapters/xlsx/xml_tree.h"
 
-/// The first child of the local name `name`; null where there is none.
-[[nodiscard]] pugi::xml_node child(const pugi::xml_node& parent, std::string_view name);
+namespace zel::xlsx {
 
 /// A cell of a row with the place of its element in the text of the row.
 struct SheetCell {
@@ -21,8 +19,8 @@ struct SheetCell {
 /// One row of a worksheet, taken apart.
 class SheetRow {
 public:
-    /// `element` is the text of a row element. Throws `WorkbookError` (`Damaged`).
-    void parse(std::string_view element);
+    /// `element` is the text of the element of row `number`. Throws `WorkbookError` (`Damaged`).
+    void parse(int number, std::string_view element);
 
     [[nodiscard]] std::string_view text() const { return text_; }
     [[nodiscard]] pugi::xml_node node() const { return document_.first_child(); }

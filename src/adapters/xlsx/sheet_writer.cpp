@@ -36,12 +36,10 @@ std::string digits_of(double value) {
 
 /// `tag` without its attribute `name`.
 std::string without_attribute(std::string_view tag, std::string_view name) {
-    const std::string key = " " + std::string(name) + "=";
-    const std::size_t begin = tag.find(key);
-    if (begin == std::string_view::npos) return std::string(tag);
-    const std::size_t quote = begin + key.size();
-    const std::size_t end = tag.find(tag[quote], quote + 1);
-    return std::string(tag.substr(0, begin)) + std::string(tag.substr(end + 1));
+    const auto attribute = attribute_of(tag, name);
+    if (!attribute) return std::string(tag);
+    return std::string(tag.substr(0, attribute->whole.begin)) +
+           std::string(tag.substr(attribute->whole.end));
 }
 
 class SheetWriter {
@@ -129,7 +127,7 @@ private:
     }
 
     void write_row(const SheetIndex::Row& row, const CellEdits::Row* set) {
-        parsed_.parse(row.element.of(xml_));
+        parsed_.parse(row.number, row.element.of(xml_));
         const std::string_view text = parsed_.text();
         const auto& cells = parsed_.cells();
         const std::size_t tag_end = TagWalk(text).next()->end;

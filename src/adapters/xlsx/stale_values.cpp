@@ -77,7 +77,7 @@ private:
         for (std::size_t r = 0; r < index.rows.size(); ++r) {
             const std::string_view element = index.rows[r].element.of(text);
             if (!has_formulas(element)) continue;
-            row.parse(element);
+            row.parse(index.rows[r].number, element);
             for (const SheetCell& cell : row.cells())
                 if (const pugi::xml_node f = child(cell.node, "f"))
                     add(sheet, r, cell.column, f, shared);
@@ -171,7 +171,7 @@ private:
         for (const Formula& formula : formulas_[sheet]) {
             if (!formula.stale) continue;
             const Stretch& element = index.rows[formula.row].element;
-            if (parsed != formula.row) row.parse(element.of(text));
+            if (parsed != formula.row) row.parse(index.rows[formula.row].number, element.of(text));
             parsed = formula.row;
             const auto cell =
                 std::find_if(row.cells().begin(), row.cells().end(),

@@ -1,15 +1,18 @@
 #include "adapters/xlsx/workbook_parts.h"
 
-#include <pugixml.hpp>
+#include <unordered_map>
+#include <utility>
 
 #include "adapters/xlsx/xml_tags.h"
+#include "adapters/xlsx/xml_tree.h"
 
 namespace zel::xlsx {
 namespace {
 
-void parse(pugi::xml_document& document, const std::string& xml, const std::string& part) {
-    if (!document.load_buffer(xml.data(), xml.size()))
-        refuse_damaged("its part " + part + " is damaged");
+constexpr std::size_t longest_path = 1000;
+
+void parse(pugi::xml_document& document, std::string_view xml, const std::string& part) {
+    parse_tree(document, xml, "its part " + part + " is damaged");
 }
 
 std::string folder_of(const std::string& part) {
@@ -23,7 +26,9 @@ std::string relationships_of(const std::string& part) {
 }
 
 /// The part that a relationship of a part in `folder` names.
-std::string resolved(const std::string& folder, std::string target) {
+std::string resolved(const std::string& folder, const std::string& target) {
+    if (target.size() > longest_path)
+        refuse_damaged("names a part " + shortened(target) + ", which is too long");
     std::string path = target.starts_with('/') ? target.substr(1) : folder + target;
     for (std::size_t up = path.find("../"); up != std::string::npos; up = path.find("../")) {
         const std::size_t above = up < 2 ? std::string::npos : path.rfind('/', up - 2);
@@ -58,8 +63,27 @@ std::string workbook_part(const Archive& archive) {
     refuse_damaged("is no workbook");
 }
 
-void read_workbook(const std::string& xml, WorkbookParts& parts,
-                   const pugi::xml_node& relationships, const std::string& folder) {
+void read_sheets(const pugi::xml_node& sheets, const pugi::xml_node& relationships,
+                 const std::string& folder, WorkbookParts& parts) {
+    std::unordered_map<std::string_view, std::string> targets;
+    for (const pugi::xml_node node : relationships.children())
+        if (is_of_type(node, "worksheet"))
+            targets[node.attribute("Id").value()] =
+                resolved(folder, node.attribute("Target").value());
+    for (const pugi::xml_node sheet : sheets.children()) {
+        const auto target = targets.find(prefixed_attribute(sheet, "id"));
+        if (target == targets.end()) continue;
+        // Two sheets of one part would lose what is written into one of them.
+        if (target->second.empty())
+            refuse_damaged("its worksheet " + shortened(sheet.attribute("name").value()) +
+                           " has the cells of another one");
+        parts.sheets.push_back(
+            {sheet.attribute("name").value(), std::exchange(target->second, {})});
+    }
+}
+
+void read_workbook(const std::string& xml, const pugi::xml_node& relationships,
+                   WorkbookParts& parts) {
     pugi::xml_document document;
     parse(document, xml, parts.workbook);
     for (const pugi::xml_node group : document.document_element().children()) {
@@ -68,44 +92,38 @@ void read_workbook(const std::string& xml, WorkbookParts& parts,
         if (name == "definedNames")
             for (const pugi::xml_node defined : group.children())
                 parts.names[defined.attribute("name").value()] = defined.text().get();
-        if (name != "sheets") continue;
-        for (const pugi::xml_node sheet : group.children()) {
-            const std::string_view id = prefixed_attribute(sheet, "id");
-            for (const pugi::xml_node node : relationships.children())
-                if (node.attribute("Id").value() == id && is_of_type(node, "worksheet"))
-                    parts.sheets.push_back({sheet.attribute("name").value(),
-                                            resolved(folder, node.attribute("Target").value())});
-        }
+        if (name == "sheets") read_sheets(group, relationships, folder_of(parts.workbook), parts);
     }
 }
 
-std::string printed(const pugi::xml_document& document) {
-    struct : pugi::xml_writer {
-        std::string text;
-        void write(const void* data, std::size_t size) override {
-            text.append(static_cast<const char*>(data), size);
-        }
-    } writer;
-    document.save(writer, "", pugi::format_raw | pugi::format_no_declaration);
-    return std::move(writer.text);
-}
-
-constexpr unsigned keep_all = pugi::parse_full | pugi::parse_ws_pcdata;
-
-/// Rewrites `part` without the children of its root that `unwanted` names.
+/// Rewrites `part` without the children of its root that `unwanted` names; all other bytes stay.
 template <class Unwanted>
 void remove_children(Archive& archive, const std::string& part, Unwanted unwanted) {
     const std::string xml = archive.read(part);
     pugi::xml_document document;
-    if (!document.load_buffer(xml.data(), xml.size(), keep_all))
-        refuse_damaged("its part " + part + " is damaged");
-    pugi::xml_node root = document.document_element();
-    for (pugi::xml_node node = root.first_child(); node;) {
-        const pugi::xml_node next = node.next_sibling();
-        if (unwanted(node)) root.remove_child(node);
-        node = next;
+    std::string kept;
+    std::size_t copied = 0;
+    ChildWalk children(xml);
+    while (const auto child = children.next()) {
+        parse(document, child->element.of(xml), part);
+        if (!unwanted(document.first_child())) continue;
+        kept.append(xml, copied, child->element.begin - copied);
+        copied = child->element.end;
     }
-    archive.replace(part, printed(document));
+    archive.replace(part, kept.append(xml, copied));
+}
+
+/// Sets the attribute of the tag at `tag` in `xml`.
+void set_attribute(std::string& xml, const Stretch& tag, std::string_view name,
+                   const std::string& value) {
+    const std::string_view text = tag.of(xml);
+    if (const auto attribute = attribute_of(text, name)) {
+        const auto [begin, end] = attribute->value;
+        xml.replace(tag.begin + begin, end - begin, value);
+        return;
+    }
+    const std::size_t last = text.find_last_not_of(" \t\r\n/>");
+    xml.insert(tag.begin + last + 1, " " + std::string(name) + "=\"" + value + "\"");
 }
 
 }  // namespace
@@ -113,6 +131,8 @@ void remove_children(Archive& archive, const std::string& part, Unwanted unwante
 WorkbookParts workbook_parts(const Archive& archive) {
     WorkbookParts parts;
     parts.workbook = workbook_part(archive);
+    if (parts.workbook.ends_with(".bin"))
+        refuse_damaged("is a workbook of the binary kind (xlsb): save it as xlsx");
     parts.relationships = relationships_of(parts.workbook);
     const std::string folder = folder_of(parts.workbook);
     const std::string xml = archive.read(parts.relationships);
@@ -125,7 +145,7 @@ WorkbookParts workbook_parts(const Archive& archive) {
         if (is_of_type(node, "styles")) parts.styles = target;
         if (is_of_type(node, "calcChain")) parts.calculation_chain = target;
     }
-    read_workbook(archive.read(parts.workbook), parts, relationships, folder);
+    read_workbook(archive.read(parts.workbook), relationships, parts);
     return parts;
 }
 
@@ -140,28 +160,30 @@ void drop_calculation_chain(Archive& archive, const WorkbookParts& parts) {
 }
 
 void demand_calculation(Archive& archive, const WorkbookParts& parts) {
-    const std::string xml = archive.read(parts.workbook);
-    pugi::xml_document document;
-    if (!document.load_buffer(xml.data(), xml.size(), keep_all))
-        refuse_damaged("its part " + parts.workbook + " is damaged");
-    pugi::xml_node root = document.document_element();
-    const std::string_view root_name = root.name();
-    const std::string prefix(root_name.substr(0, root_name.size() - local_name(root_name).size()));
-    pugi::xml_node settings;
-    pugi::xml_node before;  // the settings come behind these, in the order of the format
-    for (const pugi::xml_node node : root.children()) {
-        const std::string_view name = local_name(node.name());
-        if (name == "calcPr") settings = node;
+    std::string xml = archive.read(parts.workbook);
+    ChildWalk children(xml);
+    if (!children.parent()) refuse_damaged("its part " + parts.workbook + " is damaged");
+    const std::string_view root = children.parent()->name;
+    const std::string prefix(root.substr(0, root.size() - local_name(root).size()));
+    std::size_t before = children.parent()->end;  // the settings come behind it, as in the format
+    Stretch settings;
+    while (const auto child = children.next()) {
+        const std::string_view name = local_name(child->tag.name);
+        if (name == "calcPr") settings = {child->tag.begin, child->tag.end};
         if (name == "sheets" || name == "functionGroups" || name == "externalReferences" ||
             name == "definedNames")
-            before = node;
+            before = child->element.end;
     }
-    if (!settings) settings = root.insert_child_after((prefix + "calcPr").c_str(), before);
-    pugi::xml_attribute all = settings.attribute("fullCalcOnLoad");
-    if (all.as_bool()) return;
-    if (!all) all = settings.append_attribute("fullCalcOnLoad");
-    all.set_value("1");
-    archive.replace(parts.workbook, printed(document));
+    if (settings.empty()) {
+        const std::string tag = "<" + prefix + "calcPr/>";
+        xml.insert(before, tag);
+        settings = {before, before + tag.size()};
+    }
+    const std::string_view tag = settings.of(xml);
+    const auto former = attribute_of(tag, "fullCalcOnLoad");
+    if (former && (former->value.of(tag) == "1" || former->value.of(tag) == "true")) return;
+    set_attribute(xml, settings, "fullCalcOnLoad", "1");
+    archive.replace(parts.workbook, std::move(xml));
 }
 
 }  // namespace zel::xlsx

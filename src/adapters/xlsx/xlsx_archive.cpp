@@ -2,8 +2,10 @@
 
 #include <zip.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <new>
 #include <utility>
 
@@ -12,7 +14,13 @@
 namespace zel::xlsx {
 namespace {
 
-constexpr zip_uint64_t largest_part = 2ULL << 30U;
+constexpr zip_uint64_t mebibyte = 1ULL << 20U;
+// 100 000 rows of 81 columns unpack to half a gigabyte, 18 times the size of their file where all
+// rows are the same.
+constexpr zip_uint64_t largest_whole = 1024 * mebibyte;
+constexpr zip_uint64_t always_fits = 64 * mebibyte;
+constexpr zip_uint64_t largest_ratio = 50;
+constexpr zip_int64_t most_parts = 10000;
 // The best compression takes six times as long for a tenth less.
 constexpr zip_uint32_t compression_level = 3;
 
@@ -32,13 +40,54 @@ void* allocated_copy(std::string_view bytes) {
 
 bool is_compound_file(std::string_view bytes) { return bytes.starts_with("\xD0\xCF\x11\xE0"); }
 
+/// Compound files hold streams, whose names stand there in UTF-16.
+bool has_stream(std::string_view bytes, std::string_view name) {
+    std::string wide;
+    for (const char c : name) (wide += c) += '\0';
+    return bytes.find(wide) != std::string_view::npos;
+}
+
+[[noreturn]] void refuse_compound_file(std::string_view bytes) {
+    if (has_stream(bytes, "EncryptedPackage"))
+        refuse_damaged("is protected by a password: save it without one");
+    if (has_stream(bytes, "Workbook"))
+        refuse_damaged("is no xlsx file but one of the older kind (xls): save it as xlsx");
+    refuse_damaged("is no xlsx file but one of the older kind, or protected by a password");
+}
+
+std::string in_mebibytes(zip_uint64_t size) { return std::to_string(size / mebibyte) + " MiB"; }
+
+/// Before anything is unpacked: a small file can hold more than any memory.
+void require_sound_sizes(zip* zip, zip_uint64_t file_size) {
+    const zip_int64_t count = zip_get_num_entries(zip, 0);
+    if (count > most_parts)
+        refuse_damaged("has " + std::to_string(count) + " parts, more than any workbook");
+    zip_uint64_t whole = 0;
+    for (zip_int64_t i = 0; i < count; ++i) {
+        zip_stat_t state;
+        zip_stat_init(&state);
+        if (zip_stat_index(zip, static_cast<zip_uint64_t>(i), 0, &state) != 0 ||
+            (state.valid & ZIP_STAT_SIZE) == 0)
+            refuse_damaged("is no xlsx file (the size of a part is unknown)");
+        if ((state.valid & ZIP_STAT_ENCRYPTION_METHOD) != 0 &&
+            state.encryption_method != ZIP_EM_NONE)
+            refuse_damaged("is protected by a password: save it without one");
+        if (state.size > largest_whole - whole)
+            refuse_damaged("unpacks to more than " + in_mebibytes(largest_whole) +
+                           ", the most that is read");
+        whole += state.size;
+    }
+    if (whole > always_fits && whole / largest_ratio > file_size)
+        refuse_damaged("unpacks to " + in_mebibytes(whole) + ", more than " +
+                       std::to_string(largest_ratio) + " times its size");
+}
+
 }  // namespace
 
 Archive::Archive(std::string_view bytes) {
     // The library takes it for a new archive.
     if (bytes.empty()) refuse_damaged("is no xlsx file (it is empty)");
-    if (is_compound_file(bytes))
-        refuse_damaged("is no xlsx file but one of the older kind, or protected by a password");
+    if (is_compound_file(bytes)) refuse_compound_file(bytes);
     zip_error_t error;
     zip_error_init(&error);
     source_ = zip_source_buffer_create(allocated_copy(bytes), bytes.size(), 1, &error);
@@ -51,9 +100,19 @@ Archive::Archive(std::string_view bytes) {
     zip_error_fini(&error);
     // Outlives the closing, so that the new bytes can be read from it.
     zip_source_keep(source_);
+    try {
+        require_sound_sizes(zip_, bytes.size());
+        if (has("mimetype") && read("mimetype").find("opendocument") != std::string::npos)
+            refuse_damaged("is no xlsx file but an OpenDocument file (ods): save it as xlsx");
+    } catch (...) {
+        discard();
+        throw;
+    }
 }
 
-Archive::~Archive() {
+Archive::~Archive() { discard(); }
+
+void Archive::discard() {
     if (zip_ != nullptr) zip_discard(zip_);
     if (source_ != nullptr) zip_source_free(source_);
 }
@@ -68,18 +127,26 @@ std::string Archive::read(const std::string& part) const {
     if (zip_stat(zip_, part.c_str(), ZIP_FL_NOCASE, &state) != 0 ||
         (state.valid & ZIP_STAT_SIZE) == 0)
         refuse_damaged("has no part " + part);
-    if (state.size > largest_part) refuse_damaged("its part " + part + " is larger than 2 GiB");
     zip_file_t* file = zip_fopen_index(zip_, state.index, 0);
     if (file == nullptr)
         refuse_damaged("its part " + part + " cannot be read: " + zip_strerror(zip_));
-    std::string content(state.size, '\0');
-    const zip_int64_t count = zip_fread(file, content.data(), content.size());
+    const std::unique_ptr<zip_file_t, int (*)(zip_file_t*)> open(file, zip_fclose);
+    std::string content;
+    content.reserve(state.size);
+    while (content.size() < state.size) {
+        const std::size_t before = content.size();
+        content.resize(before + std::min<zip_uint64_t>(mebibyte, state.size - before));
+        char* const chunk = content.data() + before;
+        const std::size_t size = content.size() - before;
+        if (zip_fread(file, chunk, size) != static_cast<zip_int64_t>(size))
+            refuse_damaged("its part " + part + " is damaged");
+        // A cell has at most 32767 characters.
+        if (size == mebibyte && std::memchr(chunk, '<', size) == nullptr)
+            refuse_damaged("its part " + part + " has a stretch of 1 MiB without an element");
+    }
     // The checksum is compared at the end of the part.
     char beyond = 0;
-    const bool whole =
-        count == static_cast<zip_int64_t>(state.size) && zip_fread(file, &beyond, 1) == 0;
-    zip_fclose(file);
-    if (!whole) refuse_damaged("its part " + part + " is damaged");
+    if (zip_fread(file, &beyond, 1) != 0) refuse_damaged("its part " + part + " is damaged");
     return content;
 }
 
@@ -95,6 +162,9 @@ void Archive::replace(const std::string& part, std::string content) {
         zip_source_free(source);
         refuse_damaged("its part " + part + " cannot be replaced: " + zip_strerror(zip_));
     }
+    // One date for all, the first that an archive knows: the same results give the same file.
+    constexpr zip_uint16_t first_of_1980 = (1U << 5U) | 1U;
+    zip_file_set_dostime(zip_, static_cast<zip_uint64_t>(index), 0, first_of_1980, 0);
     zip_set_file_compression(zip_, static_cast<zip_uint64_t>(index), ZIP_CM_DEFLATE,
                              compression_level);
 }

@@ -10,9 +10,12 @@ struct zip_source;
 namespace zel::xlsx {
 
 /// The parts of an xlsx file, a zip archive held in memory. Parts that are not replaced keep their
-/// compressed bytes, their order and their dates. Throws `WorkbookError` (`Damaged`).
+/// compressed bytes, their order and their dates; those that are have the date 1980-01-01. Throws
+/// `WorkbookError` (`Damaged`).
 class Archive {
 public:
+    /// Refuses files of other kinds by what they are, and one whose parts together unpack to more
+    /// than 1 GiB, or to more than 64 MiB and 50 times its size.
     explicit Archive(std::string_view bytes);
     ~Archive();
     Archive(const Archive&) = delete;
@@ -20,7 +23,8 @@ public:
 
     [[nodiscard]] bool has(const std::string& part) const;
 
-    /// The content of a part. A part that is missing, broken or larger than 2 GiB is a damage.
+    /// The content of a part. A part that is missing, broken or without an element for 1 MiB is a
+    /// damage.
     [[nodiscard]] std::string read(const std::string& part) const;
 
     void replace(const std::string& part, std::string content);
@@ -30,6 +34,8 @@ public:
     [[nodiscard]] std::string close();
 
 private:
+    void discard();
+
     std::deque<std::string> replaced_;  // read when the archive is closed
     zip* zip_ = nullptr;
     zip_source* source_ = nullptr;

@@ -5,12 +5,28 @@
 namespace zel::xlsx {
 namespace {
 
+constexpr std::string_view blanks = " \t\r\n";
+constexpr std::string_view end_of_name = " \t\r\n/>";
+
 [[noreturn]] void refuse_end() { refuse_damaged("an XML part ends in the middle"); }
 
 }  // namespace
 
 void refuse_damaged(const std::string& reason) {
     throw WorkbookError(WorkbookFault::Damaged, reason);
+}
+
+std::string shortened(std::string_view text, std::size_t most) {
+    if (text.size() <= most) return std::string(text);
+    std::size_t end = most;
+    // UTF-8: further bytes of a character begin with the bits 10.
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;
+    return std::string(text.substr(0, end)) + "...";
+}
+
+void require_utf8(std::string_view xml) {
+    if (xml.starts_with("\xFE\xFF") || xml.starts_with("\xFF\xFE"))
+        refuse_damaged("is written in UTF-16, which is not understood");
 }
 
 std::size_t TagWalk::behind(std::string_view mark, std::size_t from) const {
@@ -53,7 +69,7 @@ std::optional<Tag> TagWalk::next() {
             const bool close = rest.starts_with("/");
             const std::size_t name = begin + (close ? 2 : 1);
             std::size_t i = name;
-            while (i < xml_.size() && std::string_view(" \t\r\n/>").find(xml_[i]) == rest.npos) ++i;
+            while (i < xml_.size() && end_of_name.find(xml_[i]) == rest.npos) ++i;
             tag.name = xml_.substr(name, i - name);
             tag.begin = begin;
             tag.end = at_ = end_of_tag(i);
@@ -62,6 +78,25 @@ std::optional<Tag> TagWalk::next() {
             return tag;
         }
     }
+}
+
+std::optional<Attribute> attribute_of(std::string_view tag, std::string_view name) {
+    std::size_t at = tag.find_first_of(blanks);
+    while (at < tag.size()) {
+        Attribute found{{at, at}, {}};
+        const std::size_t begin = tag.find_first_not_of(blanks, at);
+        const std::size_t equals = tag.find('=', at);
+        if (begin == tag.npos || equals == tag.npos) break;
+        const std::size_t quote = tag.find_first_not_of(blanks, equals + 1);
+        if (quote == tag.npos || (tag[quote] != '"' && tag[quote] != '\'')) break;
+        const std::size_t end = tag.find(tag[quote], quote + 1);
+        if (end == tag.npos) break;
+        found.whole.end = at = end + 1;
+        found.value = {quote + 1, end};
+        const std::size_t name_end = tag.find_first_of(" \t\r\n=", begin);
+        if (tag.substr(begin, name_end - begin) == name) return found;
+    }
+    return std::nullopt;
 }
 
 std::string_view local_name(std::string_view name) {
@@ -87,6 +122,17 @@ std::optional<std::string_view> next_element(std::string_view xml, TagWalk& walk
         if (tag->kind != TagKind::Close && local_name(tag->name) == name)
             return element_of(xml, walk, *tag);
     return std::nullopt;
+}
+
+std::optional<ChildWalk::Child> ChildWalk::next() {
+    if (!parent_ || parent_->kind != TagKind::Open) return std::nullopt;
+    const auto tag = walk_.next();
+    if (!tag) refuse_end();
+    if (tag->kind == TagKind::Close) {
+        parent_.reset();
+        return std::nullopt;
+    }
+    return Child{*tag, {tag->begin, tag->begin + element_of(xml_, walk_, *tag).size()}};
 }
 
 }  // namespace zel::xlsx

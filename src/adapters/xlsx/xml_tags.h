@@ -12,6 +12,20 @@ namespace zel::xlsx {
 /// Throws `WorkbookError` (`Damaged`).
 [[noreturn]] void refuse_damaged(const std::string& reason);
 
+/// `text`, cut where it is longer than `most` bytes, and "..." behind it; never inside a character.
+[[nodiscard]] std::string shortened(std::string_view text, std::size_t most = 60);
+
+/// A stretch of a text, from its first byte to behind its last.
+struct Stretch {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+
+    [[nodiscard]] bool empty() const { return begin == end; }
+    [[nodiscard]] std::string_view of(std::string_view text) const {
+        return text.substr(begin, end - begin);
+    }
+};
+
 enum class TagKind { Open, Close, Empty };
 
 struct Tag {
@@ -37,6 +51,19 @@ private:
     std::size_t at_;
 };
 
+/// Where an attribute stands in its tag.
+struct Attribute {
+    Stretch whole;  // from the blanks before its name to behind the closing quote
+    Stretch value;  // between the quotes, not unescaped
+};
+
+/// The attribute `name` of the tag `tag`, which begins with "<"; nothing where there is none.
+[[nodiscard]] std::optional<Attribute> attribute_of(std::string_view tag, std::string_view name);
+
+/// Throws `WorkbookError` (`Damaged`) where `xml` is written in UTF-16: by its bytes only UTF-8 can
+/// be walked.
+void require_utf8(std::string_view xml);
+
 /// A name without its prefix: "row" of "x:row".
 [[nodiscard]] std::string_view local_name(std::string_view name);
 
@@ -46,5 +73,25 @@ private:
 /// The next element of the local name `name`, or nothing.
 [[nodiscard]] std::optional<std::string_view> next_element(std::string_view xml, TagWalk& walk,
                                                            std::string_view name);
+
+/// Walks the children of the first element of `xml`, such as the root.
+class ChildWalk {
+public:
+    struct Child {
+        Tag tag;          // that opens it
+        Stretch element;  // in the text that is walked
+    };
+
+    explicit ChildWalk(std::string_view xml) : xml_(xml), walk_(xml), parent_(walk_.next()) {}
+
+    [[nodiscard]] std::optional<Child> next();
+    /// The tag of the first element itself; nothing where there is none.
+    [[nodiscard]] const std::optional<Tag>& parent() const { return parent_; }
+
+private:
+    std::string_view xml_;
+    TagWalk walk_;
+    std::optional<Tag> parent_;
+};
 
 }  // namespace zel::xlsx

@@ -144,5 +144,67 @@ TEST(XlsxRead, damaged_files_are_refused_with_place_and_reason) {
     EXPECT_NE(refusal_of(flipped), "");
 }
 
+TEST(XlsxRead, files_of_other_kinds_are_told) {
+    const auto wide = [](std::string_view text) {
+        std::string out = "\xD0\xCF\x11\xE0 ";
+        for (const char c : text) (out += c) += '\0';
+        return out;
+    };
+    EXPECT_EQ(refusal_of(wide("EncryptedPackage")),
+              "a.xlsx: is protected by a password: save it without one");
+    EXPECT_EQ(refusal_of(wide("Workbook")),
+              "a.xlsx: is no xlsx file but one of the older kind (xls): save it as xlsx");
+    EXPECT_EQ(refusal_of(packed({{"mimetype", "application/vnd.oasis.opendocument.spreadsheet"}})),
+              "a.xlsx: is no xlsx file but an OpenDocument file (ods): save it as xlsx");
+    Parts binary = workbook_with(sheet_of(""));
+    std::string& links = binary[1].second;
+    links.replace(links.find("workbook.xml"), 12, "workbook.bin");
+    EXPECT_EQ(refusal_of(packed(binary)),
+              "a.xlsx: is a workbook of the binary kind (xlsb): save it as xlsx");
+}
+
+std::string repeated(const std::string& text, std::size_t count) {
+    std::string all;
+    while (count-- > 0) all += text;
+    return all;
+}
+
+TEST(XlsxRead, small_files_that_fill_the_memory_are_refused) {
+    constexpr std::size_t mebibyte = 1U << 20U;
+    const auto refused_rows = [](const std::string& rows) {
+        return refusal_of(packed(workbook_with(sheet_of(rows))));
+    };
+    const std::string blanks(mebibyte - 1, ' ');
+    EXPECT_THAT(refused_rows(repeated("<row/>" + blanks, 66)),
+                StartsWith("a.xlsx: unpacks to 66 MiB, more than 50 times its size"));
+    EXPECT_EQ(refused_rows(blanks), "");
+    EXPECT_THAT(refused_rows(blanks + blanks + blanks),
+                StartsWith("a.xlsx: input: its part xl/worksheets/first.xml has a stretch of 1"));
+    EXPECT_EQ(refused_rows("<row r=\"5\">" + repeated("<c/>", 16384) + "</row>"), "");
+    EXPECT_EQ(refused_rows("<row r=\"5\">" + repeated("<c/>", 16385) + "</row>"),
+              "a.xlsx: input: has more than 16384 cells in row 5");
+    EXPECT_EQ(refused_rows("<row r=\"5\">" + repeated("<c/>", 2 * mebibyte) + "</row>"),
+              "a.xlsx: input: has a damaged row: it is larger than 8 MiB");
+    Parts parts;
+    while (parts.size() <= 10000) parts.push_back({"p" + std::to_string(parts.size()), ""});
+    EXPECT_EQ(refusal_of(packed(parts)), "a.xlsx: has 10001 parts, more than any workbook");
+}
+
+TEST(XlsxRead, one_long_text_in_many_cells_is_cut) {
+    const auto text = [](const std::string& written) {
+        return opened(workbook_of(R"(<c r="C5" t="str"><v>)" + written + "</v></c>"))->text(5, 3);
+    };
+    EXPECT_EQ(text(std::string(1000, '1')), std::string(1000, '1'));
+    EXPECT_EQ(text(std::string(1001, '1')), std::string(1000, '1') + "...");
+    EXPECT_EQ(text(std::string(999, '1') + "\u00E4"), std::string(999, '1') + "...");
+}
+
+TEST(XlsxRead, two_worksheets_with_the_same_cells_are_refused) {
+    Parts parts = workbook_with(sheet_of(""));
+    std::string& workbook = parts[2].second;
+    workbook.insert(workbook.find("</sheets>"), R"(<sheet name="copy" sheetId="2" r:id="rId7"/>)");
+    EXPECT_EQ(refusal_of(packed(parts)), "a.xlsx: its worksheet copy has the cells of another one");
+}
+
 }  // namespace
 }  // namespace zel::xlsx

@@ -81,6 +81,38 @@ TEST(XlsxWrite, other_parts_keep_their_bytes) {
         EXPECT_EQ(saved[part] == content, part != first_sheet);
 }
 
+TEST(XlsxWrite, a_workbook_is_written_the_same_again) {
+    std::string saved;
+    auto workbook = open_xlsx("a.xlsx", packed(workbook_with(sheet_of("<row r=\"1\"/>"))),
+                              [&](std::string_view bytes) { saved = bytes; });
+    workbook->select("input");
+    workbook->set_number(1, 1, 1);
+    workbook->save();
+    // The date of a part stands behind its signature, in its own head and in the list of all.
+    constexpr std::string_view first_of_1980("\0\0\x21\0", 4);
+    const std::size_t in_list = saved.rfind("PK\x01\x02", saved.rfind(first_sheet));
+    EXPECT_EQ(saved.substr(in_list + 12, 4), first_of_1980);
+    const std::size_t in_head = saved.rfind("PK\x03\x04", saved.find(first_sheet));
+    EXPECT_EQ(saved.substr(in_head + 10, 4), first_of_1980);
+}
+
+TEST(XlsxWrite, other_bytes_of_the_workbook_part_stay) {
+    for (const auto& [settings, becomes] :
+         {std::pair{"<calcPr calcId='1' />\r\n", "<calcPr calcId='1' fullCalcOnLoad=\"1\" />\r\n"},
+          {"<calcPr fullCalcOnLoad = '0'/>", "<calcPr fullCalcOnLoad = '1'/>"},
+          {"<calcPr fullCalcOnLoad=\"true\"/>", "<calcPr fullCalcOnLoad=\"true\"/>"},
+          {"", "<calcPr fullCalcOnLoad=\"1\"/>"}}) {
+        Parts parts = workbook_with(sheet_of(R"(<row r="1"><c r="B1"><f>A1</f><v>2</v></c></row>)"),
+                                    {}, {}, settings);
+        std::string& workbook = parts[2].second;
+        workbook.insert(xml_head.size(), "\r\n");
+        std::string expected = workbook;
+        const std::size_t at = expected.find("</sheets>") + 9;
+        expected.replace(at, std::string_view(settings).size(), becomes);
+        EXPECT_EQ(changed(parts, 1, 1)["xl/workbook.xml"], expected);
+    }
+}
+
 TEST(XlsxWrite, an_overwritten_formula_leaves_the_calculation_chain) {
     const Parts parts = workbook_with(sheet_of(R"(<row r="1"><c r="A1"><f>1+1</f><v>2</v></c>)"
                                                R"(<c r="B1"><f>A1</f><v>2</v></c></row>)"),

@@ -1,0 +1,20 @@
+#include "adapters/xlsx/xml_tree.h"
+
+#include "adapters/xlsx/xml_tags.h"
+
+namespace zel::xlsx {
+
+void parse_tree(pugi::xml_document& document, std::string_view xml, const std::string& what,
+                unsigned flags) {
+    if (xml.size() > largest_tree) refuse_damaged(what + ": it is larger than 8 MiB");
+    const auto parsed = document.load_buffer(xml.data(), xml.size(), flags);
+    if (!parsed) refuse_damaged(what + ": " + parsed.description());
+}
+
+pugi::xml_node child(const pugi::xml_node& parent, std::string_view name) {
+    for (const pugi::xml_node node : parent.children())
+        if (local_name(node.name()) == name) return node;
+    return {};
+}
+
+}  // namespace zel::xlsx
