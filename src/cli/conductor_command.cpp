@@ -263,7 +263,7 @@ int list(const ListWords& words) {
 /// The one of the settings, which is made where it belongs to this program and is missing.
 std::string exchange_file() {
     ProgramStores stores;
-    start_companion_once(stores);
+    provide_exchange_file(stores);
     std::string path = stores.settings().now().Einseil1_dat;
     if (path.empty()) throw InputError(Reason(no_exchange_file));
     return path;

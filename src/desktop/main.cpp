@@ -13,7 +13,7 @@ namespace {
 /// What cannot be made is missing when start-up reads it, which tells so.
 void start_companion(ProgramStores& stores, LangId lang) {
     try {
-        start_companion_once(stores);
+        provide_exchange_file(stores);
     } catch (const OutputError& error) {
         Console::tell_reason(error.told(lang));
     }

@@ -30,9 +30,12 @@ struct ProgramStores {
 
 /// Stands in for the first start of the conductor database, which makes the shared settings file
 /// with its two keys and the exchange file, and makes the folder for the user's data. Does nothing
-/// where the settings name an exchange file, or another program for the conductors. Throws
-/// `OutputError`.
+/// where the settings file is there. Throws `OutputError`.
 void start_companion_once(ProgramStores& stores);
+
+/// The same where the settings file names neither an exchange file nor another program that would
+/// make one.
+void provide_exchange_file(ProgramStores& stores);
 
 /// Where the conductors of the library stand: the shipped ones in share/zel beside the folder of
 /// the program (of a build as of an installation), the user's own in the data folder.
