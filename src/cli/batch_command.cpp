@@ -3,12 +3,13 @@
 #include "cli/batch_progress.h"
 #include "cli/case_output.h"
 #include "cli/commands.h"
-#include "excel_batch/batch_run.h"
+#include "excel_batch/batch_texts.h"
 #include "platform/errors.h"
 #include "program/conductor_source.h"
 #include "program/console.h"
 #include "program/stores.h"
 #include "shell/case_settings.h"
+#include "workflow/run/notes.h"
 
 namespace zel {
 namespace {
@@ -56,19 +57,31 @@ private:
     std::vector<Box> unheard_;
 };
 
-std::string document(const BatchResult& result, const Console& console, double seconds) {
+/// The remarks with their rows.
+ordered_json notes_in(const BatchResult& result, LangId lang) {
+    ordered_json list = json_of(notes_of(result, lang));
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        list[i]["rows"] = result.notes[i].rows;
+        list[i]["first_row"] = result.notes[i].first_row;
+    }
+    return list;
+}
+
+std::string document(const BatchResult& result, const Console& console, double seconds,
+                     LangId lang) {
     return json_text({{"rows", result.rows},
                       {"active", result.active},
                       {"inactive", result.inactive},
                       {"errors", result.errors},
                       {"messages", json_of(console.messages())},
+                      {"notes", notes_in(result, lang)},
                       {"seconds", seconds}});
 }
 
-std::string page(const BatchResult& result) {
+std::string page(const BatchResult& result, LangId lang) {
     std::string text;
     for (const std::string& line : result.summary) text += without_outer_blanks(line) + "\n";
-    return text;
+    return text + notes_text(notes_of(result, lang), lang);
 }
 
 int status_of(const BatchResult& result) {
@@ -120,7 +133,8 @@ int calculate_workbook(const BatchWords& words) {
     const double seconds = progress.seconds();
     progress.clear();
     if (status == exit_refused) dialogs.tell_unheard();
-    return print_or_fail(words.json ? document(result, console, seconds) : printable(page(result)),
+    return print_or_fail(words.json ? document(result, console, seconds, words.lang)
+                                    : printable(page(result, words.lang)),
                          status);
 }
 

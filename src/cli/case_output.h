@@ -36,7 +36,7 @@ namespace zel {
 struct TransientReport {
     std::optional<Method> method;
     std::optional<TransientStart> start;
-    TransientRunResult run;
+    TransientResult run;
     std::optional<std::vector<RowSeries>> series;
     std::vector<Note> notes{};  // on the steady state and on the rows
 };

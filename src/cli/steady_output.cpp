@@ -17,7 +17,7 @@ ordered_json json_of(const std::optional<double>& value) {
 }
 
 ordered_json json_of(const MethodResult& line) {
-    const MethodOutcome& outcome = line.outcome;
+    const SteadyResult& outcome = line.outcome;
     ordered_json entry = {{"method", key_of(line.method)},
                           {"status", outcome.fault.empty() ? outcome.status : outcome.fault},
                           {"caption", line.caption},

@@ -185,7 +185,17 @@ private:
                 workbook_.set_text(row, column, text);
         }
         result_.errors += outcome.errors;
+        for (const std::string_view code : outcome.notes) count_note(code, row);
         return true;
+    }
+
+    void count_note(std::string_view code, int row) {
+        const auto known = std::find_if(result_.notes.begin(), result_.notes.end(),
+                                        [&](const BatchNote& note) { return note.code == code; });
+        if (known == result_.notes.end())
+            result_.notes.push_back({code, 1, row});
+        else
+            ++known->rows;
     }
 
     /// Rows behind the limit are left out, but not in silence.

@@ -27,7 +27,8 @@ struct ResultCell {
 struct RowOutcome {
     std::vector<Box> refusals;  // of wrong cells; the row was not calculated then
     std::vector<ResultCell> cells;
-    int errors = 0;           // results that could not be calculated
+    int errors = 0;                       // results that could not be calculated
+    std::vector<std::string_view> notes;  // codes of what is remarkable about the results
     std::string program_end;  // why the row had to end the program; empty where it had not
 };
 

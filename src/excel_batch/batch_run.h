@@ -50,12 +50,20 @@ enum class BatchEnd : std::uint8_t {
     Broken,   // wrong input in a row; the rows before it are saved
 };
 
+/// A remark of the program's own on results, see docs/notes.md.
+struct BatchNote {
+    std::string_view code;
+    int rows = 0;  // that it is about
+    int first_row = 0;
+};
+
 struct BatchResult {
     BatchEnd end = BatchEnd::Refused;
     int rows = 0;  // that were read: active and inactive ones
     int active = 0;
     int inactive = 0;
     int errors = 0;                    // results that could not be calculated
+    std::vector<BatchNote> notes;      // in the order of their first rows
     bool saved = false;                // otherwise the workbook is as it was
     std::vector<std::string> summary;  // what was read, and where the results stand
 };

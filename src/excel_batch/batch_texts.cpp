@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "tb601_transient/transient/transient_texts.h"
+#include "workflow/run/notes.h"
 
 namespace zel::excel_batch {
 namespace {
@@ -19,7 +20,40 @@ constexpr Text summary = {
     "The results can be viewed now with Excel within the file: {3}   \n"
     "in worksheet:   {4}"};
 
+constexpr Text counted_note = {"{0} Zeilen, zuerst Zeile {1}: {2}", "{0} rows, first row {1}: {2}"};
+
+struct NoteText {
+    std::string_view code;
+    Text text;
+};
+
+constexpr NoteText note_texts[] = {
+    {note_code::wind_fold,
+     {"der durch Abzug gefaltete Windwinkel ist nicht der spitze Winkel zwischen Wind und Leitung.",
+      "the angle of the wind, folded by subtraction, is not the acute one between wind and line."}},
+    {note_code::balance,
+     {"die Wärmebilanz geht um mehr als 1 % der Stromwärme nicht auf.",
+      "the heat balance misses by more than 1 % of the Joule heat."}},
+    {note_code::short_table,
+     {"die Tabelle der AC-Widerstände endet vor ihrem letzten Wertepaar.",
+      "the table of AC resistances ends before its last filled pair."}},
+    {note_code::assumed,
+     {"Kniepunkt oder radiale Wärmeleitfähigkeit sind angenommen.",
+      "the knee point or a radial conductivity is assumed."}},
+};
+
 }  // namespace
+
+std::vector<Note> notes_of(const BatchResult& result, LangId lang) {
+    std::vector<Note> notes;
+    for (const BatchNote& note : result.notes)
+        for (const auto& [code, text] : note_texts)
+            if (code == note.code)
+                notes.push_back({code, fill(counted_note.in(lang),
+                                            {std::to_string(note.rows),
+                                             std::to_string(note.first_row), text.in(lang)})});
+    return notes;
+}
 
 std::vector<std::string> summary_of(const BatchResult& result, std::string_view workbook,
                                     LangId lang) {

@@ -7,6 +7,7 @@
 #include "excel_batch/batch_run.h"
 #include "platform/message_box.h"
 #include "shell/program_texts.h"
+#include "workflow/run/steady_run.h"
 
 // What a run tells. The wordings are joined without blanks of their own.
 
@@ -94,6 +95,9 @@ inline constexpr BoxText rows_beyond_limit = {
 /// The lines at the end of a run that went through: what was read, and where the results stand.
 [[nodiscard]] std::vector<std::string> summary_of(const BatchResult& result,
                                                   std::string_view workbook, LangId lang);
+
+/// The remarks on the rows, counted.
+[[nodiscard]] std::vector<Note> notes_of(const BatchResult& result, LangId lang);
 
 /// "1 h 02 min 03 sec" of 3723 s.
 [[nodiscard]] std::string duration_text(double seconds);

@@ -1,3 +1,5 @@
+#include <functional>
+
 #include "excel_batch/batch_frame.h"
 #include "excel_batch/batch_texts.h"
 #include "excel_batch/missing_data.h"
@@ -5,6 +7,7 @@
 #include "platform/arithmetic_fault.h"
 #include "platform/errors.h"
 #include "workflow/rules/derived.h"
+#include "workflow/run/notes.h"
 
 namespace zel::excel_batch {
 namespace {
@@ -19,9 +22,7 @@ CalcCase start_case(const CalcCase& preset) {
     return c;
 }
 
-/// `S_00_io_excel_gesamt_rahmen_stat`: without conductor columns its rows are those of
-/// `S_03_io_excel_Eingabe_variabel_horizontal_einlesen_pruefen_rechnen_ausgeben_stat`, with them
-/// those of `..._stat_var_seildaten`.
+/// `S_00_io_excel_gesamt_rahmen_stat`.
 class SteadySteps : public BatchSteps {
 public:
     explicit SteadySteps(const BatchJob& job)
@@ -38,10 +39,47 @@ public:
                                                         reading);
     }
     PassEnd work(Workbook& workbook, const SheetOrigin& origin, BatchResult& result) override {
+        const auto rows =
+            kind_ == WorkbookKind::SteadyFix
+                ? &SteadySteps::
+                      S_03_io_excel_Eingabe_variabel_horizontal_einlesen_pruefen_rechnen_ausgeben_stat
+                : &SteadySteps::
+                      S_03_io_excel_Eingabe_variabel_horizontal_einlesen_pruefen_rechnen_ausgeben_stat_var_seildaten;
+        return (this->*rows)(workbook, origin, result);
+    }
+    [[nodiscard]] bool keeps_rows_before(PassEnd end) const override {
+        return end == PassEnd::Stopped;
+    }
+
+private:
+    /// All rows have the conductor of the first sheet.
+    PassEnd S_03_io_excel_Eingabe_variabel_horizontal_einlesen_pruefen_rechnen_ausgeben_stat(
+        Workbook& workbook, const SheetOrigin& origin, BatchResult& result) const {
+        return rated_rows(workbook, origin, result, [this](int /*row*/) {
+            return missing_conductor_data(fixed_, kind_, 0, job_.session.lang);
+        });
+    }
+
+    /// Each row has a conductor of its own.
+    PassEnd
+    S_03_io_excel_Eingabe_variabel_horizontal_einlesen_pruefen_rechnen_ausgeben_stat_var_seildaten(
+        Workbook& workbook, const SheetOrigin& origin, BatchResult& result) const {
+        return rated_rows(workbook, origin, result, [&](int row) {
+            return missing_conductor_data(with_conductor_of(workbook, row, fixed_), kind_, row,
+                                          job_.session.lang);
+        });
+    }
+
+    /// What `missing_data` finds in a row is told of the first row that is concerned.
+    PassEnd rated_rows(Workbook& workbook, const SheetOrigin& origin, BatchResult& result,
+                       const std::function<std::vector<Box>(int row)>& missing_data) const {
         workbook.clear(result_area(kind_));
         RowWork work = {row_of(kind_).first_row, steady_columns(kind_), rows_of_a_block};
         work.seen = [&, warned = false](int row) mutable {
-            warned = warned || warn_of_missing_data(workbook, row);
+            if (warned) return;
+            const auto boxes = missing_data(row);
+            tell(job_.session, boxes);
+            warned = kind_ == WorkbookKind::SteadyFix || !boxes.empty();
         };
         work.calculate = [this](const RowTexts& row, CellReading& reading, RowOutcome& outcome) {
             CalcCase c = fixed_;
@@ -50,20 +88,6 @@ public:
         };
         return work_rows(job_, origin, workbook, work, result);
     }
-    [[nodiscard]] bool keeps_rows_before(PassEnd end) const override {
-        return end == PassEnd::Stopped;
-    }
-
-private:
-    /// Told once, of the first row that is concerned; false where later rows may be.
-    [[nodiscard]] bool warn_of_missing_data(Workbook& workbook, int row) const {
-        const bool fix = kind_ == WorkbookKind::SteadyFix;
-        const auto boxes = fix ? missing_conductor_data(fixed_, kind_, 0, job_.session.lang)
-                               : missing_conductor_data(with_conductor_of(workbook, row, fixed_),
-                                                        kind_, row, job_.session.lang);
-        tell(job_.session, boxes);
-        return fix || !boxes.empty();
-    }
 
     void run_methods(CalcCase& c, RowOutcome& outcome) const {
         const ArithmeticScope arithmetic;
@@ -71,16 +95,18 @@ private:
         S_Stromstaerke_buendel(c, DecimalSeparator::Comma);
         const bool sound = arithmetic.fault() == ArithmeticFault::None;
         const Session session = silent(job_.session);
-        for (const ResultColumns& columns : steady_results)
-            if (is_selected(c, columns.method))
-                add(columns, c,
-                    sound ? find_method(columns.method)->run(c, angle, session)
-                          : MethodOutcome{std::string(failed_result), {}, {}, {}, {}},
-                    outcome);
+        std::vector<SteadyResult> results;
+        for (const ResultColumns& columns : steady_results) {
+            if (!is_selected(c, columns.method)) continue;
+            results.push_back(sound ? find_method(columns.method)->run(c, angle, session)
+                                    : SteadyResult{std::string(failed_result), {}, {}, {}, {}});
+            add(columns, c, results.back(), outcome);
+        }
+        if (sound) outcome.notes = remarkable(c, results);
     }
 
     /// Webs and Kirn have no status text: where they fail their cell stays empty.
-    void add(const ResultColumns& columns, const CalcCase& c, const MethodOutcome& method,
+    void add(const ResultColumns& columns, const CalcCase& c, const SteadyResult& method,
              RowOutcome& row) const {
         const bool current_sought = c.Leitertemp_Merker_db;
         const int column = current_sought ? columns.current(kind_) : columns.temperature(kind_);

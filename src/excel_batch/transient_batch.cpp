@@ -1,4 +1,6 @@
 #include <array>
+#include <functional>
+#include <utility>
 
 #include "excel_batch/batch_frame.h"
 #include "excel_batch/batch_texts.h"
@@ -7,7 +9,7 @@
 #include "platform/errors.h"
 #include "tb601_transient/transient/transient_excel.h"
 #include "workflow/rules/derived.h"
-#include "workflow/run/steady_methods.h"
+#include "workflow/run/notes.h"
 
 namespace zel::excel_batch {
 namespace {
@@ -51,8 +53,9 @@ public:
     void rate(RowOutcome& row) {
         c_.Leitertemp_Merker_db = true;
         c_.Stromstaerke_Merker_db = false;
-        const MethodOutcome steady = run_steady();
+        const SteadyResult steady = run_steady();
         if (!steady.sound()) return fail(row, patl_column, failed_result);
+        row.notes = remarkable(c_, {&steady, 1});
         const double PATL_Strom = *steady.current_A;
         add(row, patl_column, PATL_Strom, patl_mask);
         for (std::size_t n = 0; n < percents_.size(); ++n)
@@ -66,7 +69,7 @@ private:
         c_.Leitertemp_Merker_db = false;
         c_.Stromstaerke_Merker_db = true;
         c_.Stromstaerke_db.value = preload;
-        const MethodOutcome steady = run_steady();
+        const SteadyResult steady = run_steady();
         if (!steady.sound()) return fail(row, column, failed_result);
         const auto search = TS_S01_CigreTB601_temp_strom_transient_state_Excel(
             {seconds_, *steady.temperature_C, static_cast<float>(c_.Leitertemp_db.value),
@@ -80,7 +83,7 @@ private:
         add(row, column, static_cast<double>(TATL), tatl_mask);
     }
 
-    MethodOutcome run_steady() { return find_method(Method::TB601)->run(c_, angle_, silent_); }
+    SteadyResult run_steady() { return find_method(Method::TB601)->run(c_, angle_, silent_); }
 
     void add(RowOutcome& row, int column, double current, std::string_view mask) const {
         if (const auto number = rounded(current * c_.Anzahl_Teilleiter_db, mask))
@@ -122,14 +125,13 @@ public:
     PassEnd work(Workbook& workbook, const SheetOrigin& origin, BatchResult& result) override {
         job_.observer.time_suffix(as_array_ ? " (Array)" : " (row by by)");
         write_headers(workbook);
-        RowWork work = {first_row, transient_columns(), rows_of_a_block};
-        work.prepare = [&](int active) { return prepare(active, workbook, origin); };
-        work.calculate = [this](const RowTexts& row, CellReading& reading, RowOutcome& outcome) {
-            CalcCase c = fixed_.c;
-            const double seconds = take(row, c, reading);
-            if (reading.sound()) RatedRow(job_, fixed_.percents, c, seconds).rate(outcome);
-        };
-        return work_rows(job_, origin, workbook, work, result);
+        return as_array_
+                   ? S_1032_io_excel_rechnen_Array_einschreiben_Excel_Ausgabe_Strom_Temp_transient(
+                         workbook, origin, result)
+                   : rows(workbook, origin, result, [this](int active) {
+                         warn_of_missing_data(active);
+                         return PassEnd::Done;
+                     });
     }
     [[nodiscard]] bool keeps_rows_before(PassEnd end) const override {
         return !as_array_ && end != PassEnd::Refused;
@@ -137,6 +139,32 @@ public:
 
 private:
     static constexpr int first_row = row_of(WorkbookKind::Transient).first_row;
+
+    /// All rows are checked before the first is calculated, which is done as cell by cell.
+    PassEnd S_1032_io_excel_rechnen_Array_einschreiben_Excel_Ausgabe_Strom_Temp_transient(
+        Workbook& workbook, const SheetOrigin& origin, BatchResult& result) const {
+        return rows(workbook, origin, result, [&](int active) {
+            if (active > array_rows) {
+                job_.session.tell(box_in(lang(), array_too_small,
+                                         {std::to_string(array_rows), std::to_string(active)}));
+                return PassEnd::Refused;
+            }
+            warn_of_missing_data(active);
+            return check_all(active, workbook, origin);
+        });
+    }
+
+    PassEnd rows(Workbook& workbook, const SheetOrigin& origin, BatchResult& result,
+                 std::function<PassEnd(int active)> prepare) const {
+        RowWork work = {first_row, transient_columns(), rows_of_a_block};
+        work.prepare = std::move(prepare);
+        work.calculate = [this](const RowTexts& row, CellReading& reading, RowOutcome& outcome) {
+            CalcCase c = fixed_.c;
+            const double seconds = take(row, c, reading);
+            if (reading.sound()) RatedRow(job_, fixed_.percents, c, seconds).rate(outcome);
+        };
+        return work_rows(job_, origin, workbook, work, result);
+    }
 
     [[nodiscard]] LangId lang() const { return job_.session.lang; }
 
@@ -149,16 +177,10 @@ private:
             workbook.set_text(header_row, ++column, fill(tatl_header.in(lang()), {percent}));
     }
 
-    PassEnd prepare(int active, Workbook& workbook, const SheetOrigin& origin) const {
-        if (as_array_ && active > array_rows) {
-            job_.session.tell(box_in(lang(), array_too_small,
-                                     {std::to_string(array_rows), std::to_string(active)}));
-            return PassEnd::Refused;
-        }
+    void warn_of_missing_data(int active) const {
         if (active > 0)
             tell(job_.session,
                  missing_conductor_data(fixed_.c, WorkbookKind::Transient, 0, lang()));
-        return as_array_ ? check_all(active, workbook, origin) : PassEnd::Done;
     }
 
     /// Takes a row into a case of its own; gives the time of the TATL in s.

@@ -48,8 +48,9 @@ struct Section {
 };
 
 struct InputState {
-    bool open = true;    // takes an input
-    bool needed = true;  // label and unit are not greyed
+    bool open = true;      // takes an input
+    bool needed = true;    // label and unit are not greyed
+    bool assumed = false;  // nobody gave what stands there
 };
 
 /// Why a typed text was refused.

@@ -104,13 +104,15 @@ InputState LineForm::state(const Row& row) const {
     for (const GivenValueRow& given : given_value_rows())
         if (given.control == std::string_view(row.control))
             state.open = given.value == given_value(c_);
+    if (const auto* number = member<Number>(row)) state.assumed = (c_.**number).assumed;
     return state;
 }
 
 std::string LineForm::listed(const Row& row) const {
     const std::string text = text_in_listing(row);
     if (text.empty() || row.is_list() || row.field->unit.empty()) return text;
-    return text + " " + std::string(row.field->unit);
+    const std::string whole = text + " " + std::string(row.field->unit);
+    return state(row).assumed ? whole + " " + std::string(assumed_mark.in(locale_.lang)) : whole;
 }
 
 std::string LineForm::text_in_listing(const Row& row) const {
@@ -140,6 +142,10 @@ std::optional<Refusal> LineForm::enter(const Row& row, std::string_view text) {
 
 void LineForm::choose(const Row& row, int index) {
     c_.*std::get<Whole>(key(row)) = row.choices[static_cast<std::size_t>(index)].value;
+}
+
+void LineForm::typed_into(const Row& row) {
+    if (const auto* number = member<Number>(row)) (c_.**number).assumed = false;
 }
 
 std::string_view LineForm::next_control(std::string_view control) const {

@@ -34,6 +34,8 @@ public:
     /// A refused text leaves the field without input.
     std::optional<Refusal> enter(const Row& row, std::string_view text) override;
     void choose(const Row& row, int index) override;
+    /// What is typed is no longer assumed, even where it stays the same.
+    void typed_into(const Row& row) override;
     [[nodiscard]] bool filters_keys() const override { return true; }
     [[nodiscard]] std::string_view next_control(std::string_view control) const override;
 

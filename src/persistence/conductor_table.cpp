@@ -233,7 +233,10 @@ std::string exact(double value) {
 }
 
 std::string cell_of(const std::string& text) { return text; }
-std::string cell_of(const Entry& entry) { return entry.given() ? exact(entry.value) : ""; }
+/// What is assumed is no figure of the conductor.
+std::string cell_of(const Entry& entry) {
+    return entry.given() && !entry.assumed ? exact(entry.value) : "";
+}
 std::string cell_of(std::int16_t number) { return number == 0 ? "" : std::to_string(number); }
 template <class Other>
 std::string cell_of(Other /*no column*/) {

@@ -231,6 +231,10 @@ void copy_record_fields(const ConductorData& from, ConductorData& to) {
     CalcCase target = case_with(to);
     for (const RecordField& row : fields)
         std::visit([&](auto field) { target.*field = source.*field; }, row.field);
+    for (const auto field :
+         {&CalcCase::radialthermalconductivity_unter_KPT_db, &CalcCase::KniepunktTemperatur_db,
+          &CalcCase::radialthermalconductivity_ueber_KPT_db})
+        if ((target.*field).assumed) target.*field = {};
     to = target;
 }
 

@@ -49,7 +49,7 @@ struct RecordField {
 [[nodiscard]] std::string written_record(const CalcCase& c);
 
 /// Gives `to` what a record holds of `from`. The two radial conductivities and the knee point,
-/// which it does not hold, stay as they are.
+/// which it does not hold, stay as they are, unless they were assumed for the former conductor.
 void copy_record_fields(const ConductorData& from, ConductorData& to);
 
 }  // namespace zel

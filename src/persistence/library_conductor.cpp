@@ -95,11 +95,12 @@ constexpr Text near_names = {"kein Leiter der Bibliothek heißt so; ähnlich sin
     throw InputError(at(in_quotes(name), reason));
 }
 
-std::string shown(const CalcCase& c, const OfferField& row) {
+std::string shown(const CalcCase& c, const OfferField& row, LangId lang) {
     if (const auto* whole = std::get_if<std::int16_t CalcCase::*>(&row.field))
         return std::to_string(c.**whole);
-    return (c.**std::get_if<Entry CalcCase::*>(&row.field)).text + " " +
-           std::string(field_of(row.field).unit);
+    const Entry& entry = c.**std::get_if<Entry CalcCase::*>(&row.field);
+    const std::string text = entry.text + " " + std::string(field_of(row.field).unit);
+    return entry.assumed ? text + " " + std::string(assumed_mark.in(lang)) : text;
 }
 
 Text caption_of(const OfferField& row) {
@@ -108,7 +109,7 @@ Text caption_of(const OfferField& row) {
 
 bool take_offer(Entry& to, const Entry& from, DecimalSeparator separator) {
     if (to.given() || !from.given()) return false;
-    to = {plain_number(from.value, separator), from.value};
+    to = {plain_number(from.value, separator), from.value, from.assumed};
     return true;
 }
 
@@ -145,11 +146,12 @@ constexpr BoxText offers_taken = {
      "What a record of the conductor database lacks and was still without input\n"
      "has been filled with the values of the conductor library:\n{0}"}};
 
-constexpr double tension = 1.5;     // W/(m K), wires pressed together
-constexpr double no_tension = 0.7;  // W/(m K)
+constexpr double tension = 1.5;           // W/(m K), wires pressed together
+constexpr double no_tension = 0.7;        // W/(m K)
+constexpr double usual_knee_point = 100;  // °C
 
-void offer(Entry& field, double value, DecimalSeparator separator) {
-    if (!field.given()) field = {plain_number(value, separator), value};
+void assume(Entry& field, double value, DecimalSeparator separator) {
+    if (!field.given()) field = {plain_number(value, separator), value, true};
 }
 
 }  // namespace
@@ -246,9 +248,11 @@ void add_usual_offers(CalcCase& c, DecimalSeparator separator) {
     if (c.ACDC_R_Option_Merker_db == 0 && c.DCR_20_db.given()) c.ACDC_R_Option_Merker_db = 1;
     if (c.ACDC_R_Option_Merker_db == 0 && c.ACR1_db.given()) c.ACDC_R_Option_Merker_db = 2;
     if (c.conductor_shape_db != 1 || c.conductor_type_db == tubular_busbar) return;
-    offer(c.radialthermalconductivity_unter_KPT_db, tension, separator);
-    if (c.conductor_type_db != homogeneous_conductor)
-        offer(c.radialthermalconductivity_ueber_KPT_db, no_tension, separator);
+    assume(c.radialthermalconductivity_unter_KPT_db, tension, separator);
+    if (c.conductor_type_db == homogeneous_conductor) return;
+    assume(c.radialthermalconductivity_ueber_KPT_db, no_tension, separator);
+    if (c.conductor_type_db == steel_cored_conductor)
+        assume(c.KniepunktTemperatur_db, usual_knee_point, separator);
 }
 
 std::optional<Box> take_offers(CalcCase& to, const CalcCase& from, const Locale& locale) {
@@ -259,7 +263,7 @@ std::optional<Box> take_offers(CalcCase& to, const CalcCase& from, const Locale&
             row.field);
         if (!done) continue;
         if (!taken.empty()) taken += '\n';
-        taken += std::string(caption_of(row).in(locale.lang)) + ": " + shown(to, row);
+        taken += std::string(caption_of(row).in(locale.lang)) + ": " + shown(to, row, locale.lang);
     }
     if (taken.empty()) return std::nullopt;
     return box_in(locale.lang, offers_taken, {taken});

@@ -77,10 +77,11 @@ struct OfferField {
 [[nodiscard]] std::span<const OfferField> offer_fields();
 
 /// Fills what `c` leaves empty of the fields that a record does not hold: the DC resistance where
-/// there is one, otherwise the pairs; for stranded conductors of round wires the radial thermal
-/// conductivities 1.5 W/(m K) while tension presses the wires together and 0.7 W/(m K) while it
-/// does not, as above the knee point (Cigre TB 601, radial temperature distribution). The knee
-/// point belongs to the span and is not offered.
+/// there is one, otherwise the pairs; for stranded conductors of round wires, marked as assumed,
+/// the radial thermal conductivities 1.5 W/(m K) while tension presses the wires together and
+/// 0.7 W/(m K) while it does not, as above the knee point (Cigre TB 601, radial temperature
+/// distribution), and for steel-cored ones a knee point of 100 °C. The true knee point belongs to
+/// the span.
 void add_usual_offers(CalcCase& c, DecimalSeparator separator);
 
 /// Gives `to` the offers of `from` where it has no input, and the box that tells which; nothing

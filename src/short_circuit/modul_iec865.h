@@ -5,8 +5,8 @@
 
 #include "short_circuit/short_circuit_case.h"
 
-// Thermal short-circuit strength by IEC 865-1 / EN 60865-1, section 3.2. The factors m and n are
-// those of IEC 60909-0.
+// `MODUL_IEC865`: thermal short-circuit strength by IEC 865-1 / EN 60865-1, section 3.2. The
+// factors m and n are those of IEC 60909-0.
 //
 // Nothing here is checked. A case that passed `first_refusal` and `arithmetic_refusal` meets no
 // arithmetic fault; any other may give an infinite result or one that is no number.

@@ -37,14 +37,14 @@ protected:
         QApplication::processEvents();
     }
     /// What the same case gives without windows.
-    TransientRunResult headless(CalcCase c) {
+    TransientResult headless(CalcCase c) {
         ScriptedDialogs none;
         MethodMemory memory;
         const Session session = {state->session, RunMode::Messages, none, &memory};
         const SteadyRunResult steady = RunSteady(c, session);
         TransientBasis basis;
         take_over(basis, steady, c);
-        TransientRunResult result;
+        TransientResult result;
         RunTransient(c, basis, session, {}, result);
         return result;
     }
@@ -64,7 +64,7 @@ TEST_F(TransientPageTest, typed_rows_give_what_the_run_without_windows_gives) {
     type("Text34(3)", "30");
     calculate();
     EXPECT_THAT(dialogs.shown, IsEmpty());
-    const TransientRunResult result =
+    const TransientResult result =
         headless(bundle_with_rows({typed_temperature_row(1600, 10, 0), typed_time_row(1000, 85.5),
                                    typed_current_row(90, 5, 30)}));
     ASSERT_EQ(result.end, TransientEnd::Completed);
@@ -122,7 +122,7 @@ TEST_F(TransientPageTest, can_be_typed_by_keys_alone) {
     EXPECT_THAT(dialogs.shown, IsEmpty());
     StateChange second = typed_current_row(70, 20, 0);
     second.sec = {};
-    const TransientRunResult result =
+    const TransientResult result =
         headless(bundle_with_rows({typed_temperature_row(1600, 10, 30), second}));
     EXPECT_EQ(typed_in("Text32(1)"), result.texts[0].Temp);
     EXPECT_EQ(typed_in("Text33(0)"), result.texts[1].Strom);

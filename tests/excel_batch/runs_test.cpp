@@ -1,5 +1,7 @@
 #include "excel_batch/batch_fixture.h"
+#include "excel_batch/batch_texts.h"
 #include "fakes/test_data.h"
+#include "workflow/run/notes.h"
 
 // tests/data/workbook_runs.json holds workbooks, each a sound one of its kind with some cells
 // changed, and what a run of it tells, shows and writes.
@@ -87,7 +89,8 @@ protected:
             {"percents", observer.percents},
             {"last_percent", observer.percents.back()},
             {"suffix", observer.suffix},
-            {"summary", joined(result.summary, "\n")}};
+            {"summary", joined(result.summary, "\n")},
+            {"notes", notes_text(notes_of(result, lang), lang)}};
         for (const auto& [key, value] : shown.items()) {
             const json expected = run.value(key, value);
             EXPECT_EQ(value, expected.is_object() ? expected.at(language) : expected) << key;

@@ -17,6 +17,7 @@
 #include "excel_batch/batch_texts.h"
 #include "excel_batch/test_rows.h"
 #include "forms/config_options.h"
+#include "workflow/run/notes.h"
 
 namespace zel {
 namespace {
@@ -288,7 +289,7 @@ void FrmExcelIO::show_result(const BatchResult& result) {
     if (stopped || result.end == BatchEnd::Refused) status_->clear();
     // The percentage of a stopped run stays where its rows stand in the workbook.
     if (!stopped || !result.saved) show_percent(result.end == BatchEnd::Done ? 100 : 0);
-    summary_->setText(qt(text));
+    summary_->setText(qt(text + notes_text(notes_of(result, lang()), lang())));
 }
 
 void FrmExcelIO::stop() {

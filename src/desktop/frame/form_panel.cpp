@@ -121,8 +121,9 @@ QLineEdit* FormPanel::make_edit(std::size_t index) {
     edit->installEventFilter(new LeavingBox(edit, [this, index] { take_in(fields_[index]); }));
     edit->installEventFilter(new FocusChain(
         edit, [this](std::string_view control) { return parts_.record.next_control(control); }));
-    on(edit, &QLineEdit::textEdited, [this, &row] {
-        parts_.record.typed_into(row);
+    on(edit, &QLineEdit::textEdited, [this, index] {
+        parts_.record.typed_into(*fields_[index].row);
+        (void)show_state(fields_[index]);
         parts_.typed();
     });
     if (row.is_free_text()) return edit;
@@ -157,7 +158,7 @@ void FormPanel::enter_captions(std::size_t index) {
         if (field.list != nullptr) name_choices(field);
         QWidget* input = field.input();
         if (input == nullptr) return;
-        input->setToolTip(hint);
+        (void)show_state(field);
     });
     parts_.captions.computed([this, index](LangId) { show_label(fields_[index]); });
 }
@@ -216,11 +217,27 @@ void FormPanel::show_states() {
 
 /// Gives whether the input is open.
 bool FormPanel::show_state(const Field& field) {
-    const auto [open, needed] = parts_.record.state(*field.row);
-    if (QWidget* input = field.input()) input->setEnabled(open);
+    const auto [open, needed, assumed] = parts_.record.state(*field.row);
+    if (QWidget* input = field.input()) {
+        input->setEnabled(open);
+        mark_assumed(field, assumed);
+    }
     for (QWidget* told : {static_cast<QWidget*>(field.label), field.unit})
         if (told != nullptr) told->setEnabled(needed);
     return open;
+}
+
+/// The box in italics, the mark behind its unit, and the hint say that nobody gave its value.
+void FormPanel::mark_assumed(const Field& field, bool assumed) const {
+    const LangId lang = parts_.session.lang;
+    const QString mark = assumed ? qt(assumed_mark, lang) : QString();
+    const QString hint = qt(field.row->hint, lang);
+    field.input()->setToolTip(hint.isEmpty() || mark.isEmpty() ? hint + mark : hint + " " + mark);
+    QFont font = field.input()->font();
+    font.setItalic(assumed);
+    field.input()->setFont(font);
+    if (auto* unit = qobject_cast<QLabel*>(field.unit); unit != nullptr && field.edit != nullptr)
+        unit->setText((qt(field.row->field->unit) + " " + mark).trimmed());
 }
 
 void FormPanel::load(Field& field, bool anew) {

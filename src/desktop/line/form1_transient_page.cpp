@@ -224,7 +224,7 @@ void TransientPage::calculate() {
     const QScopedValueRollback<bool> guard(running_, true);
     CalcCase c = parts_.line.c;
     MethodMemory memory = *parts_.session.memory;
-    TransientRunResult result;
+    TransientResult result;
     RunProgress progress(*this, parts_.session.lang, patience_);
     run_job(progress, parts_.session.dialogs,
             [&c, &memory, &result, basis = parts_.line.transient.basis(),
@@ -256,7 +256,7 @@ std::string TransientPage::text_to_copy() {
         press_button();
         if (is_stale()) return {};
     }
-    const TransientRunResult& result = *parts_.line.transient.result();
+    const TransientResult& result = *parts_.line.transient.result();
     return transient_text(result, parts_.line.c, session) +
            notes_text(notes_on(result, parts_.line.c, session), session.lang);
 }

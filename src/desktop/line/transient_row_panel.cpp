@@ -125,7 +125,7 @@ bool TransientRowPanel::is_found(std::size_t cell) const {
 
 /// Whether the last run had a row of this kind here.
 bool TransientRowPanel::has_result() const {
-    const TransientRunResult* result = parts_.line.transient.result();
+    const TransientResult* result = parts_.line.transient.result();
     return result != nullptr && is_in_use(row()) && result->rows[index_].Merker == row().merker;
 }
 
@@ -148,7 +148,7 @@ void TransientRowPanel::load(bool stale) {
         edit.setEnabled(takes_input(row().merker, state_cells[i]));
         set_look(edit, is_found(i), stale);
     }
-    const TransientRunResult* result = parts_.line.transient.result();
+    const TransientResult* result = parts_.line.transient.result();
     const bool ran = result != nullptr && is_in_use(row());
     total_->setText(ran ? qt(result->texts[index_].total) : QString());
     total_->setEnabled(!stale);

@@ -15,6 +15,7 @@ namespace zel {
 struct Entry {
     std::string text;
     double value = 0;
+    bool assumed = false;  // nobody gave it: the program offers it, until something else comes
 
     [[nodiscard]] bool given() const { return !text.empty(); }
     friend bool operator==(const Entry&, const Entry&) = default;

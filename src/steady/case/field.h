@@ -15,6 +15,9 @@
 
 namespace zel {
 
+/// What stands behind a number that nobody gave, see `Entry::assumed`.
+inline constexpr Text assumed_mark = {"(angenommen)", "(assumed)"};
+
 enum class FieldKind : std::uint8_t {
     Text,    // free text
     Number,  // a double, typed (`Entry`)

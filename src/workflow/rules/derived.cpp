@@ -56,8 +56,6 @@ double S_Winkel_Wind_Leiter(const CalcCase& c) {
     return fold_angle(c.Winkel_W_S_db.value, c.Winkel_S_S_db.value);
 }
 
-double perpendicular_wind(double V, double delta) { return std::abs(std::sin(radians(delta)) * V); }
-
 std::optional<double> emissivity_from_age(double age) {
     if (!(age >= 0)) return std::nullopt;
     return 0.3 + (0.6 * age) / (1 + age);

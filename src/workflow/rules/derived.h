@@ -6,8 +6,8 @@
 #include "platform/text/text.h"
 #include "steady/case/calc_case.h"
 
-// What follows from a few inputs: the currents of a bundle, the wind across the conductor, the
-// emissivity by age.
+// What follows from a few inputs: the currents of a bundle, the angle of the wind, the emissivity
+// by age.
 
 namespace zel {
 
@@ -30,10 +30,6 @@ void S_Stromstaerke_buendel(CalcCase& c, DecimalSeparator separator);
 [[nodiscard]] double fold_angle(double Winkel_W_S, double Winkel_S_S);
 
 [[nodiscard]] double S_Winkel_Wind_Leiter(const CalcCase& c);
-
-/// The part of the wind speed `V` (m/s) across the conductor at the folded angle `delta`
-/// (degrees), m/s.
-[[nodiscard]] double perpendicular_wind(double V, double delta);
 
 /// The emissivity of a bare conductor that has hung in the span for `age` years:
 /// 0.3 + 0.6 · age / (1 + age), from 0.3 when new towards 0.9. Not valid for coated conductors.

@@ -1,8 +1,10 @@
 #include "workflow/run/notes.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/errors.h"
+#include "steady/case/case_fields.h"
 #include "tb601_transient/tb601/tb601_joule.h"
 #include "workflow/rules/derived.h"
 #include "workflow/run/steady_texts.h"
@@ -30,6 +32,7 @@ constexpr Text short_table_text = {
     "Temperatur von 0 °C und vor einer, die nicht steigt.",
     "Of {1} pairs of AC resistances only the first {0} count: the table ends at a temperature of "
     "0 °C, and before one that does not rise."};
+constexpr Text assumed_text = {"Angenommen, nicht angegeben: {0}.", "Assumed, not given: {0}."};
 
 constexpr Text leads_elsewhere = {"{0} A führen in {2} zu {1} °C statt zu {3} °C.",
                                   "{0} A lead to {1} °C in {2}, not to {3} °C."};
@@ -53,12 +56,17 @@ CalcCase with_wind_at(CalcCase c, double angle) {
     return c;
 }
 
+/// Whether the fold turns a wind that blows to another angle than the acute one.
+bool is_turned(const CalcCase& c) {
+    return std::abs(acute_angle(c) - S_Winkel_Wind_Leiter(c)) >= same_angle &&
+           c.Windgeschwindigkeit_db.value != 0;
+}
+
 std::optional<SteadyRemarks::TrueWind> wind_fold(const CalcCase& c, const SteadyRunResult& result,
                                                  const Session& session) {
+    if (!is_turned(c)) return std::nullopt;
     const double angle = acute_angle(c);
     const double counted = S_Winkel_Wind_Leiter(c);
-    if (std::abs(angle - counted) < same_angle || c.Windgeschwindigkeit_db.value == 0)
-        return std::nullopt;
     MethodMemory memory;
     const Session quiet = silent(session, &memory);
     const CalcCase turned = with_wind_at(c, angle);
@@ -75,14 +83,19 @@ std::optional<SteadyRemarks::TrueWind> wind_fold(const CalcCase& c, const Steady
     return remark;
 }
 
+/// W/m by which the balance misses, gains less losses; 0 where that is not worth a remark.
+double missing_heat(const SteadyResult& result) {
+    if (!result.sound() || !result.terms) return 0;
+    const HeatTerms& terms = *result.terms;
+    const double missing = terms.PJ + terms.PS - terms.PC - terms.PR;
+    return std::abs(missing) > share_of_joule * terms.PJ ? missing : 0;
+}
+
 std::vector<SteadyRemarks::Miss> misses(const SteadyRunResult& result) {
     std::vector<SteadyRemarks::Miss> found;
-    for (const MethodResult& line : result.methods) {
-        if (!line.outcome.sound() || !line.outcome.terms) continue;
-        const HeatTerms& terms = *line.outcome.terms;
-        const double missing = terms.PJ + terms.PS - terms.PC - terms.PR;
-        if (std::abs(missing) > share_of_joule * terms.PJ) found.push_back({line.method, missing});
-    }
+    for (const MethodResult& line : result.methods)
+        if (const double missing = missing_heat(line.outcome); missing != 0)
+            found.push_back({line.method, missing});
     return found;
 }
 
@@ -105,8 +118,27 @@ std::optional<SteadyRemarks::ShortTable> short_table(const CalcCase& c) {
     return table;
 }
 
+std::vector<SteadyRemarks::Assumption> assumptions(const CalcCase& c) {
+    std::vector<SteadyRemarks::Assumption> found;
+    if (!is_selected(c, Method::TB601)) return found;
+    for (const CaseField& field : case_fields())
+        if (const auto* number = std::get_if<Entry CalcCase::*>(&field.key))
+            if ((c.**number).assumed) found.push_back({&field, (c.**number).text});
+    return found;
+}
+
 std::string degrees(double angle, const Locale& locale) {
     return masked(angle, "##0.0#", locale.separator);
+}
+
+/// "Knee-point-temperature 100 °C"
+std::vector<std::string> named(const std::vector<SteadyRemarks::Assumption>& assumptions,
+                               LangId lang) {
+    std::vector<std::string> names;
+    for (const auto& [field, text] : assumptions)
+        names.push_back(std::string(long_label_of(*field).in(lang)) + " " + text + " " +
+                        std::string(long_unit_of(*field)));
+    return names;
 }
 
 Note wind_fold_note(const SteadyRemarks::TrueWind& remark, const RunBasis& basis,
@@ -131,7 +163,18 @@ double acute_angle(const CalcCase& c) {
 }
 
 SteadyRemarks remarks_on(const CalcCase& c, const SteadyRunResult& result, const Session& session) {
-    return {wind_fold(c, result, session), misses(result), short_table(c)};
+    return {wind_fold(c, result, session), misses(result), short_table(c), assumptions(c)};
+}
+
+std::vector<std::string_view> remarkable(const CalcCase& c, std::span<const SteadyResult> results) {
+    std::vector<std::string_view> codes;
+    if (is_turned(c)) codes.push_back(note_code::wind_fold);
+    if (std::any_of(results.begin(), results.end(),
+                    [](const SteadyResult& result) { return missing_heat(result) != 0; }))
+        codes.push_back(note_code::balance);
+    if (short_table(c)) codes.push_back(note_code::short_table);
+    if (!assumptions(c).empty()) codes.push_back(note_code::assumed);
+    return codes;
 }
 
 std::vector<Note> notes_on(const SteadyRunResult& result, const Locale& locale) {
@@ -147,11 +190,15 @@ std::vector<Note> notes_on(const SteadyRunResult& result, const Locale& locale) 
         notes.push_back({note_code::short_table,
                          fill(short_table_text.in(locale.lang),
                               {std::to_string(table->read), std::to_string(table->filled)})});
+    if (!remarks.assumptions.empty())
+        notes.push_back(
+            {note_code::assumed, fill(assumed_text.in(locale.lang),
+                                      {joined(named(remarks.assumptions, locale.lang), ", ")})});
     return notes;
 }
 
-std::optional<Note> note_on_row(const TransientRunResult& result, const CalcCase& c,
-                                std::size_t row, const Locale& locale) {
+std::optional<Note> note_on_row(const TransientResult& result, const CalcCase& c, std::size_t row,
+                                const Locale& locale) {
     const auto& check = result.checks[row];
     if (!check) return std::nullopt;
     const TransientRow& told = result.rows[row];
@@ -173,8 +220,7 @@ std::optional<Note> note_on_row(const TransientRunResult& result, const CalcCase
             fill(second.in(locale.lang), {ampere(check->current.value_or(0)), celsius(told.Temp)})};
 }
 
-std::vector<Note> notes_on(const TransientRunResult& result, const CalcCase& c,
-                           const Locale& locale) {
+std::vector<Note> notes_on(const TransientResult& result, const CalcCase& c, const Locale& locale) {
     std::vector<Note> notes;
     for (std::size_t row = 0; row < result.checks.size(); ++row)
         if (auto note = note_on_row(result, c, row, locale)) {

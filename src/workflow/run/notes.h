@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "workflow/run/transient.h"
@@ -13,6 +14,7 @@ namespace note_code {
 inline constexpr std::string_view wind_fold = "wind_fold";
 inline constexpr std::string_view balance = "balance";
 inline constexpr std::string_view short_table = "ac_table";
+inline constexpr std::string_view assumed = "assumed";
 inline constexpr std::string_view transient_check = "transient_check";
 }  // namespace note_code
 
@@ -24,6 +26,11 @@ inline constexpr std::string_view transient_check = "transient_check";
 [[nodiscard]] SteadyRemarks remarks_on(const CalcCase& c, const SteadyRunResult& result,
                                        const Session& session);
 
+/// The codes of what is remarkable about the results `methods` of `c`, without a run or a word
+/// more.
+[[nodiscard]] std::vector<std::string_view> remarkable(const CalcCase& c,
+                                                       std::span<const SteadyResult> results);
+
 /// The remarks on a result in words.
 [[nodiscard]] std::vector<Note> notes_on(const SteadyRunResult& result, const Locale& locale);
 
@@ -31,11 +38,11 @@ inline constexpr std::string_view transient_check = "transient_check";
 [[nodiscard]] std::string notes_text(const std::vector<Note>& notes, LangId lang);
 
 /// A remark on row `row` (from 0) of a transient run of `c`; nothing where its current is sound.
-[[nodiscard]] std::optional<Note> note_on_row(const TransientRunResult& result, const CalcCase& c,
+[[nodiscard]] std::optional<Note> note_on_row(const TransientResult& result, const CalcCase& c,
                                               std::size_t row, const Locale& locale);
 
 /// The remarks on all rows of a transient run of `c`.
-[[nodiscard]] std::vector<Note> notes_on(const TransientRunResult& result, const CalcCase& c,
+[[nodiscard]] std::vector<Note> notes_on(const TransientResult& result, const CalcCase& c,
                                          const Locale& locale);
 
 }  // namespace zel

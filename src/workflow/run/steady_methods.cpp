@@ -14,9 +14,9 @@ namespace zel {
 namespace {
 
 /// TB 207, or the tubular busbar method: one solver with the heat terms that the flags choose.
-MethodOutcome run_heat_balance(const CalcCase& c, double angle, const Session& session) {
+SteadyResult run_heat_balance(const CalcCase& c, double angle, const Session& session) {
     const auto [state, failure] = ST_00_CigreTB207_temp_strom_steady_state(c, angle);
-    MethodOutcome outcome;
+    SteadyResult outcome;
     outcome.status = report(failure, session.reporting());
     if (outcome.sound()) {
         outcome.current_A = state.current;
@@ -26,11 +26,11 @@ MethodOutcome run_heat_balance(const CalcCase& c, double angle, const Session& s
     return outcome;
 }
 
-MethodOutcome run_tb601(const CalcCase& c, double angle, const Session& session) {
+SteadyResult run_tb601(const CalcCase& c, double angle, const Session& session) {
     TB601Records fresh;
     TB601Records& records = session.memory != nullptr ? session.memory->tb601 : fresh;
     const Tb601Failure failure = ST_00_CigreTB601_temp_strom_steady_state(c, angle, records);
-    MethodOutcome outcome;
+    SteadyResult outcome;
     outcome.status = report(failure, session.reporting());
     if (outcome.sound()) {
         const TB601State& state = records.state;
@@ -45,8 +45,8 @@ MethodOutcome run_tb601(const CalcCase& c, double angle, const Session& session)
 
 /// Webs and Kirn have no status text: a numeric fault is told, and the method is without result.
 template <class Result>
-MethodOutcome outcome_of(const Result& result, double temperature, const Session& session) {
-    MethodOutcome outcome;
+SteadyResult outcome_of(const Result& result, double temperature, const Session& session) {
+    SteadyResult outcome;
     if (const auto& [module, procedure, fault] = result.fault; result.fault) {
         const Box box = arithmetic_error(fault, module, procedure, session.lang);
         session.tell(box);
@@ -65,7 +65,7 @@ void require_mode(const CalcCase& c, const Session& session) {
         report({SteadyCause::ModeUndefined}, session.reporting());
 }
 
-MethodOutcome run_webs(const CalcCase& c, double angle, const Session& session) {
+SteadyResult run_webs(const CalcCase& c, double angle, const Session& session) {
     require_mode(c, session);
     const WebsInput in = webs_input(c, angle);
     WebsQuestions questions(
@@ -78,14 +78,14 @@ MethodOutcome run_webs(const CalcCase& c, double angle, const Session& session) 
     return outcome_of(result, result.temperature, session);
 }
 
-MethodOutcome run_kirn(const CalcCase& c, double angle, const Session& session) {
+SteadyResult run_kirn(const CalcCase& c, double angle, const Session& session) {
     require_mode(c, session);
     const KirnInput in = kirn_input(c, angle);
     const double former = session.memory != nullptr ? session.memory->Kirn_current : 0;
     const auto with_angle = [&](const auto& result, double temperature) {
         if (session.memory != nullptr && !result.fault)
             session.memory->Kirn_current = result.current;
-        MethodOutcome outcome = outcome_of(result, temperature, session);
+        SteadyResult outcome = outcome_of(result, temperature, session);
         outcome.angle = result.angle;
         return outcome;
     };

@@ -31,7 +31,7 @@ struct Tb601Details {
 };
 
 /// What a method leaves behind. A value that it does not have, or that failed, is absent.
-struct MethodOutcome {
+struct SteadyResult {
     std::string status;                   // of TB 601, TB 207 and TBB; empty means no failure
     std::string fault;                    // numeric fault of Webs or Kirn, which was told
     std::optional<double> current_A;      // of one sub-conductor
@@ -49,7 +49,7 @@ struct SteadyMethod {
     std::string_view balance;  // head of its balance line; empty where it has none
     bool starts_transient;     // leaves the state from which a transient starts
     /// Runs the method on a case whose mode is defined, at the folded angle (degrees).
-    MethodOutcome (*run)(const CalcCase& c, double angle, const Session& session);
+    SteadyResult (*run)(const CalcCase& c, double angle, const Session& session);
 };
 
 /// The row of `method`, or null where the table has none.

@@ -42,8 +42,8 @@ std::optional<Box> prepare(CalcCase& c, const Session& session, SteadyRunResult&
 }
 
 /// Runs one method and keeps its line, also where it ends the program.
-const MethodOutcome& run_method(Method id, const CalcCase& c, const Session& session,
-                                SteadyRunResult& result) {
+const SteadyResult& run_method(Method id, const CalcCase& c, const Session& session,
+                               SteadyRunResult& result) {
     MethodResult& line = result.methods.emplace_back();
     line.method = id;
     try {
@@ -60,7 +60,7 @@ const MethodOutcome& run_method(Method id, const CalcCase& c, const Session& ses
 void run_methods(const CalcCase& c, const Session& session, SteadyRunResult& result) {
     for (const Method id : c.Stromstaerke_Merker_db ? order_for_temperature : order_for_current) {
         if (!runs(c, id)) continue;
-        const MethodOutcome& outcome = run_method(id, c, session, result);
+        const SteadyResult& outcome = run_method(id, c, session, result);
         if (outcome.angle) result.angle = *outcome.angle;
         if (!outcome.sound() || !find_method(id)->starts_transient) continue;
         result.transient_start = {*outcome.current_A, *outcome.temperature_C};
@@ -69,10 +69,9 @@ void run_methods(const CalcCase& c, const Session& session, SteadyRunResult& res
 }
 
 /// Puts the lines in their order and writes what the page shows.
-void finish(const CalcCase& c, const Session& session, SteadyRunResult& result) {
+void finish(const Session& session, SteadyRunResult& result) {
     std::sort(result.methods.begin(), result.methods.end(),
               [](const MethodResult& a, const MethodResult& b) { return a.method < b.method; });
-    result.perpendicular_wind = perpendicular_wind(c.Windgeschwindigkeit_db.value, result.angle);
     write_texts(result, session);
 }
 
@@ -99,16 +98,16 @@ void RunSteady(CalcCase& c, const Session& session, SteadyRunResult& result) {
     result.input_valid = true;
     result.basis = {c.Stromstaerke_Merker_db, c.Anzahl_Teilleiter_db,
                     c.Stromstaerke_Merker_db ? c.Stromstaerke_Buendel.value : c.Leitertemp_db.value,
-                    c.Umgebtemp_merker1_db == 1};
+                    c.Umgebtemp_merker1_db == 1, c.Windgeschwindigkeit_db.value};
     try {
         // With both flags set the order does not matter: the methods refuse the undefined mode.
         run_methods(c, session, result);
     } catch (const ProgramEnd&) {
-        finish(c, session, result);
+        finish(session, result);
         throw;
     }
     result.remarks = remarks_on(c, result, session);
-    finish(c, session, result);
+    finish(session, result);
     result.advice =
         advice(c, {result.angle, result.perpendicular_wind, Kirn_temperature(result)}, session);
 }

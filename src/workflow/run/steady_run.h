@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "shell/session.h"
-#include "steady/case/calc_case.h"
+#include "steady/case/field.h"
 #include "steady/case/transient_row.h"
 #include "workflow/run/steady_methods.h"
 
@@ -16,7 +16,7 @@ struct MethodResult {
     Method method = Method::TB207;
     std::string caption;  // "2-conductor-bundle by Cigre TB 207 :"
     std::string result;   // "1360 A", "80.0 °C" or " Error"
-    MethodOutcome outcome;
+    SteadyResult outcome;
 };
 
 /// A label of the result page and what stands behind it.
@@ -38,6 +38,7 @@ struct RunBasis {
     int sub_conductors = 0;
     double given = 0;            // A of the bundle, or °C
     bool ambient_table = false;  // the parameter table steps the ambient temperature
+    double wind = 0;             // m/s
 };
 
 /// A remark of the program's own beside a result: never a box, never in a field of the result.
@@ -72,6 +73,13 @@ struct SteadyRemarks {
         int filled = 0;
     };
     std::optional<ShortTable> short_table;
+
+    /// What TB 601 reads and nobody gave.
+    struct Assumption {
+        const FieldInfo* field = nullptr;
+        std::string text;  // the number
+    };
+    std::vector<Assumption> assumptions;
 };
 
 /// All that the result page shows after a run.

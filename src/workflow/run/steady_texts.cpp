@@ -1,8 +1,10 @@
 #include "workflow/run/steady_texts.h"
 
 #include <array>
+#include <cmath>
 #include <span>
 
+#include "steady/constants.h"
 #include "workflow/rules/derived.h"
 #include "workflow/run/notes.h"
 
@@ -91,7 +93,7 @@ ResultTexts result_texts(const Kind& kind, const RunBasis& basis, LangId lang) {
 /// Caption, result, balance and details of one method.
 void write_method(MethodResult& line, SteadyRunResult& result, const Locale& locale) {
     const SteadyMethod& method = *find_method(line.method);
-    const MethodOutcome& outcome = line.outcome;
+    const SteadyResult& outcome = line.outcome;
     line.caption = bundle_name(result.basis.sub_conductors).in(locale.lang);
     line.caption += method.caption.in(locale.lang);
     line.result = result_text(outcome, result.basis, locale.separator);
@@ -106,7 +108,7 @@ void write_method(MethodResult& line, SteadyRunResult& result, const Locale& loc
 
 }  // namespace
 
-std::string result_text(const MethodOutcome& outcome, const RunBasis& basis,
+std::string result_text(const SteadyResult& outcome, const RunBasis& basis,
                         DecimalSeparator separator) {
     if (!outcome.status.empty()) return " Error";
     if (!outcome.fault.empty()) return {};
@@ -124,6 +126,13 @@ std::string balance_line(std::string_view head, const HeatTerms& terms,
            "   =   P Radiation " + watts(terms.PR) + "  +  P Convection " + watts(terms.PC);
 }
 
+void S_Windanzeige(SteadyRunResult& result, DecimalSeparator separator) {
+    result.perpendicular_wind = std::abs(std::sin(radians(result.angle)) * result.basis.wind);
+    result.angle_text = masked(result.angle, "##0.0#", separator) + " °";
+    result.perpendicular_wind_text =
+        masked(result.perpendicular_wind, "#0.0##", separator) + " m/s";
+}
+
 void write_texts(SteadyRunResult& result, const Locale& locale) {
     const Kind& kind = result.basis.current_given ? temperature_sought : current_sought;
     result.texts = result_texts(kind, result.basis, locale.lang);
@@ -135,10 +144,8 @@ void write_texts(SteadyRunResult& result, const Locale& locale) {
         names.emplace_back(name_of(line.method));
     }
     result.methods_line = joined(names, " / ");
-    result.angle_text = masked(result.angle, "##0.0#", locale.separator) + " °";
+    S_Windanzeige(result, locale.separator);
     result.notes = notes_on(result, locale);
-    result.perpendicular_wind_text =
-        masked(result.perpendicular_wind, "#0.0##", locale.separator) + " m/s";
 }
 
 }  // namespace zel

@@ -89,7 +89,7 @@ void put(StateChange& row, StateCell cell, const std::string& text, int n,
     row.*cell = {text, cell == &StateChange::Strom ? shown / n : shown};
 }
 
-void write_back(CalcCase& c, const TransientRunResult& result, DecimalSeparator separator) {
+void write_back(CalcCase& c, const TransientResult& result, DecimalSeparator separator) {
     const int n = sharing_conductors(c);
     for (std::size_t i = 0; i < c.Z.size(); ++i) {
         if (!is_in_use(c.Z[i])) continue;
@@ -105,7 +105,7 @@ void write_back(CalcCase& c, const TransientRunResult& result, DecimalSeparator 
 
 /// The rows, then the check of the currents that they found.
 TransientEnd run_rows(const CalcCase& c, const TransientBasis& basis, const Session& session,
-                      const TransientObserver& observer, TransientRunResult& result) {
+                      const TransientObserver& observer, TransientResult& result) {
     const TransientInput input = input_of(c, basis, result.method, session);
     const TransientSurroundings surroundings = {session.reporting(), session.separator, observer};
     const Zustand16 given = result.rows;
@@ -154,7 +154,7 @@ std::optional<Method> transient_method(const CalcCase& c) {
     return std::nullopt;
 }
 
-std::size_t TransientRunResult::rows_run() const {
+std::size_t TransientResult::rows_run() const {
     std::size_t count = 0;
     for (const TransientRow& row : rows) {
         if (row.Merker == row_unused) break;
@@ -165,7 +165,7 @@ std::size_t TransientRunResult::rows_run() const {
 }
 
 void RunTransient(CalcCase& c, const TransientBasis& basis, const Session& session,
-                  const TransientObserver& observer, TransientRunResult& result) {
+                  const TransientObserver& observer, TransientResult& result) {
     result = {};
     if (const BoxText* missing = precondition(c, basis, session)) {
         result.refusal.box = box_in(session.lang, *missing);
@@ -187,7 +187,7 @@ void RunTransient(CalcCase& c, const TransientBasis& basis, const Session& sessi
 
 std::optional<std::vector<RowSeries>> transient_series(const CalcCase& c,
                                                        const TransientBasis& basis,
-                                                       const TransientRunResult& result,
+                                                       const TransientResult& result,
                                                        const Session& session,
                                                        const TransientObserver& observer) {
     const TransientInput input = input_of(c, basis, result.method, session);

@@ -37,7 +37,7 @@ void take_over(TransientBasis& basis, const SteadyRunResult& steady, const CalcC
 [[nodiscard]] std::optional<Method> transient_method(const CalcCase& c);
 
 /// What a transient run leaves behind.
-struct TransientRunResult {
+struct TransientResult {
     bool input_valid = false;
     TransientRefusal refusal;  // why not; to be told by the caller
     Method method = Method::TB207;
@@ -61,12 +61,12 @@ struct TransientRunResult {
 /// not be null. Throws `ProgramEnd` where the calculation must end the program; `result` then holds
 /// what was valid up to there.
 void RunTransient(CalcCase& c, const TransientBasis& basis, const Session& session,
-                  const TransientObserver& observer, TransientRunResult& result);
+                  const TransientObserver& observer, TransientResult& result);
 
 /// The course of the temperature over time, stepped anew from the rows of a run of `c`. Nothing
 /// where the observer cancelled.
 [[nodiscard]] std::optional<std::vector<RowSeries>> transient_series(
-    const CalcCase& c, const TransientBasis& basis, const TransientRunResult& result,
+    const CalcCase& c, const TransientBasis& basis, const TransientResult& result,
     const Session& session, const TransientObserver& observer = {});
 
 }  // namespace zel

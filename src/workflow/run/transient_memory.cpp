@@ -44,7 +44,7 @@ void TransientMemory::keep(const SteadyRunResult& steady, const CalcCase& c) {
     start_is_former_ = basis_.start && !steady.transient_start;
 }
 
-void TransientMemory::keep(const TransientRunResult& transient, const CalcCase& c) {
+void TransientMemory::keep(const TransientResult& transient, const CalcCase& c) {
     result_ = transient;
     result_basis_ = basis_;
     result_inputs_ = transient_inputs(c);

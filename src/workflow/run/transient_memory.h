@@ -11,7 +11,7 @@ public:
     /// After a steady run of `c`.
     void keep(const SteadyRunResult& steady, const CalcCase& c);
     /// After a transient of `c` that came to results.
-    void keep(const TransientRunResult& transient, const CalcCase& c);
+    void keep(const TransientResult& transient, const CalcCase& c);
     /// For a new case.
     void forget() { *this = {}; }
 
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] bool basis_is_stale(const CalcCase& c) const;
 
     /// The last transient; null where there is none.
-    [[nodiscard]] const TransientRunResult* result() const { return result_ ? &*result_ : nullptr; }
+    [[nodiscard]] const TransientResult* result() const { return result_ ? &*result_ : nullptr; }
     /// The remark on row `row` (from 0) of the last transient; nothing where there is none.
     [[nodiscard]] std::optional<Note> note_on_row(std::size_t row, const Locale& locale) const;
     /// An input or an option has changed, or the steady state has, since the last transient.
@@ -32,7 +32,7 @@ private:
     TransientBasis basis_;
     CalcCase basis_inputs_;
     bool start_is_former_ = false;
-    std::optional<TransientRunResult> result_;
+    std::optional<TransientResult> result_;
     TransientBasis result_basis_;
     CalcCase result_inputs_;
 };

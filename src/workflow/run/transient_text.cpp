@@ -24,7 +24,7 @@ std::string with_unit(const Entry& cell, std::string_view unit) {
     return (cell.given() ? cell.text : "0") + std::string(unit);
 }
 
-void add_row(Listing& listing, const TransientRunResult& result, const CalcCase& c, std::size_t i,
+void add_row(Listing& listing, const TransientResult& result, const CalcCase& c, std::size_t i,
              LangId lang) {
     const StateChange& row = c.Z[i];
     const bool failed = result.rows[i].Failed == 1;
@@ -53,8 +53,7 @@ std::string start_temperature_text(const TransientStart& start, DecimalSeparator
     return masked(start.temperature, "####0.0", separator) + " °C";
 }
 
-std::string transient_text(const TransientRunResult& result, const CalcCase& c,
-                           const Locale& locale) {
+std::string transient_text(const TransientResult& result, const CalcCase& c, const Locale& locale) {
     Listing listing;
     listing.add(method_label.in(locale.lang), std::string(name_of(result.method)));
     listing.add(without_outer_blanks(start_current_label.in(locale.lang)),

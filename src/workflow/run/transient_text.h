@@ -33,7 +33,7 @@ inline constexpr Text start_temperature_label = {"Leitertemperatur Ausgangszusta
 
 /// The start and the rows of a valid run of `c` as plain text, for a terminal and the clipboard.
 /// Found values are marked; the rows after a failed one are left out.
-[[nodiscard]] std::string transient_text(const TransientRunResult& result, const CalcCase& c,
+[[nodiscard]] std::string transient_text(const TransientResult& result, const CalcCase& c,
                                          const Locale& locale);
 
 }  // namespace zel

@@ -186,12 +186,11 @@ json copied_rows(json given) {
 
 TEST(Rules, hold_what_their_rows_expect) {
     expect_formulas("rules",
-                    {ZEL_FORMULA(fold_angle), ZEL_FORMULA(perpendicular_wind),
-                     ZEL_FORMULA(emissivity_from_age), ZEL_FORMULA(name_of_bundle),
-                     ZEL_FORMULA(bundle_current), ZEL_FORMULA(entered), ZEL_FORMULA(limit_of),
-                     ZEL_FORMULA(keys), ZEL_FORMULA(missing), ZEL_FORMULA(methods_for_kind),
-                     ZEL_FORMULA(cell), ZEL_FORMULA(cell_limit), ZEL_FORMULA(inputs_of),
-                     ZEL_FORMULA(refused_rows), ZEL_FORMULA(copied_rows)});
+                    {ZEL_FORMULA(fold_angle), ZEL_FORMULA(emissivity_from_age),
+                     ZEL_FORMULA(name_of_bundle), ZEL_FORMULA(bundle_current), ZEL_FORMULA(entered),
+                     ZEL_FORMULA(limit_of), ZEL_FORMULA(keys), ZEL_FORMULA(missing),
+                     ZEL_FORMULA(methods_for_kind), ZEL_FORMULA(cell), ZEL_FORMULA(cell_limit),
+                     ZEL_FORMULA(inputs_of), ZEL_FORMULA(refused_rows), ZEL_FORMULA(copied_rows)});
 }
 
 /// Which fields have a limit stands in the rows; the others take any number and nothing else.

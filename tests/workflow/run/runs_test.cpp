@@ -118,7 +118,7 @@ json run_transient(json fields, json rows, json options) {
         session.cigre_TKW_merker = HeatCapacityOption::At20Degrees;
     TransientMemory kept;
     if (!options.contains("only transient")) kept.keep(RunSteady(c, session), c);
-    TransientRunResult result;
+    TransientResult result;
     RunTransient(c, kept.basis(), session, {}, result);
     json told = {{"boxes", dialogs.shown().size()},
                  {"basis", {kept.basis().Is_TB207, kept.basis().Is_TB601}},

@@ -57,7 +57,7 @@ std::string failure_of(Method method, const CalcCase& c, double angle) {
     return name_of(ST_00_CigreTB207_temp_strom_steady_state(c, angle).failure);
 }
 
-json as_json(const MethodOutcome& outcome) {
+json as_json(const SteadyResult& outcome) {
     json values = {{"status", outcome.status}, {"failure", outcome.fault}};
     if (outcome.angle) values["angle"] = *outcome.angle;
     if (!outcome.sound()) return values;
@@ -151,14 +151,14 @@ TEST(SteadyMethods, lead_back_from_temperature_to_current_without_allocation) {
             const auto run = find_method(method)->run;
             CalcCase c = at_current(base, current);
             const std::size_t before = allocation_count();
-            const MethodOutcome there = run(c, 90, session);
+            const SteadyResult there = run(c, 90, session);
             EXPECT_EQ(allocation_count(), before) << key_of(method);
             ASSERT_TRUE(there.sound()) << key_of(method) << current;
             c.Leitertemp_db.value = *there.temperature_C;
             c.Leitertemp_Merker_db = true;
             c.Stromstaerke_Merker_db = false;
             const std::size_t between = allocation_count();
-            const MethodOutcome back = run(c, 90, session);
+            const SteadyResult back = run(c, 90, session);
             EXPECT_EQ(allocation_count(), between) << key_of(method);
             if (there.terms) {  // 0.01 W/m are 9 A near no current
                 EXPECT_NEAR(*back.current_A, current, current > 0 ? 1 : 9) << key_of(method);

@@ -13,7 +13,7 @@ namespace {
 struct Silent {
     RecordingDialogs dialogs;
     MethodMemory memory;
-    MethodOutcome run(CalcCase c, bool fresh = false) {
+    SteadyResult run(CalcCase c, bool fresh = false) {
         return RunSteady(c, {LangId::English, DecimalSeparator::Point, RunMode::Silent, dialogs,
                              fresh ? nullptr : &memory})
             .methods.at(0)

@@ -15,12 +15,12 @@ using testing::SizeIs;
 class TransientTest : public testing::Test {
 protected:
     void steady(CalcCase& c) { kept.keep(RunSteady(c, session), c); }
-    TransientRunResult run(CalcCase& c, const TransientObserver& observer = {}) {
-        TransientRunResult result;
+    TransientResult run(CalcCase& c, const TransientObserver& observer = {}) {
+        TransientResult result;
         RunTransient(c, kept.basis(), session, observer, result);
         return result;
     }
-    TransientRunResult run_from_steady(CalcCase& c) {
+    TransientResult run_from_steady(CalcCase& c) {
         steady(c);
         return run(c);
     }
@@ -82,7 +82,7 @@ TEST_F(TransientTest, cancelled_run_leaves_the_case) {
     c.Z[0].Strom = twin_current(1234);
     steady(c);
     const CalcCase before = c;
-    const TransientRunResult result = run(c, [](const TransientProgress&) { return false; });
+    const TransientResult result = run(c, [](const TransientProgress&) { return false; });
     EXPECT_EQ(result.end, TransientEnd::Cancelled);
     EXPECT_EQ(c, before);
 }
@@ -92,7 +92,7 @@ TEST_F(TransientTest, tb601_goes_on_from_the_records_of_the_steady_run) {
     select(c, {Method::TB601});
     steady(c);
     c.Z[0] = typed_temperature_row(2 * kept.basis().start->current, 20, 0);
-    const TransientRunResult result = run(c);
+    const TransientResult result = run(c);
     EXPECT_EQ(result.method, Method::TB601);
     EXPECT_EQ(result.end, TransientEnd::Completed);
     EXPECT_NEAR(result.rows[0].Temp, 80, 0.1);  // the current of the steady state: at rest
@@ -101,7 +101,7 @@ TEST_F(TransientTest, tb601_goes_on_from_the_records_of_the_steady_run) {
 
 TEST_F(TransientTest, series_joins_the_rows) {
     CalcCase c = bundle_with_rows({typed_temperature_row(1800, 10, 0), typed_time_row(600, 85)});
-    const TransientRunResult result = run_from_steady(c);
+    const TransientResult result = run_from_steady(c);
     const auto series = transient_series(c, kept.basis(), result, session);
     ASSERT_TRUE(series);
     ASSERT_THAT(*series, SizeIs(2));
