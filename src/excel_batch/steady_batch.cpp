@@ -73,6 +73,7 @@ private:
     /// What `missing_data` finds in a row is told of the first row that is concerned.
     PassEnd rated_rows(Workbook& workbook, const SheetOrigin& origin, BatchResult& result,
                        const std::function<std::vector<Box>(int row)>& missing_data) const {
+        workbook.require_single_cells(result_area(kind_));
         workbook.clear(result_area(kind_));
         RowWork work = {row_of(kind_).first_row, steady_columns(kind_), rows_of_a_block};
         work.seen = [&, warned = false](int row) mutable {

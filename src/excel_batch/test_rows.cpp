@@ -149,7 +149,9 @@ void write_deviations_of(Workbook& workbook, int row) {
 void begin_deviations(Workbook& workbook) {
     const int last = deviation_column + static_cast<int>(std::size(deviations)) - 1;
     const int first_row = row_of(WorkbookKind::SteadyFix).first_row;
-    workbook.clear({first_row, deviation_column, first_row + row_limit - 1, last});
+    const CellArea area = {first_row, deviation_column, first_row + row_limit - 1, last};
+    workbook.require_single_cells(area);
+    workbook.clear(area);
     int column = deviation_column;
     for (const auto& [of, from] : deviations)
         workbook.set_text(2, column++,

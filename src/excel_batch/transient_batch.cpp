@@ -170,6 +170,7 @@ private:
 
     void write_headers(Workbook& workbook) const {
         const CellArea results = result_area(WorkbookKind::Transient);
+        workbook.require_single_cells(results);
         workbook.clear({header_row, patl_column + 1, header_row, results.last_column});
         workbook.clear(results);
         int column = patl_column;

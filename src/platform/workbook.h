@@ -18,7 +18,7 @@ enum class WorkbookFault : std::uint8_t {
     Changed,   // another program wrote it after it was read
     Damaged,   // no workbook, or none that can be understood
     NoSheet,   // a worksheet is missing
-    Entwined,  // a formula reaches from a cell to be overwritten into others
+    Entwined,  // cells to be overwritten are merged, or a formula reaches from them into others
 };
 
 /// The row of the central error table that tells `fault`.
@@ -54,6 +54,10 @@ struct CellArea {
         return row >= first_row && row <= last_row && column >= first_column &&
                column <= last_column;
     }
+    [[nodiscard]] bool meets(const CellArea& other) const {
+        return first_row <= other.last_row && other.first_row <= last_row &&
+               first_column <= other.last_column && other.first_column <= last_column;
+    }
 };
 
 /// An open workbook. Nothing of what is set reaches the file before `save`.
@@ -69,6 +73,10 @@ public:
     /// "#N/A", a formula as its last result. Empty where there is no cell. Reading is fastest row
     /// by row.
     [[nodiscard]] virtual std::string text(int row, int column) = 0;
+
+    /// Throws `WorkbookError` (`Entwined`) where cells of the area are merged with others: what is
+    /// written into all but the first of them is not shown.
+    virtual void require_single_cells(const CellArea& area) = 0;
 
     /// The cell becomes a number or a text; its format stays.
     virtual void set_number(int row, int column, double value) = 0;

@@ -1,6 +1,8 @@
 #include "program/command_line.h"
 
+#include <csignal>
 #include <exception>
+#include <new>
 #include <sstream>
 
 #include "platform/errors.h"
@@ -24,7 +26,7 @@ std::optional<int> refused_words(CLI::App& app, int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         std::ostringstream help;
         std::ostringstream refusal;
-        if (app.exit(error, help, refusal) == 0) return print(help.str()) ? exit_done : exit_failed;
+        if (app.exit(error, help, refusal) == 0) return print_or_fail(help.str());
         std::string told;
         for (const std::string& line : lines_of(refusal.str()))
             told += (told.empty() ? "" : "\n") + shortened(line, longest_line);
@@ -34,6 +36,8 @@ std::optional<int> refused_words(CLI::App& app, int argc, char** argv) {
 }
 
 int guarded(const std::function<int()>& body, LangId lang) {
+    // A file beyond the size limit of the process is told as what cannot be written.
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
         return body();
     } catch (const InputError& error) {
@@ -42,6 +46,10 @@ int guarded(const std::function<int()>& body, LangId lang) {
     } catch (const OutputError& error) {
         Console::tell_reason(error.told(lang));
         return exit_refused;
+    } catch (const std::bad_alloc&) {
+        constexpr Text no_memory = {"der Speicher reicht nicht", "the memory is not enough"};
+        Console::tell_reason(no_memory.in(lang));
+        return exit_failed;
     } catch (const std::exception& error) {
         Console::tell_reason(std::string("unexpected failure: ") + error.what());
         return exit_failed;

@@ -29,5 +29,30 @@ TEST(Program, tells_in_one_line_that_the_display_cannot_be_reached) {
     }
 }
 
+/// A run of zel by a shell, which sets up what it meets.
+ProcessResult by_shell(const ScratchFolder& folder, const std::string& before,
+                       const std::string& words) {
+    return run_zel({"-c", before + " " + ZEL_PROGRAM + " " + words}, folder.path().string(), {}, {},
+                   "/bin/sh");
+}
+
+TEST(Program, says_what_a_failing_surrounding_is) {
+    const ScratchFolder folder;
+    const char* const template_words = "template steady-fix -o a.xlsx";
+    for (const auto& [before, words, status, told] :
+         {std::tuple{"TMPDIR=/not/there", template_words, 2,
+                     "zel: a new workbook cannot be made: no temporary files in /not/there "
+                     "(TMPDIR): No such file or directory\n"},
+          {"ulimit -f 1;", template_words, 2,
+           "zel: a new workbook cannot be made: File too large\n"},
+          {"", "--help > /dev/full", 1, "zel: standard output cannot be written\n"},
+          {"", "steady --help > /dev/full", 1, "zel: standard output cannot be written\n"}}) {
+        const ProcessResult result = by_shell(folder, before, words);
+        EXPECT_EQ(result.exit_status, status) << before << words;
+        EXPECT_THAT(result.errors, testing::EndsWith(told)) << before << words;
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
 }  // namespace
 }  // namespace zel

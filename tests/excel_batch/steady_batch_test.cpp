@@ -123,6 +123,17 @@ TEST_F(SteadyBatch, a_failing_save_comes_through) {
     EXPECT_THROW((void)run(), OutputError);
 }
 
+TEST_F(SteadyBatch, merged_cells_are_refused_in_the_result_area_alone) {
+    for (const auto& [wanted, last_input, first_result] :
+         {std::tuple{WorkbookKind::SteadyFix, 33, 34}, {WorkbookKind::SteadyVar, 71, 72}}) {
+        start(wanted, line_of_all_methods());
+        store.merged = {{2, 1, 4, 81}, {5, 2, 100004, last_input}};
+        EXPECT_NO_THROW((void)run());
+        store.merged = {{100004, last_input, 100005, first_result}};
+        EXPECT_THROW((void)run(), WorkbookError);
+    }
+}
+
 TEST_F(SteadyBatch, a_row_that_ends_the_program_is_named) {
     CalcCase c = line_of_all_methods();
     start(WorkbookKind::SteadyVar, c);

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 #include <variant>
+#include <vector>
 
 #include "platform/text/number_text.h"
 #include "platform/workbook.h"
@@ -31,6 +32,7 @@ public:
     std::unique_ptr<Workbook> open(const std::string& path) override;
 
     std::map<std::string, MemorySheets> files;
+    std::vector<CellArea> merged;           // in all sheets of all workbooks
     int saved = 0;                          // how often a workbook was saved
     std::function<void()> at_save = [] {};  // may throw
 };
@@ -49,6 +51,10 @@ public:
         selected_ = &found->second;
     }
     std::string text(int row, int column) override { return text_of(*selected_, row, column); }
+    void require_single_cells(const CellArea& area) override {
+        for (const CellArea& merged : store_.merged)
+            if (merged.meets(area)) throw WorkbookError(WorkbookFault::Entwined, "merged");
+    }
     void set_number(int row, int column, double value) override {
         (*selected_)[{row, column}] = value;
     }

@@ -14,8 +14,9 @@ namespace zel {
 
 /// Makes `text` the content of the file at `path`, whole or not at all: it is written beside the
 /// file, put on the disk, and renamed. A link is followed, and a file that is replaced keeps its
-/// mode and, where that can be, its owner. Throws `OutputError` with path and reason; the former
-/// file is then unchanged.
+/// mode and, where that can be, its owner, which what is written beside it has from the first byte
+/// on. Clears what runs that were killed have left beside the file. Throws `OutputError` with path
+/// and reason; the former file is then unchanged.
 void write_text_file(const std::string& path, std::string_view text);
 
 }  // namespace zel

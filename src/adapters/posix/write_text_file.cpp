@@ -1,4 +1,5 @@
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -63,24 +64,60 @@ private:
     std::optional<struct stat> former_;
 };
 
+constexpr std::string_view temporary_mark = ".tmp";
+
+/// Whether `name` is one that a temporary file of the target `stem` may have.
+bool is_temporary(std::string_view name, const std::string& stem) {
+    const std::string begin = stem + std::string(temporary_mark);
+    return name.starts_with(begin) && name.size() > begin.size() &&
+           name.find_first_not_of("0123456789-", begin.size()) == name.npos;
+}
+
+/// Whoever writes a temporary file holds a lock on it until it is in its place; a lock ends with
+/// its program.
+bool take_lock(int number) { return ::flock(number, LOCK_EX | LOCK_NB) == 0; }
+
+/// Removes what runs that were killed have left beside the target. A failure leaves it there.
+void clear_leftovers(const fs::path& target) {
+    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    std::error_code failed;
+    for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end;
+         entry.increment(failed)) {
+        const fs::path& path = entry->path();
+        if (!is_temporary(path.filename().string(), target.filename().string())) continue;
+        const int number = ::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+        if (number < 0) continue;
+        struct stat state {};
+        if (::fstat(number, &state) == 0 && S_ISREG(state.st_mode) && take_lock(number))
+            ::unlink(path.c_str());
+        ::close(number);
+    }
+}
+
 /// A new file beside the target, gone again unless it took the target's place.
 class TemporaryFile {
 public:
     explicit TemporaryFile(const Target& target) : target_(target) {
-        const std::string stem = target.path().string() + ".tmp" + std::to_string(::getpid());
-        for (int i = 0; number_ < 0 && i < most_names; ++i) {
-            path_ = stem + "-" + std::to_string(i);
-            number_ = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-            if (number_ < 0 && errno != EEXIST) target_.refuse(errno);
-        }
+        const std::string stem =
+            target.path().string() + std::string(temporary_mark) + std::to_string(::getpid()) + "-";
+        for (int i = 0; number_ < 0 && i < most_names; ++i) create(stem + std::to_string(i));
         if (number_ < 0) target_.refuse(EEXIST);
     }
     ~TemporaryFile() {
-        if (number_ >= 0) ::close(number_);
         if (!path_.empty()) ::unlink(path_.c_str());
+        if (number_ >= 0) ::close(number_);
     }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    /// Before the first byte, so that nobody reads here what he may not read there.
+    void take_owner_and_mode_of_target() {
+        const auto& former = target_.former();
+        if (!former) return;
+        // Only the administrator may give a file away; who may not becomes its owner.
+        (void)!::fchown(number_, former->st_uid, former->st_gid);
+        check(::fchmod(number_, former->st_mode & mode_bits) == 0);
+    }
 
     void write(std::string_view text) {
         while (!text.empty()) {
@@ -92,20 +129,33 @@ public:
     }
 
     void replace_target() {
-        if (const auto& former = target_.former()) {
-            // Only the administrator may give a file away; who may not becomes its owner.
-            (void)!::fchown(number_, former->st_uid, former->st_gid);
-            check(::fchmod(number_, former->st_mode & mode_bits) == 0);
-        }
         check(::fsync(number_) == 0);
-        const int number = number_;
-        number_ = -1;
-        check(::close(number) == 0);
+        // Still open, and so locked: nobody takes it for a leftover.
         check(std::rename(path_.c_str(), target_.path().c_str()) == 0);
         path_.clear();
     }
 
 private:
+    /// Opens a new file, unless there is one of that name.
+    void create(const std::string& path) {
+        constexpr mode_t usual = 0666;
+        constexpr mode_t owner_alone = 0600;
+        const int number = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
+                                  target_.former() ? owner_alone : usual);
+        if (number < 0 && errno != EEXIST) target_.refuse(errno);
+        if (number < 0) return;
+        // Before it was locked another program may have taken it for a leftover. Some file systems
+        // know no locks.
+        struct stat state {};
+        const bool taken = !take_lock(number) && errno == EWOULDBLOCK;
+        if (taken || (::fstat(number, &state) == 0 && state.st_nlink == 0)) {
+            ::close(number);
+            return;
+        }
+        path_ = path;
+        number_ = number;
+    }
+
     void check(bool done) const {
         if (!done) target_.refuse(errno);
     }
@@ -129,7 +179,9 @@ void sync_folder_of(const fs::path& path) {
 
 void write_text_file(const std::string& path, std::string_view text) {
     const Target target(path);
+    clear_leftovers(target.path());
     TemporaryFile file(target);
+    file.take_owner_and_mode_of_target();
     file.write(text);
     file.replace_target();
     sync_folder_of(target.path());

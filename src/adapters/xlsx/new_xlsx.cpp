@@ -4,6 +4,9 @@
 #include <xlsxwriter.h>
 
 #include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -23,8 +26,13 @@ namespace fs = std::filesystem;
 class TemporaryFolder {
 public:
     TemporaryFolder() {
-        std::string name = (fs::temp_directory_path() / "zel-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr) refuse("no folder for temporary files");
+        // Asked itself, the library tells less of what is wrong.
+        const char* const named = std::getenv("TMPDIR");
+        const fs::path parent = named != nullptr && *named != '\0' ? named : "/tmp";
+        std::string name = (parent / "zel-XXXXXX").string();
+        if (::mkdtemp(name.data()) == nullptr)
+            refuse("no temporary files in " + parent.string() +
+                   " (TMPDIR): " + std::strerror(errno));
         path_ = name;
     }
     ~TemporaryFolder() {
@@ -79,7 +87,11 @@ public:
     void close() {
         lxw_workbook* book = book_;
         book_ = nullptr;
-        check(workbook_close(book));
+        errno = 0;
+        const lxw_error error = workbook_close(book);
+        // Only now it writes.
+        if (error != LXW_NO_ERROR && errno != 0) refuse(std::strerror(errno));
+        check(error);
     }
 
 private:

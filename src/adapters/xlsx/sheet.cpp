@@ -37,6 +37,20 @@ void read_column_styles(std::string_view element, SheetIndex& index) {
     }
 }
 
+void read_merged_cells(std::string_view element, SheetIndex& index) {
+    ChildWalk cells(element);
+    while (const auto cell = cells.next()) {
+        const std::string_view tag =
+            element.substr(cell->tag.begin, cell->tag.end - cell->tag.begin);
+        const auto attribute = attribute_of(tag, "ref");
+        const std::string_view reference = attribute ? attribute->value.of(tag) : "";
+        const auto area = cell_area(reference);
+        if (!area) refuse_damaged("has merged cells " + shortened(reference));
+        if (area->first_row != area->last_row || area->first_column != area->last_column)
+            index.merged.push_back(*area);
+    }
+}
+
 /// The rows up to the end of the sheetData element, which was just opened.
 void index_rows(std::string_view xml, TagWalk& walk, SheetIndex& index) {
     int former = 0;
@@ -77,17 +91,20 @@ SheetIndex index_of_sheet(std::string_view xml) {
     for (bool first = true; const auto tag = walk.next(); first = false) {
         const std::string_view name = local_name(tag->name);
         if (first) index.prefix = tag->name.substr(0, tag->name.size() - name.size());
-        if (tag->kind == TagKind::Close) continue;
-        if (name == "dimension")
-            index.dimension = {tag->begin, tag->begin + element_of(xml, walk, *tag).size()};
-        if (name == "cols") read_column_styles(element_of(xml, walk, *tag), index);
-        if (name != "sheetData") continue;
-        index.data = {tag->begin, tag->end};
-        index.rows_part = {tag->end, tag->end};
-        if (tag->kind == TagKind::Open) index_rows(xml, walk, index);
-        return index;
+        if (first || tag->kind == TagKind::Close) continue;
+        if (name == "sheetData" && index.data.empty()) {
+            index.data = {tag->begin, tag->end};
+            index.rows_part = {tag->end, tag->end};
+            if (tag->kind == TagKind::Open) index_rows(xml, walk, index);
+            continue;
+        }
+        const std::string_view element = element_of(xml, walk, *tag);
+        if (name == "dimension") index.dimension = {tag->begin, tag->begin + element.size()};
+        if (name == "cols") read_column_styles(element, index);
+        if (name == "mergeCells") read_merged_cells(element, index);
     }
-    refuse_damaged("has no cells");
+    if (index.data.empty()) refuse_damaged("has no cells");
+    return index;
 }
 
 Sheet::Sheet(std::string xml, const CellTexts& texts)

@@ -8,6 +8,7 @@
 #include "adapters/xlsx/cell_texts.h"
 #include "adapters/xlsx/sheet_row.h"
 #include "adapters/xlsx/xml_tags.h"
+#include "platform/workbook.h"
 
 namespace zel::xlsx {
 
@@ -24,6 +25,7 @@ struct SheetIndex {
     Stretch rows_part;      // what is between its tags; empty where it is one empty tag
     std::vector<Row> rows;  // by rising numbers
     std::map<int, std::string> column_styles;  // by column
+    std::vector<CellArea> merged;              // of two cells and more
 
     /// The row of that number, or null.
     [[nodiscard]] const Row* find(int number) const;

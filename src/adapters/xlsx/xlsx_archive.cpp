@@ -25,8 +25,10 @@ constexpr zip_int64_t most_parts = 10000;
 constexpr zip_uint32_t compression_level = 3;
 
 std::string reason_of(zip_error_t& error) {
+    const bool no_memory = zip_error_code_zip(&error) == ZIP_ER_MEMORY;
     std::string reason = zip_error_strerror(&error);
     zip_error_fini(&error);
+    if (no_memory) throw std::bad_alloc();
     return reason;
 }
 
@@ -129,7 +131,7 @@ std::string Archive::read(const std::string& part) const {
         refuse_damaged("has no part " + part);
     zip_file_t* file = zip_fopen_index(zip_, state.index, 0);
     if (file == nullptr)
-        refuse_damaged("its part " + part + " cannot be read: " + zip_strerror(zip_));
+        refuse_damaged("its part " + part + " cannot be read: " + reason_of(*zip_get_error(zip_)));
     const std::unique_ptr<zip_file_t, int (*)(zip_file_t*)> open(file, zip_fclose);
     std::string content;
     content.reserve(state.size);
@@ -160,7 +162,8 @@ void Archive::replace(const std::string& part, std::string content) {
         zip_file_add(zip_, part.c_str(), source, ZIP_FL_ENC_UTF_8 | ZIP_FL_OVERWRITE);
     if (index < 0) {
         zip_source_free(source);
-        refuse_damaged("its part " + part + " cannot be replaced: " + zip_strerror(zip_));
+        refuse_damaged("its part " + part +
+                       " cannot be replaced: " + reason_of(*zip_get_error(zip_)));
     }
     // One date for all, the first that an archive knows: the same results give the same file.
     constexpr zip_uint16_t first_of_1980 = (1U << 5U) | 1U;
@@ -176,7 +179,7 @@ void Archive::remove(const std::string& part) {
 
 std::string Archive::close() {
     if (zip_close(zip_) != 0)
-        refuse_damaged(std::string("cannot be packed: ") + zip_strerror(zip_));
+        refuse_damaged("cannot be packed: " + reason_of(*zip_get_error(zip_)));
     zip_ = nullptr;
     zip_stat_t state;
     zip_stat_init(&state);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "adapters/xlsx/cell_edits.h"
+#include "adapters/xlsx/cell_name.h"
 #include "adapters/xlsx/cell_texts.h"
 #include "adapters/xlsx/sheet.h"
 #include "adapters/xlsx/sheet_writer.h"
@@ -70,6 +71,16 @@ public:
         std::string text;
         named([&] { text = selected_->sheet->text(row, column); });
         return text;
+    }
+
+    void require_single_cells(const CellArea& area) override {
+        named([&] {
+            for (const CellArea& merged : selected_->sheet->index().merged)
+                if (merged.meets(area))
+                    throw WorkbookError(WorkbookFault::Entwined,
+                                        "the cells " + area_name(merged) +
+                                            " are merged, but results stand in " + area_name(area));
+        });
     }
 
     void set_number(int row, int column, double value) override {

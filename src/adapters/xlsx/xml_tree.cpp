@@ -1,5 +1,7 @@
 #include "adapters/xlsx/xml_tree.h"
 
+#include <new>
+
 #include "adapters/xlsx/xml_tags.h"
 
 namespace zel::xlsx {
@@ -8,6 +10,7 @@ void parse_tree(pugi::xml_document& document, std::string_view xml, const std::s
                 unsigned flags) {
     if (xml.size() > largest_tree) refuse_damaged(what + ": it is larger than 8 MiB");
     const auto parsed = document.load_buffer(xml.data(), xml.size(), flags);
+    if (parsed.status == pugi::status_out_of_memory) throw std::bad_alloc();
     if (!parsed) refuse_damaged(what + ": " + parsed.description());
 }
 

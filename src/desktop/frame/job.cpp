@@ -1,13 +1,22 @@
 #include "desktop/frame/job.h"
 
+#include <system_error>
 #include <utility>
+
+#include "platform/errors.h"
 
 namespace zel {
 
 Job::Job(Work work, std::function<void()> wake) : work_(std::move(work)), wake_(std::move(wake)) {}
 
 void Job::begin() {
-    thread_ = std::thread([this] { run(); });
+    try {
+        thread_ = std::thread([this] { run(); });
+    } catch (const std::system_error&) {
+        failure_ = std::make_exception_ptr(
+            PlatformError(PlatformFault::OutOfMemory, "the system starts no more threads"));
+        ended_ = true;
+    }
 }
 
 Job::~Job() {

@@ -2,7 +2,13 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
 
 #include "fakes/scratch_folder.h"
 #include "fakes/scripted_dialogs.h"
@@ -54,6 +60,44 @@ TEST_F(TextFile, a_replaced_one_keeps_its_mode) {
     EXPECT_EQ(read_text_file(path), "new");
     EXPECT_EQ(mode_of(path), 0640U);
     EXPECT_EQ(files(), 1);
+}
+
+/// Writes `text` in a process that is killed behind the first 1000 bytes.
+void write_and_be_killed(const std::string& path, const std::string& text) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const rlimit limit = {1000, 1000};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        std::signal(SIGXFSZ, SIG_DFL);
+        write_text_file(path, text);
+        ::_exit(0);
+    }
+    int state = 0;
+    ::waitpid(child, &state, 0);
+    ASSERT_TRUE(WIFSIGNALED(state));
+}
+
+TEST_F(TextFile, what_a_killed_run_leaves_has_the_mode_and_is_cleared_by_the_next) {
+    folder.write("case.json", "former");
+    ::chmod(path.c_str(), 0640);
+    write_and_be_killed(path, std::string(5000, 'x'));
+    ASSERT_EQ(files(), 2);
+    for (const auto& entry : fs::directory_iterator(folder.path())) {
+        EXPECT_EQ(mode_of(entry.path()), 0640U);
+        EXPECT_EQ(entry.file_size(), entry.path() == path ? 6U : 1000U);
+    }
+    const std::vector<std::string> others = {"case.json.tmp", "case.json.tmp1-0.json",
+                                             "a.json.tmp1-0"};
+    for (const std::string& other : others) folder.write(other, "kept");
+    const std::string in_use = folder.file("case.json.tmp1-0");
+    const int number = ::open(in_use.c_str(), O_CREAT | O_WRONLY, 0600);
+    ASSERT_EQ(::flock(number, LOCK_EX), 0);
+    write_text_file(path, "new");
+    EXPECT_EQ(files(), 5) << "the file, three of other names, and one that is being written";
+    ::close(number);
+    write_text_file(path, "newer");
+    EXPECT_EQ(files(), 4);
+    EXPECT_EQ(read_text_file(path), "newer");
 }
 
 TEST_F(TextFile, links_are_followed_and_stay_links) {

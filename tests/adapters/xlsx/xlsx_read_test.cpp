@@ -199,6 +199,26 @@ TEST(XlsxRead, one_long_text_in_many_cells_is_cut) {
     EXPECT_EQ(text(std::string(999, '1') + "\u00E4"), std::string(999, '1') + "...");
 }
 
+TEST(XlsxRead, merged_cells_are_told_with_sheet_and_range) {
+    const auto merged = [](const std::string& area) {
+        std::string sheet = sheet_of("");
+        sheet.insert(sheet.find("<pageMargins"),
+                     "<x:mergeCells><mergeCell ref=\"" + area + "\"/></x:mergeCells>");
+        try {
+            opened(workbook_with(sheet))->require_single_cells({5, 34, 9, 43});
+        } catch (const WorkbookError& error) {
+            EXPECT_EQ(error.fault(), WorkbookFault::Entwined);
+            return std::string(error.what());
+        }
+        return std::string();
+    };
+    EXPECT_EQ(merged("AG9:AH10"),
+              "a.xlsx: input: the cells AG9:AH10 are merged, but results stand in AH5:AQ9");
+    EXPECT_NE(merged("A1:XFD5"), "");
+    for (const char* beside : {"AH4:AQ4", "AG5:AG9", "AR5:AS9", "AH10:AQ10", "AH5"})
+        EXPECT_EQ(merged(beside), "") << beside;
+}
+
 TEST(XlsxRead, two_worksheets_with_the_same_cells_are_refused) {
     Parts parts = workbook_with(sheet_of(""));
     std::string& workbook = parts[2].second;
