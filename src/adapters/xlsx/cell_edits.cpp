@@ -33,6 +33,13 @@ bool CellEdits::clears(int row) const {
     });
 }
 
+bool CellEdits::clears(const CellArea& area) const {
+    return std::any_of(cleared_.begin(), cleared_.end(), [&](const CellArea& cleared) {
+        return cleared.holds(area.first_row, area.first_column) &&
+               cleared.holds(area.last_row, area.last_column);
+    });
+}
+
 std::set<int> CellEdits::columns() const {
     std::set<int> columns;
     for (const auto& [number, cells] : rows_)

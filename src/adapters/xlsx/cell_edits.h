@@ -32,6 +32,9 @@ public:
     /// Whether a cell of `row` is cleared.
     [[nodiscard]] bool clears(int row) const;
 
+    /// Whether one clearing took the whole area.
+    [[nodiscard]] bool clears(const CellArea& area) const;
+
     /// The columns in which cells are set or cleared.
     [[nodiscard]] std::set<int> columns() const;
 

@@ -217,8 +217,12 @@ private:
     void lose_formula(int row, int column, const pugi::xml_node& formula) {
         out_.lost_formula = true;
         const std::string_view reference = formula.attribute("ref").value();
+        if (reference.empty()) return;
         const auto area = cell_area(reference);
-        if (!area) return;
+        if (!area)
+            refuse_damaged("the formula in " + cell_name(row, column) + " fills " +
+                           shortened(reference));
+        if (edits_.clears(*area)) return;
         for (int r = area->first_row; r <= area->last_row; ++r)
             for (int c = area->first_column; c <= area->last_column; ++c)
                 if (edits_.find(r, c) == nullptr)

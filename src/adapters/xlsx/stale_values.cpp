@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cctype>
+#include <compare>
+#include <utility>
 
 #include "adapters/xlsx/formula_reads.h"
 #include "adapters/xlsx/sheet.h"
@@ -19,21 +21,56 @@ std::string lower(std::string_view text) {
     return out;
 }
 
+// What reads more, or has more kinds, counts as reading anything: its value is dropped, and a
+// spreadsheet program calculates it. Millions of formulas must not take hours.
+constexpr std::size_t longest_formula = 32768;  // four bytes for each of 8192 characters
+constexpr std::size_t most_reaches = 64;
+constexpr std::size_t most_kinds = 65536;
+
 /// A stretch of columns of one sheet.
 struct Reach {
     std::size_t sheet;
     int first;
     int last;
+
+    friend auto operator<=>(const Reach&, const Reach&) = default;
 };
 
-/// A formula by what it reads; `row` is the place of its row in the index of its sheet.
+/// Formulas of one column of a sheet that read the same: whole columns of them are of one kind.
+struct FormulaKind {
+    std::size_t sheet;
+    int column;
+    bool anything = false;
+    std::vector<Reach> reaches{};
+
+    friend auto operator<=>(const FormulaKind&, const FormulaKind&) = default;
+};
+
+/// The kinds, with whether the values of their formulas are stale.
+using FormulaKinds = std::map<FormulaKind, bool>;
+
+/// `row` is the place of its row in the index of its sheet.
 struct Formula {
     std::size_t row;
-    int column;
-    std::vector<Reach> reaches;
-    bool anything = false;
-    bool stale = false;
+    const FormulaKinds::value_type* kind;
+
+    [[nodiscard]] int column() const { return kind->first.column; }
+    [[nodiscard]] bool stale() const { return kind->second; }
 };
+
+/// Reaches that touch become one.
+void join(std::vector<Reach>& reaches) {
+    std::sort(reaches.begin(), reaches.end());
+    std::vector<Reach> joined;
+    for (const Reach& reach : reaches) {
+        if (!joined.empty() && joined.back().sheet == reach.sheet &&
+            reach.first <= joined.back().last + 1)
+            joined.back().last = std::max(joined.back().last, reach.last);
+        else
+            joined.push_back(reach);
+    }
+    reaches = std::move(joined);
+}
 
 bool has_formulas(std::string_view text) {
     for (std::size_t at = text.find("f"); at != text.npos; at = text.find("f", at + 1)) {
@@ -73,7 +110,7 @@ private:
         if (!has_formulas(text)) return;
         const SheetIndex index = index_of_sheet(text);
         SheetRow row;
-        std::map<std::string, std::pair<int, FormulaReads>> shared;  // with the master's column
+        std::map<std::string, SharedFormula> shared;
         for (std::size_t r = 0; r < index.rows.size(); ++r) {
             const std::string_view element = index.rows[r].element.of(text);
             if (!has_formulas(element)) continue;
@@ -84,30 +121,48 @@ private:
         }
     }
 
+    /// A formula that others copy, moved.
+    struct SharedFormula {
+        int column = 0;
+        FormulaReads reads;
+        std::map<int, const FormulaKinds::value_type*> copies;  // by column
+    };
+
     void add(std::size_t sheet, std::size_t row, int column, const pugi::xml_node& f,
-             std::map<std::string, std::pair<int, FormulaReads>>& shared) {
+             std::map<std::string, SharedFormula>& shared) {
         const std::string_view text = f.text().get();
-        const bool is_shared = std::string_view(f.attribute("t").value()) == "shared";
-        const std::string key = f.attribute("si").value();
-        FormulaReads reads = reads_of_formula(text);
-        int shift = 0;
-        if (is_shared && !text.empty()) shared[key] = {column, reads};
-        if (is_shared && text.empty()) {
-            // A copy of another formula, moved.
-            const auto master = shared.find(key);
-            reads.anything = master == shared.end();
-            if (master != shared.end()) {
-                reads = master->second.second;
-                shift = column - master->second.first;
-            }
+        FormulaReads reads;
+        reads.anything = text.size() > longest_formula;
+        if (!reads.anything) reads = reads_of_formula(text);
+        if (std::string_view(f.attribute("t").value()) != "shared")
+            return formulas_[sheet].push_back({row, kind_of(sheet, column, reads, 0)});
+        const char* const key = f.attribute("si").value();
+        if (!text.empty()) shared[key] = {column, std::move(reads), {}};
+        const auto master = shared.find(key);
+        if (master == shared.end()) {
+            reads.anything = true;
+            return formulas_[sheet].push_back({row, kind_of(sheet, column, reads, 0)});
         }
-        Formula formula = {row, column, {}, reads.anything};
-        add_reaches(formula, sheet, reads, shift);
-        for (const std::string& name : reads.names) add_name(formula, name);
-        formulas_[sheet].push_back(std::move(formula));
+        auto& [first, its_reads, copies] = master->second;
+        const FormulaKinds::value_type*& kind = copies[column];
+        if (kind == nullptr) kind = kind_of(sheet, column, its_reads, column - first);
+        formulas_[sheet].push_back({row, kind});
     }
 
-    void add_reaches(Formula& formula, std::size_t own, const FormulaReads& reads, int shift) {
+    const FormulaKinds::value_type* kind_of(std::size_t sheet, int column,
+                                            const FormulaReads& reads, int shift) {
+        FormulaKind kind = {sheet, column, reads.anything};
+        add_reaches(kind, sheet, reads, shift);
+        for (const std::string& name : reads.names) add_name(kind, name);
+        join(kind.reaches);
+        if (kind.reaches.size() > most_reaches ||
+            (kinds_.size() >= most_kinds && !kinds_.contains(kind)))
+            kind.anything = true;
+        if (kind.anything) kind.reaches.clear();
+        return &*kinds_.try_emplace(std::move(kind), false).first;
+    }
+
+    void add_reaches(FormulaKind& kind, std::size_t own, const FormulaReads& reads, int shift) {
         for (const ColumnsRead& columns : reads.columns) {
             std::size_t sheet = own;
             if (!columns.sheet.empty()) {
@@ -118,46 +173,46 @@ private:
             if (sheet == no_sheet) continue;
             const int first = columns.first + (columns.first_moves ? shift : 0);
             const int last = columns.last + (columns.last_moves ? shift : 0);
-            formula.reaches.push_back({sheet, std::min(first, last), std::max(first, last)});
+            kind.reaches.push_back({sheet, std::min(first, last), std::max(first, last)});
         }
     }
 
-    void add_name(Formula& formula, const std::string& name) {
+    void add_name(FormulaKind& kind, const std::string& name) {
         const auto found = names_.find(lower(name));
         // An unknown word is a function without arguments, or a table.
         if (found == names_.end() || found->second.anything || !found->second.names.empty()) {
-            formula.anything = true;
+            kind.anything = true;
             return;
         }
-        add_reaches(formula, no_sheet, found->second, 0);
+        add_reaches(kind, no_sheet, found->second, 0);
     }
 
-    [[nodiscard]] bool is_reached(const Formula& formula) const {
-        return formula.anything ||
-               std::any_of(formula.reaches.begin(), formula.reaches.end(), [&](const Reach& reach) {
+    [[nodiscard]] bool is_reached(const FormulaKind& kind) const {
+        return kind.anything ||
+               std::any_of(kind.reaches.begin(), kind.reaches.end(), [&](const Reach& reach) {
                    const auto& changed = changed_[reach.sheet];
                    const auto column = changed.lower_bound(reach.first);
                    return column != changed.end() && *column <= reach.last;
                });
     }
 
-    /// Marks the formulas that changed columns reach; true where there were new ones.
+    /// Marks the kinds that changed columns reach; true where more columns changed by it.
     bool spread() {
         bool found = false;
-        for (std::size_t i = 0; i < sheets_.size(); ++i)
-            for (Formula& formula : formulas_[i]) {
-                const bool kept = sheets_[i].kept_columns.contains(formula.column);
-                if (formula.stale || kept || !is_reached(formula)) continue;
-                formula.stale = found = true;
-                changed_[i].insert(formula.column);
-            }
+        for (auto& [kind, stale] : kinds_) {
+            if (stale || sheets_[kind.sheet].kept_columns.contains(kind.column) ||
+                !is_reached(kind))
+                continue;
+            stale = true;
+            if (changed_[kind.sheet].insert(kind.column).second) found = true;
+        }
         return found;
     }
 
     [[nodiscard]] bool has_stale(std::size_t sheet) const {
         const auto& formulas = formulas_[sheet];
         return std::any_of(formulas.begin(), formulas.end(),
-                           [](const Formula& formula) { return formula.stale; });
+                           [](const Formula& formula) { return formula.stale(); });
     }
 
     [[nodiscard]] std::string text_without(std::size_t sheet) const {
@@ -169,13 +224,13 @@ private:
         SheetRow row;
         std::size_t parsed = no_sheet;
         for (const Formula& formula : formulas_[sheet]) {
-            if (!formula.stale) continue;
+            if (!formula.stale()) continue;
             const Stretch& element = index.rows[formula.row].element;
             if (parsed != formula.row) row.parse(index.rows[formula.row].number, element.of(text));
             parsed = formula.row;
             const auto cell =
                 std::find_if(row.cells().begin(), row.cells().end(),
-                             [&](const SheetCell& c) { return c.column == formula.column; });
+                             [&](const SheetCell& c) { return c.column == formula.column(); });
             const Stretch value = value_of(row.text(), *cell);
             out.append(text, copied, element.begin + value.begin - copied);
             copied = element.begin + value.end;
@@ -196,6 +251,7 @@ private:
     const std::vector<FormulaSheet>& sheets_;
     std::map<std::string, std::size_t> by_name_;
     std::map<std::string, FormulaReads> names_;
+    FormulaKinds kinds_;
     std::vector<std::vector<Formula>> formulas_;  // by sheet
     std::vector<std::set<int>> changed_;          // columns by sheet
 };

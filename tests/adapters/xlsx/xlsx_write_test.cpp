@@ -145,6 +145,12 @@ TEST(XlsxWrite, part_of_an_array_formula_is_not_overwritten) {
     EXPECT_NO_THROW(changed(parts, [](Workbook& w) { w.clear({1, 1, 2, 1}); }));
 }
 
+TEST(XlsxWrite, a_formula_that_fills_no_area_is_a_damage) {
+    const Parts parts = workbook_with(
+        sheet_of(R"(<row r="1"><c r="A1"><f t="array" ref="A">B1</f><v>2</v></c></row>)"));
+    EXPECT_THROW(changed(parts, 1, 1), WorkbookError);
+}
+
 std::string row_of(const std::string& cells) { return "<row r=\"1\">" + cells + "</row>"; }
 
 TEST(StaleValues, are_those_of_formulas_that_depend_on_a_change) {
