@@ -97,7 +97,7 @@ constexpr Text near_names = {"kein Leiter der Bibliothek heißt so; ähnlich sin
 
 std::string shown(const CalcCase& c, const OfferField& row, LangId lang) {
     if (const auto* whole = std::get_if<std::int16_t CalcCase::*>(&row.field))
-        return std::to_string(c.**whole);
+        return std::string(row.words[static_cast<std::size_t>(c.**whole)].in(lang));
     const Entry& entry = c.**std::get_if<Entry CalcCase::*>(&row.field);
     const std::string text = entry.text + " " + std::string(field_of(row.field).unit);
     return entry.assumed ? text + " " + std::string(assumed_mark.in(lang)) : text;
@@ -124,11 +124,18 @@ bool take_offer(Field& /*to*/, const Field& /*from*/, DecimalSeparator /*separat
     return false;  // no text and no flag is offered
 }
 
+constexpr Text resistances[] = {{},
+                                {"Gleichstrom (DC)", "direct current (DC)"},
+                                {"Wechselstrom (AC)", "alternating current (AC)"}};
+constexpr Text answers[] = {{"nein", "no"}, {"ja", "yes"}};
+
 constexpr OfferField offers[] = {
     {&CalcCase::ACDC_R_Option_Merker_db,
-     {"Rechnen mit Widerstand (1 DC, 2 AC)", "Calculate with resistance (1 DC, 2 AC)"}},
+     {"Rechnen mit Widerstand", "Calculate with resistance"},
+     resistances},
     {&CalcCase::GMR_Merker_db,
-     {"Geom. Ersatzradius GMR verwenden", "Use the geometric mean radius"}},
+     {"Geom. Ersatzradius GMR verwenden", "Use the geometric mean radius"},
+     answers},
     {&CalcCase::radialthermalconductivity_unter_KPT_db,
      {"Radiale Wärmeleitfähigkeit unterhalb des Kniepunkts",
       "Radial thermal conductivity below the knee point"}},

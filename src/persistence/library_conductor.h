@@ -72,7 +72,8 @@ struct LibraryConductor {
 /// A field that TB 601 reads and an exchange record does not hold.
 struct OfferField {
     FieldKey field;
-    Text caption{};  // where it needs another than the label of its form
+    Text caption{};                 // where it needs another than the label of its form
+    std::span<const Text> words{};  // of a choice, by its number
 };
 [[nodiscard]] std::span<const OfferField> offer_fields();
 

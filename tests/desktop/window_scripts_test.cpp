@@ -6,6 +6,9 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTabBar>
 #include <QTableView>
 #include <QTimer>
 #include <map>
@@ -226,6 +229,8 @@ private:
             launcher.works = step.at(1);
         else if (verb == "close")
             window->close();
+        else if (verb == "size")
+            window->resize(step.at(1), step.at(2));
         else if (verb == "modal")
             in_modal(step);
         else
@@ -285,6 +290,10 @@ private:
                       step.at(2).get<std::string>());
         else if (verb == "is_open")
             EXPECT_TRUE(top_window(step.at(1)).isVisible());
+        else if (verb == "unique_keys")
+            expect_unique_keys();
+        else if (verb == "in_sight")
+            EXPECT_EQ(widget(step.at(1)).visibleRegion(), QRegion(widget(step[1]).rect()));
         else if (verb == "focus")
             EXPECT_TRUE(widget(step.at(1)).hasFocus());
         else if (verb == "open")
@@ -361,6 +370,37 @@ private:
         if (step.size() < 4) return;
         EXPECT_EQ(name(0).toStdString(), step[2].get<std::string>());
         EXPECT_EQ(name(model.rowCount() - 1).toStdString(), step[3].get<std::string>());
+    }
+
+    /// No two controls in sight, and no two entries of a menu, have the same alt key.
+    void expect_unique_keys() {
+        QStringList texts;
+        for (const QMenuBar* bar : window->findChildren<QMenuBar*>())
+            for (const QAction* menu : bar->actions()) texts << menu->text();
+        const auto in_sight = [this](const QWidget& part) {
+            return part.isVisible() && part.window() == window;
+        };
+        for (const QTabBar* bar : window->findChildren<QTabBar*>())
+            for (int i = 0; in_sight(*bar) && i < bar->count(); ++i) texts << bar->tabText(i);
+        for (const QAbstractButton* button : window->findChildren<QAbstractButton*>())
+            if (in_sight(*button)) texts << button->text();
+        for (const QLabel* label : window->findChildren<QLabel*>())
+            if (label->buddy() != nullptr && in_sight(*label)) texts << label->text();
+        expect_unique(texts);
+        for (const QMenu* menu : window->findChildren<QMenu*>()) {
+            texts.clear();
+            for (const QAction* entry : menu->actions()) texts << entry->text();
+            expect_unique(texts);
+        }
+    }
+    static void expect_unique(const QStringList& texts) {
+        std::map<QString, QString> taken;
+        for (const QString& text : texts) {
+            const QString key = QKeySequence::mnemonic(text).toString();
+            if (key.isEmpty()) continue;
+            const auto [former, is_free] = taken.try_emplace(key, text);
+            EXPECT_TRUE(is_free) << former->second.toStdString() << " / " << text.toStdString();
+        }
     }
 
     /// The next box: all parts stand in its title or lines.

@@ -41,9 +41,9 @@ constexpr Text duration_note = {"Die Gesamtrechenzeit kann bis zu 5 h dauern.   
                                 "The whole calculation may take up to 5 h.   "};
 constexpr Text start_caption = {"&Auswahl Arbeitsmappe u. Start der Berechnung",
                                 "&Select workbook and start the calculation"};
-constexpr Text open_caption = {"Aktuelle &Arbeitsmappe in Excel öffnen",
+constexpr Text open_caption = {"Aktuelle Arbeits&mappe in Excel öffnen",
                                "Open present &workbook in Excel"};
-constexpr Text stop_caption = {"Excel-Berechnung &abbrechen", "&Cancel Excel calculation"};
+constexpr Text stop_caption = {"Excel-Berechnung a&bbrechen", "&Cancel Excel calculation"};
 constexpr Text close_caption = {"Fenster schließen", "Close window"};
 constexpr Text random_caption = {"Auswahl Arbeitsmappe / Generierung zufälliger Datensätze",
                                  "Select workbook / generate random data sets"};

@@ -261,7 +261,7 @@ void ConductorEditor::make_buttons(QHBoxLayout& line) {
         {"copy", {"&Kopieren", "&Copy"}, &ConductorEditor::copy, true, true},
         {"change", {"Än&dern", "C&hange"}, &ConductorEditor::change, true, true, true, true},
         {"remove", {"L&öschen", "De&lete"}, &ConductorEditor::remove, true, true, true, true},
-        {"choose", {"Nur a&uswählen", "Select &only"}, &ConductorEditor::choose, true, true},
+        {"choose", {"Nur a&uswählen", "Select onl&y"}, &ConductorEditor::choose, true, true},
         {"choose_and_take_over",
          {"&Auswählen und übernehmen", "&Select and take over"},
          &ConductorEditor::choose_and_take_over,

@@ -31,7 +31,7 @@ const std::vector<Tab>& tabs_of_sheet() {
         {{"&Leiter", "C&onductor"}, {section::designation, section::kind, section::geometry}},
         {{"Leiter&werkstoff", "Conductor &material"}, {section::material}},
         {{"Ke&rn", "Cor&e"}, {section::core}},
-        {{"Wi&derstand", "&Resistance"}, {section::resistance, section::conductivity}},
+        {{"Widers&tand", "&Resistance"}, {section::resistance, section::conductivity}},
         {{"AC-Wert&epaare", "AC &pairs"}, {section::ac_pairs}},
     };
     return tabs;
@@ -66,9 +66,8 @@ ConductorSheet::ConductorSheet(const Session& session, const LiveSettings& setti
       captions_(captions),
       form_(c_, session, [&settings] { return settings.language_of_lists(); }),
       sections_(forms::conductor_sections()) {
-    for (const std::size_t wide : {section::designation, section::ac_pairs})
-        sections_[wide].columns = side_by_side;
-    sections_[section::designation].first_stretch = 2;
+    sections_[section::designation].columns = 1;
+    sections_[section::ac_pairs].columns = side_by_side;
     std::erase_if(sections_[section::designation].rows, [](const forms::Row& row) {
         return row.field == &field_of(&CalcCase::Anmerkung_db);  // has a line of its own
     });
@@ -83,6 +82,11 @@ ConductorSheet::ConductorSheet(const Session& session, const LiveSettings& setti
     setWidget(content);
     show_conductor({}, false);
     captions.computed([this](LangId) { judge(); });
+}
+
+QSize ConductorSheet::minimumSizeHint() const {
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    return {widget()->minimumSizeHint().width() + bar, QScrollArea::minimumSizeHint().height()};
 }
 
 FormPanel* ConductorSheet::make_panel(std::size_t section) {
@@ -227,6 +231,7 @@ void ConductorSheet::focus_first() {
 
 void ConductorSheet::judge() {
     const LangId lang = session_.lang;
+    for (FormPanel* panel : panels_) panel->show_labels();
     for (const MethodLine& line : lines_) {
         const bool fits = is_for_kind(c_, line.method);
         const auto missing = missing_for(c_, line.method, lang);

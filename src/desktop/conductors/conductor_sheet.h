@@ -28,6 +28,8 @@ public:
     /// The conductor with what was changed so far.
     [[nodiscard]] const LibraryConductor& conductor();
     void focus_first();
+    /// It scrolls down alone.
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 private:
     struct MethodLine {

@@ -27,9 +27,21 @@ bool may_be_out_of_sight(const QFocusEvent& event) {
            reason != Qt::PopupFocusReason;
 }
 
-void bring_into_sight(QWidget& input) {
-    for (QWidget* parent = input.parentWidget(); parent != nullptr; parent = parent->parentWidget())
-        if (auto* area = qobject_cast<QScrollArea*>(parent)) area->ensureWidgetVisible(&input);
+/// All of it, not only its cursor.
+void bring_into_sight(const QWidget& input, QScrollArea& area) {
+    constexpr int margin = 12;  // pixels
+    const QSize half =
+        (input.size() / 2 + QSize(margin, margin)).boundedTo(area.viewport()->size() / 2);
+    const QPoint middle = input.mapTo(area.widget(), input.rect().center());
+    area.ensureVisible(middle.x(), middle.y(), half.width(), half.height());
+}
+
+void bring_into_sight(const QWidget& input) {
+    // A window that belongs to an input of another stands above it, not in it.
+    for (const QWidget* part = &input; !part->isWindow(); part = part->parentWidget())
+        if (auto* area = qobject_cast<QScrollArea*>(part->parentWidget()))
+            if (area->widget() != nullptr && area->widget()->isAncestorOf(&input))
+                bring_into_sight(input, *area);
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ constexpr QSize window_size(1260, 750);
 
 constexpr Text no_name = {"Unbenannt", "Untitled"};
 constexpr Text file_caption = {"&Datei", "&File"};
-constexpr Text edit_caption = {"&Bearbeiten", "&Edit"};
+constexpr Text edit_caption = {"&Bearbeiten", "E&dit"};
 
 }  // namespace
 

@@ -215,6 +215,10 @@ void FormPanel::show_states() {
     for (const Field& field : fields_) (void)show_state(field);
 }
 
+void FormPanel::show_labels() {
+    for (const Field& field : fields_) show_label(field);
+}
+
 /// Gives whether the input is open.
 bool FormPanel::show_state(const Field& field) {
     const auto [open, needed, assumed] = parts_.record.state(*field.row);

@@ -19,7 +19,7 @@ namespace zel {
 /// What the panels of one area have in common that those of another have not.
 struct FormLook {
     int row_gap = 10;                  // pixels
-    int number_width = 72;             // pixels at least
+    int number_width = 68;             // pixels at least
     int list_length = 6;               // characters at least
     bool fills_room = true;            // panels are as high as the room that they have
     bool closed_turn_grey = false;     // inputs that are closed, and their labels
@@ -52,6 +52,8 @@ public:
     void load_anew() { load(true); }
     /// Shows which inputs are open and which are needed.
     void show_states();
+    /// What an input is called may hang on others.
+    void show_labels();
     /// Takes in what is typed but not yet finished.
     void commit();
     /// Whether there is any.

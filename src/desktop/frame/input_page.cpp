@@ -59,6 +59,10 @@ void InputPage::show_states() {
     for (FormPanel* panel : panels_) panel->show_states();
 }
 
+void InputPage::show_labels() {
+    for (FormPanel* panel : panels_) panel->show_labels();
+}
+
 void InputPage::commit() {
     for (FormPanel* panel : panels_) panel->commit();
 }

@@ -20,6 +20,7 @@ public:
     void focus_first() override;
     /// Shows which inputs are open and which are needed.
     void show_states();
+    void show_labels();
     /// The input of `field`, or null.
     [[nodiscard]] QWidget* input(const FieldInfo& field) const;
 

@@ -3,11 +3,9 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QChar>
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QStyleOption>
 #include <QStylePainter>
-#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -90,50 +88,60 @@ void FocusReturn::to(QWidget* input) {
     });
 }
 
+QuietList::QuietList() {
+    setFocusPolicy(Qt::StrongFocus);
+    // As high as its lines need, and no higher than that where the layout has room to give.
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    on(this, &QComboBox::currentTextChanged, [this] { updateGeometry(); });
+}
+
 void QuietList::set_read_only(bool read_only) {
     read_only_ = read_only;
-    setEnabled(!read_only);
-    QSizePolicy policy = sizePolicy();
-    policy.setHeightForWidth(read_only);
-    setSizePolicy(policy);
+    setFocusPolicy(read_only ? Qt::NoFocus : Qt::StrongFocus);
     updateGeometry();
 }
 
 void QuietList::showPopup() {
+    if (read_only_) return;
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     view()->setMinimumWidth(view()->sizeHintForColumn(0) + bar);
     QComboBox::showPopup();
 }
 
-int QuietList::heightForWidth(int width) const {
-    const QRect lines = fontMetrics().boundingRect(QRect(0, 0, width - 2 * box_margin, 0),
-                                                   Qt::TextWordWrap, currentText());
-    return std::max(sizeHint().height(), lines.height() + box_margin);
-}
-
-bool QuietList::event(QEvent* event) {
-    if (event->type() != QEvent::ToolTip || read_only_) return QComboBox::event(event);
+QRect QuietList::room_for_text(const QRect& whole) const {
+    if (read_only_) return whole.adjusted(box_margin, 0, -box_margin, 0);
     QStyleOptionComboBox option;
     initStyleOption(&option);
-    const QRect room =
-        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
-    if (fontMetrics().horizontalAdvance(currentText()) <= room.width())
-        return QComboBox::event(event);
-    const QString hint = toolTip().isEmpty() ? currentText() : currentText() + "\n" + toolTip();
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), hint, this);
-    return true;
+    option.rect = whole;
+    return style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField,
+                                   this);
 }
 
-void QuietList::paintEvent(QPaintEvent* event) {
-    if (!read_only_) return QComboBox::paintEvent(event);
+int QuietList::heightForWidth(int width) const {
+    const int least = sizeHint().height();
+    const QRect room = room_for_text({0, 0, width, least});
+    const QRect lines =
+        fontMetrics().boundingRect({0, 0, room.width(), 0}, Qt::TextWordWrap, currentText());
+    return std::max(least, lines.height() + 2 * box_margin);
+}
+
+void QuietList::paintEvent(QPaintEvent* /*event*/) {
     QStylePainter painter(this);
-    QStyleOptionFrame frame;
-    frame.initFrom(this);
-    frame.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, this);
-    frame.state |= QStyle::State_Sunken | QStyle::State_ReadOnly;
-    painter.drawPrimitive(QStyle::PE_PanelLineEdit, frame);
-    painter.drawText(rect().adjusted(box_margin, 0, -box_margin, 0),
-                     Qt::AlignVCenter | Qt::TextWordWrap, currentText());
+    if (read_only_) {
+        QStyleOptionFrame frame;
+        frame.initFrom(this);
+        frame.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, this);
+        frame.state |= QStyle::State_Sunken | QStyle::State_ReadOnly;
+        painter.drawPrimitive(QStyle::PE_PanelLineEdit, frame);
+    } else {
+        QStyleOptionComboBox list;
+        initStyleOption(&list);
+        painter.drawComplexControl(QStyle::CC_ComboBox, list);
+    }
+    painter.setPen(palette().color(read_only_ ? QPalette::Text : QPalette::ButtonText));
+    painter.drawText(room_for_text(rect()), Qt::AlignVCenter | Qt::TextWordWrap, currentText());
 }
 
 void QuietList::wheelEvent(QWheelEvent* event) {

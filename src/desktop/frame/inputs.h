@@ -68,27 +68,26 @@ private:
 };
 
 /// A list that the mouse wheel changes only while it has the focus: otherwise the wheel scrolls the
-/// page, and no input changes unnoticed on the way. No text of it is cut: opened, it is as wide as
-/// its widest one, and where the chosen one has too little room, the hint tells it.
+/// page, and no input changes unnoticed on the way. No text of it is cut: it has as many lines as
+/// the chosen one needs, and opens as wide as its widest one.
 class QuietList : public QComboBox {
 public:
-    QuietList() { setFocusPolicy(Qt::StrongFocus); }
+    QuietList();
 
-    /// What is only shown looks like a box that is only shown, with as many lines as the text
-    /// needs, and cannot be opened.
+    /// What is only shown looks like a box that is only shown and cannot be opened.
     void set_read_only(bool read_only);
-    [[nodiscard]] bool read_only() const { return read_only_; }
 
     void showPopup() override;
-    [[nodiscard]] bool hasHeightForWidth() const override { return read_only_; }
+    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
     [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    [[nodiscard]] QRect room_for_text(const QRect& whole) const;
+
     bool read_only_ = false;
 };
 

@@ -15,7 +15,7 @@ namespace {
 constexpr const char* german_texts = "qtbase_de";
 
 // Both names stand in both languages: who meets the wrong one has to find the menu.
-constexpr Text menu_caption = {"&Sprache / Language", "&Language / Sprache"};
+constexpr Text menu_caption = {"&Sprache / Language", "Lan&guage / Sprache"};
 
 constexpr struct {
     const char* name;

@@ -77,6 +77,7 @@ void Form1::case_changed() {
     const int sharing = sharing_conductors(line_.c);
     if (sharing != sharing_) share_bundle_currents(line_.c, session().separator);
     sharing_ = sharing;
+    conductor_->show_labels();
     transient_->load();
     show_modified();
 }

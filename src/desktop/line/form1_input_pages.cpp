@@ -23,10 +23,10 @@ constexpr Text mode_caption = {"Berechnungsart", "Mode of calculation"};
 constexpr Text methods_caption = {"Berechnungsverfahren", "Calculation methods"};
 constexpr Text age_hint = {"Emissionsverhältnis aus dem Seilalter berechnen ...",
                            "Calculate the emissivity from the conductor's age ..."};
-constexpr Text open_database_caption = {"Aus Seil&datenbank auswählen",
-                                        "Select from conductor &database"};
+constexpr Text open_database_caption = {"&Aus Seildatenbank auswählen",
+                                        "Select from conductor data&base"};
 constexpr Text open_database_hint = {"Leiterdatenbank öffnen", "Open the conductor database"};
-constexpr Text take_over_caption = {"Über&nehmen", "&Take over"};
+constexpr Text take_over_caption = {"Überneh&men", "Ta&ke over"};
 constexpr Text take_over_hint = {"Den dort ausgewählten Leiter übernehmen",
                                  "Take over the conductor selected there"};
 constexpr Text not_available = {"Dieses Verfahren ist in dieser Version nicht verfügbar.",

@@ -20,7 +20,7 @@ constexpr Text title = {"Emissionsverhältnis aus dem Seilalter",
 constexpr Text age_label = {"Seilalter :", "Conductor age :"};
 constexpr Text years = {"Jahre", "years"};
 constexpr Text compute_caption = {"E-Verhältnis &berechnen", "&Calculate emissivity"};
-constexpr Text take_over_caption = {"E-Verhältnis ü&bernehmen", "&Take over emissivity"};
+constexpr Text take_over_caption = {"E-Verhältnis über&nehmen", "&Take over emissivity"};
 constexpr Text cancel_caption = {"&Abbrechen", "Ca&ncel"};
 constexpr Text result_label = {"Emissionsverhältnis :", "Emissivity :"};
 constexpr Text formula = {" E-Verhältnis =0.3 + (0.6 * Seilalter) / (1 + Seilalter)    ",
