@@ -69,14 +69,13 @@ ordered_json notes_in(const BatchResult& result, LangId lang) {
 
 std::string document(const BatchResult& result, const Console& console, double seconds,
                      LangId lang) {
-    const ordered_json document = {{"rows", result.rows},
-                                   {"active", result.active},
-                                   {"inactive", result.inactive},
-                                   {"errors", result.errors},
-                                   {"messages", json_of(console.messages())},
-                                   {"notes", notes_in(result, lang)},
-                                   {"seconds", seconds}};
-    return document.dump(2) + "\n";
+    return json_text({{"rows", result.rows},
+                      {"active", result.active},
+                      {"inactive", result.inactive},
+                      {"errors", result.errors},
+                      {"messages", json_of(console.messages())},
+                      {"notes", notes_in(result, lang)},
+                      {"seconds", seconds}});
 }
 
 std::string page(const BatchResult& result, LangId lang) {
@@ -106,7 +105,7 @@ int run(const BatchJob& job, BatchResult& result, BatchProgress& progress) {
         return exit_program_ended;
     } catch (const OutputError& error) {
         progress.clear();
-        Console::tell_reason(error.what());
+        Console::tell_reason(error.told(job.session.lang));
         return exit_failed;
     }
 }
@@ -135,7 +134,7 @@ int calculate_workbook(const BatchWords& words) {
     progress.clear();
     if (status == exit_refused) dialogs.tell_unheard();
     return print_or_fail(words.json ? document(result, console, seconds, words.lang)
-                                    : page(result, words.lang),
+                                    : printable(page(result, words.lang)),
                          status);
 }
 

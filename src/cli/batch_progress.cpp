@@ -3,6 +3,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -29,12 +30,8 @@ std::size_t terminal_width() {
 /// A line that is too long would not be overwritten whole.
 std::string first_characters(const std::string& line, std::size_t count) {
     std::size_t end = 0;
-    while (end < line.size()) {
-        // UTF-8: further bytes of a character begin with the bits 10.
-        const bool begins = (static_cast<unsigned char>(line[end]) & 0xC0U) != 0x80U;
-        if (begins && count-- == 0) break;
-        ++end;
-    }
+    for (; end < line.size() && count > 0; --count)
+        end += std::max<std::size_t>(character_length(std::string_view(line).substr(end)), 1);
     return line.substr(0, end);
 }
 

@@ -28,8 +28,6 @@ ordered_json json_of(const std::vector<Note>& notes) {
     return list;
 }
 
-std::string text_of(const ordered_json& document) { return document.dump(2) + "\n"; }
-
 void add_case_word(CLI::App& command, CaseWords& words) {
     command.add_option("CASE", words.case_path, "Case file (JSON), or - for standard input")
         ->required();
@@ -52,13 +50,14 @@ int CaseRun::run() {
 }
 
 int CaseRun::printed(bool sound) const {
-    return print_or_fail(words_.json ? document({}) : page(), sound ? exit_done : exit_failed);
+    return print_or_fail(words_.json ? document({}) : printable(page()),
+                         sound ? exit_done : exit_failed);
 }
 
 int CaseRun::refused(const Box& box) const {
     if (words_.silent) Console::tell_reason(paragraph_of(box));
     if (!words_.json) return exit_refused;
-    return print_or_fail(text_of({{"input_valid", false}, {"messages", json_of(messages())}}),
+    return print_or_fail(json_text({{"input_valid", false}, {"messages", json_of(messages())}}),
                          exit_refused);
 }
 

@@ -10,13 +10,14 @@
 namespace zel {
 
 std::string listing_of(const forms::Record& record, std::span<const forms::Section> sections,
-                       LangId lang) {
+                       LangId lang, std::string_view nothing) {
     Listing listing;
     for (const forms::Section& section : sections) {
         bool headed = false;
         for (const forms::Row& row : section.rows) {
             std::string value = printable(record.listed(row));
             std::replace(value.begin(), value.end(), '\n', ' ');
+            if (value.empty()) value = nothing;
             if (value.empty()) continue;
             if (!headed) listing.add_caption(section.caption.in(lang));
             headed = true;
@@ -26,9 +27,10 @@ std::string listing_of(const forms::Record& record, std::span<const forms::Secti
     return listing.text();
 }
 
-std::string case_listing(CalcCase c, std::span<const forms::Section> sections, LangId lang) {
+std::string case_listing(CalcCase c, std::span<const forms::Section> sections, LangId lang,
+                         std::string_view nothing) {
     const Locale locale{lang};
-    return listing_of(forms::LineForm(c, locale), sections, lang);
+    return listing_of(forms::LineForm(c, locale), sections, lang, nothing);
 }
 
 std::string case_listing(CalcCase c, LangId lang) {

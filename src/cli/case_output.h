@@ -23,8 +23,6 @@ namespace zel {
 [[nodiscard]] nlohmann::ordered_json json_of(const std::vector<Message>& messages);
 /// The remarks of the program as the `notes` of a document.
 [[nodiscard]] nlohmann::ordered_json json_of(const std::vector<Note>& notes);
-/// The document as it is printed.
-[[nodiscard]] std::string text_of(const nlohmann::ordered_json& document);
 
 /// No selected method failed.
 [[nodiscard]] bool sound(const SteadyRunResult& result);

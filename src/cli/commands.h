@@ -4,6 +4,8 @@
 #include <memory>
 #include <string>
 
+#include <nlohmann/json_fwd.hpp>
+
 #include "program/command_line.h"
 
 namespace zel {
@@ -21,15 +23,17 @@ class CommandLine {
 public:
     CommandLine(CLI::App& app, char** words) : app_(app), words_(words) {}
 
-    /// A command below `parent`. `run` gets what the user has written, gives the exit status, and
-    /// throws `InputError` where the input cannot be read.
+    /// A command below `parent`. `run` gets what the user has written and gives the exit status;
+    /// what it throws is told in the language of its words, as by `guarded`.
     template <class Words>
     Command<Words> add(CLI::App& parent, const char* name, const char* description,
                        std::function<int(const Words&)> run) {
         const auto words = std::make_shared<Words>();
         CLI::App& command = *parent.add_subcommand(name, description);
         command.callback([this, words, run = std::move(run)] {
-            chosen_ = [words, run] { return run(*words); };
+            chosen_ = [words, run] {
+                return guarded([&] { return run(*words); }, lang_of(*words));
+            };
         });
         return {command, *words};
     }
@@ -53,6 +57,11 @@ public:
     [[nodiscard]] char** words() const { return words_; }
 
 private:
+    static LangId lang_of(const CommonOptions& words) { return words.lang; }
+    static LangId lang_of(const DesktopWords& words) {
+        return words.lang.value_or(LangId::English);
+    }
+
     CLI::App& app_;
     char** words_;
     std::function<int()> chosen_;
@@ -72,6 +81,9 @@ void add_db(CommandLine& line);
 // ---- what several commands have
 
 extern const char* const exit_statuses;  // of the commands that calculate a case
+
+/// The document as it is printed. What is no UTF-8 in its texts has replacement characters.
+[[nodiscard]] std::string json_text(const nlohmann::ordered_json& document);
 
 void add_json_option(CLI::App& command, CommonOptions& options);
 /// "--json" and "--silent".

@@ -24,6 +24,12 @@ constexpr const char* conductor_notes =
     "RECORD has 714 bytes; docs/conductors.md tells its layout. Own conductors stand in\n"
     "conductors.csv in the data folder, in the form of the shipped library.\n";
 
+constexpr Text no_exchange_file = {
+    "keine Austauschdatei ist eingestellt (Einseil1_dat); nennen Sie eine mit -o RECORD",
+    "no exchange file is set (Einseil1_dat); name one with -o RECORD"};
+constexpr Text not_in_record = {"weggelassen, weil ein Satz es nicht enthält: {0}",
+                                "left out, a record does not hold it: {0}"};
+
 struct ListWords : CommonOptions {
     std::string find{};  // words of the designation; empty for all
     std::string sort{};  // key of a column; empty for the order of the library
@@ -102,12 +108,6 @@ void sort_by(std::vector<const LibraryConductor*>& list, const std::string& key,
     });
 }
 
-std::size_t width_of(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-        return (static_cast<unsigned>(c) & 0xC0U) != 0x80U;
-    }));
-}
-
 std::string list_text(const std::vector<const LibraryConductor*>& list, LangId lang) {
     std::vector<std::array<std::string, std::size(list_columns)>> rows(list.size() + 1);
     std::array<std::size_t, std::size(list_columns)> widths{};
@@ -151,10 +151,55 @@ ordered_json json_of(const LibraryConductor& conductor, LangId lang) {
 
 // ---- conductor show, pick, write
 
+/// A figure of a record that means something only where another one is there, and may be 0 then.
+struct Companion {
+    Entry CalcCase::*field;
+    Entry CalcCase::*other;
+};
+constexpr Companion companions[] = {
+    {&CalcCase::TACR1_db, &CalcCase::ACR1_db},
+    {&CalcCase::TACR2_db, &CalcCase::ACR2_db},
+    {&CalcCase::TACR3_db, &CalcCase::ACR3_db},
+    {&CalcCase::TACR4_db, &CalcCase::ACR4_db},
+    {&CalcCase::TACR5_db, &CalcCase::ACR5_db},
+    {&CalcCase::TACR6_db, &CalcCase::ACR6_db},
+    {&CalcCase::beta_leiter20_db, &CalcCase::c_leiter20_db},
+    {&CalcCase::beta_traeger20_db, &CalcCase::c_traeger20_db},
+    {&CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db, &CalcCase::DC_Resist_Leiter_db},
+    {&CalcCase::T_Koeff_DC_Resist_traeger_quadrat_db, &CalcCase::DC_Resist_traeger_db},
+};
+
+bool is_known(const CalcCase& c, Entry CalcCase::*field, const LibraryConductor* known) {
+    if (known != nullptr) return (known->c.*field).given();
+    const auto* const companion =
+        std::find_if(std::begin(companions), std::end(companions),
+                     [&](const Companion& row) { return row.field == field; });
+    return (c.*field).value != 0 ||
+           (companion != std::end(companions) && (c.*companion->other).value != 0);
+}
+
+/// `c`, the conductor of a record, with the figures that its 32-bit numbers stand for; those that
+/// nobody knows, 0 in a record, are without input.
+CalcCase figures_known(const CalcCase& c, const LibraryConductor* known,
+                       DecimalSeparator separator) {
+    CalcCase shown = c;
+    for (const RecordField& row : record_fields()) {
+        const auto* const field = std::get_if<Entry CalcCase::*>(&row.field);
+        if (field == nullptr) continue;
+        Entry& entry = shown.**field;
+        if (!is_known(c, *field, known))
+            entry = {};
+        else if (row.type == RecordType::Single)
+            entry.text =
+                masked(decimal_of_single(entry.value), field_of(row.field).mask, separator);
+    }
+    return shown;
+}
+
 std::string show_text(const CalcCase& c, const LibraryConductor* known, LangId lang) {
     constexpr Text origin = {"Quelle: {0}\n", "Source: {0}\n"};
     constexpr Text cannot_run = {"{0} kann nicht rechnen: {1}\n", "{0} cannot run: {1}\n"};
-    std::string text = case_listing(c, forms::conductor_sections(), lang);
+    std::string text = case_listing(c, forms::conductor_sections(), lang, "-");
     if (known != nullptr && !known->source.empty())
         text += "\n" + fill(origin.in(lang), {printable(known->source)});
     text += "\n";
@@ -189,49 +234,56 @@ ConductorData conductor_of_fragment(const std::string& path, const CommonOptions
         for (const FlatMember& member : values)
             if (!in_record(member.key)) left_out += (left_out.empty() ? "" : ", ") + member.key;
         if (!left_out.empty())
-            Console::tell_reason(path + ": left out, a record does not hold it: " + left_out);
+            Console::tell_reason(path + ": " +
+                                 fill(not_in_record.in(options.lang), {shortened(left_out, 1000)}));
         for (const RefusedText& refused : file.refused)
             if (in_record(refused.field))
-                throw InputError(refused.field + ": " + refused.box.lines.front());
+                throw InputError(at(refused.field, refused.box.lines.front()));
         (void)written_record(file.c);
         return std::move(file.c);
     } catch (const InputError& error) {
-        throw InputError(path + ": " + error.what());
+        throw InputError(at(path, error.reason()));
     }
 }
 
 int list(const ListWords& words) {
     PosixFiles files;
-    const ConductorLibrary library = open_library(files, words.separator);
+    const ConductorLibrary library = open_library(files, words);
     std::vector<const LibraryConductor*> list;
     for (const LibraryConductor& conductor : library.conductors())
         if (matches(conductor, words.find)) list.push_back(&conductor);
     if (!words.sort.empty()) sort_by(list, words.sort, words.separator);
-    if (!words.json) return print_or_fail(list_text(list, words.lang));
+    if (!words.json) return print_or_fail(printable(list_text(list, words.lang)));
     ordered_json conductors = ordered_json::array();
     for (const LibraryConductor* conductor : list)
         conductors.push_back(json_of(*conductor, words.lang));
-    return print_or_fail(ordered_json{{"conductors", std::move(conductors)}}.dump(2) + "\n");
+    return print_or_fail(json_text({{"conductors", std::move(conductors)}}));
+}
+
+/// The one of the settings, which is made where it belongs to this program and is missing.
+std::string exchange_file() {
+    ProgramStores stores;
+    provide_exchange_file(stores);
+    std::string path = stores.settings().now().Einseil1_dat;
+    if (path.empty()) throw InputError(Reason(no_exchange_file));
+    return path;
 }
 
 int pick(const ConductorWords& words) {
     PosixFiles files;
-    const ConductorLibrary library = open_library(files, words.separator);
+    const ConductorLibrary library = open_library(files, words);
     const LibraryConductor& found = find_conductor(library.conductors(), words.what);
-    const std::string path =
-        words.path.empty() ? ProgramStores().settings().now().Einseil1_dat : words.path;
-    if (path.empty())
-        throw InputError("no exchange file is set (Einseil1_dat); name one with -o RECORD");
-    return write_and_tell(found.c, path, words);
+    return write_and_tell(found.c, words.path.empty() ? exchange_file() : words.path, words);
 }
 
 int show(const ConductorWords& words) {
-    const ChosenConductor chosen = choose_conductor(words.what, words.separator);
+    const ChosenConductor chosen = choose_conductor(words.what, words);
     CalcCase c = case_with(chosen.data);
     const LibraryConductor* known = chosen.known ? &*chosen.known : nullptr;
     if (words.json) return print_or_fail(fragment_text(c));
     if (known != nullptr) (void)take_offers(c, known->c, words);
-    return print_or_fail(show_text(c, known, words.lang));
+    return print_or_fail(
+        printable(show_text(figures_known(c, known, words.separator), known, words.lang)));
 }
 
 int write(const ConductorWords& words) {

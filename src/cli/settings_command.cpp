@@ -19,6 +19,10 @@ constexpr const char* settings_notes =
     "belong to the user alone. \"list\" shows both files, all keys, values and meanings. A key may be\n"
     "written in capital or small letters. A value takes effect at the next start of the windows.\n";
 
+constexpr Text no_such_setting = {
+    "{0} ist keine Einstellung, die gespeichert wird. Die Einstellungen sind {1}",
+    "{0} is no setting that is kept. The settings are {1}"};
+
 struct SettingsWords : CommonOptions {
     std::string key{};
     std::string value{};
@@ -29,12 +33,7 @@ const SettingRow& row_named(const std::string& key) {
     std::string keys;
     for (const SettingRow& row : setting_rows())
         if (row.keeping == Keeping::Kept) keys += (keys.empty() ? "" : ", ") + std::string(row.key);
-    throw InputError("\"" + key + "\" is no setting that is kept. The settings are " + keys);
-}
-
-/// Paths may hold bytes that are no UTF-8.
-std::string text_of(const ordered_json& document) {
-    return document.dump(2, ' ', false, ordered_json::error_handler_t::replace) + "\n";
+    throw InputError(Reason(no_such_setting, {in_quotes(key), keys}));
 }
 
 ordered_json json_of(const SettingRow& row, const Settings& settings) {
@@ -68,15 +67,15 @@ int list(const SettingsWords& words) {
     ordered_json rows = ordered_json::array();
     for (const SettingRow& row : setting_rows())
         if (row.keeping == Keeping::Kept) rows.push_back(json_of(row, settings));
-    return print_or_fail(text_of({{"settings", std::move(rows)}}));
+    return print_or_fail(json_text({{"settings", std::move(rows)}}));
 }
 
 int get(const SettingsWords& words) {
     ProgramStores stores;
     const Settings settings = stores.settings();
     const SettingRow& row = row_named(words.key);
-    return print_or_fail(words.json ? text_of(json_of(row, settings))
-                                    : text_of(settings.now(), row) + "\n");
+    return print_or_fail(words.json ? json_text(json_of(row, settings))
+                                    : printable(text_of(settings.now(), row)) + "\n");
 }
 
 int set(const SettingsWords& words) {
@@ -88,9 +87,9 @@ int set(const SettingsWords& words) {
         start_companion_once(stores);  // a file without its keys would keep the windows shut
         settings.write(row, entered);
     } catch (const OutputError& error) {
-        throw InputError(error.what(), error.fault());
+        throw InputError(error.reason(), error.fault());
     }
-    return words.json ? print_or_fail(text_of(json_of(row, settings))) : exit_done;
+    return words.json ? print_or_fail(json_text(json_of(row, settings))) : exit_done;
 }
 
 }  // namespace
@@ -102,10 +101,10 @@ void add_settings(CommandLine& line) {
                          int (*run)(const SettingsWords&)) {
         const auto command = line.add<SettingsWords>(settings, name, description, run);
         add_json_option(command.app, command.words);
+        add_language(command.app, command.words.lang, command.words.separator);
         return command;
     };
-    const auto all = add("list", "All settings with their values and meanings", list);
-    add_language(all.app, all.words.lang, all.words.separator);
+    (void)add("list", "All settings with their values and meanings", list);
     const auto one = add("get", "The value of one setting", get);
     one.app.add_option("KEY", one.words.key, "Name of the setting")->required();
     const auto changed = add("set", "Change one setting", set);

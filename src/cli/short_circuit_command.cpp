@@ -29,7 +29,7 @@ ShortCircuitFile load_short_circuit_case(const std::string& path, const CommonOp
     try {
         return read_short_circuit_case(values, options);
     } catch (const InputError& error) {
-        throw InputError(path + ": " + error.what());
+        throw InputError(at(path, error.reason()));
     }
 }
 

@@ -1,6 +1,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/case_output.h"
+#include "cli/commands.h"
 
 namespace zel {
 
@@ -31,7 +32,7 @@ std::string short_circuit_document(const ShortCircuitRun& run,
         for (const auto& [label, value, unit] : group.rows)
             lines.push_back({{"label", label}, {"value", value}, {"unit", unit}});
     document["lines"] = std::move(lines);
-    return text_of(document);
+    return json_text(document);
 }
 
 }  // namespace zel

@@ -33,6 +33,7 @@ public:
 
 private:
     int calculate() override {
+        if (loaded_.refusal) return refused(*loaded_.refusal);
         Session session = {words(), words().Meldung_merker(), console()};
         take_settings(session, ProgramStores().settings().now());
         RunSteady(loaded_.c, session, result_);

@@ -3,6 +3,7 @@
 
 #include "cli/case_listing.h"
 #include "cli/case_output.h"
+#include "cli/commands.h"
 #include "shell/program_texts.h"
 #include "workflow/run/steady_texts.h"
 
@@ -68,7 +69,7 @@ std::string steady_document(const SteadyRunResult& result, const std::vector<Mes
                              {"transient_start", std::move(start)},
                              {"notes", json_of(result.notes)}};
     if (!program_end.empty()) document["program_end"] = program_end;
-    return text_of(document);
+    return json_text(document);
 }
 
 std::string steady_page(const CalcCase& c, const SteadyRunResult& result,

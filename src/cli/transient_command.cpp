@@ -36,6 +36,7 @@ public:
 
 private:
     int calculate() override {
+        if (loaded_.refusal) return refused(*loaded_.refusal);
         CalcCase& c = loaded_.c;
         RunSteady(c, session_, steady_);
         if (!steady_.input_valid) return refused(steady_.refusal);

@@ -1,6 +1,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/case_output.h"
+#include "cli/commands.h"
 #include "platform/text/listing.h"
 #include "workflow/run/transient_text.h"
 
@@ -70,7 +71,7 @@ std::string transient_document(const TransientReport& report, const std::vector<
         for (const RowSeries& row : *report.series) document["series"].push_back(series_entry(row));
     }
     if (!program_end.empty()) document["program_end"] = program_end;
-    return text_of(document);
+    return json_text(document);
 }
 
 std::string series_text(const std::vector<RowSeries>& series, const Locale& locale) {

@@ -7,6 +7,7 @@
 #include <QStyleFactory>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <utility>
 
 #include "desktop/form_main.h"
@@ -17,6 +18,7 @@
 #include "desktop/frame/window_icon.h"
 #include "desktop/frm_languageselect.h"
 #include "forms/line_form.h"
+#include "platform/text/utf8.h"
 #include "shell/case_settings.h"
 #include "shell/startup.h"
 
@@ -36,6 +38,32 @@ bool is_set(const char* variable) {
 bool display_named() {
     return is_set("DISPLAY") || is_set("WAYLAND_DISPLAY") || is_set("QT_QPA_PLATFORM");
 }
+
+/// While the application object is made, which would tell in many lines that the display cannot be
+/// reached, and abort.
+void tell_no_display(QtMsgType type, const QMessageLogContext& /*place*/, const QString& /*text*/) {
+    if (type != QtFatalMsg) return;
+    std::string told;
+    for (const char* variable : {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"})
+        if (is_set(variable))
+            told += (told.empty() ? "" : ", ") + std::string(variable) + "=" +
+                    printable(std::getenv(variable));
+    told = "zel: the windows need a display, and the named one cannot be reached: " + told + "\n";
+    std::fputs(told.c_str(), stderr);
+    std::_Exit(no_display);
+}
+
+/// Says in one line where there is none.
+class DisplayWatch {
+public:
+    DisplayWatch() : former_(qInstallMessageHandler(tell_no_display)) {}
+    ~DisplayWatch() { qInstallMessageHandler(former_); }
+    DisplayWatch(const DisplayWatch&) = delete;
+    DisplayWatch& operator=(const DisplayWatch&) = delete;
+
+private:
+    QtMessageHandler former_;
+};
 
 void set_look() {
     if (QStyle* style = QStyleFactory::create("Fusion")) QApplication::setStyle(style);
@@ -86,7 +114,9 @@ int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform 
                    stderr);
         return no_display;
     }
+    std::optional<DisplayWatch> watch(std::in_place);
     Application application(argc, argv);
+    watch.reset();
     set_look();
     QtDialogs dialogs;
     QtFileChooser chooser;

@@ -11,11 +11,11 @@ namespace zel {
 namespace {
 
 /// What cannot be made is missing when start-up reads it, which tells so.
-void start_companion(ProgramStores& stores) {
+void start_companion(ProgramStores& stores, LangId lang) {
     try {
-        start_companion_once(stores);
+        provide_exchange_file(stores);
     } catch (const OutputError& error) {
-        Console::tell_reason(error.what());
+        Console::tell_reason(error.told(lang));
     }
 }
 
@@ -40,7 +40,7 @@ int open_windows(int& argc, char** argv, const DesktopWords& words) {
                         stores.system,
                         stores.paths.data_folder,
                         {stores.paths.data_folder, document_folder()},
-                        [&stores] { start_companion(stores); },
+                        [&stores, &options] { start_companion(stores, options.lang); },
                         stores.disk,
                         library_places(stores.paths)});
 }
@@ -56,6 +56,7 @@ int main(int argc, char** argv) {
         CLI::App app("Open the windows", "zel desktop");
         add_desktop_words(app, words);
         if (const auto status = refused_words(app, argc, argv)) return *status;
-        return open_windows(argc, argv, words);
+        return guarded([&] { return open_windows(argc, argv, words); },
+                       words.lang.value_or(LangId::English));
     });
 }

@@ -71,9 +71,9 @@ private:
     /// Row 9 of the central error table; the workbook is closed before.
     void tell_missing_sheet(const WorkbookError& error) {
         workbook_.reset();
-        job_.session.tell(error_box(
-            {static_cast<std::int32_t>(PlatformFault::SheetMissing), error.what(), error.subject()},
-            0, batch_module, steps_->procedure(), lang()));
+        job_.session.tell(error_box({static_cast<std::int32_t>(PlatformFault::SheetMissing),
+                                     error.told(lang()), error.subject()},
+                                    0, batch_module, steps_->procedure(), lang()));
     }
 
     bool read_fixed_input() {

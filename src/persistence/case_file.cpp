@@ -9,6 +9,13 @@
 namespace zel {
 namespace {
 
+constexpr Text whole_number_expected = {"eine ganze Zahl von -32768 bis 32767 wird erwartet",
+                                        "a whole number from -32768 to 32767 is expected"};
+constexpr Text choice_expected = {"1 (ausgewählt) oder 0 wird erwartet",
+                                  "1 (selected) or 0 is expected"};
+constexpr Text kind_expected = {"0 (nicht verwendet), 1, 2 oder 3 wird erwartet",
+                                "0 (not in use), 1, 2 or 3 is expected"};
+
 class CaseReader : public RecordReader {
 public:
     CaseReader(CalcCase& c, const Locale& locale)
@@ -49,12 +56,14 @@ private:
 
     void take(const FieldOf& field, std::int16_t& place, double number) override {
         const auto whole = round_to_int16(number);
-        if (!whole) refuse(field.name, "a whole number from -32768 to 32767 is expected");
+        // No part of a wire makes a conductor.
+        const bool is_part = field.info->of_record && whole && number != *whole;
+        if (!whole || is_part) refuse(field.name, Reason(whole_number_expected));
         if (field.name.starts_with("rechnung_") && number != 0 && number != 1)
-            refuse(field.name, "1 (selected) or 0 is expected");
+            refuse(field.name, Reason(choice_expected));
         const bool is_kind = field.name.starts_with('Z');
         if (is_kind && (*whole < row_unused || *whole > seeks_time))
-            refuse(field.name, "0 (not in use), 1, 2 or 3 is expected");
+            refuse(field.name, Reason(kind_expected));
         place = *whole;
     }
 

@@ -6,6 +6,20 @@
 #include "platform/errors.h"
 
 namespace zel {
+namespace {
+
+/// Whether both are the same line of the user's file.
+bool same_line(const LibraryConductor& a, const LibraryConductor& b) {
+    if (a.damage || b.damage) return a.damage && b.damage && a.damage->text == b.damage->text;
+    return same_name(a, b);
+}
+
+bool holds(const std::vector<LibraryConductor>& lines, const LibraryConductor& line) {
+    return std::any_of(lines.begin(), lines.end(),
+                       [&](const LibraryConductor& other) { return same_line(other, line); });
+}
+
+}  // namespace
 
 ConductorLibrary::ConductorLibrary(Files& files, LibraryPlaces places, DecimalSeparator separator)
     : files_(files), places_(std::move(places)), separator_(separator) {
@@ -13,55 +27,65 @@ ConductorLibrary::ConductorLibrary(Files& files, LibraryPlaces places, DecimalSe
     const std::string shipped = places_.shipped_folder + "/conductors.csv";
     materials_ = read_materials(files_.content(materials), materials, separator_);
     shipped_ = read_conductors(files_.content(shipped), shipped, materials_, separator_);
-    read_own();
-    conductors_.insert(conductors_.end(), shipped_.begin(), shipped_.end());
+    try {
+        take_own(files_.exists(places_.own_file) ? own_in(files_.content(places_.own_file))
+                                                 : ConductorRows{});
+    } catch (const InputError& error) {
+        refusal_of_own_ = error.reason();
+        take_own({});
+    }
 }
 
-std::vector<LibraryConductor> ConductorLibrary::own_in(const std::string& table) const {
+ConductorRows ConductorLibrary::own_in(const std::string& table) const {
     if (table.empty()) return {};
-    auto own = read_conductors(table, places_.own_file, materials_, separator_);
-    for (LibraryConductor& conductor : own) conductor.own = true;
+    ConductorRows own = read_rows(table, places_.own_file, materials_, separator_);
+    for (auto* rows : {&own.sound, &own.damaged})
+        for (LibraryConductor& conductor : *rows) conductor.own = true;
     return own;
 }
 
-void ConductorLibrary::read_own() {
-    try {
-        if (files_.exists(places_.own_file)) conductors_ = own_in(files_.content(places_.own_file));
-    } catch (const InputError& error) {
-        refusal_of_own_ = error.what();
-    }
+void ConductorLibrary::take_own(ConductorRows own) {
+    conductors_ = std::move(own.sound);
+    conductors_.reserve(conductors_.size() + shipped_.size());
+    conductors_.insert(conductors_.end(), shipped_.begin(), shipped_.end());
+    damaged_ = std::move(own.damaged);
 }
 
 void ConductorLibrary::keep(const LibraryConductor& conductor, const LibraryConductor* former) {
     change_own([&](std::vector<LibraryConductor>& own) {
         const auto place = std::find_if(own.begin(), own.end(), [&](const auto& other) {
-            return former != nullptr && former->own && same_name(other, *former);
+            return former != nullptr && former->own && same_line(other, *former);
         });
-        if (place == own.end())
-            own.push_back(conductor);
-        else
-            *place = conductor;
+        LibraryConductor& kept = place == own.end() ? own.emplace_back() : *place;
+        kept = conductor;
+        kept.damage.reset();
     });
 }
 
 void ConductorLibrary::remove(const LibraryConductor& conductor) {
     change_own([&](std::vector<LibraryConductor>& own) {
-        std::erase_if(own, [&](const auto& other) { return same_name(other, conductor); });
+        const auto place = std::find_if(
+            own.begin(), own.end(), [&](const auto& other) { return same_line(other, conductor); });
+        if (place != own.end()) own.erase(place);
     });
 }
 
 void ConductorLibrary::change_own(
     const std::function<void(std::vector<LibraryConductor>&)>& change) {
-    std::vector<LibraryConductor> changed;
+    ConductorRows changed;
     files_.update(places_.own_file, [&](const std::string& present) {
-        auto own = own_in(present);
+        const ConductorRows former = own_in(present);
+        std::vector<LibraryConductor> own = former.sound;
+        own.insert(own.end(), former.damaged.begin(), former.damaged.end());
         change(own);
         const std::string table = conductor_table(own);
-        changed = own_in(table);  // what cannot be read back must not get into the file
+        changed = own_in(table);
+        // What cannot be read back must not get into the file.
+        for (const LibraryConductor& line : changed.damaged)
+            if (!holds(former.damaged, line)) throw InputError(line.damage->reason);
         return table;
     });
-    conductors_ = std::move(changed);
-    conductors_.insert(conductors_.end(), shipped_.begin(), shipped_.end());
+    take_own(std::move(changed));
 }
 
 }  // namespace zel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,9 +25,13 @@ public:
     /// All conductors, the user's own first.
     [[nodiscard]] const std::vector<LibraryConductor>& conductors() const { return conductors_; }
 
-    /// Why the user's file is refused (see `read_conductors`), and so none of its conductors is
-    /// here; empty where it is sound or missing. It is then not written either.
-    [[nodiscard]] const std::string& refusal_of_own() const { return refusal_of_own_; }
+    /// The lines of the user's file that cannot be used. They stay there until they are repaired,
+    /// by `keep` in place of one, or removed.
+    [[nodiscard]] const std::vector<LibraryConductor>& damaged() const { return damaged_; }
+
+    /// Why the user's file as a whole is refused, and so none of its conductors is here; nothing
+    /// where it is missing or can be read. It is then not written either.
+    [[nodiscard]] const std::optional<Reason>& refusal_of_own() const { return refusal_of_own_; }
 
     /// Takes `conductor` into the user's file, in place of `former` where that is one of them. The
     /// file is read anew before, so that what another program put there stays. Throws `InputError`
@@ -39,8 +44,8 @@ public:
     void remove(const LibraryConductor& conductor);
 
 private:
-    [[nodiscard]] std::vector<LibraryConductor> own_in(const std::string& table) const;
-    void read_own();
+    [[nodiscard]] ConductorRows own_in(const std::string& table) const;
+    void take_own(ConductorRows own);
     void change_own(const std::function<void(std::vector<LibraryConductor>&)>& change);
 
     Files& files_;
@@ -49,7 +54,8 @@ private:
     std::vector<Material> materials_;
     std::vector<LibraryConductor> shipped_;
     std::vector<LibraryConductor> conductors_;
-    std::string refusal_of_own_;
+    std::vector<LibraryConductor> damaged_;
+    std::optional<Reason> refusal_of_own_;
 };
 
 }  // namespace zel

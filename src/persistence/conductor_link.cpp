@@ -1,6 +1,7 @@
 #include "persistence/conductor_link.h"
 
 #include "persistence/exchange_record.h"
+#include "shell/program_settings.h"
 
 namespace zel {
 namespace {
@@ -69,6 +70,19 @@ std::optional<Box> take_over_conductor(CalcCase& c, Files& files, const std::str
     if (auto box = wrong_kind(c, conductor.conductor_type_db, locale.lang)) return box;
     copy_record_fields(conductor, c);
     return std::nullopt;
+}
+
+bool is_this_program(std::string_view path) {
+    return path.substr(path.find_last_of('/') + 1) == "zel";
+}
+
+bool lacks_companion_files(const SettingsStore& shared_settings) {
+    const auto path_of = [&](std::string_view key) {
+        const std::string path = as_read(shared_settings.read(link_section, key).value_or(""));
+        return is_missing_path(path) ? std::string() : path;
+    };
+    const std::string program = path_of(program_key);
+    return path_of(exchange_key).empty() && (program.empty() || is_this_program(program));
 }
 
 std::string exchange_file_in(const std::string& companion_folder) {

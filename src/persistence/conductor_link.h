@@ -40,6 +40,12 @@ inline constexpr std::string_view link_section = "Seildatei";
 inline constexpr std::string_view program_key = "Seildatenbanknamepluspfad";
 inline constexpr std::string_view exchange_key = "Einseil1_dat";
 
+/// Whether the path of a conductor database names this program, here or where it is installed.
+[[nodiscard]] bool is_this_program(std::string_view path);
+
+/// Whether the shared settings name no exchange file and no other program that would make one.
+[[nodiscard]] bool lacks_companion_files(const SettingsStore& shared_settings);
+
 /// The exchange file in the folder of the conductor database.
 [[nodiscard]] std::string exchange_file_in(const std::string& companion_folder);
 

@@ -4,10 +4,13 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <unordered_map>
 
 #include "persistence/exchange_record.h"
 #include "persistence/named_columns.h"
 #include "platform/errors.h"
+#include "platform/text/utf8.h"
+#include "platform/text/windows_1252.h"
 
 namespace zel {
 namespace {
@@ -26,6 +29,13 @@ constexpr OtherColumn other_columns[] = {
     {"confirmed", &LibraryConductor::confirmed},
     {"source", &LibraryConductor::source},
 };
+
+constexpr Text unknown_column = {"unbekannte Spalte {0}", "unknown column {0}"};
+constexpr Text unknown_material = {"unbekannter Werkstoff {0}, bekannt sind {1}",
+                                   "unknown material {0}, known are {1}"};
+constexpr Text may_be_confirmed = {"{0}; mit einem Text in der Spalte confirmed bleibt es stehen",
+                                   "{0}; a text in the column confirmed lets it stand"};
+constexpr Text name_taken = {"{0} steht auch in Zeile {1}", "{0} stands in line {1} too"};
 
 /// The columns that are fields of a case.
 const std::vector<FieldKey>& field_columns() {
@@ -79,13 +89,22 @@ Bounds bounds_of(const FieldKey& field) {
     return found == std::end(ranges) ? Bounds{} : found->bounds;
 }
 
+/// The names of all columns.
+std::vector<std::string> whole_head() {
+    std::vector<std::string> head;
+    for (const FieldKey& key : field_columns()) head.emplace_back(name_of(key));
+    for (const OtherColumn& column : other_columns) head.emplace_back(column.name);
+    return head;
+}
+
 class TableReader {
 public:
     TableReader(const NamedColumns& table, std::span<const Material> materials,
                 DecimalSeparator separator)
         : table_(table), materials_(materials), separator_(separator) {}
 
-    LibraryConductor conductor(const CsvRow& row) const {
+    LibraryConductor conductor(const CsvRow& row) {
+        table_.check(row);
         LibraryConductor made;
         (void)table_.needed_text(row, "Bezeichnung1_db");
         (void)table_.needed_text(row, "conductor_type_db");
@@ -96,15 +115,59 @@ public:
         for (const OtherColumn& column : other_columns)
             std::visit([&](auto member) { take(row, made, column.name, member, {}); },
                        column.member);
-        if (const auto* material = named(row, "conductor_material"))
-            complete_conductor(made.c, *material);
-        if (const auto* material = named(row, "core_material")) complete_core(made.c, *material);
-        add_usual_offers(made.c, separator_);
+        complete(row, made);
         judge(row, made);
+        const auto [former, is_new] = lines_.emplace(name_key(made), row.line);
+        if (!is_new)
+            table_.refuse(
+                row, "Bezeichnung1_db",
+                Reason(name_taken, {shortened(full_name(made)), std::to_string(former->second)}));
+        return made;
+    }
+
+    /// What can be read of a row that is refused with `reason`.
+    [[nodiscard]] LibraryConductor damaged(CsvRow row, const Reason& reason) const {
+        LibraryConductor made;
+        made.damage = {reason, whole_line(row)};
+        for (std::string& cell : row.cells)
+            if (!is_utf8(cell)) cell = utf8_of_windows_1252(cell);
+        const auto try_to_take = [&](auto& record, std::string_view column, auto member,
+                                     const Bounds& bounds) {
+            try {
+                take(row, record, column, member, bounds);
+            } catch (const InputError&) {  // of the same row: told already
+            }
+        };
+        for (const FieldKey& key : field_columns())
+            std::visit(
+                [&](auto field) { try_to_take(made.c, name_of(key), field, bounds_of(key)); }, key);
+        for (const OtherColumn& column : other_columns)
+            std::visit([&](auto member) { try_to_take(made, column.name, member, Bounds{}); },
+                       column.member);
+        try {
+            complete(row, made);
+        } catch (const InputError&) {
+        }
         return made;
     }
 
 private:
+    /// The cells of a row in the columns of a whole table; as it is where it has no such cells.
+    [[nodiscard]] std::string whole_line(const CsvRow& row) const {
+        if (row.damage != nullptr || row.cells.size() != table_.columns().size())
+            return std::string(row.text) + "\n";
+        std::vector<std::string> cells;
+        for (const std::string& column : whole_head()) cells.push_back(table_.text(row, column));
+        return csv_line(cells);
+    }
+
+    void complete(const CsvRow& row, LibraryConductor& made) const {
+        if (const auto* material = named(row, "conductor_material"))
+            complete_conductor(made.c, *material);
+        if (const auto* material = named(row, "core_material")) complete_core(made.c, *material);
+        add_usual_offers(made.c, separator_);
+    }
+
     /// No flag comes with a conductor.
     template <class Record, class Value>
     void take(const CsvRow& row, Record& to, std::string_view column, Value Record::*member,
@@ -126,26 +189,28 @@ private:
         std::string known;
         for (const Material& material : materials_)
             known += (known.empty() ? "" : ", ") + material.name;
-        table_.refuse(row, column, "unknown material \"" + name + "\", known are " + known);
+        table_.refuse(row, column, Reason(unknown_material, {in_quotes(name), known}));
     }
 
     void judge(const CsvRow& row, const LibraryConductor& conductor) const {
+        const std::string name = shortened(conductor.c.Bezeichnung1_db);
         try {
             (void)written_record(conductor.c);
         } catch (const InputError& error) {
-            table_.refuse(row, "Bezeichnung1_db",
-                          conductor.c.Bezeichnung1_db + ": " + error.what());
+            table_.refuse(row, "Bezeichnung1_db", at(name, error.reason()));
         }
         if (!conductor.confirmed.empty()) return;
-        for (const std::string& finding : implausible_figures(conductor.c, LangId::English))
-            table_.refuse(row, "Bezeichnung1_db",
-                          conductor.c.Bezeichnung1_db + ": " + finding +
-                              "; a text in the column confirmed lets it stand");
+        const auto findings = implausible_figures(conductor.c, LangId::English);
+        if (findings.empty()) return;
+        Reason finding(findings.front());
+        finding.de = implausible_figures(conductor.c, LangId::German).front();
+        table_.refuse(row, "Bezeichnung1_db", at(name, filled(may_be_confirmed, finding)));
     }
 
     const NamedColumns& table_;
     std::span<const Material> materials_;
     DecimalSeparator separator_;
+    std::unordered_map<std::string, int> lines_;  // of the names so far
 };
 
 void check_columns(const NamedColumns& table, const std::string& file) {
@@ -156,17 +221,8 @@ void check_columns(const NamedColumns& table, const std::string& file) {
             (field != nullptr && std::find(keys.begin(), keys.end(), field->key) != keys.end()) ||
             std::any_of(std::begin(other_columns), std::end(other_columns),
                         [&](const OtherColumn& other) { return other.name == column; });
-        if (!known) throw InputError(file + ": unknown column \"" + column + "\"");
+        if (!known) throw InputError(at(file, Reason(unknown_column, {in_quotes(column)})));
     }
-}
-
-void check_names(const NamedColumns& table, const std::vector<LibraryConductor>& conductors) {
-    for (std::size_t i = 0; i < conductors.size(); ++i)
-        for (std::size_t j = 0; j < i; ++j)
-            if (same_name(conductors[i], conductors[j]))
-                table.refuse(table.rows()[i], "Bezeichnung1_db",
-                             full_name(conductors[i]) + " stands in line " +
-                                 std::to_string(table.rows()[j].line) + " too");
 }
 
 /// The shortest text that reads back to the same double.
@@ -189,24 +245,36 @@ std::string cell_of(Other /*no column*/) {
 
 }  // namespace
 
+ConductorRows read_rows(std::string_view text, const std::string& file,
+                        std::span<const Material> materials, DecimalSeparator separator) {
+    const NamedColumns table(text, file);
+    check_columns(table, file);
+    TableReader reader(table, materials, separator);
+    ConductorRows rows;
+    rows.sound.reserve(table.rows().size());
+    for (const CsvRow& row : table.rows()) try {
+            rows.sound.push_back(reader.conductor(row));
+        } catch (const InputError& error) {
+            rows.damaged.push_back(reader.damaged(row, error.reason()));
+        }
+    return rows;
+}
+
 std::vector<LibraryConductor> read_conductors(std::string_view text, const std::string& file,
                                               std::span<const Material> materials,
                                               DecimalSeparator separator) {
-    const NamedColumns table(text, file);
-    check_columns(table, file);
-    const TableReader reader(table, materials, separator);
-    std::vector<LibraryConductor> conductors;
-    for (const CsvRow& row : table.rows()) conductors.push_back(reader.conductor(row));
-    check_names(table, conductors);
-    return conductors;
+    ConductorRows rows = read_rows(text, file, materials, separator);
+    if (!rows.damaged.empty()) throw InputError(rows.damaged.front().damage->reason);
+    return std::move(rows.sound);
 }
 
 std::string conductor_table(std::span<const LibraryConductor> conductors) {
-    std::vector<std::string> head;
-    for (const FieldKey& key : field_columns()) head.emplace_back(name_of(key));
-    for (const OtherColumn& column : other_columns) head.emplace_back(column.name);
-    std::string text = csv_line(head);
+    std::string text = csv_line(whole_head());
     for (const LibraryConductor& conductor : conductors) {
+        if (conductor.damage) {
+            text += conductor.damage->text;
+            continue;
+        }
         std::vector<std::string> cells;
         for (const FieldKey& key : field_columns())
             cells.push_back(

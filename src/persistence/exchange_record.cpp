@@ -66,8 +66,19 @@ constexpr RecordField fields[] = {
     {&CalcCase::T_Koeff_DC_Resist_traeger_quadrat_db, 606, Single, 4},
 };
 
-[[noreturn]] void refuse(const RecordField& row, const std::string& reason) {
-    throw InputError(std::string(name_of(row.field)) + ": " + reason);
+constexpr zel::Text no_number = {"an Byte {0} des Satzes steht keine Zahl",
+                                 "no number stands at byte {0} of the record"};
+constexpr zel::Text no_code = {
+    "{0} an Byte {1} des Satzes ist keine ganze Zahl von -32768 bis 32767",
+    "{0} at byte {1} of the record is no whole number from -32768 to 32767"};
+constexpr zel::Text too_long = {"der Text hat {0} Zeichen, ein Satz fasst {1}",
+                                "the text has {0} characters, a record holds {1}"};
+constexpr zel::Text beyond_range = {
+    "die Zahl liegt außerhalb des Bereichs der {0}-Bit-Zahl im Satz",
+    "the number is beyond the range of the record's {0}-bit float"};
+
+[[noreturn]] void refuse(const RecordField& row, const Reason& reason) {
+    throw InputError(at(std::string(name_of(row.field)), reason));
 }
 
 /// The number whose bytes, little end first, begin at `bytes`.
@@ -93,8 +104,7 @@ double read_number(const RecordField& row, const std::string& record) {
     const double number = row.type == Single
                               ? static_cast<double>(number_at<float, std::uint32_t>(bytes))
                               : number_at<double, std::uint64_t>(bytes);
-    if (!std::isfinite(number))
-        refuse(row, "no number stands at byte " + std::to_string(row.offset) + " of the record");
+    if (!std::isfinite(number)) refuse(row, Reason(no_number, {std::to_string(row.offset)}));
     return number;
 }
 
@@ -122,9 +132,8 @@ public:
         const double number = read_number(row_, record_);
         const auto code = round_to_int16(number);
         if (!code)
-            refuse(row_, plain_number(number, DecimalSeparator::Point) + " at byte " +
-                             std::to_string(row_.offset) +
-                             " of the record is no whole number from -32768 to 32767");
+            refuse(row_, Reason(no_code, {plain_number(number, DecimalSeparator::Point),
+                                          std::to_string(row_.offset)}));
         c_.*field = *code;
     }
 
@@ -149,11 +158,11 @@ public:
         try {
             text = windows_1252_of(c_.*field);
         } catch (const InputError& error) {
-            refuse(row_, error.what());
+            refuse(row_, error.reason());
         }
         if (text.size() > row_.width)
-            refuse(row_, "the text has " + std::to_string(text.size()) +
-                             " characters, a record holds " + std::to_string(row_.width));
+            refuse(row_,
+                   Reason(too_long, {std::to_string(text.size()), std::to_string(row_.width)}));
         text.resize(row_.width, ' ');
         record_.replace(row_.offset, row_.width, text);
     }
@@ -174,8 +183,7 @@ private:
         const double limit = row_.type == Single ? std::numeric_limits<float>::max()
                                                  : std::numeric_limits<double>::max();
         if (!(std::abs(number) <= limit))
-            refuse(row_, "the number is beyond the range of the record's " +
-                             std::to_string(8 * row_.width) + "-bit float");
+            refuse(row_, Reason(beyond_range, {std::to_string(8 * row_.width)}));
         if (row_.type == Int16)
             put_number<std::int16_t, std::uint16_t>(bytes, static_cast<std::int16_t>(number));
         else if (row_.type == Single)
@@ -209,7 +217,10 @@ ConductorData read_record(std::string_view bytes, DecimalSeparator separator) {
 }
 
 std::string written_record(const ConductorData& conductor) {
-    const CalcCase c = case_with(conductor);
+    return written_record(case_with(conductor));
+}
+
+std::string written_record(const CalcCase& c) {
     std::string record(record_size, '\0');
     for (const RecordField& row : fields) std::visit(RecordWriter(row, record, c), row.field);
     return record;

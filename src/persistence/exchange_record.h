@@ -45,6 +45,8 @@ struct RecordField {
 /// field stands for. Throws `InputError` naming the field where a text is too long or has a
 /// character that Windows-1252 lacks, and where a number is beyond the range of a 32-bit float.
 [[nodiscard]] std::string written_record(const ConductorData& conductor);
+/// The same of the conductor of a case, without a copy of it.
+[[nodiscard]] std::string written_record(const CalcCase& c);
 
 /// Gives `to` what a record holds of `from`. The two radial conductivities and the knee point,
 /// which it does not hold, stay as they are, unless they were assumed for the former conductor.

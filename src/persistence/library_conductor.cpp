@@ -84,10 +84,15 @@ std::vector<const LibraryConductor*> nearest(std::span<const LibraryConductor> l
     return near;
 }
 
-template <class Found>
-[[noreturn]] void refuse_name(const std::string& name, const std::string& reason,
-                              const std::string& lead, const Found& found) {
-    throw InputError("\"" + name + "\": " + reason + (found.empty() ? "" : lead + list_of(found)));
+constexpr Text ambiguous_name = {"mehr als ein Leiter heißt so, nennen Sie einen von diesen:{0}",
+                                 "more than one conductor has this name, name one of:{0}"};
+constexpr Text unknown_name = {"kein Leiter der Bibliothek heißt so",
+                               "no conductor of the library has this name"};
+constexpr Text near_names = {"kein Leiter der Bibliothek heißt so; ähnlich sind:{0}",
+                             "no conductor of the library has this name; near to it:{0}"};
+
+[[noreturn]] void refuse_name(const std::string& name, const Reason& reason) {
+    throw InputError(at(in_quotes(name), reason));
 }
 
 std::string shown(const CalcCase& c, const OfferField& row, LangId lang) {
@@ -208,9 +213,12 @@ bool is_named(const LibraryConductor& conductor, std::string_view name) {
             wanted == plain(full_name(conductor)));
 }
 
+std::string name_key(const LibraryConductor& conductor) {
+    return plain(conductor.c.Bezeichnung1_db) + '\n' + plain(conductor.c.Bezeichnung2_db);
+}
+
 bool same_name(const LibraryConductor& a, const LibraryConductor& b) {
-    return plain(a.c.Bezeichnung1_db) == plain(b.c.Bezeichnung1_db) &&
-           plain(a.c.Bezeichnung2_db) == plain(b.c.Bezeichnung2_db);
+    return name_key(a) == name_key(b);
 }
 
 const LibraryConductor& find_conductor(std::span<const LibraryConductor> library,
@@ -226,12 +234,10 @@ const LibraryConductor& find_conductor(std::span<const LibraryConductor> library
         else if (conductor.own)
             *twin = &conductor;
     }
-    if (found.size() > 1)
-        refuse_name(name, "more than one conductor has this name", ", name one of:", found);
-    if (found.empty())
-        refuse_name(name, "no conductor of the library has this name",
-                    "; near to it:", nearest(library, name));
-    return *found.front();
+    if (found.size() > 1) refuse_name(name, Reason(ambiguous_name, {list_of(found)}));
+    if (!found.empty()) return *found.front();
+    const auto near = nearest(library, name);
+    refuse_name(name, near.empty() ? Reason(unknown_name) : Reason(near_names, {list_of(near)}));
 }
 
 const LibraryConductor* find_record(std::span<const LibraryConductor> library,

@@ -14,6 +14,13 @@
 
 namespace zel {
 
+struct DamagedLine {
+    Reason reason;     // with file, line and column
+    std::string text;  // the line as it stands in a whole table
+
+    friend bool operator==(const DamagedLine&, const DamagedLine&) = default;
+};
+
 struct LibraryConductor {
     /// Its fields: those of a record, and those that a record does not hold (`offer_fields`). The
     /// rest of the case means nothing.
@@ -26,6 +33,9 @@ struct LibraryConductor {
     /// Says why figures stand that contradict each other; see `implausible_figures`.
     std::string confirmed;
     bool own = false;  // the user's, not shipped
+    /// Set where its line of the user's table cannot be used: the conductor is then what could be
+    /// read of it, and takes part in nothing but its repair.
+    std::optional<DamagedLine> damage{};
 };
 
 /// Both designations: "264-AL1/34-ST1A (265/35)".
@@ -41,6 +51,9 @@ struct LibraryConductor {
 
 /// Whether both conductors have the same two designations.
 [[nodiscard]] bool same_name(const LibraryConductor& a, const LibraryConductor& b);
+
+/// The same text for conductors of the same two designations, and for no others.
+[[nodiscard]] std::string name_key(const LibraryConductor& conductor);
 
 /// Whether the text `a` comes before `b`, whatever the case of the letters; numbers in them count
 /// as numbers: "34-AL1" comes before "122-AL1".

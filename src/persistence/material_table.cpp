@@ -13,7 +13,7 @@ void check_columns(const NamedColumns& table, const CsvRow& row) {
             std::any_of(std::begin(material_figures), std::end(material_figures),
                         [&](const MaterialFigure& figure) { return figure.column == column; });
         if (!is_figure && column != "material" && column != "source")
-            table.refuse(row, column, "unknown column");
+            table.refuse(row, column, Reason(Text{"unbekannte Spalte", "unknown column"}));
     }
 }
 
@@ -32,6 +32,7 @@ std::vector<Material> read_materials(std::string_view text, const std::string& f
     const NamedColumns table(text, file);
     std::vector<Material> materials;
     for (const CsvRow& row : table.rows()) {
+        table.check(row);
         check_columns(table, row);
         Material material;
         material.name = table.needed_text(row, "material");

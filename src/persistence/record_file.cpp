@@ -1,8 +1,6 @@
 #include "persistence/record_file.h"
 
-#include <charconv>
 #include <cmath>
-#include <iterator>
 
 #include "platform/errors.h"
 #include "platform/rounding.h"
@@ -10,21 +8,17 @@
 namespace zel {
 namespace {
 
-constexpr const char* number_expected = "a number is expected";
-
-/// The double whose digits are the fewest that read back as the same float: 0.1, not
-/// 0.100000001490116.
-double shortest(double single) {
-    char digits[32];
-    const auto end =
-        std::to_chars(std::begin(digits), std::end(digits), static_cast<float>(single));
-    double value = 0;
-    std::from_chars(digits, end.ptr, value);
-    return value;
-}
+constexpr Text number_expected = {"eine Zahl wird erwartet", "a number is expected"};
+constexpr Text number_not_text = {"eine Zahl wird erwartet, nicht {0}",
+                                  "a number is expected, not {0}"};
+constexpr Text text_expected = {"ein Text wird erwartet", "a text is expected"};
+constexpr Text flag_expected = {"-1 (ja) oder 0 (nein) wird erwartet",
+                                "-1 (yes) or 0 (no) is expected"};
+constexpr Text too_large = {"die Zahl ist zu groß", "the number is too large"};
+constexpr Text unknown_key = {"unbekannter Schlüssel", "unknown key"};
 
 double in_file(double value, const FieldInfo& info) {
-    return info.kind == FieldKind::Single ? shortest(value) : value;
+    return info.kind == FieldKind::Single ? decimal_of_single(value) : value;
 }
 
 bool is_number(std::string_view text) {
@@ -55,13 +49,13 @@ std::optional<FlatValue> value_of(Number number, Number start, const FieldInfo& 
 
 }  // namespace
 
-void RecordReader::refuse(std::string_view key, const std::string& reason) {
-    throw InputError(std::string(key) + ": " + reason);
+void RecordReader::refuse(std::string_view key, const Reason& reason) {
+    throw InputError(at(shortened(key), reason));
 }
 
 FieldOf RecordReader::known(std::string_view key) {
     auto field = find(key);
-    if (!field) refuse(key, "unknown key");
+    if (!field) refuse(key, Reason(unknown_key));
     return *std::move(field);
 }
 
@@ -75,14 +69,14 @@ std::vector<RefusedText> RecordReader::read(const FlatObject& values) {
 
 void RecordReader::set(const FieldOf& /*field*/, std::string& place, const FlatMember& member) {
     const auto* text = std::get_if<std::string>(&member.value);
-    if (text == nullptr) refuse(member.key, "a text is expected");
+    if (text == nullptr) refuse(member.key, Reason(text_expected));
     place = *text;
 }
 
 void RecordReader::set(const FieldOf& field, Entry& place, const FlatMember& member) {
     const auto* number = std::get_if<double>(&member.value);
     const auto* text = std::get_if<std::string>(&member.value);
-    if (number == nullptr && text == nullptr) refuse(member.key, number_expected);
+    if (number == nullptr && text == nullptr) refuse(member.key, Reason(number_expected));
     if (text != nullptr && text->empty()) return;
     auto box = number != nullptr ? take(field, place, *number) : take(field, place, *text);
     if (box) refused_.push_back({member.key, *std::move(box)});
@@ -99,7 +93,7 @@ void RecordReader::set(const FieldOf& /*field*/, bool& place, const FlatMember& 
     }
     const auto number = number_in(member);
     if (!number) return;
-    if (*number != 0 && *number != -1) refuse(member.key, "-1 (yes) or 0 (no) is expected");
+    if (*number != 0 && *number != -1) refuse(member.key, Reason(flag_expected));
     place = *number == -1;
 }
 
@@ -107,7 +101,7 @@ void RecordReader::set(const FieldOf& /*field*/, double& place, const FlatMember
     const auto number = number_in(member);
     if (!number) return;
     const double single = narrowed_to_single(*number);
-    if (!std::isfinite(single)) refuse(member.key, "the number is too large");
+    if (!std::isfinite(single)) refuse(member.key, Reason(too_large));
     place = single;
 }
 
@@ -115,7 +109,7 @@ void RecordReader::set(const FieldOf& /*field*/, double& place, const FlatMember
 std::optional<double> RecordReader::number_in(const FlatMember& member) const {
     if (const auto* number = std::get_if<double>(&member.value)) return *number;
     const auto* text = std::get_if<std::string>(&member.value);
-    if (text == nullptr) refuse(member.key, number_expected);
+    if (text == nullptr) refuse(member.key, Reason(number_expected));
     if (text->empty()) return std::nullopt;
     return number_of(*text, member.key);
 }
@@ -126,8 +120,8 @@ double RecordReader::number_of(const std::string& text, std::string_view key) co
     return *number;
 }
 
-std::string RecordReader::no_number(const std::string& text) const {
-    return std::string(number_expected) + ", not \"" + text + "\"";
+Reason RecordReader::no_number(const std::string& text) const {
+    return {number_not_text, {in_quotes(text)}};
 }
 
 FlatObject written(const std::vector<FieldOf>& fields, const std::vector<FieldOf>& start) {

@@ -52,12 +52,12 @@ protected:
     virtual void take(const FieldOf& field, std::int16_t& place, double number) = 0;
 
     /// Why `text` is no number.
-    [[nodiscard]] virtual std::string no_number(const std::string& text) const;
+    [[nodiscard]] virtual Reason no_number(const std::string& text) const;
 
     /// The field of a key, or `InputError`.
     [[nodiscard]] FieldOf known(std::string_view key);
     [[nodiscard]] double number_of(const std::string& text, std::string_view key) const;
-    [[noreturn]] static void refuse(std::string_view key, const std::string& reason);
+    [[noreturn]] static void refuse(std::string_view key, const Reason& reason);
     [[nodiscard]] DecimalSeparator separator() const { return separator_; }
 
 private:

@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/text/text.h"
+
 // What is thrown where something outside the program fails, where input cannot be taken, and where
 // the program must end.
 
@@ -45,38 +47,44 @@ enum class PlatformFault : std::int32_t {
     ServerLost = -2147417848,  // the workbook's owner went away
 };
 
-/// A failure of the surroundings: files, databases, workbooks, printers. `what()` names the thing
-/// and the reason for whoever looks closer.
+/// A failure of the surroundings: files, databases, workbooks, printers. `reason()` names the thing
+/// and the reason for whoever looks closer, `what()` in English.
 class PlatformError : public std::runtime_error {
 public:
-    explicit PlatformError(PlatformFault fault, const std::string& reason, std::string subject = {})
-        : std::runtime_error(reason), fault_(fault), subject_(std::move(subject)) {}
+    explicit PlatformError(PlatformFault fault, Reason reason, std::string subject = {})
+        : std::runtime_error(reason.en),
+          reason_(std::move(reason)),
+          fault_(fault),
+          subject_(std::move(subject)) {}
 
+    [[nodiscard]] const Reason& reason() const { return reason_; }
+    [[nodiscard]] const std::string& told(LangId lang) const { return reason_.in(lang); }
     [[nodiscard]] PlatformFault fault() const { return fault_; }
     /// The name that the message about it needs, such as that of a worksheet.
     [[nodiscard]] const std::string& subject() const { return subject_; }
 
 private:
+    Reason reason_;
     PlatformFault fault_;
     std::string subject_;
 };
 
 /// Input from outside that cannot be taken: an unreadable file, an unknown key, a value of the
-/// wrong kind. `what()` names the place (file, key, row) and the limit. Nothing was calculated or
+/// wrong kind. `reason()` names the place (file, key, row) and the limit. Nothing was calculated or
 /// written.
 class InputError : public PlatformError {
 public:
-    explicit InputError(const std::string& reason, PlatformFault fault = PlatformFault::Unforeseen,
+    explicit InputError(Reason reason, PlatformFault fault = PlatformFault::Unforeseen,
                         std::string subject = {})
-        : PlatformError(fault, reason, std::move(subject)) {}
+        : PlatformError(fault, std::move(reason), std::move(subject)) {}
 };
 
-/// A file that cannot be written. `what()` names it and the reason; what stood there before stands
-/// there still.
+/// A file that cannot be written. `reason()` names it and the reason; what stood there before
+/// stands there still.
 class OutputError : public PlatformError {
 public:
-    explicit OutputError(const std::string& reason, PlatformFault fault = PlatformFault::Unforeseen)
-        : PlatformError(fault, reason) {}
+    explicit OutputError(Reason reason, PlatformFault fault = PlatformFault::Unforeseen)
+        : PlatformError(fault, std::move(reason)) {}
 };
 
 /// Thrown where the program must end. It is caught in one place: exit status 3 on the command

@@ -36,8 +36,8 @@ enum class WorkbookFault : std::uint8_t {
 /// `subject()` is the worksheet that is missing.
 class WorkbookError : public InputError {
 public:
-    WorkbookError(WorkbookFault fault, const std::string& reason, std::string sheet = {})
-        : InputError(reason, platform_fault(fault), std::move(sheet)), fault_(fault) {}
+    WorkbookError(WorkbookFault fault, Reason reason, std::string sheet = {})
+        : InputError(std::move(reason), platform_fault(fault), std::move(sheet)), fault_(fault) {}
     [[nodiscard]] WorkbookFault fault() const { return fault_; }
 
 private:

@@ -21,7 +21,7 @@ LoadedCase case_in(const std::string& path, const CommonOptions& options, Consol
         }
         return {std::move(file.c), !file.refused.empty()};
     } catch (const InputError& error) {
-        throw InputError(path + ": " + error.what());
+        throw InputError(at(path, error.reason()));
     }
 }
 
@@ -29,7 +29,9 @@ LoadedCase case_in(const std::string& path, const CommonOptions& options, Consol
 
 LoadedCase load_case(const std::string& path, const CommonOptions& options, Console& console) {
     LoadedCase loaded = case_in(path, options, console);
-    if (!options.conductor.empty()) take_conductor(loaded.c, options.conductor, options, console);
+    if (options.conductor.empty()) return loaded;
+    loaded.refusal = take_fitting_conductor(loaded.c, options.conductor, options, console);
+    if (loaded.refusal && !options.silent) console.show(*loaded.refusal);
     return loaded;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "program/console.h"
@@ -9,12 +10,14 @@ namespace zel {
 
 struct LoadedCase {
     CalcCase c;
-    bool text_refused = false;  // an entry rule refused a text, which counts as no input
+    bool text_refused = false;     // an entry rule refused a text, which counts as no input
+    std::optional<Box> refusal{};  // the conductor that the options name is of the wrong kind
 };
 
-/// The case of the file at `path`, with the conductor that the options name. Texts that the entry
-/// rules refuse are shown on `console`. Throws `InputError` naming the file, and the key where it
-/// is about one.
+/// The case of the file at `path`, with the conductor that the options name where it goes with the
+/// methods of the case. Texts that the entry
+/// rules refuse, and the refusal of a conductor, are shown on `console`. Throws `InputError` naming
+/// the file, and the key where it is about one.
 [[nodiscard]] LoadedCase load_case(const std::string& path, const CommonOptions& options,
                                    Console& console);
 

@@ -17,6 +17,8 @@ void add_desktop_words(CLI::App& command, DesktopWords& words) {
         "is refused, and with 3 where a calculation had to end the program.");
 }
 
+constexpr std::size_t longest_line = 400;  // a word of the user may have any length
+
 std::optional<int> refused_words(CLI::App& app, int argc, char** argv) {
     try {
         app.parse(argc, argv);
@@ -25,24 +27,28 @@ std::optional<int> refused_words(CLI::App& app, int argc, char** argv) {
         std::ostringstream help;
         std::ostringstream refusal;
         if (app.exit(error, help, refusal) == 0) return print_or_fail(help.str());
-        Console::tell_reason(refusal.str());
+        std::string told;
+        for (const std::string& line : lines_of(refusal.str()))
+            told += (told.empty() ? "" : "\n") + shortened(line, longest_line);
+        Console::tell_reason(told);
         return exit_refused;
     }
 }
 
-int guarded(const std::function<int()>& body) {
+int guarded(const std::function<int()>& body, LangId lang) {
     // A file beyond the size limit of the process is told as what cannot be written.
     std::signal(SIGXFSZ, SIG_IGN);
     try {
         return body();
     } catch (const InputError& error) {
-        Console::tell_reason(error.what());
+        Console::tell_reason(error.told(lang));
         return exit_refused;
     } catch (const OutputError& error) {
-        Console::tell_reason(error.what());
+        Console::tell_reason(error.told(lang));
         return exit_refused;
     } catch (const std::bad_alloc&) {
-        Console::tell_reason("the memory is not enough");
+        constexpr Text no_memory = {"der Speicher reicht nicht", "the memory is not enough"};
+        Console::tell_reason(no_memory.in(lang));
         return exit_failed;
     } catch (const std::exception& error) {
         Console::tell_reason(std::string("unexpected failure: ") + error.what());

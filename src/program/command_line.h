@@ -56,8 +56,9 @@ void add_desktop_words(CLI::App& command, DesktopWords& words);
 [[nodiscard]] std::optional<int> refused_words(CLI::App& app, int argc, char** argv);
 
 /// The exit status that `body` gives. What it throws is told on standard error: `InputError` and
-/// `OutputError` refuse the input, all else is a failure: too little memory too. From here on a
-/// file that grows beyond the limit of the process cannot be written, but ends nothing.
-[[nodiscard]] int guarded(const std::function<int()>& body);
+/// `OutputError` refuse the input, in words of `lang`; all else is a failure: too little memory
+/// too. From here on a file that grows beyond the limit of the process cannot be written, but ends
+/// nothing.
+[[nodiscard]] int guarded(const std::function<int()>& body, LangId lang = LangId::English);
 
 }  // namespace zel

@@ -9,8 +9,9 @@
 
 namespace zel {
 
-/// The library. Throws `InputError` where either of its files is refused.
-[[nodiscard]] ConductorLibrary open_library(Files& files, DecimalSeparator separator);
+/// The library. What of the user's own file cannot be used is told on standard error. Throws
+/// `InputError` where the shipped library is refused.
+[[nodiscard]] ConductorLibrary open_library(Files& files, const Locale& locale);
 
 /// A conductor as an exchange record gives it. One of the library has its 32-bit figures too, so
 /// that it rates the same whether it is named or picked first.
@@ -23,11 +24,18 @@ struct ChosenConductor {
 /// library. Throws `InputError` where the file holds no conductor, and where the library has none
 /// of that name, or more than one.
 [[nodiscard]] ChosenConductor choose_conductor(const std::string& record_or_name,
-                                               DecimalSeparator separator);
+                                               const Locale& locale);
 
 /// Puts the conductor of `record_or_name` into `c`, and what a record does not hold where `c` has
 /// no input of its own; that is told on `console` unless the options are silent.
 void take_conductor(CalcCase& c, const std::string& record_or_name, const CommonOptions& options,
                     Console& console);
+
+/// The same, and the box that tells why nothing was taken over where the conductor is of the wrong
+/// kind for the methods of `c`.
+[[nodiscard]] std::optional<Box> take_fitting_conductor(CalcCase& c,
+                                                        const std::string& record_or_name,
+                                                        const CommonOptions& options,
+                                                        Console& console);
 
 }  // namespace zel

@@ -14,22 +14,6 @@ void print_error(std::string_view raw) {
 
 }  // namespace
 
-std::string printable(std::string_view text) {
-    constexpr std::string_view hex = "0123456789ABCDEF";
-    std::string out;
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if ((byte >= 0x20 && byte != 0x7F) || c == '\n') {
-            out += c;
-        } else {
-            out += "\\x";
-            out += hex[byte >> 4U];
-            out += hex[byte & 0xFU];
-        }
-    }
-    return out;
-}
-
 std::string paragraph_of(const Box& box) {
     std::string text = without_outer_blanks(box.title);
     for (const std::string& line : box.lines) text += "\n  " + without_outer_blanks(line);

@@ -6,6 +6,7 @@
 
 #include "platform/message_box.h"
 #include "platform/text/locale.h"
+#include "platform/text/utf8.h"
 #include "steady/steady_report.h"
 
 namespace zel {
@@ -57,10 +58,6 @@ private:
     const CommonOptions& options_;
     std::vector<Message> messages_;
 };
-
-/// `text` with its control characters, but line feeds, as "\x1B": what comes from a file must not
-/// steer a terminal.
-[[nodiscard]] std::string printable(std::string_view text);
 
 /// The box in one paragraph for a terminal.
 [[nodiscard]] std::string paragraph_of(const Box& box);

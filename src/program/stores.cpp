@@ -11,11 +11,22 @@
 
 namespace zel {
 
-void start_companion_once(ProgramStores& stores) {
-    if (stores.disk.exists(stores.paths.shared_settings_file)) return;
+namespace {
+
+void start_companion(ProgramStores& stores) {
     make_folder(stores.paths.data_folder);
     create_companion_files(stores.disk, stores.paths.companion_folder, program_folder() + "/zel",
                            stores.shared);
+}
+
+}  // namespace
+
+void start_companion_once(ProgramStores& stores) {
+    if (!stores.disk.exists(stores.paths.shared_settings_file)) start_companion(stores);
+}
+
+void provide_exchange_file(ProgramStores& stores) {
+    if (lacks_companion_files(stores.shared)) start_companion(stores);
 }
 
 LibraryPlaces library_places(const ProgramPaths& paths) {
@@ -33,7 +44,7 @@ FlatObject JsonCaseStore::load(const std::string& path) {
     try {
         return parse_flat_json(text);
     } catch (const InputError& error) {
-        throw InputError(path + ": " + error.what());
+        throw InputError(at(path, error.reason()));
     }
 }
 

@@ -33,6 +33,10 @@ struct ProgramStores {
 /// where the settings file is there. Throws `OutputError`.
 void start_companion_once(ProgramStores& stores);
 
+/// The same where the settings file names neither an exchange file nor another program that would
+/// make one.
+void provide_exchange_file(ProgramStores& stores);
+
 /// Where the conductors of the library stand: the shipped ones in share/zel beside the folder of
 /// the program (of a build as of an installation), the user's own in the data folder.
 [[nodiscard]] LibraryPlaces library_places(const ProgramPaths& paths);

@@ -18,11 +18,11 @@ const ErrorRow& row_for(const ErrorObject& error, ErrorHandling& program) {
     return row;
 }
 
-ErrorObject caught() {
+ErrorObject caught(LangId lang) {
     try {
         throw;
     } catch (const PlatformError& error) {
-        return {static_cast<std::int32_t>(error.fault()), error.what(), error.subject()};
+        return {static_cast<std::int32_t>(error.fault()), error.told(lang), error.subject()};
     } catch (const std::bad_alloc& error) {
         return {static_cast<std::int32_t>(PlatformFault::OutOfMemory), error.what(), {}};
     } catch (const std::exception& error) {
@@ -49,7 +49,7 @@ std::int16_t Fehlerbehandlung(ErrorHandling& program, const ErrorObject& error, 
 std::int16_t handle_caught(ErrorHandling& program, std::string_view module,
                            std::string_view procedure) {
     const std::int16_t action =
-        Fehlerbehandlung(program, caught(), program.Zeile, module, procedure);
+        Fehlerbehandlung(program, caught(program.lang), program.Zeile, module, procedure);
     switch (action) {
         case leave_procedure:
         case next_statement:

@@ -8,26 +8,40 @@
 namespace zel {
 namespace {
 
-[[noreturn]] void refuse(const SettingRow& row, std::string_view value, const std::string& limit) {
-    throw InputError(std::string(row.key) + ": \"" + std::string(value) + "\" is not " + limit);
+constexpr Text whole_number = {"{0} ist keine ganze Zahl von -32768 bis 32767",
+                               "{0} is not a whole number from -32768 to 32767"};
+constexpr Text none_offered = {"{0} ist nicht eine von {1} ({2})", "{0} is not one of {1} ({2})"};
+constexpr Text control_characters = {"{0} ist kein Text ohne Steuerzeichen und Zeilenenden",
+                                     "{0} is not a text without control characters and line ends"};
+constexpr Text too_long = {
+    "{0} ist kein Text von höchstens 511 Zeichen ohne Leerzeichen davor und dahinter",
+    "{0} is not a text of at most 511 characters without blanks around it"};
+constexpr Text no_path = {"{0} ist kein Pfad: ein solcher hat mindestens 2 Zeichen und beginnt "
+                          "nicht mit \"kein Eintrag gefunden\"",
+                          "{0} is not a path: it has at least 2 characters and does not begin with "
+                          "\"kein Eintrag gefunden\""};
+
+[[noreturn]] void refuse(const SettingRow& row, const Reason& reason) {
+    throw InputError(at(std::string(row.key), reason));
 }
 
-std::string numbers(const SettingRow& row) {
-    std::string list = "one of ";
+[[noreturn]] void refuse_number(const SettingRow& row, std::string_view value) {
+    if (row.offered.empty()) refuse(row, Reason(whole_number, {in_quotes(value)}));
+    std::string list;
     for (const std::int16_t number : row.offered)
         list += (number == row.offered.front() ? "" : ", ") + std::to_string(number);
-    return list + " (" + std::string(row.meaning.en) + ")";
+    Reason reason(none_offered, {in_quotes(value), list, row.meaning.en});
+    reason.de = fill(none_offered.de, {in_quotes(value), list, row.meaning.de});
+    refuse(row, reason);
 }
 
 std::string number_entry(const SettingRow& row, std::string_view value) {
     std::int16_t number = 0;
     const char* end = value.data() + value.size();
     const auto [rest, error] = std::from_chars(value.data(), end, number);
-    if (error != std::errc() || rest != end)
-        refuse(row, value,
-               row.offered.empty() ? "a whole number from -32768 to 32767" : numbers(row));
+    if (error != std::errc() || rest != end) refuse_number(row, value);
     if (!row.offered.empty() && std::count(row.offered.begin(), row.offered.end(), number) == 0)
-        refuse(row, value, numbers(row));
+        refuse_number(row, value);
     return std::to_string(number);
 }
 
@@ -38,13 +52,10 @@ std::string setting_entry(const SettingRow& row, std::string_view value) {
     const bool control = std::any_of(value.begin(), value.end(), [](char c) {
         return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
     });
-    if (control) refuse(row, value, "a text without control characters and line ends");
-    if (value != as_read(value))
-        refuse(row, value, "a text of at most 511 characters without blanks around it");
+    if (control) refuse(row, Reason(control_characters, {in_quotes(value)}));
+    if (value != as_read(value)) refuse(row, Reason(too_long, {in_quotes(value)}));
     if (row.is_path && !value.empty() && is_missing_path(value))
-        refuse(row, value,
-               "a path: it has at least 2 characters and does not begin with "
-               "\"kein Eintrag gefunden\"");
+        refuse(row, Reason(no_path, {in_quotes(value)}));
     return std::string(value);
 }
 

@@ -12,9 +12,9 @@ bool computes_current(const C& c) { return c.Strombegrenzschalter_ks == without_
 bool judges_conductor(const C& c) { return c.Leiter_Bmittel == bare_conductor; }
 bool judges_equipment(const C& c) { return c.Leiter_Bmittel == equipment; }
 
-/// A frequency of 0 divides by zero; a negative one lets the factor m grow beyond all numbers.
+/// A frequency of 0 divides by zero, and there is none below it.
 bool current_is_infinite(const C& c) {
-    if (c.Frequenz_ks.value == 0) return true;
+    if (c.Frequenz_ks.value <= 0) return true;
     return std::isinf(KS_Auswertung(c).I_th);
 }
 

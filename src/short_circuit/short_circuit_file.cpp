@@ -13,6 +13,10 @@ using C = ShortCircuitCase;
 constexpr std::array<ListKey, 4> selections = {&C::Strombegrenzschalter_ks, &C::generatornah,
                                                &C::Anzahl_KS_fluesse, &C::Leiter_Bmittel};
 
+constexpr Text stands_already = {"steht schon als {0} da", "stands there as {0} already"};
+constexpr Text whole_number_expected = {"eine ganze Zahl von {0} bis {1} wird erwartet",
+                                        "a whole number from {0} to {1} is expected"};
+
 /// Where the field stands in the order of filling in.
 std::size_t rank(const FieldInfo& field) {
     for (std::size_t i = 0; i < selections.size(); ++i)
@@ -39,7 +43,7 @@ private:
             const std::size_t own = rank(*known(member.key).info);
             for (const Ranked& other : ranked)
                 if (other.rank == own)
-                    refuse(member.key, "stands there as " + other.member->key + " already");
+                    refuse(member.key, Reason(stands_already, {other.member->key}));
             ranked.push_back({own, &member});
         }
         std::sort(ranked.begin(), ranked.end(),
@@ -73,19 +77,19 @@ private:
         const auto whole = round_to_int16(number);
         const bool is_whole = whole && number == *whole;
         if (info.of_record) {
-            if (!is_whole) refuse(field.name, "a whole number from -32768 to 32767 is expected");
+            if (!is_whole) refuse(field.name, Reason(whole_number_expected, {"-32768", "32767"}));
             place = *whole;
             return;
         }
         if (!is_whole || *whole < 0 || *whole > info.last_index)
             refuse(field.name,
-                   "a whole number from 0 to " + std::to_string(info.last_index) + " is expected");
+                   Reason(whole_number_expected, {"0", std::to_string(info.last_index)}));
         const auto list = std::get<ListKey>(key_of<C>(info));
         if (form_.is_open(list)) form_.choose(list, *whole);
     }
 
-    std::string no_number(const std::string& /*text*/) const override {
-        return "a number is expected";
+    Reason no_number(const std::string& /*text*/) const override {
+        return Text{"eine Zahl wird erwartet", "a number is expected"};
     }
 
     ShortCircuitForm& form_;

@@ -45,7 +45,7 @@ std::optional<double> after(const PlainModel& model, double I, double T0, double
 bool kind_2(TransientRow& row, double T0, const Numbers& n, const PlainModel& model) {
     row.Temp = *after(model, row.Strom, T0, 60 * row.Min + row.Sec, n.threshold, n.step_of_kind_2,
                       -1, row.Direction);
-    return true;
+    return row.Temp >= -273.15;
 }
 
 bool kind_3(TransientRow& row, double T0, const PlainModel& model) {
@@ -64,7 +64,7 @@ bool kind_3(TransientRow& row, double T0, const PlainModel& model) {
         T = T + F * 0.2 / MC;
         ++steps;
     }
-    if (steps == 36500) return false;
+    if (steps == 36500 || T < -273.15) return false;
     const double minutes = std::floor(t / 60);
     row.Min = static_cast<std::int16_t>(minutes);
     row.Sec = static_cast<std::int16_t>(std::nearbyint(t - 60 * minutes));

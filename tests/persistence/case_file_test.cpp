@@ -63,8 +63,9 @@ TEST(CaseFile, tells_a_refused_typed_text_and_counts_it_as_no_input) {
 }
 
 TEST(CaseFile, rounds_whole_numbers_to_even_as_a_table_does) {
-    EXPECT_EQ(read({{"DrahtlagenzahlLeiter_db", 2.5}}).c.DrahtlagenzahlLeiter_db, 2);
-    EXPECT_EQ(read({{"DrahtlagenzahlLeiter_db", 3.5}}).c.DrahtlagenzahlLeiter_db, 4);
+    EXPECT_EQ(read({{"Gravi_merker1_db", 2.5}}).c.Gravi_merker1_db, 2);
+    EXPECT_EQ(read({{"Gravi_merker1_db", 3.5}}).c.Gravi_merker1_db, 4);
+    EXPECT_THROW((void)read({{"DrahtzahlLeiter_db", 24.5}}), InputError);  // no part of a wire
     EXPECT_EQ(read({{"DrahtzahlLeiter_db", -32768.0}}).c.DrahtzahlLeiter_db, -32768);
 }
 

@@ -184,13 +184,46 @@ TEST_F(Library, tells_files_that_cannot_be_used) {
 
     files.files[own_file] = "Bezeichnung1_db,colour\nA,red\n";
     auto refused = open();
-    EXPECT_EQ(refused.refusal_of_own(), std::string(own_file) + ": unknown column \"colour\"");
+    ASSERT_TRUE(refused.refusal_of_own());
+    EXPECT_EQ(refused.refusal_of_own()->en, std::string(own_file) + ": unknown column \"colour\"");
     EXPECT_THAT(refused.conductors(), SizeIs(99));
     EXPECT_THROW(refused.keep(copy("mine")), InputError);
     EXPECT_EQ(files.files[own_file], "Bezeichnung1_db,colour\nA,red\n");
 
     files.files.erase("/shipped/conductors.csv");
     EXPECT_THAT(refusal_of([&] { return open(); }), HasSubstr("/shipped/conductors.csv"));
+}
+
+TEST_F(Library, skips_damaged_lines_keeps_them_and_lets_them_be_repaired_or_removed) {
+    const std::string head =
+        "Anmerkung_db,Bezeichnung1_db,conductor_type_db,conductor_shape_db,DCR_20_db\n";
+    files.files[own_file] = head + "Gr\xF6\xDF"
+                                   "e,umlaut,1,1,0.5\n,no number,1,1,x\n,sound,1,1,0.5\n"
+                                   ",short\n,sound,1,1,0.6\nopen,\"quote,1,1,1\n,last,1,1,0.7\n";
+    auto library = open();
+    ASSERT_THAT(library.conductors(), SizeIs(101));
+    EXPECT_EQ(library.conductors()[1].c.Bezeichnung1_db, "last");
+    std::vector<std::string> reasons;
+    for (const auto& line : library.damaged()) reasons.push_back(line.damage->reason.en);
+    EXPECT_EQ(json(reasons), data.at("damaged lines"));
+    const LibraryConductor umlaut = library.damaged().front();
+    EXPECT_EQ(umlaut.c.Anmerkung_db, "Größe");
+    EXPECT_EQ(umlaut.c.DCR_20_db.value, 0.5);
+
+    library.keep(copy("mine"));  // the others stay as they are
+    ASSERT_THAT(library.damaged(), SizeIs(5));
+    EXPECT_THAT(files.files[own_file], HasSubstr("Gr\xF6\xDF"));
+    EXPECT_THAT(files.files[own_file], HasSubstr("open,\"quote,1,1,1\n"));
+    library.keep(umlaut, &library.damaged().front());
+    library.remove(LibraryConductor(library.damaged().back()));
+    ASSERT_THAT(library.damaged(), SizeIs(3));
+    EXPECT_THAT(open().conductors(), SizeIs(103));
+    EXPECT_EQ(find_conductor(library.conductors(), "umlaut").c.Anmerkung_db, "Größe");
+    LibraryConductor still_damaged = library.damaged().front();
+    still_damaged.c.DCR_20_db = {"-1", -1};
+    const LibraryConductor former = library.damaged().front();
+    EXPECT_THROW(library.keep(still_damaged, &former), InputError);
+    EXPECT_THAT(library.damaged(), SizeIs(3));
 }
 
 TEST(ConductorTable, refuses_by_file_line_column_and_limit) {

@@ -91,5 +91,20 @@ TEST_F(ConductorLink, comes_into_being_with_its_file_and_its_keys) {
     EXPECT_EQ(files.files["/data/R-MOX V.6.1/einseil1.dat"], record_of(steel_cored_conductor));
 }
 
+TEST(ConductorLinkSettings, lack_an_exchange_file_that_this_program_may_make) {
+    const auto lacks = [](const char* program, const char* exchange_file) {
+        MemorySettings settings;
+        if (program != nullptr) settings.write("Seildatei", "Seildatenbanknamepluspfad", program);
+        if (exchange_file != nullptr) settings.write("Seildatei", "Einseil1_dat", exchange_file);
+        return lacks_companion_files(settings);
+    };
+    EXPECT_TRUE(lacks(nullptr, nullptr));
+    EXPECT_TRUE(lacks("/usr/bin/zel", ""));
+    EXPECT_TRUE(lacks("kein Eintrag gefunden", "x"));
+    EXPECT_FALSE(lacks("/opt/other", nullptr));
+    EXPECT_FALSE(lacks("/opt/zel/other", nullptr));
+    EXPECT_FALSE(lacks("/usr/bin/zel", "/link/einseil1.dat"));
+}
+
 }  // namespace
 }  // namespace zel

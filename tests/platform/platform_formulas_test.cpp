@@ -14,23 +14,26 @@ std::string text_in(std::string_view de, std::string_view en, LangId lang) {
     return std::string(Text{de, en}.in(lang));
 }
 
-std::string filled(std::string_view pattern, std::vector<std::string> values) {
+std::string filled_places(std::string_view pattern, std::vector<std::string> values) {
     return values.size() == 1 ? fill(pattern, {values[0]}) : fill(pattern, {values[0], values[1]});
 }
 
 std::string icon_name(std::int16_t icon) { return std::string(name_of(Icon(icon))); }
 
-/// The rows of a text with their lines, or why it is refused. Each row comes back as it is written.
+/// The rows of a text with their lines, or why one is damaged. Each row comes back as it is
+/// written.
 nlohmann::json csv(std::string text) {
     nlohmann::json rows = nlohmann::json::array();
-    const std::string why = refusal_of([&] {
-        for (const auto& row : parse_csv(text)) {
-            rows.push_back({row.line, row.cells});
-            EXPECT_EQ(parse_csv(csv_line(row.cells)).at(0).cells, row.cells);
+    for (const auto& row : parse_csv(text)) {
+        if (row.damage != nullptr) {
+            rows.push_back({row.line, std::string(row.damage->en)});
+            continue;
         }
-        return 0;
-    });
-    return why.empty() ? rows : nlohmann::json(why);
+        rows.push_back({row.line, row.cells});
+        const std::string line = csv_line(row.cells);
+        EXPECT_EQ(parse_csv(line).at(0).cells, row.cells);
+    }
+    return rows;
 }
 
 TEST(PlatformFormulas, have_the_values_of_their_rows) {
@@ -38,7 +41,7 @@ TEST(PlatformFormulas, have_the_values_of_their_rows) {
                     {ZEL_FORMULA(parse_number), ZEL_FORMULA(parse_single),
                      ZEL_FORMULA(round_half_even), ZEL_FORMULA(masked), ZEL_FORMULA(plain_number),
                      ZEL_FORMULA(round_to_int16), ZEL_FORMULA(narrowed_to_single),
-                     ZEL_FORMULA(text_in), ZEL_FORMULA(filled), ZEL_FORMULA(lines_of),
+                     ZEL_FORMULA(text_in), ZEL_FORMULA(filled_places), ZEL_FORMULA(lines_of),
                      ZEL_FORMULA(joined), ZEL_FORMULA(icon_name), ZEL_FORMULA(csv),
                      ZEL_FORMULA(without_outer_blanks), ZEL_FORMULA(same_name)});
 }

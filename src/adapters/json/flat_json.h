@@ -18,4 +18,8 @@ namespace zel {
 /// same values, numbers to the last bit. Numbers must be finite.
 [[nodiscard]] std::string print_flat_json(const FlatObject& object);
 
+/// A printed JSON text with its control characters beyond ASCII's first 32 escaped, as JSON allows
+/// in texts: a terminal obeys them.
+[[nodiscard]] std::string terminal_safe(std::string_view json);
+
 }  // namespace zel

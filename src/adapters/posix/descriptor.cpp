@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstring>
 
 namespace zel {
 
@@ -32,6 +33,37 @@ PlatformFault posix_fault(int error_number) {
         case ENOMEM: return PlatformFault::OutOfMemory;
         default: return PlatformFault::Unforeseen;
     }
+}
+
+Reason system_reason(int error_number) {
+    struct Row {
+        int number;
+        const char* de;
+    };
+    static constexpr Row rows[] = {
+        {ENOENT, "Datei oder Ordner ist nicht vorhanden"},
+        {ENOTDIR, "ist kein Ordner"},
+        {EISDIR, "ist ein Ordner"},
+        {EACCES, "keine Berechtigung"},
+        {EPERM, "keine Berechtigung"},
+        {EROFS, "der Datenträger ist schreibgeschützt"},
+        {ENOSPC, "auf dem Datenträger ist kein Platz mehr"},
+        {EDQUOT, "der zugeteilte Platz ist verbraucht"},
+        {EFBIG, "die Datei wird zu groß"},
+        {ENAMETOOLONG, "der Name ist zu lang"},
+        {ELOOP, "zu viele Verknüpfungen"},
+        {EBUSY, "wird gerade benutzt"},
+        {ETXTBSY, "wird gerade benutzt"},
+        {EWOULDBLOCK, "ist von einem anderen Programm gesperrt"},
+        {EIO, "das Gerät meldet einen Fehler"},
+        {ENOMEM, "der Speicher reicht nicht"},
+        {EMFILE, "zu viele Dateien sind offen"},
+        {EEXIST, "ist schon vorhanden"},
+    };
+    Reason reason(std::strerror(error_number));
+    for (const Row& row : rows)
+        if (row.number == error_number) reason.de = row.de;
+    return reason;
 }
 
 }  // namespace zel

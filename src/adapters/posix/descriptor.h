@@ -24,4 +24,7 @@ private:
 /// What a number of `errno` means to the program.
 [[nodiscard]] PlatformFault posix_fault(int error_number);
 
+/// What the system says of a number of `errno`; in German where the program has words for it.
+[[nodiscard]] Reason system_reason(int error_number);
+
 }  // namespace zel

@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <chrono>
-#include <cstring>
 #include <filesystem>
 #include <thread>
 
@@ -22,6 +21,8 @@ namespace fs = std::filesystem;
 // An update takes milliseconds. Who holds the lock for longer hangs.
 constexpr int most_attempts = 500;
 constexpr auto pause = std::chrono::milliseconds(10);
+
+constexpr Text not_locked = {"kann nicht gesperrt werden: {0}", "cannot be locked: {0}"};
 
 class Lock {
 public:
@@ -44,7 +45,7 @@ public:
 
 private:
     [[noreturn]] static void refuse(const fs::path& path, int error_number) {
-        throw OutputError(path.string() + ": cannot be locked: " + std::strerror(error_number),
+        throw OutputError(at(path.string(), filled(not_locked, system_reason(error_number))),
                           posix_fault(error_number));
     }
 
@@ -71,7 +72,7 @@ void SharedFiles::update(const std::string& path,
     try {
         if (exists) former = read_text_file(path);
     } catch (const InputError& error) {
-        throw OutputError(error.what(),
+        throw OutputError(error.reason(),
                           error.fault());  // what cannot be read must not be overwritten
     }
     const std::string text = edit(former);
@@ -81,7 +82,8 @@ void SharedFiles::update(const std::string& path,
 void make_folder(const std::string& path) {
     std::error_code failed;
     fs::create_directories(path, failed);
-    if (failed) throw OutputError(path + ": " + failed.message(), posix_fault(failed.value()));
+    if (failed)
+        throw OutputError(at(path, system_reason(failed.value())), posix_fault(failed.value()));
 }
 
 }  // namespace zel

@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cerrno>
-#include <cstring>
 
 #include "adapters/posix/descriptor.h"
 #include "platform/errors.h"
@@ -14,9 +13,10 @@ namespace zel {
 namespace {
 
 constexpr std::size_t size_limit = 16U << 20U;
+constexpr Text too_large = {"größer als 16 MiB", "larger than 16 MiB"};
 
 [[noreturn]] void refuse(const std::string& path, int error_number) {
-    throw InputError(path + ": " + std::strerror(error_number), posix_fault(error_number));
+    throw InputError(at(path, system_reason(error_number)), posix_fault(error_number));
 }
 
 }  // namespace
@@ -34,7 +34,7 @@ std::string read_text_file(const std::string& path) {
         if (count < 0) refuse(path, errno);
         if (count == 0) return content;
         content.append(buffer.data(), static_cast<std::size_t>(count));
-        if (content.size() > size_limit) throw InputError(path + ": larger than 16 MiB");
+        if (content.size() > size_limit) throw InputError(at(path, Reason(too_large)));
     }
 }
 

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <utility>
 
@@ -20,14 +19,36 @@ namespace fs = std::filesystem;
 
 constexpr off_t largest_file = off_t{1} << 30;
 
-[[noreturn]] void refuse(const std::string& path, WorkbookFault fault, const std::string& reason) {
-    throw WorkbookError(fault, path + ": " + reason);
+constexpr Text no_file = {"ist keine Datei, die ersetzt werden kann",
+                          "is no file that can be replaced"};
+constexpr Text too_large = {"ist größer als 1 GiB", "is larger than 1 GiB"};
+constexpr Text not_writable = {"Ergebnisse können nicht geschrieben werden: {0}",
+                               "results cannot be written: {0}"};
+constexpr Text not_writable_there = {
+    "Ergebnisse können nicht in den Ordner geschrieben werden: {0}",
+    "results cannot be written in its folder: {0}"};
+constexpr Text being_written = {"wird gerade von einem anderen Programm geschrieben",
+                                "is being written by another program"};
+constexpr Text changed = {"wurde während der Berechnung von einem anderen Programm geändert; die "
+                          "Ergebnisse werden nicht geschrieben",
+                          "was changed by another program during the calculation; its results are "
+                          "not written"};
+constexpr Text open_elsewhere = {
+    "ist in einem anderen Programm geöffnet; schließen Sie es dort, oder "
+    "löschen Sie {0}, wenn niemand es geöffnet hat",
+    "is open in another program; close it there, or delete {0} if "
+    "nobody has it open"};
+constexpr Text locked = {"ist von einem anderen Programm gesperrt; schließen Sie es dort",
+                         "is locked by another program; close it there"};
+
+[[noreturn]] void refuse(const std::string& path, WorkbookFault fault, const Reason& reason) {
+    throw WorkbookError(fault, at(path, reason));
 }
 
 [[noreturn]] void refuse(const std::string& path, int error) {
     const WorkbookFault fault =
         error == ENOENT || error == ENOTDIR ? WorkbookFault::Missing : WorkbookFault::Denied;
-    refuse(path, fault, std::strerror(error));
+    refuse(path, fault, system_reason(error));
 }
 
 fs::path behind_links(const std::string& path) {
@@ -51,20 +72,17 @@ WorkbookFile::WorkbookFile(std::string path) : path_(std::move(path)) {
     struct stat state {};
     if (::stat(path_.c_str(), &state) != 0) refuse(path_, errno);
     if (S_ISDIR(state.st_mode)) refuse(path_, EISDIR);
-    if (!S_ISREG(state.st_mode))
-        refuse(path_, WorkbookFault::Denied, "is no file that can be replaced");
-    if (state.st_size > largest_file) refuse(path_, WorkbookFault::Damaged, "is larger than 1 GiB");
+    if (!S_ISREG(state.st_mode)) refuse(path_, WorkbookFault::Denied, Reason(no_file));
+    if (state.st_size > largest_file) refuse(path_, WorkbookFault::Damaged, Reason(too_large));
     // What could not be replaced is refused before hours of calculation.
     if (::faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) != 0) {
         const int error = errno;
-        refuse(path_, WorkbookFault::Denied,
-               std::string("results cannot be written: ") + std::strerror(error));
+        refuse(path_, WorkbookFault::Denied, filled(not_writable, system_reason(error)));
     }
     const fs::path folder = behind_links(path_).parent_path();
     if (::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0) {
         const int error = errno;
-        refuse(path_, WorkbookFault::Denied,
-               "results cannot be written in its folder: " + std::string(std::strerror(error)));
+        refuse(path_, WorkbookFault::Denied, filled(not_writable_there, system_reason(error)));
     }
     require_unlocked();
 }
@@ -83,16 +101,13 @@ std::string WorkbookFile::read() {
         count += static_cast<std::size_t>(part);
     }
     if (count != bytes.size() || stamp() != read_)
-        refuse(path_, WorkbookFault::Changed, "is being written by another program");
+        refuse(path_, WorkbookFault::Changed, Reason(being_written));
     return bytes;
 }
 
 void WorkbookFile::replace(std::string_view bytes) const {
     require_unlocked();
-    if (stamp() != read_)
-        refuse(path_, WorkbookFault::Changed,
-               "was changed by another program during the calculation; its results are not "
-               "written");
+    if (stamp() != read_) refuse(path_, WorkbookFault::Changed, Reason(changed));
     write_text_file(path_, bytes);
 }
 
@@ -110,12 +125,9 @@ void WorkbookFile::require_unlocked() const {
              {".~lock." + file.filename().string() + "#", "~$" + file.filename().string()}) {
             const fs::path beside = file.parent_path() / mark;
             if (file_exists(beside.string()))
-                refuse(path_, WorkbookFault::Locked,
-                       "is open in another program; close it there, or delete " + beside.string() +
-                           " if nobody has it open");
+                refuse(path_, WorkbookFault::Locked, Reason(open_elsewhere, {beside.string()}));
         }
-    if (is_locked(path_))
-        refuse(path_, WorkbookFault::Locked, "is locked by another program; close it there");
+    if (is_locked(path_)) refuse(path_, WorkbookFault::Locked, Reason(locked));
 }
 
 }  // namespace zel

@@ -32,7 +32,9 @@ public:
             return;
         }
         if (S_ISDIR(state.st_mode)) refuse(EISDIR);
-        if (!S_ISREG(state.st_mode)) throw OutputError(named_ + ": not a regular file");
+        if (!S_ISREG(state.st_mode))
+            throw OutputError(
+                at(named_, Reason(Text{"ist keine gewöhnliche Datei", "not a regular file"})));
         // Renaming would get round a write protection.
         if (::faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) != 0) refuse(errno);
         former_ = state;
@@ -42,7 +44,7 @@ public:
     /// The file that is replaced.
     [[nodiscard]] const std::optional<struct stat>& former() const { return former_; }
     [[noreturn]] void refuse(int error_number) const {
-        throw OutputError(named_ + ": " + std::strerror(error_number), posix_fault(error_number));
+        throw OutputError(at(named_, system_reason(error_number)), posix_fault(error_number));
     }
 
 private:

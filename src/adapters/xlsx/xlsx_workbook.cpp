@@ -119,7 +119,10 @@ private:
         try {
             body();
         } catch (const WorkbookError& error) {
-            throw WorkbookError(error.fault(), name_ + ": " + place_ + error.what());
+            Reason reason = error.reason();
+            reason.de.insert(0, place_);
+            reason.en.insert(0, place_);
+            throw WorkbookError(error.fault(), at(name_, reason));
         }
     }
 

@@ -9,8 +9,6 @@
 namespace zel {
 namespace {
 
-constexpr std::string_view program_name = "zel";
-
 constexpr BoxText record_refused = {
     Icon::Stop,
     {"Leiter nicht übernommen", "Conductor not taken over"},
@@ -20,11 +18,6 @@ constexpr BoxText no_library = {Icon::Stop,
                                 {"Leiterdatenbank", "Conductor database"},
                                 {"Die Leiterbibliothek kann nicht gelesen werden:\n{0}",
                                  "The library of conductors cannot be read:\n{0}"}};
-
-/// Whether the path names this program, here or where it is installed.
-bool is_this_program(const std::string& path) {
-    return path.substr(path.find_last_of('/') + 1) == program_name;
-}
 
 }  // namespace
 
@@ -53,7 +46,7 @@ std::optional<ConductorData> ConductorDesk::chosen_conductor() {
         if (auto* conductor = std::get_if<ConductorData>(&found)) return std::move(*conductor);
         session.tell(std::get<Box>(found));
     } catch (const InputError& error) {
-        session.tell(box_in(session.lang, record_refused, {error.what()}));
+        session.tell(box_in(session.lang, record_refused, {error.told(session.lang)}));
     }
     return std::nullopt;
 }
@@ -62,7 +55,8 @@ void ConductorDesk::show_editor() {
     if (!editor_) try {
             editor_ = std::make_unique<ConductorEditor>(&form_, parts_, take_over_);
         } catch (const InputError& error) {
-            parts_.session.tell(box_in(parts_.session.lang, no_library, {error.what()}));
+            const Session& session = parts_.session;
+            session.tell(box_in(session.lang, no_library, {error.told(session.lang)}));
             return;
         }
     editor_->open_anew();
@@ -78,7 +72,7 @@ void ConductorDesk::take_over(CalcCase& c, const std::function<void()>& show) {
         show();
         if (filled) session.tell(*filled);
     } catch (const InputError& error) {
-        session.tell(box_in(session.lang, record_refused, {error.what()}));
+        session.tell(box_in(session.lang, record_refused, {error.told(session.lang)}));
     }
 }
 

@@ -24,6 +24,7 @@ struct ConductorEditor::ButtonRow {
     bool while_looking;  // shown while conductors are looked at; otherwise while one is changed
     bool needs_selection;
     bool needs_own = false;
+    bool takes_damaged = false;  // works on a damaged line too
 };
 
 namespace {
@@ -41,6 +42,11 @@ constexpr Text copied_source = {"Kopie von {0}: {1}", "Copy of {0}: {1}"};
 constexpr Text keeps_reason = {"vom Benutzer bestätigt", "confirmed by the user"};
 
 constexpr Text editor_title = {"Leiterdatenbank", "Conductor database"};
+LibraryConductor without_damage(LibraryConductor conductor) {
+    conductor.damage.reset();
+    return conductor;
+}
+
 constexpr BoxText own_refused = {
     Icon::Warning,
     editor_title,
@@ -48,6 +54,14 @@ constexpr BoxText own_refused = {
      "Nur die mitgelieferten Leiter werden angezeigt, die Datei bleibt unverändert.",
      "The file of your own conductors cannot be read:\n{0}\n"
      "Only the shipped conductors are shown, the file stays as it is."}};
+constexpr BoxText lines_damaged = {
+    Icon::Warning,
+    editor_title,
+    {"Diese Zeilen der Datei der eigenen Leiter sind beschädigt:\n{0}\n"
+     "Sie stehen in der Liste und können dort geändert oder gelöscht werden.",
+     "These lines of the file of your own conductors are damaged:\n{0}\n"
+     "They are in the list and can be changed or deleted there."}};
+constexpr std::size_t most_told = 5;
 constexpr BoxText not_kept = {
     Icon::Stop,
     editor_title,
@@ -152,8 +166,25 @@ void ConductorEditor::read_library() {
 }
 
 void ConductorEditor::show_library() {
-    table_.show(library_->conductors());
+    std::vector<LibraryConductor> lines = library_->damaged();
+    lines.insert(lines.end(), library_->conductors().begin(), library_->conductors().end());
+    table_.show(std::move(lines));
     fit_columns();
+}
+
+void ConductorEditor::tell_damage() const {
+    if (const auto& refusal = library_->refusal_of_own())
+        (void)tell(own_refused, {refusal->in(parts_.session.lang)});
+    std::string lines;
+    for (std::size_t i = 0; i < library_->damaged().size(); ++i) {
+        lines += lines.empty() ? "" : "\n";
+        if (i == most_told) {
+            lines += "...";
+            break;
+        }
+        lines += library_->damaged()[i].damage->reason.in(parts_.session.lang);
+    }
+    if (!lines.empty()) (void)tell(lines_damaged, {lines});
 }
 
 /// No text of any conductor is cut, found or not.
@@ -184,8 +215,7 @@ void ConductorEditor::open_anew() {
         enter(Mode::Looking);
         find_->setFocus();
         show();
-        if (!library_->refusal_of_own().empty())
-            (void)tell(own_refused, {library_->refusal_of_own()});
+        tell_damage();
     }
     raise();
     activateWindow();
@@ -229,8 +259,8 @@ void ConductorEditor::make_buttons(QHBoxLayout& line) {
     static constexpr ButtonRow rows[] = {
         {"add", {"&Neu", "&New"}, &ConductorEditor::add, true, false},
         {"copy", {"&Kopieren", "&Copy"}, &ConductorEditor::copy, true, true},
-        {"change", {"Än&dern", "C&hange"}, &ConductorEditor::change, true, true, true},
-        {"remove", {"L&öschen", "De&lete"}, &ConductorEditor::remove, true, true, true},
+        {"change", {"Än&dern", "C&hange"}, &ConductorEditor::change, true, true, true, true},
+        {"remove", {"L&öschen", "De&lete"}, &ConductorEditor::remove, true, true, true, true},
         {"choose", {"Nur a&uswählen", "Select onl&y"}, &ConductorEditor::choose, true, true},
         {"choose_and_take_over",
          {"&Auswählen und übernehmen", "&Select and take over"},
@@ -263,7 +293,8 @@ void ConductorEditor::select(const LibraryConductor& conductor) {
     if (!matches(conductor, find_->text().toStdString())) find_->clear();
     for (int row = 0; row < found_.rowCount(); ++row) {
         const LibraryConductor& candidate = found_.conductor(found_.index(row, 0));
-        if (candidate.own != conductor.own || !same_name(candidate, conductor)) continue;
+        if (candidate.own != conductor.own || candidate.damage || !same_name(candidate, conductor))
+            continue;
         view_->selectRow(row);
         view_->scrollTo(found_.index(row, 0));
         return;
@@ -280,7 +311,9 @@ void ConductorEditor::show_selected() {
     sheet_->show_conductor(conductor.value_or(LibraryConductor{}), false);
     for (const auto& [button, row] : buttons_)
         button->setEnabled(!row->needs_selection ||
-                           (conductor && (!row->needs_own || conductor->own)));
+                           (conductor && (!row->needs_own || conductor->own) &&
+                            (row->takes_damaged || !conductor->damage)));
+    if (conductor && conductor->damage) count_->setText(qt(conductor->damage->reason.in(lang)));
 }
 
 void ConductorEditor::enter(Mode mode) {
@@ -316,7 +349,7 @@ void ConductorEditor::copy() {
 void ConductorEditor::change() {
     before_ = selected();
     enter(Mode::Changing);
-    sheet_->show_conductor(*before_, true);
+    sheet_->show_conductor(without_damage(*before_), true);
     sheet_->focus_first();
 }
 
@@ -333,7 +366,8 @@ void ConductorEditor::keep() {
     if (without_outer_blanks(c.Bezeichnung1_db).empty()) return (void)tell(no_name);
     if (c.conductor_type_db == 0 || c.conductor_shape_db == 0) return (void)tell(no_kind);
     for (const LibraryConductor& other : library_->conductors())
-        if (other.own && same_name(other, conductor) && !(before_ && same_name(other, *before_)))
+        if (other.own && same_name(other, conductor) &&
+            !(before_ && !before_->damage && same_name(other, *before_)))
             return (void)tell(name_taken, {full_name(conductor)});
     if (!confirmed(conductor)) return;
     const LibraryConductor* former = before_ ? &*before_ : nullptr;
@@ -365,7 +399,10 @@ bool ConductorEditor::may_be_left() {
     if (mode_ == Mode::Looking) return true;
     (void)sheet_->commit();
     const LibraryConductor& conductor = sheet_->conductor();
-    if (before_ && conductor_table({&conductor, 1}) == conductor_table({&*before_, 1})) return true;
+    if (before_) {
+        const LibraryConductor before = without_damage(*before_);
+        if (conductor_table({&conductor, 1}) == conductor_table({&before, 1})) return true;
+    }
     return tell(discard_question, {full_name(conductor)}) == Answer::Yes;
 }
 
@@ -379,7 +416,7 @@ void ConductorEditor::reject() {
 
 bool ConductorEditor::write_record() {
     const auto conductor = selected();
-    if (!conductor || mode_ != Mode::Looking) return false;
+    if (!conductor || conductor->damage || mode_ != Mode::Looking) return false;
     const std::string path = parts_.settings.now().Einseil1_dat;
     if (path.empty()) {
         (void)tell(no_exchange_file);
@@ -404,9 +441,9 @@ bool ConductorEditor::carried_out(const std::function<void()>& act, const BoxTex
         act();
         return true;
     } catch (const InputError& error) {
-        (void)tell(failed, {error.what()});
+        (void)tell(failed, {error.told(parts_.session.lang)});
     } catch (const OutputError& error) {
-        (void)tell(failed, {error.what()});
+        (void)tell(failed, {error.told(parts_.session.lang)});
     }
     return false;
 }

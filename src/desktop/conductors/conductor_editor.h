@@ -38,7 +38,9 @@ private:
     enum class Mode : std::uint8_t { Looking, Adding, Changing };
 
     void read_library();
+    /// The conductors, and the damaged lines of the user's file before them.
     void show_library();
+    void tell_damage() const;
     void fit_columns();
     void find(const QString& typed);
     [[nodiscard]] QWidget* make_list();

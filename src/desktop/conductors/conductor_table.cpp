@@ -1,7 +1,9 @@
 #include "desktop/conductors/conductor_table.h"
 
+#include <QBrush>
 #include <QFont>
 #include <iterator>
+#include <utility>
 
 #include "desktop/frame/widgets.h"
 
@@ -14,12 +16,15 @@ constexpr Text kinds[] = {{"", ""},
                           {"Rohr", "tube"},
                           {"Verbundkern", "composite core"}};
 constexpr Text own = {"eigener", "own"};
+constexpr Text damaged = {"beschädigt", "damaged"};
+constexpr QColor damaged_color(0xB0, 0x20, 0x20);
 
 std::string kind_of(const LibraryConductor& conductor, LangId lang) {
     return std::string(kinds[conductor.c.conductor_type_db].in(lang));
 }
 
 std::string origin_of(const LibraryConductor& conductor, LangId lang) {
+    if (conductor.damage) return std::string(damaged.in(lang));
     return conductor.own ? std::string(own.in(lang)) : conductor.c.Norm_db;
 }
 
@@ -48,9 +53,9 @@ const Column& column_at(int index) { return columns[static_cast<std::size_t>(ind
 
 }  // namespace
 
-void ConductorTable::show(const std::vector<LibraryConductor>& conductors) {
+void ConductorTable::show(std::vector<LibraryConductor> conductors) {
     beginResetModel();
-    conductors_ = conductors;
+    conductors_ = std::move(conductors);
     endResetModel();
 }
 
@@ -79,7 +84,9 @@ QVariant ConductorTable::data(const QModelIndex& index, int role) const {
         return bold;
     }
     if (role == sort_role && column.number != nullptr) return (shown.c.*column.number).value;
-    if (role == Qt::ToolTipRole) return qt(shown.source);
+    if (role == Qt::ForegroundRole && shown.damage) return QBrush(damaged_color);
+    if (role == Qt::ToolTipRole)
+        return qt(shown.damage ? shown.damage->reason.in(session_.lang) : shown.source);
     if (role != Qt::DisplayRole && role != sort_role) return {};
     return column.number != nullptr ? qt((shown.c.*column.number).text)
                                     : qt(column.text(shown, session_.lang));

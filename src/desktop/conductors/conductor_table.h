@@ -14,7 +14,7 @@ class ConductorTable : public QAbstractTableModel {
 public:
     explicit ConductorTable(const Session& session) : session_(session) {}
 
-    void show(const std::vector<LibraryConductor>& conductors);
+    void show(std::vector<LibraryConductor> conductors);
     /// Heads and texts in the language of the session.
     void recaption();
     [[nodiscard]] const LibraryConductor& conductor(int row) const {

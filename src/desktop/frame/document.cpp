@@ -78,7 +78,7 @@ bool Document::read(const std::string& path) {
     try {
         values = store_.load(path);
     } catch (const InputError& error) {
-        return fail(error.what());
+        return fail(error.told(session_.lang));
     }
     try {
         std::vector<RefusedText> refused = record_.take(values);
@@ -89,7 +89,7 @@ bool Document::read(const std::string& path) {
         }
         return true;
     } catch (const InputError& error) {
-        return fail(path + ": " + error.what());
+        return fail(path + ": " + error.told(session_.lang));
     }
 }
 
@@ -111,7 +111,7 @@ bool Document::write(const std::string& path) {
     try {
         store_.save(path, record_.values());
     } catch (const OutputError& error) {
-        session_.tell(box_in(session_.lang, not_written, {error.what()}));
+        session_.tell(box_in(session_.lang, not_written, {error.told(session_.lang)}));
         return false;
     }
     mark_stored(path);

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 
-#include "platform/errors.h"
-
 namespace zel {
 namespace {
+
+constexpr Text quote_inside = {"ein Anführungszeichen steht in einer Zelle",
+                               "a quote stands inside a cell"};
+constexpr Text quote_open = {"ein Anführungszeichen ist nicht geschlossen",
+                             "a quote is not closed"};
 
 class CsvReader {
 public:
@@ -26,36 +29,46 @@ public:
     }
 
 private:
+    /// A damaged row is its first line: the next one may be sound.
     CsvRow row() {
-        CsvRow row{line_, {cell()}};
-        while (take(',')) row.cells.push_back(cell());
-        if (!text_.empty() && !take_line_end()) refuse("a quote stands inside a cell");
+        const std::string_view begin = text_;
+        CsvRow row{line_, {}, {}, nullptr};
+        do {
+            row.damage = take_cell(row.cells.emplace_back());
+        } while (row.damage == nullptr && take(','));
+        if (row.damage == nullptr && !text_.empty() && text_.front() != '\n' &&
+            text_.front() != '\r')
+            row.damage = &quote_inside;
+        if (row.damage != nullptr) {
+            text_ = begin;
+            line_ = row.line;
+            text_.remove_prefix(std::min(text_.find_first_of("\r\n"), text_.size()));
+        }
+        row.text = begin.substr(0, begin.size() - text_.size());
+        take_line_end();
         return row;
     }
 
-    std::string cell() {
-        if (take('"')) return quoted_cell();
+    /// Gives what is wrong with the cell, null where it is sound.
+    const Text* take_cell(std::string& cell) {
+        if (take('"')) return take_quoted(cell);
         const std::size_t end = std::min(text_.find_first_of(",\"\r\n"), text_.size());
-        std::string cell(text_.substr(0, end));
+        cell = text_.substr(0, end);
         text_.remove_prefix(end);
-        return cell;
+        return nullptr;
     }
 
-    std::string quoted_cell() {
-        const int begin = line_;
-        std::string cell;
-        while (!text_.empty()) {
-            if (take('"')) {
-                if (!take('"')) return cell;
-                cell += '"';
-                continue;
-            }
-            if (text_.front() == '\n') ++line_;
-            cell += text_.front();
-            text_.remove_prefix(1);
+    const Text* take_quoted(std::string& cell) {
+        while (true) {
+            const std::size_t end = text_.find('"');
+            if (end == std::string_view::npos) return &quote_open;
+            cell += text_.substr(0, end);
+            text_.remove_prefix(end + 1);
+            if (!take('"')) break;
+            cell += '"';
         }
-        line_ = begin;
-        refuse("a quote is not closed");
+        line_ += static_cast<int>(std::count(cell.begin(), cell.end(), '\n'));
+        return nullptr;
     }
 
     bool take(char c) {
@@ -74,10 +87,6 @@ private:
     void skip_line() {
         text_.remove_prefix(std::min(text_.find('\n'), text_.size()));
         take_line_end();
-    }
-
-    [[noreturn]] void refuse(const std::string& reason) const {
-        throw InputError("line " + std::to_string(line_) + ": " + reason);
     }
 
     std::string_view text_;

@@ -2,15 +2,10 @@
 
 #include <algorithm>
 
+#include "platform/text/utf8.h"
+
 namespace zel {
 namespace {
-
-/// Characters of a UTF-8 text: its bytes that continue no character.
-std::size_t width_of(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
-        return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-    }));
-}
 
 std::string padded(std::string_view text, std::size_t width) {
     const std::size_t own = width_of(text);

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 #include <limits>
 #include <system_error>
 
@@ -165,6 +166,15 @@ std::optional<float> parse_single(std::string_view text, DecimalSeparator separa
     if (is_tiny(*form)) return 0.0F;
     const float beyond = std::numeric_limits<float>::infinity();
     return form->front() == '-' ? -beyond : beyond;
+}
+
+double decimal_of_single(double single) {
+    char digits[32];
+    const auto end =
+        std::to_chars(std::begin(digits), std::end(digits), static_cast<float>(single));
+    double value = 0;
+    std::from_chars(digits, end.ptr, value);
+    return value;
 }
 
 std::string masked(double value, std::string_view mask, DecimalSeparator separator) {

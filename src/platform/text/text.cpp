@@ -20,6 +20,32 @@ std::string fill(std::string_view pattern, std::initializer_list<std::string_vie
     return out;
 }
 
+Reason::Reason(const Text& text, std::initializer_list<std::string_view> values)
+    : de(fill(text.in(LangId::German), values)), en(fill(text.in(LangId::English), values)) {}
+
+Reason filled(const Text& text, const Reason& value) {
+    Reason reason(text, {value.de});
+    reason.en = fill(text.in(LangId::English), {value.en});
+    return reason;
+}
+
+Reason at(const Reason& place, const Reason& reason) {
+    Reason both = place;
+    both.de += ": " + reason.de;
+    both.en += ": " + reason.en;
+    return both;
+}
+
+std::string shortened(std::string_view text, std::size_t most) {
+    if (text.size() <= most) return std::string(text);
+    std::size_t end = most;
+    // UTF-8: further bytes of a character begin with the bits 10.
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;
+    return std::string(text.substr(0, end)) + "...";
+}
+
+std::string in_quotes(std::string_view text) { return "\"" + shortened(text) + "\""; }
+
 std::vector<std::string> lines_of(std::string_view text) {
     std::vector<std::string> lines;
     while (!text.empty()) {

@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zel {
@@ -26,6 +27,33 @@ struct Text {
 /// other brace, stays as it is.
 [[nodiscard]] std::string fill(std::string_view pattern,
                                std::initializer_list<std::string_view> values);
+
+/// What is told in a language that is known only where it is shown. A text alone is the same in
+/// both.
+struct Reason {
+    std::string de, en;
+
+    Reason(std::string same) : de(same), en(std::move(same)) {}
+    Reason(const char* same) : Reason(std::string(same)) {}
+    /// The wording with its places filled.
+    Reason(const Text& text, std::initializer_list<std::string_view> values = {});
+
+    [[nodiscard]] const std::string& in(LangId lang) const {
+        return lang == LangId::German ? de : en;
+    }
+    friend bool operator==(const Reason&, const Reason&) = default;
+};
+
+/// The wording with the place {0} filled by what has words of its own.
+[[nodiscard]] Reason filled(const Text& text, const Reason& value);
+
+/// `reason` behind the place that it is about: "case.json: ...".
+[[nodiscard]] Reason at(const Reason& place, const Reason& reason);
+
+/// `text` in quotes for a message, cut where it is longer than a line.
+[[nodiscard]] std::string in_quotes(std::string_view text);
+/// `text` cut where it is longer than `most` bytes, "..." behind it, never inside a character.
+[[nodiscard]] std::string shortened(std::string_view text, std::size_t most = 60);
 
 /// The lines of a text, cut at `\n`. An empty text has no line.
 [[nodiscard]] std::vector<std::string> lines_of(std::string_view text);

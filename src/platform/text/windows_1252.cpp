@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "platform/errors.h"
+#include "platform/text/utf8.h"
 
 namespace zel {
 namespace {
@@ -15,6 +16,10 @@ constexpr std::array<char32_t, 32> special = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 constexpr unsigned first_special = 0x80;
+
+constexpr Text no_utf8 = {"der Text ist kein UTF-8", "the text is no UTF-8"};
+constexpr Text no_such_character = {"das Zeichen \"{0}\" gibt es im Zeichensatz Windows-1252 nicht",
+                                    "the character \"{0}\" is not in the code page Windows-1252"};
 
 void append_utf8(std::string& out, char32_t character) {
     const auto tail = [&](unsigned shift) {
@@ -32,25 +37,14 @@ void append_utf8(std::string& out, char32_t character) {
     }
 }
 
-/// How many bytes the character has that begins with `lead`; 0 for a byte that begins none.
-std::size_t length_of(unsigned char lead) {
-    if (lead < 0x80) return 1;
-    if (lead >= 0xC2 && lead < 0xE0) return 2;
-    if (lead >= 0xE0 && lead < 0xF0) return 3;
-    return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
-}
-
 /// Takes the first character off `text`.
 char32_t take_character(std::string_view& text) {
+    const std::size_t length = character_length(text);
+    if (length == 0) throw InputError(Reason(no_utf8));
     const auto lead = static_cast<unsigned char>(text.front());
-    const std::size_t length = length_of(lead);
-    if (length == 0 || length > text.size()) throw InputError("the text is no UTF-8");
     char32_t character = length == 1 ? lead : lead & (0xFFU >> (length + 1));
-    for (const char c : text.substr(1, length - 1)) {
-        const auto byte = static_cast<unsigned char>(c);
-        if ((byte & 0xC0U) != 0x80U) throw InputError("the text is no UTF-8");
-        character = (character << 6U) | (byte & 0x3FU);
-    }
+    for (const char c : text.substr(1, length - 1))
+        character = (character << 6U) | (static_cast<unsigned char>(c) & 0x3FU);
     text.remove_prefix(length);
     return character;
 }
@@ -79,9 +73,8 @@ std::string windows_1252_of(std::string_view text) {
         } else if (character < first_special || (character >= 0xA0 && character <= 0xFF)) {
             out += static_cast<char>(character);
         } else {
-            throw InputError("the character \"" +
-                             std::string(rest.substr(0, rest.size() - text.size())) +
-                             "\" is not in the code page Windows-1252");
+            throw InputError(
+                Reason(no_such_character, {rest.substr(0, rest.size() - text.size())}));
         }
     }
     return out;

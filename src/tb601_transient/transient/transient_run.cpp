@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/rounding.h"
+#include "steady/constants.h"
 #include "tb601_transient/transient/method_rules.h"
 #include "tb601_transient/transient/start_table.h"
 #include "tb601_transient/transient/transient_report.h"
@@ -23,6 +24,9 @@ struct Run {
     TransientWatch watch;
 };
 
+/// A step may lead a conductor with hardly any heat capacity below absolute zero.
+bool is_possible(double T) { return T >= -kelvin; }
+
 /// Row of kind 2: the temperature after a time.
 template <class Model>
 RowCause find_temperature(Run<Model>& run, TransientRow& row, double T0) {
@@ -32,7 +36,7 @@ RowCause find_temperature(Run<Model>& run, TransientRow& row, double T0) {
                         [&](double t, double, double) { run.watch.step([&] { return t / te; }); });
     row.Direction = w.direction;
     row.Temp = w.T;
-    return RowCause::None;
+    return is_possible(w.T) ? RowCause::None : RowCause::TargetNotReached;
 }
 
 /// Row of kind 3: the time to a temperature.
@@ -44,7 +48,7 @@ RowCause find_time(Run<Model>& run, TransientRow& row, double T0) {
             [&] { return std::max((T - T0) / (row.Temp - T0), static_cast<double>(n) / limit); });
     });
     row.Direction = a.direction;
-    if (!a.reached) return RowCause::TargetNotReached;
+    if (!a.reached || !is_possible(a.T)) return RowCause::TargetNotReached;
     const double minutes = a.t <= 0 ? 0 : std::floor(a.t / 60);
     const double seconds = a.t <= 0 ? 0 : a.t - 60 * minutes;
     row.Min = round_to_int16(minutes).value_or(0);

@@ -64,6 +64,7 @@ Walk walk(Model& model, double T0, double te, const WalkRule& rule, EachStep eac
 
 struct Approach {
     double t = 0;  // s
+    double T = 0;  // °C in the end
     TransientDirection direction = row_at_rest;
     bool reached = true;
 };
@@ -74,7 +75,7 @@ template <class Model, class EachStep>
 Approach approach(Model& model, double T0, double target, EachStep each_step) {
     constexpr double dt = 0.2;  // s
     constexpr int step_limit = 36500;
-    Approach a;
+    Approach a{0, T0};
     const double F0 = model.net_power(T0);
     if (F0 == 0) return a;
     a.direction = F0 < 0 ? row_cools : row_heats;
@@ -83,16 +84,15 @@ Approach approach(Model& model, double T0, double target, EachStep each_step) {
         a.reached = false;
         return a;
     }
-    double T = T0;
     int n = 0;
-    while (n < step_limit && (F0 < 0 ? T > target : T < target)) {
-        const double MC = model.heat_capacity(T);
-        const double F = model.net_power(T);
+    while (n < step_limit && (F0 < 0 ? a.T > target : a.T < target)) {
+        const double MC = model.heat_capacity(a.T);
+        const double F = model.net_power(a.T);
         const double dT = F * dt / MC;
         a.t = a.t + dt;
-        T = computed(T + dT);
+        a.T = computed(a.T + dT);
         ++n;
-        each_step(n, T, step_limit);
+        each_step(n, a.T, step_limit);
     }
     // The last step may have reached the target: at the limit the row fails all the same.
     a.reached = n < step_limit;
