@@ -14,11 +14,13 @@
 namespace zel {
 namespace {
 
+constexpr Text text_refused = {"ein Text wurde abgewiesen; nichts ist gespeichert",
+                               "a text was refused; nothing is stored"};
+
 /// Nothing is stored that the user has not seen accepted.
 void refuse_texts(const std::string& path, const std::vector<RefusedText>& refused) {
     if (refused.empty()) return;
-    throw InputError(path + ": " + refused.front().field + ": " +
-                     refused.front().box.lines.front());
+    throw InputError(at(path, at(refused.front().field, refused.front().box.lines.front())));
 }
 
 std::vector<NamedValue> told(std::vector<NamedValue> values, const std::vector<CutText>& cut,
@@ -35,7 +37,7 @@ std::vector<NamedValue> told(std::vector<NamedValue> values, const std::vector<C
 std::vector<NamedValue> load_line(const std::string& path, const CommonOptions& options,
                                   Console& console) {
     const LoadedCase loaded = load_case(path, options, console);
-    if (loaded.text_refused) throw InputError(path + ": a text was refused; nothing is stored");
+    if (loaded.text_refused) throw InputError(at(path, Reason(text_refused)));
     std::vector<CutText> cut;
     return told(S30_Access_Daten_speichern(loaded.c, cut), cut, options, console);
 }

@@ -33,6 +33,16 @@ constexpr const char* db_notes =
     "\n"
     "Exit status: 0 done; 2 refused, nothing was changed.";
 
+constexpr Text holds_none = {"die Tabelle {0} enthält keine solchen Fälle",
+                             "the table {0} holds no such cases"};
+constexpr Text no_such_row = {"{0}: es gibt keine Zeile {1}, die Tabelle hat {2}",
+                              "{0}: there is no row {1}, the table has {2}"};
+constexpr Text no_name = {"eine Tabelle braucht einen Namen", "a table needs a name"};
+constexpr Text wrong_name = {"{0}: der Name einer Tabelle kann \"{1}\" nicht enthalten",
+                             "{0}: the name of a table cannot have \"{1}\""};
+constexpr Text own_name = {"so heißt eine Datenbank des Programms",
+                           "the name is that of a database of the program"};
+
 struct DbWords : CommonOptions {
     bool short_circuit = false;
     std::string file{};
@@ -47,26 +57,19 @@ struct DbWords : CommonOptions {
     }
 };
 
-/// Replaces what is no UTF-8 in texts of files by other programs.
-std::string text_of(const ordered_json& document) {
-    return document.dump(2, ' ', false, ordered_json::error_handler_t::replace) + "\n";
-}
-
 /// A table that holds cases of the area.
 TableInfo case_table(Database& database, const DbWords& words) {
     TableInfo table = find_table(database, words.table);
     if (!holds_records(words.area().tables, table))
-        throw InputError(words.file + ": the table " + words.table + " holds no such cases" +
-                         (words.short_circuit ? "" : " (see --short-circuit)"));
+        throw InputError(at(words.file, Reason(holds_none, {words.table})));
     return table;
 }
 
 RowKey key_of(Database& database, const TableInfo& table, const DbWords& words) {
     const auto keys = database.rows(table.name);
     if (words.row < 1 || words.row > keys.size())
-        throw InputError(words.file + ": " + table.name + ": there is no row " +
-                         std::to_string(words.row) + ", the table has " +
-                         std::to_string(keys.size()));
+        throw InputError(at(words.file, Reason(no_such_row, {table.name, std::to_string(words.row),
+                                                             std::to_string(keys.size())})));
     return keys[words.row - 1];
 }
 
@@ -80,7 +83,7 @@ int tables(const DbWords& words, Console& /*console*/) {
         text += printable(table.name) + ": " + std::to_string(rows) +
                 (words.lang == LangId::German ? " Zeilen" : " rows") + "\n";
     }
-    return print_or_fail(words.json ? text_of({{"tables", list}}) : text);
+    return print_or_fail(words.json ? json_text({{"tables", list}}) : text);
 }
 
 int list(const DbWords& words, Console& /*console*/) {
@@ -101,7 +104,7 @@ int list(const DbWords& words, Console& /*console*/) {
         rows.push_back(std::move(entry));
         return true;
     });
-    return print_or_fail(words.json ? text_of({{"rows", rows}}) : text);
+    return print_or_fail(words.json ? json_text({{"rows", rows}}) : text);
 }
 
 int show(const DbWords& words, Console& console) {
@@ -112,10 +115,9 @@ int show(const DbWords& words, Console& console) {
 }
 
 void refuse_name(const std::string& name) {
-    if (name.empty()) throw InputError("a table needs a name");
+    if (name.empty()) throw InputError(Reason(no_name));
     if (const auto character = refused_character(name))
-        throw InputError("\"" + name + "\": the name of a table cannot have \"" + *character +
-                         "\"");
+        throw InputError(Reason(wrong_name, {in_quotes(name), *character}));
 }
 
 /// `path` from the root on, whether its file is there or not.
@@ -133,9 +135,7 @@ void refuse_reserved(const DbWords& words) {
                                   ? reserved_short_circuit_database(path)
                                   : reserved_case_database(path, calculations, words.lang);
     if (!name.refused) return;
-    throw InputError(words.file + ": " +
-                     (name.box ? paragraph_of(*name.box)
-                               : std::string("the name is that of a database of the program")));
+    throw InputError(at(words.file, name.box ? Reason(paragraph_of(*name.box)) : Reason(own_name)));
 }
 
 /// The new file is gone again where it cannot be filled.
@@ -192,7 +192,7 @@ int erase(const DbWords& words, Console& /*console*/) {
     database->delete_row(table.name, key_of(*database, table, words));
     constexpr Text done = {"{0}: Zeile {1} gelöscht\n", "{0}: row {1} deleted\n"};
     return print_or_fail(
-        words.json ? text_of({{"table", table.name}, {"deleted_row", words.row}})
+        words.json ? json_text({{"table", table.name}, {"deleted_row", words.row}})
                    : fill(done.in(words.lang), {printable(table.name), std::to_string(words.row)}));
 }
 
@@ -203,7 +203,7 @@ int drop(const DbWords& words, Console& /*console*/) {
     database->drop_table(table.name);
     constexpr Text done = {"{0} mit {1} Zeilen gelöscht\n", "{0} with {1} rows deleted\n"};
     return print_or_fail(
-        words.json ? text_of({{"table", table.name}, {"deleted_rows", rows}})
+        words.json ? json_text({{"table", table.name}, {"deleted_rows", rows}})
                    : fill(done.in(words.lang), {printable(table.name), std::to_string(rows)}));
 }
 
@@ -218,7 +218,7 @@ int guarded_db(const DbWords& words) {
         return body(words, console);
     } catch (const PlatformError& error) {
         if (error.fault() == PlatformFault::Unforeseen) throw;
-        Console::tell_reason(error.what());
+        Console::tell_reason(error.told(words.lang));
         ErrorHandling handling(words.lang, console);
         try {
             (void)handle_caught(handling, module_name, "zel_db");

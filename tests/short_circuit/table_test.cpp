@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "fakes/short_circuit_cases.h"
 #include "fakes/test_data.h"
 
@@ -25,22 +27,15 @@ TEST(ShortCircuitTable, fills_free_columns_but_four) {
     c.Datum_ks = std::string(19, 'x') + "ö12";
     const auto values = KS82_Tabellendaten_speichern(c, cut);
     EXPECT_EQ(cut.size(), 1U);
+    std::map<std::string, ColumnValue> stored(values.begin(), values.end());
+    EXPECT_EQ(stored["Datum_ks"], ColumnValue(std::string(19, 'x') + "ö"));
+    EXPECT_EQ(stored["Reserve_126_single"], ColumnValue(0.0F));
+    EXPECT_EQ(stored["Reserve_12_double"], ColumnValue(0.0));
+    EXPECT_EQ(stored["Reserve_40_Text"], ColumnValue(""));
+    EXPECT_EQ(stored["Projekt_ks"], ColumnValue(" "));
     std::vector<std::string> absent;
-    for (const TableColumn& column : short_circuit_tables().columns) {
-        const auto found = std::find_if(values.begin(), values.end(), [&](const NamedValue& value) {
-            return value.first == column.name;
-        });
-        if (found == values.end())
-            absent.push_back(column.name);
-        else if (column.name == "Datum_ks")
-            EXPECT_EQ(found->second, ColumnValue(std::string(19, 'x') + "ö"));
-        else if (column.name == "Reserve_126_single")
-            EXPECT_EQ(found->second, ColumnValue(0.0F));
-        else if (column.name == "Reserve_40_Text")
-            EXPECT_EQ(found->second, ColumnValue(""));
-        else if (column.name == "Projekt_ks")
-            EXPECT_EQ(found->second, ColumnValue(" "));
-    }
+    for (const TableColumn& column : short_circuit_tables().columns)
+        if (!stored.contains(column.name)) absent.push_back(column.name);
     EXPECT_EQ(absent, (std::vector<std::string>{"Reserve_11_double", "Reserve_16_double",
                                                 "Reserve_17_single", "Reserve_18_single"}));
 }

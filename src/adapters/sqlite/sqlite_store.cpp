@@ -23,6 +23,11 @@ constexpr int patience = 200;  // ms that another program may hold the file
 constexpr int application_id = 0x5A454C43;
 constexpr int format = 1;
 
+constexpr Text row_is_gone = {"{0}: die Zeile gibt es nicht mehr",
+                              "{0}: the row is not there any more"};
+constexpr Text table_is_there = {"es gibt schon eine Tabelle {0}", "there is a table {0}"};
+constexpr Text no_table = {"es gibt keine Tabelle {0}", "there is no table {0}"};
+
 bool exists(const std::string& path) {
     struct stat facts {};
     return ::stat(path.c_str(), &facts) == 0;
@@ -140,7 +145,7 @@ public:
             SQLite::Statement one(file_, "SELECT * FROM " + known(table) + " WHERE _rowid_ = ?");
             one.bind(1, key);
             if (!one.executeStep())
-                throw InputError(path_ + ": " + table + ": the row is not there any more",
+                throw InputError(at(path_, Reason(row_is_gone, {table})),
                                  PlatformFault::NoCurrentRecord);
             return read(one, columns_of(table), 0);
         });
@@ -171,8 +176,8 @@ public:
     void create_table(const std::string& table, std::span<const TableColumn> columns) override {
         told(path_, [&] {
             if (is_there(table))
-                throw InputError(path_ + ": there is a table " + table, PlatformFault::TableExists,
-                                 table);
+                throw InputError(at(path_, Reason(table_is_there, {table})),
+                                 PlatformFault::TableExists, table);
             std::string list;
             for (const TableColumn& column : columns)
                 list +=
@@ -233,8 +238,7 @@ private:
     /// The name of a table as it stands in a statement.
     [[nodiscard]] std::string known(const std::string& table) const {
         if (!is_there(table))
-            throw InputError(path_ + ": there is no table " + table, PlatformFault::NoRecords,
-                             table);
+            throw InputError(at(path_, Reason(no_table, {table})), PlatformFault::NoRecords, table);
         return in_statement(table);
     }
 

@@ -7,6 +7,7 @@
 
 #include "platform/errors.h"
 #include "platform/rounding.h"
+#include "platform/text/utf8.h"
 #include "shell/program_texts.h"
 
 namespace zel {
@@ -33,34 +34,39 @@ constexpr BoxText texts_cut = {Icon::Warning,
                                 "Texts that are too long have been shortened in saving:\n{0}"}};
 constexpr Text cut_line = {"{0}: {1} Zeichen", "{0}: {1} characters"};
 
-bool is_first_of_character(char c) { return (static_cast<unsigned>(c) & 0xC0U) != 0x80U; }
-
 /// The first `length` characters of a text.
 std::string beginning(const std::string& text, std::int16_t length) {
-    std::int16_t characters = 0;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        if (is_first_of_character(text[i]) && ++characters > length) return text.substr(0, i);
-    return text;
+    std::size_t end = 0;
+    for (; end < text.size() && length > 0; --length)
+        end += std::max<std::size_t>(character_length(std::string_view(text).substr(end)), 1);
+    return text.substr(0, end);
 }
 
-[[noreturn]] void refuse(const FieldOf& field, const std::string& limit) {
-    throw InputError(field.name + ": the number is beyond the range of its column, " + limit);
+constexpr Text beyond_column = {"{0}: die Zahl liegt außerhalb des Bereichs ihrer Spalte, {1}",
+                                "{0}: the number is beyond the range of its column, {1}"};
+constexpr Text no_table = {"es gibt keine Tabelle {0}", "there is no table {0}"};
+constexpr std::string_view integer_range = "-32768 … 32767";
+constexpr std::string_view single_range = "±3.4028235e38";
+constexpr std::string_view double_range = "±1.7976931348623157e308";
+
+[[noreturn]] void refuse(const FieldOf& field, std::string_view limit) {
+    throw InputError(Reason(beyond_column, {field.name, limit}));
 }
 
 ColumnValue number_for(const FieldOf& field, double value) {
     switch (field.info->column) {
         case ColumnType::Integer: {
             const auto whole = round_to_int16(value);
-            if (!whole) refuse(field, "-32768 to 32767");
+            if (!whole) refuse(field, integer_range);
             return *whole;
         }
         case ColumnType::Single: {
             if (!(std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max())))
-                refuse(field, "a number of 32 bits");
+                refuse(field, single_range);
             return static_cast<float>(value);
         }
         default:
-            if (!std::isfinite(value)) refuse(field, "a number of 64 bits");
+            if (!std::isfinite(value)) refuse(field, double_range);
             return value;
     }
 }
@@ -111,7 +117,7 @@ std::vector<TableInfo> record_tables(Database& database, const TableFormat& form
 TableInfo find_table(Database& database, const std::string& name) {
     for (TableInfo& table : database.tables())
         if (same_name(table.name, name)) return std::move(table);
-    throw InputError("there is no table " + name, PlatformFault::NoRecords, name);
+    throw InputError(Reason(no_table, {name}), PlatformFault::NoRecords, name);
 }
 
 TableColumn column_of(const FieldOf& field) {

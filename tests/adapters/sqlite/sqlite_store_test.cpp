@@ -66,8 +66,7 @@ TEST_F(Store, gives_values_back_in_the_precision_of_their_columns) {
 TEST_F(Store, finds_rows_again_by_their_keys) {
     const auto database = store.create(path);
     database->create_table("T", columns);
-    for (std::int16_t n = 1; n <= 3; ++n)
-        database->add_row("T", std::vector<NamedValue>{{"n", n}});
+    for (std::int16_t n = 1; n <= 3; ++n) database->add_row("T", std::vector<NamedValue>{{"n", n}});
     const auto keys = database->rows("T");
     database->delete_row("T", keys[0]);
     EXPECT_EQ(database->row("T", keys[2])[1], "3");
