@@ -101,7 +101,7 @@ int run(const BatchJob& job, BatchResult& result, BatchProgress& progress) {
         return status_of(result);
     } catch (const ProgramEnd& end) {
         progress.clear();
-        Console::tell_reason(std::string("the program had to end: ") + end.what());
+        Console::tell_reason(fill(had_to_end.in(job.session.lang), {end.what()}));
         return exit_program_ended;
     } catch (const OutputError& error) {
         progress.clear();

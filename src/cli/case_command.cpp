@@ -43,7 +43,7 @@ int CaseRun::run() {
     try {
         return calculate();
     } catch (const ProgramEnd& end) {
-        Console::tell_reason(std::string("the program had to end: ") + end.what());
+        Console::tell_reason(fill(had_to_end.in(words_.lang), {end.what()}));
         return words_.json ? print_or_fail(document(end.what()), exit_program_ended)
                            : exit_program_ended;
     }

@@ -21,7 +21,7 @@ std::string listing_of(const forms::Record& record, std::span<const forms::Secti
             if (value.empty()) continue;
             if (!headed) listing.add_caption(section.caption.in(lang));
             headed = true;
-            listing.add(without_outer_blanks(row.field->label.in(lang)), std::move(value));
+            listing.add(without_outer_blanks(record.label(row).in(lang)), std::move(value));
         }
     }
     return listing.text();

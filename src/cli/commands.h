@@ -82,6 +82,8 @@ void add_db(CommandLine& line);
 
 extern const char* const exit_statuses;  // of the commands that calculate a case
 
+inline constexpr Text had_to_end = {"das Programm mußte enden: {0}", "the program had to end: {0}"};
+
 /// The document as it is printed. What is no UTF-8 in its texts has replacement characters.
 [[nodiscard]] std::string json_text(const nlohmann::ordered_json& document);
 

@@ -27,6 +27,8 @@ int write_template(const TemplateWords& words) {
     if (!words.conductor.empty()) {
         Console console(words);
         take_conductor(conductor.emplace(), words.conductor, words, console);
+        // A cell cannot say that its number is assumed: the knee point stays to be filled in.
+        if (conductor->KniepunktTemperatur_db.assumed) conductor->KniepunktTemperatur_db = {};
     }
     write_text_file(words.path,
                     new_xlsx(excel_batch::template_design(words.kind, words.lang, conductor),

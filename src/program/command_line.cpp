@@ -51,7 +51,8 @@ int guarded(const std::function<int()>& body, LangId lang) {
         Console::tell_reason(no_memory.in(lang));
         return exit_failed;
     } catch (const std::exception& error) {
-        Console::tell_reason(std::string("unexpected failure: ") + error.what());
+        constexpr Text unexpected = {"unerwarteter Fehler: {0}", "unexpected failure: {0}"};
+        Console::tell_reason(fill(unexpected.in(lang), {error.what()}));
         return exit_failed;
     }
 }

@@ -64,7 +64,8 @@ private:
     std::optional<struct stat> former_;
 };
 
-constexpr std::string_view temporary_mark = ".tmp";
+/// No one else's file is named so.
+constexpr std::string_view temporary_mark = ".zel-tmp";
 
 /// Whether `name` is one that a temporary file of the target `stem` may have.
 bool is_temporary(std::string_view name, const std::string& stem) {

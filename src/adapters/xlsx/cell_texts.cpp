@@ -84,8 +84,9 @@ std::string CellTexts::of(const pugi::xml_node& c) const {
     if (type == "s") {
         const auto index = number_in<std::size_t>(value);
         if (!index || *index >= shared_ends_.size())
-            refuse_damaged("cell " + shortened(c.attribute("r").value()) +
-                           " names a shared string that is not there");
+            refuse_damaged({"Zelle {0} nennt einen gemeinsamen Text, den es nicht gibt",
+                            "cell {0} names a shared string that is not there"},
+                           {shortened(c.attribute("r").value())});
         const std::size_t begin = *index == 0 ? 0 : shared_ends_[*index - 1];
         return shared_.substr(begin, shared_ends_[*index] - begin);
     }

@@ -18,9 +18,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void refuse(const std::string& reason) {
-    throw OutputError("a new workbook cannot be made: " + reason);
-}
+constexpr Text not_made = {"eine neue Arbeitsmappe kann nicht angelegt werden: {0}",
+                           "a new workbook cannot be made: {0}"};
+
+[[noreturn]] void refuse(const Reason& reason) { throw OutputError(filled(not_made, reason)); }
 
 /// The library writes to a file only.
 class TemporaryFolder {
@@ -31,8 +32,9 @@ public:
         const fs::path parent = named != nullptr && *named != '\0' ? named : "/tmp";
         std::string name = (parent / "zel-XXXXXX").string();
         if (::mkdtemp(name.data()) == nullptr)
-            refuse("no temporary files in " + parent.string() +
-                   " (TMPDIR): " + std::strerror(errno));
+            refuse(Reason(Text{"keine temporären Dateien in {0} (TMPDIR): {1}",
+                               "no temporary files in {0} (TMPDIR): {1}"},
+                          {parent.string(), std::strerror(errno)}));
         path_ = name;
     }
     ~TemporaryFolder() {
@@ -57,7 +59,7 @@ public:
         lxw_workbook_options options = {};
         options.tmpdir = folder_.data();
         book_ = workbook_new_opt(path.c_str(), &options);
-        if (book_ == nullptr) refuse("out of memory");
+        if (book_ == nullptr) refuse(Reason(Text{"zu wenig Speicher", "out of memory"}));
         for (std::size_t i = 0; i < formats_.size(); ++i)
             formats_[i] = format_of(static_cast<CellLook>(i));
     }
@@ -75,7 +77,10 @@ public:
 
     void add(const SheetDesign& design) {
         lxw_worksheet* sheet = workbook_add_worksheet(book_, design.name.c_str());
-        if (sheet == nullptr) refuse("a worksheet cannot be named " + design.name);
+        if (sheet == nullptr)
+            refuse(Reason(
+                {"ein Arbeitsblatt kann nicht {0} heißen", "a worksheet cannot be named {0}"},
+                {design.name}));
         for (const auto& [first, last, width, look] : design.columns)
             check(worksheet_set_column(sheet, column(first), column(last),
                                        width == 0 ? LXW_DEF_COL_WIDTH : width, format(look)));
@@ -174,7 +179,9 @@ std::string new_xlsx(const WorkbookDesign& design, const std::string& title) {
     book.close();
     std::ifstream file(path, std::ios::binary);
     std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    if (!file || bytes.empty()) refuse("its temporary file cannot be read");
+    if (!file || bytes.empty())
+        refuse(Reason(Text{"ihre temporäre Datei kann nicht gelesen werden",
+                           "its temporary file cannot be read"}));
     return bytes;
 }
 

@@ -17,10 +17,14 @@ int row_number(std::string_view tag, int former) {
         const char* const end = digits.data() + digits.size();
         const auto read = std::from_chars(digits.data(), end, number);
         if (read.ec != std::errc{} || read.ptr != end || number < 1 || number > largest_row)
-            refuse_damaged("has a row numbered " + shortened(digits));
+            refuse_damaged({"hat eine Zeile mit der Nummer {0}", "has a row numbered {0}"},
+                           {shortened(digits)});
     }
-    if (number > largest_row) refuse_damaged("has more than 1048576 rows");
-    if (number <= former) refuse_damaged("its row " + std::to_string(number) + " is out of order");
+    if (number > largest_row)
+        refuse_damaged({"hat mehr als 1048576 Zeilen", "has more than 1048576 rows"});
+    if (number <= former)
+        refuse_damaged({"ihre Zeile {0} steht nicht an ihrem Platz", "its row {0} is out of order"},
+                       {std::to_string(number)});
     return number;
 }
 
@@ -45,7 +49,9 @@ void read_merged_cells(std::string_view element, SheetIndex& index) {
         const auto attribute = attribute_of(tag, "ref");
         const std::string_view reference = attribute ? attribute->value.of(tag) : "";
         const auto area = cell_area(reference);
-        if (!area) refuse_damaged("has merged cells " + shortened(reference));
+        if (!area)
+            refuse_damaged({"hat verbundene Zellen {0}", "has merged cells {0}"},
+                           {shortened(reference)});
         if (area->first_row != area->last_row || area->first_column != area->last_column)
             index.merged.push_back(*area);
     }
@@ -65,7 +71,7 @@ void index_rows(std::string_view xml, TagWalk& walk, SheetIndex& index) {
         former = row_number(xml.substr(tag->begin, tag->end - tag->begin), former);
         index.rows.push_back({former, {tag->begin, tag->begin + element.size()}});
     }
-    refuse_damaged("ends in the middle of its rows");
+    refuse_damaged({"endet mitten in ihren Zeilen", "ends in the middle of its rows"});
 }
 
 }  // namespace
@@ -103,7 +109,7 @@ SheetIndex index_of_sheet(std::string_view xml) {
         if (name == "cols") read_column_styles(element, index);
         if (name == "mergeCells") read_merged_cells(element, index);
     }
-    if (index.data.empty()) refuse_damaged("has no cells");
+    if (index.data.empty()) refuse_damaged({"hat keine Zellen", "has no cells"});
     return index;
 }
 

@@ -11,13 +11,20 @@ namespace {
 int column_of(const pugi::xml_node& cell, int row, int former) {
     const pugi::xml_attribute reference = cell.attribute("r");
     if (!reference && former == largest_column)
-        refuse_damaged("has more than 16384 cells in row " + std::to_string(row));
+        refuse_damaged(
+            {"hat mehr als 16384 Zellen in Zeile {0}", "has more than 16384 cells in row {0}"},
+            {std::to_string(row)});
     if (!reference) return former + 1;
     const std::string name = shortened(reference.value());
     const auto place = cell_place(name);
-    if (!place || name.find('$') != name.npos) refuse_damaged("has a cell named " + name);
-    if (place->row != row) refuse_damaged("cell " + name + " stands in row " + std::to_string(row));
-    if (place->column <= former) refuse_damaged("cell " + name + " is out of order");
+    if (!place || name.find('$') != name.npos)
+        refuse_damaged({"hat eine Zelle mit dem Namen {0}", "has a cell named {0}"}, {name});
+    if (place->row != row)
+        refuse_damaged({"Zelle {0} steht in Zeile {1}", "cell {0} stands in row {1}"},
+                       {name, std::to_string(row)});
+    if (place->column <= former)
+        refuse_damaged({"Zelle {0} steht nicht an ihrem Platz", "cell {0} is out of order"},
+                       {name});
     return place->column;
 }
 

@@ -220,8 +220,8 @@ private:
         if (reference.empty()) return;
         const auto area = cell_area(reference);
         if (!area)
-            refuse_damaged("the formula in " + cell_name(row, column) + " fills " +
-                           shortened(reference));
+            refuse_damaged({"die Formel in {0} füllt {1}", "the formula in {0} fills {1}"},
+                           {cell_name(row, column), shortened(reference)});
         if (edits_.clears(*area)) return;
         for (int r = area->first_row; r <= area->last_row; ++r)
             for (int c = area->first_column; c <= area->last_column; ++c)

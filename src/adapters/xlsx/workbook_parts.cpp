@@ -9,6 +9,8 @@
 namespace zel::xlsx {
 namespace {
 
+constexpr Text part_is_damaged = {"ihr Teil {0} ist beschädigt", "its part {0} is damaged"};
+
 constexpr std::size_t longest_path = 1000;
 
 void parse(pugi::xml_document& document, std::string_view xml, const std::string& part) {
@@ -28,7 +30,9 @@ std::string relationships_of(const std::string& part) {
 /// The part that a relationship of a part in `folder` names.
 std::string resolved(const std::string& folder, const std::string& target) {
     if (target.size() > longest_path)
-        refuse_damaged("names a part " + shortened(target) + ", which is too long");
+        refuse_damaged(
+            {"nennt einen Teil {0}, der zu lang ist", "names a part {0}, which is too long"},
+            {shortened(target)});
     std::string path = target.starts_with('/') ? target.substr(1) : folder + target;
     for (std::size_t up = path.find("../"); up != std::string::npos; up = path.find("../")) {
         const std::size_t above = up < 2 ? std::string::npos : path.rfind('/', up - 2);
@@ -60,7 +64,7 @@ std::string workbook_part(const Archive& archive) {
     for (const pugi::xml_node node : document.document_element().children())
         if (is_of_type(node, "officeDocument"))
             return resolved({}, node.attribute("Target").value());
-    refuse_damaged("is no workbook");
+    refuse_damaged({"ist keine Arbeitsmappe", "is no workbook"});
 }
 
 void read_sheets(const pugi::xml_node& sheets, const pugi::xml_node& relationships,
@@ -75,8 +79,9 @@ void read_sheets(const pugi::xml_node& sheets, const pugi::xml_node& relationshi
         if (target == targets.end()) continue;
         // Two sheets of one part would lose what is written into one of them.
         if (target->second.empty())
-            refuse_damaged("its worksheet " + shortened(sheet.attribute("name").value()) +
-                           " has the cells of another one");
+            refuse_damaged({"ihr Arbeitsblatt {0} hat die Zellen eines anderen",
+                            "its worksheet {0} has the cells of another one"},
+                           {shortened(sheet.attribute("name").value())});
         parts.sheets.push_back(
             {sheet.attribute("name").value(), std::exchange(target->second, {})});
     }
@@ -132,7 +137,8 @@ WorkbookParts workbook_parts(const Archive& archive) {
     WorkbookParts parts;
     parts.workbook = workbook_part(archive);
     if (parts.workbook.ends_with(".bin"))
-        refuse_damaged("is a workbook of the binary kind (xlsb): save it as xlsx");
+        refuse_damaged({"ist eine Arbeitsmappe der binären Art (xlsb): als xlsx speichern",
+                        "is a workbook of the binary kind (xlsb): save it as xlsx"});
     parts.relationships = relationships_of(parts.workbook);
     const std::string folder = folder_of(parts.workbook);
     const std::string xml = archive.read(parts.relationships);
@@ -162,7 +168,7 @@ void drop_calculation_chain(Archive& archive, const WorkbookParts& parts) {
 void demand_calculation(Archive& archive, const WorkbookParts& parts) {
     std::string xml = archive.read(parts.workbook);
     ChildWalk children(xml);
-    if (!children.parent()) refuse_damaged("its part " + parts.workbook + " is damaged");
+    if (!children.parent()) refuse_damaged(part_is_damaged, {parts.workbook});
     const std::string_view root = children.parent()->name;
     const std::string prefix(root.substr(0, root.size() - local_name(root).size()));
     std::size_t before = children.parent()->end;  // the settings come behind it, as in the format

@@ -14,6 +14,11 @@
 namespace zel::xlsx {
 namespace {
 
+constexpr Text not_packed = {"kann nicht gepackt werden", "cannot be packed"};
+constexpr Text part_is_damaged = {"ihr Teil {0} ist beschädigt", "its part {0} is damaged"};
+constexpr Text is_protected = {"ist durch ein Kennwort geschützt: ohne eines speichern",
+                               "is protected by a password: save it without one"};
+
 constexpr zip_uint64_t mebibyte = 1ULL << 20U;
 // 100 000 rows of 81 columns unpack to half a gigabyte, 18 times the size of their file where all
 // rows are the same.
@@ -50,11 +55,14 @@ bool has_stream(std::string_view bytes, std::string_view name) {
 }
 
 [[noreturn]] void refuse_compound_file(std::string_view bytes) {
-    if (has_stream(bytes, "EncryptedPackage"))
-        refuse_damaged("is protected by a password: save it without one");
+    if (has_stream(bytes, "EncryptedPackage")) refuse_damaged(is_protected);
     if (has_stream(bytes, "Workbook"))
-        refuse_damaged("is no xlsx file but one of the older kind (xls): save it as xlsx");
-    refuse_damaged("is no xlsx file but one of the older kind, or protected by a password");
+        refuse_damaged(
+            {"ist keine xlsx-Datei, sondern eine der älteren Art (xls): als xlsx speichern",
+             "is no xlsx file but one of the older kind (xls): save it as xlsx"});
+    refuse_damaged(
+        {"ist keine xlsx-Datei, sondern eine der älteren Art oder durch ein Kennwort geschützt",
+         "is no xlsx file but one of the older kind, or protected by a password"});
 }
 
 std::string in_mebibytes(zip_uint64_t size) { return std::to_string(size / mebibyte) + " MiB"; }
@@ -63,41 +71,47 @@ std::string in_mebibytes(zip_uint64_t size) { return std::to_string(size / mebib
 void require_sound_sizes(zip* zip, zip_uint64_t file_size) {
     const zip_int64_t count = zip_get_num_entries(zip, 0);
     if (count > most_parts)
-        refuse_damaged("has " + std::to_string(count) + " parts, more than any workbook");
+        refuse_damaged(
+            {"hat {0} Teile, mehr als jede Arbeitsmappe", "has {0} parts, more than any workbook"},
+            {std::to_string(count)});
     zip_uint64_t whole = 0;
     for (zip_int64_t i = 0; i < count; ++i) {
         zip_stat_t state;
         zip_stat_init(&state);
         if (zip_stat_index(zip, static_cast<zip_uint64_t>(i), 0, &state) != 0 ||
             (state.valid & ZIP_STAT_SIZE) == 0)
-            refuse_damaged("is no xlsx file (the size of a part is unknown)");
+            refuse_damaged({"ist keine xlsx-Datei (die Größe eines Teils ist unbekannt)",
+                            "is no xlsx file (the size of a part is unknown)"});
         if ((state.valid & ZIP_STAT_ENCRYPTION_METHOD) != 0 &&
             state.encryption_method != ZIP_EM_NONE)
-            refuse_damaged("is protected by a password: save it without one");
+            refuse_damaged(is_protected);
         if (state.size > largest_whole - whole)
-            refuse_damaged("unpacks to more than " + in_mebibytes(largest_whole) +
-                           ", the most that is read");
+            refuse_damaged({"wird entpackt größer als {0}; mehr wird nicht gelesen",
+                            "unpacks to more than {0}, the most that is read"},
+                           {in_mebibytes(largest_whole)});
         whole += state.size;
     }
     if (whole > always_fits && whole / largest_ratio > file_size)
-        refuse_damaged("unpacks to " + in_mebibytes(whole) + ", more than " +
-                       std::to_string(largest_ratio) + " times its size");
+        refuse_damaged({"wird entpackt {0} groß, mehr als das {1}-fache ihrer Größe",
+                        "unpacks to {0}, more than {1} times its size"},
+                       {in_mebibytes(whole), std::to_string(largest_ratio)});
 }
 
 }  // namespace
 
 Archive::Archive(std::string_view bytes) {
     // The library takes it for a new archive.
-    if (bytes.empty()) refuse_damaged("is no xlsx file (it is empty)");
+    if (bytes.empty())
+        refuse_damaged({"ist keine xlsx-Datei (sie ist leer)", "is no xlsx file (it is empty)"});
     if (is_compound_file(bytes)) refuse_compound_file(bytes);
     zip_error_t error;
     zip_error_init(&error);
     source_ = zip_source_buffer_create(allocated_copy(bytes), bytes.size(), 1, &error);
-    if (source_ == nullptr) refuse_damaged(reason_of(error));
+    if (source_ == nullptr) refuse_damaged({"{0}", "{0}"}, {reason_of(error)});
     zip_ = zip_open_from_source(source_, ZIP_CHECKCONS, &error);
     if (zip_ == nullptr) {
         zip_source_free(source_);
-        refuse_damaged("is no xlsx file (" + reason_of(error) + ")");
+        refuse_damaged({"ist keine xlsx-Datei ({0})", "is no xlsx file ({0})"}, {reason_of(error)});
     }
     zip_error_fini(&error);
     // Outlives the closing, so that the new bytes can be read from it.
@@ -105,7 +119,9 @@ Archive::Archive(std::string_view bytes) {
     try {
         require_sound_sizes(zip_, bytes.size());
         if (has("mimetype") && read("mimetype").find("opendocument") != std::string::npos)
-            refuse_damaged("is no xlsx file but an OpenDocument file (ods): save it as xlsx");
+            refuse_damaged(
+                {"ist keine xlsx-Datei, sondern eine OpenDocument-Datei (ods): als xlsx speichern",
+                 "is no xlsx file but an OpenDocument file (ods): save it as xlsx"});
     } catch (...) {
         discard();
         throw;
@@ -128,10 +144,12 @@ std::string Archive::read(const std::string& part) const {
     zip_stat_init(&state);
     if (zip_stat(zip_, part.c_str(), ZIP_FL_NOCASE, &state) != 0 ||
         (state.valid & ZIP_STAT_SIZE) == 0)
-        refuse_damaged("has no part " + part);
+        refuse_damaged({"hat keinen Teil {0}", "has no part {0}"}, {part});
     zip_file_t* file = zip_fopen_index(zip_, state.index, 0);
     if (file == nullptr)
-        refuse_damaged("its part " + part + " cannot be read: " + reason_of(*zip_get_error(zip_)));
+        refuse_damaged(
+            {"ihr Teil {0} kann nicht gelesen werden: {1}", "its part {0} cannot be read: {1}"},
+            {part, reason_of(*zip_get_error(zip_))});
     const std::unique_ptr<zip_file_t, int (*)(zip_file_t*)> open(file, zip_fclose);
     std::string content;
     content.reserve(state.size);
@@ -141,14 +159,16 @@ std::string Archive::read(const std::string& part) const {
         char* const chunk = content.data() + before;
         const std::size_t size = content.size() - before;
         if (zip_fread(file, chunk, size) != static_cast<zip_int64_t>(size))
-            refuse_damaged("its part " + part + " is damaged");
+            refuse_damaged(part_is_damaged, {part});
         // A cell has at most 32767 characters.
         if (size == mebibyte && std::memchr(chunk, '<', size) == nullptr)
-            refuse_damaged("its part " + part + " has a stretch of 1 MiB without an element");
+            refuse_damaged({"ihr Teil {0} hat eine Strecke von 1 MiB ohne ein Element",
+                            "its part {0} has a stretch of 1 MiB without an element"},
+                           {part});
     }
     // The checksum is compared at the end of the part.
     char beyond = 0;
-    if (zip_fread(file, &beyond, 1) != 0) refuse_damaged("its part " + part + " is damaged");
+    if (zip_fread(file, &beyond, 1) != 0) refuse_damaged(part_is_damaged, {part});
     return content;
 }
 
@@ -162,8 +182,9 @@ void Archive::replace(const std::string& part, std::string content) {
         zip_file_add(zip_, part.c_str(), source, ZIP_FL_ENC_UTF_8 | ZIP_FL_OVERWRITE);
     if (index < 0) {
         zip_source_free(source);
-        refuse_damaged("its part " + part +
-                       " cannot be replaced: " + reason_of(*zip_get_error(zip_)));
+        refuse_damaged(
+            {"ihr Teil {0} kann nicht ersetzt werden: {1}", "its part {0} cannot be replaced: {1}"},
+            {part, reason_of(*zip_get_error(zip_))});
     }
     // One date for all, the first that an archive knows: the same results give the same file.
     constexpr zip_uint16_t first_of_1980 = (1U << 5U) | 1U;
@@ -179,17 +200,18 @@ void Archive::remove(const std::string& part) {
 
 std::string Archive::close() {
     if (zip_close(zip_) != 0)
-        refuse_damaged("cannot be packed: " + reason_of(*zip_get_error(zip_)));
+        refuse_damaged({"kann nicht gepackt werden: {0}", "cannot be packed: {0}"},
+                       {reason_of(*zip_get_error(zip_))});
     zip_ = nullptr;
     zip_stat_t state;
     zip_stat_init(&state);
     if (zip_source_stat(source_, &state) != 0 || zip_source_open(source_) != 0)
-        refuse_damaged("cannot be packed");
+        refuse_damaged(not_packed);
     std::string bytes(state.size, '\0');
     const bool whole = zip_source_read(source_, bytes.data(), bytes.size()) ==
                        static_cast<zip_int64_t>(state.size);
     zip_source_close(source_);
-    if (!whole) refuse_damaged("cannot be packed");
+    if (!whole) refuse_damaged(not_packed);
     return bytes;
 }
 

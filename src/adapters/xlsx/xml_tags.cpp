@@ -8,25 +8,20 @@ namespace {
 constexpr std::string_view blanks = " \t\r\n";
 constexpr std::string_view end_of_name = " \t\r\n/>";
 
-[[noreturn]] void refuse_end() { refuse_damaged("an XML part ends in the middle"); }
+[[noreturn]] void refuse_end() {
+    refuse_damaged({"ein XML-Teil endet in der Mitte", "an XML part ends in the middle"});
+}
 
 }  // namespace
 
-void refuse_damaged(const std::string& reason) {
-    throw WorkbookError(WorkbookFault::Damaged, reason);
-}
-
-std::string shortened(std::string_view text, std::size_t most) {
-    if (text.size() <= most) return std::string(text);
-    std::size_t end = most;
-    // UTF-8: further bytes of a character begin with the bits 10.
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;
-    return std::string(text.substr(0, end)) + "...";
+void refuse_damaged(const Text& text, std::initializer_list<std::string_view> values) {
+    throw WorkbookError(WorkbookFault::Damaged, Reason(text, values));
 }
 
 void require_utf8(std::string_view xml) {
     if (xml.starts_with("\xFE\xFF") || xml.starts_with("\xFF\xFE"))
-        refuse_damaged("is written in UTF-16, which is not understood");
+        refuse_damaged({"ist in UTF-16 geschrieben, was nicht verstanden wird",
+                        "is written in UTF-16, which is not understood"});
 }
 
 std::size_t TagWalk::behind(std::string_view mark, std::size_t from) const {

@@ -1,19 +1,20 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "platform/text/text.h"
 
 // Tags of an XML text by their bytes, for texts of which nearly all is copied as it stands.
 
 namespace zel::xlsx {
 
 /// Throws `WorkbookError` (`Damaged`).
-[[noreturn]] void refuse_damaged(const std::string& reason);
-
-/// `text`, cut where it is longer than `most` bytes, and "..." behind it; never inside a character.
-[[nodiscard]] std::string shortened(std::string_view text, std::size_t most = 60);
+[[noreturn]] void refuse_damaged(const Text& text,
+                                 std::initializer_list<std::string_view> values = {});
 
 /// A stretch of a text, from its first byte to behind its last.
 struct Stretch {

@@ -14,6 +14,7 @@ namespace zel {
 namespace {
 
 constexpr double same_angle = 1e-9;       // degrees
+constexpr double rounding_noise = 1e-6;   // tenths of an ampere
 constexpr double share_of_joule = 0.01;   // of the Joule heat, by which a balance may miss
 constexpr double last_direction = 359.9;  // degrees, that a case may hold
 
@@ -56,10 +57,11 @@ CalcCase with_wind_at(CalcCase c, double angle) {
     return c;
 }
 
-/// Whether the fold turns a wind that blows to another angle than the acute one.
+/// Whether the fold turns the wind to another angle than the acute one. In still air Kirn alone
+/// reads the angle.
 bool is_turned(const CalcCase& c) {
     return std::abs(acute_angle(c) - S_Winkel_Wind_Leiter(c)) >= same_angle &&
-           c.Windgeschwindigkeit_db.value != 0;
+           (c.Windgeschwindigkeit_db.value != 0 || is_selected(c, Method::Kirn));
 }
 
 std::optional<SteadyRemarks::TrueWind> wind_fold(const CalcCase& c, const SteadyRunResult& result,
@@ -204,6 +206,10 @@ std::optional<Note> note_on_row(const TransientResult& result, const CalcCase& c
     const TransientRow& told = result.rows[row];
     const int n = sharing_conductors(c);
     const auto ampere = [&](double I) { return masked(I * n, "####0.0", locale.separator); };
+    // Never above the target by the rounding.
+    const auto ampere_below = [&](double I) {
+        return masked(std::floor(I * n * 10 + rounding_noise) / 10, "####0.0", locale.separator);
+    };
     const auto celsius = [&](double T) { return masked(T, "####0.0", locale.separator); };
     const Text& first = told.Failed == 1 ? sought_in_vain
                         : check->reached ? leads_elsewhere
@@ -217,7 +223,8 @@ std::optional<Note> note_on_row(const TransientResult& result, const CalcCase& c
         note_code::transient_check,
         fill(first.in(locale.lang), {ampere(told.Strom), celsius(check->reached.value_or(0)),
                                      duration, celsius(told.Temp)}) +
-            fill(second.in(locale.lang), {ampere(check->current.value_or(0)), celsius(told.Temp)})};
+            fill(second.in(locale.lang),
+                 {ampere_below(check->current.value_or(0)), celsius(told.Temp)})};
 }
 
 std::vector<Note> notes_on(const TransientResult& result, const CalcCase& c, const Locale& locale) {

@@ -86,17 +86,17 @@ TEST_F(TextFile, what_a_killed_run_leaves_has_the_mode_and_is_cleared_by_the_nex
         EXPECT_EQ(mode_of(entry.path()), 0640U);
         EXPECT_EQ(entry.file_size(), entry.path() == path ? 6U : 1000U);
     }
-    const std::vector<std::string> others = {"case.json.tmp", "case.json.tmp1-0.json",
-                                             "a.json.tmp1-0"};
+    const std::vector<std::string> others = {"case.json.zel-tmp", "case.json.zel-tmp1-0.json",
+                                             "a.json.zel-tmp1-0", "case.json.tmp1-0"};
     for (const std::string& other : others) folder.write(other, "kept");
-    const std::string in_use = folder.file("case.json.tmp1-0");
+    const std::string in_use = folder.file("case.json.zel-tmp1-0");
     const int number = ::open(in_use.c_str(), O_CREAT | O_WRONLY, 0600);
     ASSERT_EQ(::flock(number, LOCK_EX), 0);
     write_text_file(path, "new");
-    EXPECT_EQ(files(), 5) << "the file, three of other names, and one that is being written";
+    EXPECT_EQ(files(), 6) << "the file, four of other names, and one that is being written";
     ::close(number);
     write_text_file(path, "newer");
-    EXPECT_EQ(files(), 4);
+    EXPECT_EQ(files(), 5);
     EXPECT_EQ(read_text_file(path), "newer");
 }
 
