@@ -241,6 +241,9 @@ QWidget* ConductorEditor::make_list() {
     view_->horizontalHeader()->setStretchLastSection(true);
     view_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     count_->setObjectName("count");
+    // What is wrong with a line may be long, and must not widen the list.
+    count_->setWordWrap(true);
+    count_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     on(find_, &QLineEdit::textChanged, [this](const QString& typed) { find(typed); });
     on(view_->selectionModel(), &QItemSelectionModel::currentRowChanged,
        [this] { show_selected(); });
