@@ -20,6 +20,7 @@ CLI::Option* add_choice(CLI::App& command, const std::string& name, Value& value
                         std::vector<std::pair<std::string, T>> choices,
                         const std::string& description) {
     std::vector<std::string> names;
+    names.reserve(choices.size());
     for (const auto& choice : choices) names.push_back(choice.first);
     const auto take = [choices = std::move(choices), &value](const std::string& chosen) {
         for (const auto& choice : choices)

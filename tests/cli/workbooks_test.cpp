@@ -186,7 +186,7 @@ TEST_F(Workbooks, a_killed_run_leaves_the_old_or_the_new_one) {
                     workbook->set_number(line, column,
                                          std::stod(std::string(cell).replace(
                                              std::min(cell.find(','), cell.size()),
-                                             cell.find(',') == cell.npos ? 0 : 1, ".")));
+                                             cell.find(',') == std::string::npos ? 0 : 1, ".")));
         workbook->save();
     }
     const std::string old_bytes = bytes();

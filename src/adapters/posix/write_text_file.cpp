@@ -71,7 +71,7 @@ constexpr std::string_view temporary_mark = ".zel-tmp";
 bool is_temporary(std::string_view name, const std::string& stem) {
     const std::string begin = stem + std::string(temporary_mark);
     return name.starts_with(begin) && name.size() > begin.size() &&
-           name.find_first_not_of("0123456789-", begin.size()) == name.npos;
+           name.find_first_not_of("0123456789-", begin.size()) == std::string::npos;
 }
 
 /// Whoever writes a temporary file holds a lock on it until it is in its place; a lock ends with

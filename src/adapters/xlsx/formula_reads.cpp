@@ -15,7 +15,7 @@ bool is_word(char c) {
 }
 
 bool is_number(std::string_view word) {
-    return !word.empty() && word.find_first_not_of("$0123456789.") == word.npos;
+    return !word.empty() && word.find_first_not_of("$0123456789.") == std::string::npos;
 }
 
 struct Column {
@@ -27,16 +27,18 @@ struct Column {
 std::optional<Column> column_of(std::string_view word) {
     const bool moves = !word.starts_with('$');
     const std::size_t letters = word.find_first_not_of('$');
-    if (letters == word.npos) return std::nullopt;
+    if (letters == std::string::npos) return std::nullopt;
     const std::size_t digits = word.find_first_of("$0123456789", letters);
     const std::string_view name = word.substr(letters, digits - letters);
     const auto place = cell_place(std::string(name) + "1");
     if (!place) return std::nullopt;
-    if (digits != word.npos && !cell_place(word)) return std::nullopt;
+    if (digits != std::string::npos && !cell_place(word)) return std::nullopt;
     return Column{place->column, moves};
 }
 
-bool has_row(std::string_view word) { return word.find_first_of("0123456789") != word.npos; }
+bool has_row(std::string_view word) {
+    return word.find_first_of("0123456789") != std::string::npos;
+}
 
 /// Walks the words of a formula.
 class Reader {
@@ -84,7 +86,7 @@ private:
         const bool other_workbook = is_number(inside);
         if (!other_workbook) out_.anything = true;
         other_workbook_ = other_workbook;
-        at_ = end == text_.npos ? text_.size() : end + 1;
+        at_ = end == std::string::npos ? text_.size() : end + 1;
     }
 
     /// Behind the name of a sheet. One of several sheets, or of another workbook, is not told
@@ -92,8 +94,8 @@ private:
     void take_sheet() {
         if (next() != '!') return;
         ++at_;
-        if (sheet_.find('[') != sheet_.npos) other_workbook_ = true;
-        if (sheet_.find(':') != sheet_.npos) out_.anything = true;
+        if (sheet_.find('[') != std::string::npos) other_workbook_ = true;
+        if (sheet_.find(':') != std::string::npos) out_.anything = true;
     }
 
     std::string_view word() {

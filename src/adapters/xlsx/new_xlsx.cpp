@@ -1,6 +1,5 @@
 #include "adapters/xlsx/new_xlsx.h"
 
-#include <stdlib.h>
 #include <xlsxwriter.h>
 
 #include <array>

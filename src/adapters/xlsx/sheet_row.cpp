@@ -17,7 +17,7 @@ int column_of(const pugi::xml_node& cell, int row, int former) {
     if (!reference) return former + 1;
     const std::string name = shortened(reference.value());
     const auto place = cell_place(name);
-    if (!place || name.find('$') != name.npos)
+    if (!place || name.find('$') != std::string::npos)
         refuse_damaged({"hat eine Zelle mit dem Namen {0}", "has a cell named {0}"}, {name});
     if (place->row != row)
         refuse_damaged({"Zelle {0} steht in Zeile {1}", "cell {0} stands in row {1}"},

@@ -33,6 +33,7 @@ struct Reach {
     int first;
     int last;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): a false finding at defaulted comparisons.
     friend auto operator<=>(const Reach&, const Reach&) = default;
 };
 
@@ -43,6 +44,7 @@ struct FormulaKind {
     bool anything = false;
     std::vector<Reach> reaches{};
 
+    // NOLINTNEXTLINE(modernize-use-nullptr)
     friend auto operator<=>(const FormulaKind&, const FormulaKind&) = default;
 };
 
@@ -73,7 +75,7 @@ void join(std::vector<Reach>& reaches) {
 }
 
 bool has_formulas(std::string_view text) {
-    for (std::size_t at = text.find("f"); at != text.npos; at = text.find("f", at + 1)) {
+    for (std::size_t at = text.find('f'); at != std::string::npos; at = text.find('f', at + 1)) {
         const char before = at == 0 ? ' ' : text[at - 1];
         const char behind = at + 1 < text.size() ? text[at + 1] : ' ';
         if ((before == '<' || before == ':') && (behind == '>' || behind == ' ' || behind == '/'))
@@ -137,7 +139,7 @@ private:
         if (std::string_view(f.attribute("t").value()) != "shared")
             return formulas_[sheet].push_back({row, kind_of(sheet, column, reads, 0)});
         const char* const key = f.attribute("si").value();
-        if (!text.empty()) shared[key] = {column, std::move(reads), {}};
+        if (!text.empty()) shared[key] = {column, reads, {}};
         const auto master = shared.find(key);
         if (master == shared.end()) {
             reads.anything = true;

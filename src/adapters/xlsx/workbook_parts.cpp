@@ -52,7 +52,8 @@ bool is_of_type(const pugi::xml_node& relationship, std::string_view type) {
 std::string_view prefixed_attribute(const pugi::xml_node& node, std::string_view name) {
     for (const pugi::xml_attribute attribute : node.attributes()) {
         const std::string_view full = attribute.name();
-        if (full.find(':') != full.npos && local_name(full) == name) return attribute.value();
+        if (full.find(':') != std::string::npos && local_name(full) == name)
+            return attribute.value();
     }
     return {};
 }

@@ -161,7 +161,7 @@ std::string Archive::read(const std::string& part) const {
         if (zip_fread(file, chunk, size) != static_cast<zip_int64_t>(size))
             refuse_damaged(part_is_damaged, {part});
         // A cell has at most 32767 characters.
-        if (size == mebibyte && std::memchr(chunk, '<', size) == nullptr)
+        if (size == mebibyte && std::string_view(chunk, size).find('<') == std::string::npos)
             refuse_damaged({"ihr Teil {0} hat eine Strecke von 1 MiB ohne ein Element",
                             "its part {0} has a stretch of 1 MiB without an element"},
                            {part});

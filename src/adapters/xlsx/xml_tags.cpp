@@ -64,7 +64,7 @@ std::optional<Tag> TagWalk::next() {
             const bool close = rest.starts_with("/");
             const std::size_t name = begin + (close ? 2 : 1);
             std::size_t i = name;
-            while (i < xml_.size() && end_of_name.find(xml_[i]) == rest.npos) ++i;
+            while (i < xml_.size() && end_of_name.find(xml_[i]) == std::string::npos) ++i;
             tag.name = xml_.substr(name, i - name);
             tag.begin = begin;
             tag.end = at_ = end_of_tag(i);
@@ -81,11 +81,11 @@ std::optional<Attribute> attribute_of(std::string_view tag, std::string_view nam
         Attribute found{{at, at}, {}};
         const std::size_t begin = tag.find_first_not_of(blanks, at);
         const std::size_t equals = tag.find('=', at);
-        if (begin == tag.npos || equals == tag.npos) break;
+        if (begin == std::string::npos || equals == std::string::npos) break;
         const std::size_t quote = tag.find_first_not_of(blanks, equals + 1);
-        if (quote == tag.npos || (tag[quote] != '"' && tag[quote] != '\'')) break;
+        if (quote == std::string::npos || (tag[quote] != '"' && tag[quote] != '\'')) break;
         const std::size_t end = tag.find(tag[quote], quote + 1);
-        if (end == tag.npos) break;
+        if (end == std::string::npos) break;
         found.whole.end = at = end + 1;
         found.value = {quote + 1, end};
         const std::size_t name_end = tag.find_first_of(" \t\r\n=", begin);
