@@ -163,26 +163,29 @@ int save(const DbWords& words, Console& console) {
     if (new_table) refuse_name(words.table);
     if (words.new_database) refuse_reserved(words);
     const auto values = area.load(words.case_path, words, console);
+    const auto save_in_new_table = [&](Database& database) {
+        database.whole([&] {
+            area.create_table(database, words.table);
+            database.add_row(words.table, values);
+        });
+    };
     if (words.new_database) {
         NewDatabase made(words.file);
-        add_record(made.database(), area.tables, words.table, values);
+        save_in_new_table(made.database());
         made.keep();
-    } else {
-        const auto database = SqliteStore().open(words.file);
-        if (new_table) {
-            database->whole([&] {
-                database->create_table(words.table, area.tables.columns);
-                database->add_row(words.table, values);
-            });
-        } else {
-            const TableInfo table = case_table(*database, words);
-            if (const auto box = refused_table(area.tables, table, words.lang)) {
-                Console::tell_reason(paragraph_of(*box));
-                return exit_refused;
-            }
-            database->add_row(table.name, values);
-        }
+        return exit_done;
     }
+    const auto database = SqliteStore().open(words.file);
+    if (new_table) {
+        save_in_new_table(*database);
+        return exit_done;
+    }
+    const TableInfo table = case_table(*database, words);
+    if (const auto box = refused_table(area.tables, table, words.lang)) {
+        Console::tell_reason(paragraph_of(*box));
+        return exit_refused;
+    }
+    database->add_row(table.name, values);
     return exit_done;
 }
 

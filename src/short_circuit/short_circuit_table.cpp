@@ -131,13 +131,4 @@ ShortCircuitFile KS72_Daten_einlesen(const StoredRow& row, const Locale& locale)
     return read_short_circuit_case(values, locale);
 }
 
-std::string_view KS71_material(std::int16_t Leitermaterial_ks) {
-    switch (Leitermaterial_ks) {
-        case 1: return " Kupfer";
-        case 2: return "Aluminium, Aluminiumlegierung (AlMgSi), Aluminium/Stahl";
-        case 3: return " Stahl";
-        default: return {};
-    }
-}
-
 }  // namespace zel

@@ -25,7 +25,4 @@ void KS81_Tabellenfelder_erzeugen_u_hinzufuegen(Database& database, const std::s
 /// `KS72_Daten_einlesen`: the case of a row, as if a form were filled in with its values.
 [[nodiscard]] ShortCircuitFile KS72_Daten_einlesen(const StoredRow& row, const Locale& locale);
 
-/// The name of a material as the record display tells it; empty for most.
-[[nodiscard]] std::string_view KS71_material(std::int16_t Leitermaterial_ks);
-
 }  // namespace zel

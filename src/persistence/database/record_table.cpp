@@ -181,16 +181,4 @@ StoredRow stored_row(Database& database, const TableInfo& table, RowKey key) {
     return {table, database.row(table.name, key)};
 }
 
-void add_record(Database& database, const TableFormat& format, const std::string& table,
-                const std::vector<NamedValue>& values) {
-    database.whole([&] {
-        const auto tables = database.tables();
-        const bool there = std::any_of(tables.begin(), tables.end(), [&](const TableInfo& known) {
-            return same_name(known.name, table);
-        });
-        if (!there) database.create_table(table, format.columns);
-        database.add_row(table, values);
-    });
-}
-
 }  // namespace zel

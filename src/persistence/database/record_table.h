@@ -90,8 +90,4 @@ private:
 /// The row `key` of `table`.
 [[nodiscard]] StoredRow stored_row(Database& database, const TableInfo& table, RowKey key);
 
-/// Adds a row to `table`, in a table made for it where `table` is not there yet: both or neither.
-void add_record(Database& database, const TableFormat& format, const std::string& table,
-                const std::vector<NamedValue>& values);
-
 }  // namespace zel
