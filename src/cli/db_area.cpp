@@ -73,15 +73,12 @@ std::string show_short_circuit(const StoredRow& row, const CommonOptions& option
 }  // namespace
 
 const DbArea& line_area() {
-    static const DbArea area = {case_tables(), case_list_columns(), S30_Access_Tabelle_anlegen,
-                                load_line, show_line};
+    static const DbArea area = {case_tables(), load_line, show_line};
     return area;
 }
 
 const DbArea& short_circuit_area() {
-    static const DbArea area = {short_circuit_tables(), short_circuit_list_columns(),
-                                KS81_Tabellenfelder_erzeugen_u_hinzufuegen, load_short_circuit,
-                                show_short_circuit};
+    static const DbArea area = {short_circuit_tables(), load_short_circuit, show_short_circuit};
     return area;
 }
 

@@ -11,8 +11,6 @@ namespace zel {
 /// What `zel db` needs of a program area whose records it keeps.
 struct DbArea {
     const TableFormat& tables;
-    std::span<const std::string> list_columns;
-    void (*create_table)(Database& database, const std::string& table);
     /// The record of a case file as a row. Tells what was cut. Throws `InputError`.
     std::vector<NamedValue> (*load)(const std::string& path, const CommonOptions& options,
                                     Console& console);

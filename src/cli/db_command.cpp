@@ -1,11 +1,10 @@
-#include <unistd.h>
-
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
 #include "adapters/sqlite/sqlite_store.h"
 #include "cli/commands.h"
 #include "cli/db_area.h"
+#include "persistence/database/saving.h"
 #include "persistence/database/table_names.h"
 #include "platform/errors.h"
 #include "program/stores.h"
@@ -33,8 +32,6 @@ constexpr const char* db_notes =
     "\n"
     "Exit status: 0 done; 2 refused, nothing was changed.";
 
-constexpr Text holds_none = {"die Tabelle {0} enthält keine solchen Fälle",
-                             "the table {0} holds no such cases"};
 constexpr Text no_such_row = {"{0}: es gibt keine Zeile {1}, die Tabelle hat {2}",
                               "{0}: there is no row {1}, the table has {2}"};
 constexpr Text no_name = {"eine Tabelle braucht einen Namen", "a table needs a name"};
@@ -57,12 +54,8 @@ struct DbWords : CommonOptions {
     }
 };
 
-/// A table that holds cases of the area.
 TableInfo case_table(Database& database, const DbWords& words) {
-    TableInfo table = find_table(database, words.table);
-    if (!holds_records(words.area().tables, table))
-        throw InputError(at(words.file, Reason(holds_none, {words.table})));
-    return table;
+    return record_table(database, words.area().tables, words.table);
 }
 
 RowKey key_of(Database& database, const TableInfo& table, const DbWords& words) {
@@ -89,7 +82,7 @@ int tables(const DbWords& words, Console& /*console*/) {
 int list(const DbWords& words, Console& /*console*/) {
     const auto database = SqliteStore().open(words.file);
     const TableInfo table = case_table(*database, words);
-    const auto columns = words.area().list_columns;
+    const auto& columns = words.area().tables.list_columns;
     ordered_json rows = ordered_json::array();
     std::string text;
     database->each_row(table.name, columns, [&](RowKey /*key*/, const TableRow& row) {
@@ -138,46 +131,22 @@ void refuse_reserved(const DbWords& words) {
     throw InputError(at(words.file, name.box ? Reason(paragraph_of(*name.box)) : Reason(own_name)));
 }
 
-/// The new file is gone again where it cannot be filled.
-class NewDatabase {
-public:
-    explicit NewDatabase(const std::string& path)
-        : path_(path), database_(SqliteStore().create(path)) {}
-    ~NewDatabase() {
-        if (!kept_) ::unlink(path_.c_str());
-    }
-    NewDatabase(const NewDatabase&) = delete;
-    NewDatabase& operator=(const NewDatabase&) = delete;
-    [[nodiscard]] Database& database() { return *database_; }
-    void keep() { kept_ = true; }
-
-private:
-    std::string path_;
-    std::unique_ptr<Database> database_;
-    bool kept_ = false;
-};
-
 int save(const DbWords& words, Console& console) {
     const DbArea& area = words.area();
     const bool new_table = words.new_table || words.new_database;
     if (new_table) refuse_name(words.table);
     if (words.new_database) refuse_reserved(words);
     const auto values = area.load(words.case_path, words, console);
-    const auto save_in_new_table = [&](Database& database) {
-        database.whole([&] {
-            area.create_table(database, words.table);
-            database.add_row(words.table, values);
-        });
-    };
     if (words.new_database) {
-        NewDatabase made(words.file);
-        save_in_new_table(made.database());
+        SqliteStore store;
+        NewDatabase made(store, words.file);
+        save_in_new_table(made.database(), area.tables, words.table, values);
         made.keep();
         return exit_done;
     }
     const auto database = SqliteStore().open(words.file);
     if (new_table) {
-        save_in_new_table(*database);
+        save_in_new_table(*database, area.tables, words.table, values);
         return exit_done;
     }
     const TableInfo table = case_table(*database, words);

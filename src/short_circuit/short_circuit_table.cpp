@@ -76,7 +76,13 @@ std::vector<FieldOf> stored_fields(ShortCircuitCase& c) {
 
 const TableFormat& short_circuit_tables() {
     static const TableFormat format = [] {
-        TableFormat made{{}, {"Projekt_ks", "Datum_ks", "Bearbeiter_ks", "Abteilung_ks"}, false, 0};
+        TableFormat made = {.columns = {},
+                            .list_columns = {"Projekt_ks", "Datum_ks", "Bearbeiter_ks",
+                                             "Abteilung_ks", "Leiter_Bmittel", "Werkstoff_ks"},
+                            .create = KS81_Tabellenfelder_erzeugen_u_hinzufuegen,
+                            .markers = {"Projekt_ks", "Datum_ks", "Bearbeiter_ks", "Abteilung_ks"},
+                            .markers_lead = false,
+                            .fewest_columns = 0};
         ShortCircuitCase c;
         for (const FieldOf& field : stored_fields(c)) made.columns.push_back(column_of(field));
         for (const Reserve& reserve : reserves)
@@ -87,13 +93,6 @@ const TableFormat& short_circuit_tables() {
         return made;
     }();
     return format;
-}
-
-std::span<const std::string> short_circuit_list_columns() {
-    static const std::vector<std::string> columns = {"Projekt_ks",     "Datum_ks",
-                                                     "Bearbeiter_ks",  "Abteilung_ks",
-                                                     "Leiter_Bmittel", "Werkstoff_ks"};
-    return columns;
 }
 
 void KS81_Tabellenfelder_erzeugen_u_hinzufuegen(Database& database, const std::string& table) {

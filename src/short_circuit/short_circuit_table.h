@@ -11,9 +11,6 @@ namespace zel {
 /// The tables of short-circuit cases: 150 columns, those from the 35th on kept free.
 [[nodiscard]] const TableFormat& short_circuit_tables();
 
-/// The columns of the list of cases, by which a row is found again.
-[[nodiscard]] std::span<const std::string> short_circuit_list_columns();
-
 /// `KS81_Tabellenfelder_erzeugen_u_hinzufuegen`: a new table for short-circuit cases.
 void KS81_Tabellenfelder_erzeugen_u_hinzufuegen(Database& database, const std::string& table);
 

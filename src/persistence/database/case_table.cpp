@@ -230,8 +230,16 @@ bool is_method(const FieldOf& field) {
 
 const TableFormat& case_tables() {
     static const TableFormat format = [] {
-        TableFormat made{
-            {}, {"Projekt_db", "Datum_db", "Bearbeiter_db", "Abteilung_db"}, true, fewest_columns};
+        TableFormat made = {
+            .columns = {},
+            .list_columns = {"Projekt_db", "Datum_db", "Bearbeiter_db", "Abteilung_db",
+                             "Bezeichnung1_db", "Bezeichnung2_db", "rechnung_cigre601_merker_db",
+                             "rechnung_cigre207_merker_db", "rechnung_TBB_merker_db",
+                             "rechnung_webs_merker_db", "rechnung_kirn_merker_db"},
+            .create = S30_Access_Tabelle_anlegen,
+            .markers = {"Projekt_db", "Datum_db", "Bearbeiter_db", "Abteilung_db"},
+            .markers_lead = true,
+            .fewest_columns = fewest_columns};
         CalcCase c;
         for (const FieldOf& field : fields_of(c))
             if (field.info->column != ColumnType::None) made.columns.push_back(column_of(field));
@@ -245,21 +253,6 @@ const TableFormat& case_tables() {
         return made;
     }();
     return format;
-}
-
-std::span<const std::string> case_list_columns() {
-    static const std::vector<std::string> columns = {"Projekt_db",
-                                                     "Datum_db",
-                                                     "Bearbeiter_db",
-                                                     "Abteilung_db",
-                                                     "Bezeichnung1_db",
-                                                     "Bezeichnung2_db",
-                                                     "rechnung_cigre601_merker_db",
-                                                     "rechnung_cigre207_merker_db",
-                                                     "rechnung_TBB_merker_db",
-                                                     "rechnung_webs_merker_db",
-                                                     "rechnung_kirn_merker_db"};
-    return columns;
 }
 
 void S30_Access_Tabelle_anlegen(Database& database, const std::string& table) {

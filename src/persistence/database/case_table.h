@@ -13,9 +13,6 @@ namespace zel {
 /// The tables of calculations: 180 columns, the last 41 kept free for additions.
 [[nodiscard]] const TableFormat& case_tables();
 
-/// The columns of the case list, by which a row is found again.
-[[nodiscard]] std::span<const std::string> case_list_columns();
-
 /// `S30_Access_Tabelle_anlegen`: a new table for calculations.
 void S30_Access_Tabelle_anlegen(Database& database, const std::string& table);
 

@@ -45,6 +45,8 @@ std::string beginning(const std::string& text, std::int16_t length) {
 constexpr Text beyond_column = {"{0}: die Zahl liegt außerhalb des Bereichs ihrer Spalte, {1}",
                                 "{0}: the number is beyond the range of its column, {1}"};
 constexpr Text no_table = {"es gibt keine Tabelle {0}", "there is no table {0}"};
+constexpr Text holds_none = {"die Tabelle {0} enthält keine solchen Fälle",
+                             "the table {0} holds no such cases"};
 constexpr std::string_view integer_range = "-32768 … 32767";
 constexpr std::string_view single_range = "±3.4028235e38";
 constexpr std::string_view double_range = "±1.7976931348623157e308";
@@ -114,9 +116,12 @@ std::vector<TableInfo> record_tables(Database& database, const TableFormat& form
     return found;
 }
 
-TableInfo find_table(Database& database, const std::string& name) {
-    for (TableInfo& table : database.tables())
-        if (same_name(table.name, name)) return std::move(table);
+TableInfo record_table(Database& database, const TableFormat& format, const std::string& name) {
+    for (TableInfo& table : database.tables()) {
+        if (!same_name(table.name, name)) continue;
+        if (!holds_records(format, table)) throw InputError(Reason(holds_none, {name}));
+        return std::move(table);
+    }
     throw InputError(Reason(no_table, {name}), PlatformFault::NoRecords, name);
 }
 

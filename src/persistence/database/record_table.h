@@ -17,7 +17,9 @@ namespace zel {
 
 /// What the tables of one kind of record have in common.
 struct TableFormat {
-    std::vector<TableColumn> columns;  // of a new table
+    std::vector<TableColumn> columns;       // of a new table
+    std::vector<std::string> list_columns;  // by which a person finds a row again
+    void (*create)(Database& database, const std::string& table);  // a new table
     /// By these columns a table is known as one of such records.
     std::array<std::string_view, 4> markers;
     bool markers_lead = true;        // they stand first, in this order; otherwise anywhere
@@ -31,13 +33,14 @@ struct TableFormat {
 [[nodiscard]] std::optional<Box> refused_table(const TableFormat& format, const TableInfo& table,
                                                LangId lang);
 
+/// The table `name` of `database`, which holds records of the format. Throws `InputError` where it
+/// does not, with `NoRecords` where it is not there.
+[[nodiscard]] TableInfo record_table(Database& database, const TableFormat& format,
+                                     const std::string& name);
+
 /// The tables of `database` that hold records of the format; with `to_save` those that take rows.
 [[nodiscard]] std::vector<TableInfo> record_tables(Database& database, const TableFormat& format,
                                                    bool to_save = false);
-
-/// The table `name` of `database`, in capitals or small. Throws `InputError` with `NoRecords` where
-/// there is none.
-[[nodiscard]] TableInfo find_table(Database& database, const std::string& name);
 
 /// The column of a field: Text(100), Single, ...
 [[nodiscard]] TableColumn column_of(const FieldOf& field);

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+
+#include "persistence/database/record_table.h"
+
+namespace zel {
+
+/// A new database while it is being filled: unless it is kept in the end, its file is gone again.
+class NewDatabase {
+public:
+    /// Throws `PlatformError`, `DatabaseExists` where a file has the name.
+    NewDatabase(TableStore& store, std::string path)
+        : path_(std::move(path)), database_(store.create(path_)) {}
+    ~NewDatabase();
+    NewDatabase(const NewDatabase&) = delete;
+    NewDatabase& operator=(const NewDatabase&) = delete;
+
+    [[nodiscard]] Database& database() { return *database_; }
+    void keep() { kept_ = true; }
+
+private:
+    std::string path_;
+    std::unique_ptr<Database> database_;
+    bool kept_ = false;
+};
+
+/// Makes `table` with one row; both are there or none.
+void save_in_new_table(Database& database, const TableFormat& format, const std::string& table,
+                       std::span<const NamedValue> row);
+
+}  // namespace zel
