@@ -5,6 +5,7 @@
 #include "cli/commands.h"
 #include "cli/db_area.h"
 #include "persistence/database/saving.h"
+#include "persistence/database/table_export.h"
 #include "persistence/database/table_names.h"
 #include "platform/errors.h"
 #include "program/stores.h"
@@ -27,8 +28,9 @@ constexpr const char* db_notes =
     "  zel db save lines.mdb North other.json                  one row more\n"
     "  zel db list lines.mdb North                             what stands in it\n"
     "  zel db show lines.mdb North 1 --json | zel steady -     calculate a stored case\n"
+    "  zel db export lines.mdb North -o north.xlsx             for a spreadsheet\n"
     "\n"
-    "delete and drop ask nothing. docs/databases.md tells what is stored how.\n"
+    "delete and drop ask nothing; export replaces a file of its name. docs/databases.md tells what is stored how.\n"
     "\n"
     "Exit status: 0 done; 2 refused, nothing was changed.";
 
@@ -48,6 +50,7 @@ struct DbWords : CommonOptions {
     std::string case_path{};
     bool new_database = false;
     bool new_table = false;
+    std::string export_path{};
 
     [[nodiscard]] const DbArea& area() const {
         return short_circuit ? short_circuit_area() : line_area();
@@ -158,6 +161,21 @@ int save(const DbWords& words, Console& console) {
     return exit_done;
 }
 
+int write_out(const DbWords& words, Console& /*console*/) {
+    const auto database = SqliteStore().open(words.file);
+    const TableInfo table = case_table(*database, words);
+    XlsxStore workbooks;
+    PosixFiles files;
+    const std::size_t rows = export_table(*database, words.area().tables, table, words.export_path,
+                                          workbooks, files, words.separator);
+    constexpr Text done = {"{0}: {1} Zeilen in {2} geschrieben\n",
+                           "{0}: {1} rows written to {2}\n"};
+    return print_or_fail(
+        words.json ? json_text({{"table", table.name}, {"rows", rows}, {"file", words.export_path}})
+                   : fill(done.in(words.lang), {printable(table.name), std::to_string(rows),
+                                                printable(words.export_path)}));
+}
+
 int erase(const DbWords& words, Console& /*console*/) {
     const auto database = SqliteStore().open(words.file);
     const TableInfo table = case_table(*database, words);
@@ -241,6 +259,14 @@ void add_db(CommandLine& line) {
                        "Make the file, with this table");
     saved.app.add_flag("--new-table", saved.words.new_table, "Make the table");
     finish(saved);
+
+    const auto exported =
+        add("export", "A table as a workbook or a CSV file", guarded_db<write_out>);
+    table_of(exported);
+    exported.app.add_option("-o", exported.words.export_path, "File to be written")
+        ->required()
+        ->option_text("FILE.xlsx|FILE.csv REQUIRED");
+    finish(exported);
 
     const auto erased = add("delete", "Delete a row", guarded_db<erase>);
     table_of(erased);

@@ -1,10 +1,9 @@
-#include "adapters/posix/text_file.h"
-#include "adapters/xlsx/new_xlsx.h"
 #include "cli/commands.h"
 #include "excel_batch/template_design.h"
 #include "platform/errors.h"
 #include "program/conductor_source.h"
 #include "program/console.h"
+#include "program/stores.h"
 
 namespace zel {
 namespace {
@@ -30,9 +29,8 @@ int write_template(const TemplateWords& words) {
         // A cell cannot say that its number is assumed: the knee point stays to be filled in.
         if (conductor->KniepunktTemperatur_db.assumed) conductor->KniepunktTemperatur_db = {};
     }
-    write_text_file(words.path,
-                    new_xlsx(excel_batch::template_design(words.kind, words.lang, conductor),
-                             excel_batch::template_title(words.kind, words.lang)));
+    XlsxStore().create(words.path, excel_batch::template_design(words.kind, words.lang, conductor),
+                       excel_batch::template_title(words.kind, words.lang));
     return exit_done;
 }
 

@@ -1,7 +1,6 @@
 #include "persistence/conductor_table.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
 #include <unordered_map>
@@ -9,6 +8,7 @@
 #include "persistence/exchange_record.h"
 #include "persistence/named_columns.h"
 #include "platform/errors.h"
+#include "platform/text/number_text.h"
 #include "platform/text/utf8.h"
 #include "platform/text/windows_1252.h"
 
@@ -225,17 +225,10 @@ void check_columns(const NamedColumns& table, const std::string& file) {
     }
 }
 
-/// The shortest text that reads back to the same double.
-std::string exact(double value) {
-    std::array<char, 32> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-    return {buffer.data(), end.ptr};
-}
-
 std::string cell_of(const std::string& text) { return text; }
 /// What is assumed is no figure of the conductor.
 std::string cell_of(const Entry& entry) {
-    return entry.given() && !entry.assumed ? exact(entry.value) : "";
+    return entry.given() && !entry.assumed ? exact_number(entry.value) : "";
 }
 std::string cell_of(std::int16_t number) { return number == 0 ? "" : std::to_string(number); }
 template <class Other>

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/errors.h"
 
@@ -91,10 +92,17 @@ public:
     virtual void save() = 0;
 };
 
+struct SheetDesign;
+
 /// Where workbooks are found by their name.
 class WorkbookStore {
 public:
     virtual ~WorkbookStore() = default;
+
+    /// Makes a workbook of the worksheets of `design` in place of what stood under the name, whole
+    /// or not at all. Throws `OutputError`.
+    virtual void create(const std::string& path, const std::vector<SheetDesign>& design,
+                        const std::string& title) = 0;
 
     /// Opens a workbook to be changed. Throws `WorkbookError`.
     [[nodiscard]] virtual std::unique_ptr<Workbook> open(const std::string& path) = 0;

@@ -5,6 +5,7 @@
 #include "adapters/json/flat_json.h"
 #include "adapters/posix/text_file.h"
 #include "adapters/posix/workbook_file.h"
+#include "adapters/xlsx/new_xlsx.h"
 #include "adapters/xlsx/xlsx_workbook.h"
 #include "persistence/conductor_link.h"
 #include "platform/errors.h"
@@ -50,6 +51,11 @@ FlatObject JsonCaseStore::load(const std::string& path) {
 
 void JsonCaseStore::save(const std::string& path, const FlatObject& values) {
     write_text_file(path, print_flat_json(values));
+}
+
+void XlsxStore::create(const std::string& path, const WorkbookDesign& design,
+                       const std::string& title) {
+    write_text_file(path, new_xlsx(design, title));
 }
 
 std::unique_ptr<Workbook> XlsxStore::open(const std::string& path) {

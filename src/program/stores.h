@@ -9,7 +9,7 @@
 #include "adapters/posix/system_facts.h"
 #include "persistence/conductor_library.h"
 #include "platform/case_store.h"
-#include "platform/workbook.h"
+#include "platform/workbook_design.h"
 #include "shell/program_settings.h"
 #include "shell/program_texts.h"
 
@@ -55,6 +55,8 @@ public:
 /// Workbooks are xlsx files; their name is the path.
 class XlsxStore : public WorkbookStore {
 public:
+    void create(const std::string& path, const WorkbookDesign& design,
+                const std::string& title) override;
     [[nodiscard]] std::unique_ptr<Workbook> open(const std::string& path) override;
 
     /// `path` from the root on, links followed.

@@ -179,6 +179,10 @@ public:
     std::unique_ptr<Workbook> open(const std::string& name) override {
         return std::make_unique<Kind>(memory_, name);
     }
+    void create(const std::string& path, const WorkbookDesign& design,
+                const std::string& title) override {
+        memory_.create(path, design, title);
+    }
 
 private:
     MemoryWorkbookStore& memory_;

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/text/number_text.h"
-#include "platform/workbook.h"
+#include "platform/workbook_design.h"
 
 namespace zel {
 
@@ -30,6 +30,18 @@ inline std::string text_of(const MemorySheet& sheet, int row, int column) {
 class MemoryWorkbookStore : public WorkbookStore {
 public:
     std::unique_ptr<Workbook> open(const std::string& path) override;
+    void create(const std::string& path, const WorkbookDesign& design,
+                const std::string& /*title*/) override {
+        MemorySheets& sheets = files[path] = {};
+        for (const SheetDesign& sheet : design)
+            for (const auto& [row, column, content, look] : sheet.cells)
+                std::visit(
+                    [&, at = std::pair(row, column)](const auto& held) {
+                        if constexpr (!std::is_same_v<decltype(held), const std::monostate&>)
+                            sheets[sheet.name][at] = held;
+                    },
+                    content);
+    }
 
     std::map<std::string, MemorySheets> files;
     std::vector<CellArea> merged;           // in all sheets of all workbooks

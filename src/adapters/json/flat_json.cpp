@@ -1,13 +1,12 @@
 #include "adapters/json/flat_json.h"
 
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <nlohmann/json.hpp>
 #include <unordered_set>
 
 #include "platform/errors.h"
+#include "platform/text/number_text.h"
 
 namespace zel {
 namespace {
@@ -110,9 +109,7 @@ std::string printed(bool value) { return value ? "true" : "false"; }
 
 std::string printed(double value) {
     if (value == 0 && std::signbit(value)) return "-0.0";  // "-0" would be read as an integer
-    std::array<char, 32> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-    return {buffer.data(), end.ptr};
+    return exact_number(value);
 }
 
 std::string printed(const std::string& value) {

@@ -7,12 +7,11 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <charconv>
 #include <cstring>
 
 #include "platform/errors.h"
+#include "platform/text/number_text.h"
 #include "platform/text/text.h"
 
 namespace zel {
@@ -77,17 +76,11 @@ std::string declared(const TableColumn& column) {
     }
 }
 
-template <class Number>
-std::string shortest(Number value) {
-    std::array<char, 32> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-    return {digits.data(), end.ptr};
-}
-
 std::optional<std::string> text_of(const SQLite::Column& value, bool single) {
     if (value.isNull()) return std::nullopt;
     if (!value.isFloat()) return value.getString();
-    return single ? shortest(static_cast<float>(value.getDouble())) : shortest(value.getDouble());
+    return single ? exact_number(static_cast<float>(value.getDouble()))
+                  : exact_number(value.getDouble());
 }
 
 void bind(SQLite::Statement& statement, int place, const ColumnValue& value) {

@@ -1,11 +1,11 @@
 #include "adapters/xlsx/sheet_writer.h"
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 
 #include "adapters/xlsx/cell_name.h"
 #include "adapters/xlsx/xml_tags.h"
+#include "platform/text/number_text.h"
 
 namespace zel::xlsx {
 namespace {
@@ -26,12 +26,6 @@ std::string escaped(std::string_view text) {
             out += c;
     }
     return out;
-}
-
-std::string digits_of(double value) {
-    char buffer[32];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value);
-    return {buffer, end.ptr};
 }
 
 /// `tag` without its attribute `name`.
@@ -202,8 +196,8 @@ private:
     void write_cell(const std::string& attributes, const CellContent& content) {
         const std::string& x = index_.prefix;
         if (const auto* number = std::get_if<double>(&content)) {
-            out_.xml += "<" + x + "c" + attributes + "><" + x + "v>" + digits_of(*number) + "</" +
-                        x + "v></" + x + "c>";
+            out_.xml += "<" + x + "c" + attributes + "><" + x + "v>" + exact_number(*number) +
+                        "</" + x + "v></" + x + "c>";
         } else if (const auto* text = std::get_if<std::string>(&content)) {
             out_.xml += "<" + x + "c" + attributes + " t=\"inlineStr\"><" + x + "is><" + x +
                         "t xml:space=\"preserve\">" + escaped(*text) + "</" + x + "t></" + x +

@@ -34,14 +34,6 @@ constexpr BoxText texts_cut = {Icon::Warning,
                                 "Texts that are too long have been shortened in saving:\n{0}"}};
 constexpr Text cut_line = {"{0}: {1} Zeichen", "{0}: {1} characters"};
 
-/// The first `length` characters of a text.
-std::string beginning(const std::string& text, std::int16_t length) {
-    std::size_t end = 0;
-    for (; end < text.size() && length > 0; --length)
-        end += std::max<std::size_t>(character_length(std::string_view(text).substr(end)), 1);
-    return text.substr(0, end);
-}
-
 constexpr Text beyond_column = {"{0}: die Zahl liegt außerhalb des Bereichs ihrer Spalte, {1}",
                                 "{0}: the number is beyond the range of its column, {1}"};
 constexpr Text no_table = {"es gibt keine Tabelle {0}", "there is no table {0}"};
@@ -75,7 +67,7 @@ ColumnValue number_for(const FieldOf& field, double value) {
 
 ColumnValue value_for(const FieldOf& field, const std::string& text, std::vector<CutText>& cut) {
     if (text.empty()) return " ";
-    std::string stored = beginning(text, field.info->length);
+    std::string stored = first_characters(text, static_cast<std::size_t>(field.info->length));
     if (stored.size() < text.size()) cut.push_back({field.name, field.info->length});
     return stored;
 }
@@ -158,8 +150,8 @@ std::string StoredRow::trimmed(std::string_view column) const {
     return without_outer_blanks(text(column));
 }
 
-std::optional<double> StoredRow::number(std::string_view column) const {
-    const std::string digits = trimmed(column);
+std::optional<double> stored_number(std::string_view text) {
+    const std::string digits = without_outer_blanks(text);
     double value = 0;
     const auto end = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (digits.empty() || end.ec != std::errc() || end.ptr != digits.data() + digits.size() ||

@@ -62,6 +62,9 @@ struct CutText {
 /// Tells which texts were cut; nothing where none was.
 [[nodiscard]] std::optional<Box> told(const std::vector<CutText>& cut, LangId lang);
 
+/// The number that the text of a column is; nothing where it is none.
+[[nodiscard]] std::optional<double> stored_number(std::string_view text);
+
 /// A row as it was read, by the names of its columns.
 class StoredRow {
 public:
@@ -73,8 +76,9 @@ public:
     [[nodiscard]] std::string text(std::string_view column) const;
     /// The text without the blanks around it.
     [[nodiscard]] std::string trimmed(std::string_view column) const;
-    /// The number that the text is; nothing where it is none.
-    [[nodiscard]] std::optional<double> number(std::string_view column) const;
+    [[nodiscard]] std::optional<double> number(std::string_view column) const {
+        return stored_number(text(column));
+    }
     /// Yes is stored as -1.
     [[nodiscard]] bool flag(std::string_view column) const { return trimmed(column) == "-1"; }
     /// The number as one of 16 bits; `otherwise` where there is none.

@@ -141,6 +141,13 @@ std::string decimals(const Decimal& number, std::size_t places, std::size_t leas
     return out;
 }
 
+template <class Number>
+std::string fewest_digits(Number value) {
+    char digits[32];
+    const auto end = std::to_chars(std::begin(digits), std::end(digits), value);
+    return {std::begin(digits), end.ptr};
+}
+
 }  // namespace
 
 char character(DecimalSeparator separator) {
@@ -168,12 +175,13 @@ std::optional<float> parse_single(std::string_view text, DecimalSeparator separa
     return form->front() == '-' ? -beyond : beyond;
 }
 
+std::string exact_number(double value) { return fewest_digits(value); }
+std::string exact_number(float value) { return fewest_digits(value); }
+
 double decimal_of_single(double single) {
-    char digits[32];
-    const auto end =
-        std::to_chars(std::begin(digits), std::end(digits), static_cast<float>(single));
+    const std::string digits = exact_number(static_cast<float>(single));
     double value = 0;
-    std::from_chars(digits, end.ptr, value);
+    std::from_chars(digits.data(), digits.data() + digits.size(), value);
     return value;
 }
 

@@ -25,6 +25,10 @@ enum class DecimalSeparator : std::int16_t { Comma = 1, Point = 2 };
 /// range of a float is infinite; the text is none only where it has not the form of a number.
 [[nodiscard]] std::optional<float> parse_single(std::string_view text, DecimalSeparator separator);
 
+/// The fewest digits, behind a decimal point, that read back as the same number: "0.1", "1e+20".
+[[nodiscard]] std::string exact_number(double value);
+[[nodiscard]] std::string exact_number(float value);
+
 /// The double whose digits are the fewest that read back as the same float: 0.1, not
 /// 0.100000001490116.
 [[nodiscard]] double decimal_of_single(double single);

@@ -64,6 +64,13 @@ std::size_t width_of(std::string_view text) {
     return width;
 }
 
+std::string first_characters(std::string_view text, std::size_t count) {
+    std::size_t end = 0;
+    for (; end < text.size() && count > 0; --count)
+        end += std::max<std::size_t>(character_length(text.substr(end)), 1);
+    return std::string(text.substr(0, end));
+}
+
 std::string printable(std::string_view text) {
     constexpr std::string_view hex = "0123456789ABCDEF";
     std::string out;

@@ -17,6 +17,9 @@ namespace zel {
 /// How many characters a text has; each byte that belongs to none counts as one.
 [[nodiscard]] std::size_t width_of(std::string_view text);
 
+/// The first `count` characters of `text`, or all of it.
+[[nodiscard]] std::string first_characters(std::string_view text, std::size_t count);
+
 /// `text` with its control characters, but line feeds, and what is no UTF-8 as "\x1B": what comes
 /// from outside must not steer a terminal.
 [[nodiscard]] std::string printable(std::string_view text);
