@@ -13,6 +13,14 @@ namespace {
 void put(std::string& bytes, std::uint64_t number, int count) {
     for (; count > 0; --count, number >>= 8U) bytes += static_cast<char>(number & 0xFFU);
 }
+/// What a page holds: its bytes, and the marks in front of their place.
+struct Slot {
+    std::string bytes;
+    unsigned marks = 0;
+};
+constexpr unsigned deleted = 0x8000;
+constexpr unsigned points_elsewhere = 0x4000;
+
 void put_at(std::string& bytes, std::size_t place, std::uint64_t number, int count) {
     std::string low;
     put(low, number, count);
@@ -107,17 +115,16 @@ private:
 
     [[nodiscard]] std::size_t page_head() const { return old_ ? 10 : 14; }
 
-    [[nodiscard]] std::string data_page(std::size_t owner,
-                                        const std::vector<std::string>& rows) const {
+    [[nodiscard]] std::string data_page(std::size_t owner, const std::vector<Slot>& slots) const {
         std::string page("\1\1\0\0", 4);
         put(page, owner, 4);
         if (!old_) put(page, 0, 4);
-        put(page, rows.size(), 2);
+        put(page, slots.size(), 2);
         std::size_t end = page_size_;
-        for (const std::string& row : rows) put(page, end -= row.size(), 2);
+        for (const auto& [bytes, marks] : slots) put(page, (end -= bytes.size()) | marks, 2);
         put_at(page, 2, end - page.size(), 2);
         page.resize(end);
-        for (auto row = rows.rbegin(); row != rows.rend(); ++row) page += *row;
+        for (auto slot = slots.rbegin(); slot != slots.rend(); ++slot) page += slot->bytes;
         return page;
     }
 
@@ -224,29 +231,42 @@ private:
         return bytes + fields + names + "\xFF\xFF";
     }
 
+    /// The first row of a page.
+    static std::string pointer_to(std::size_t page) {
+        std::string bytes;
+        put(bytes, page << 8U, 4);
+        return bytes;
+    }
+
     void add(const Table& table, std::size_t page) {
         const std::size_t map_page = pages_.size();
         pages_.emplace_back();
         put_definition(definition(table, map_page), page);
         const std::size_t first = pages_.size();
-        std::vector<std::string> rows;
-        std::size_t room = page_size_ - page_head();
-        for (const auto& cells : table.rows) {
-            const std::string row = row_bytes(table, cells);
-            if (row.size() + 2 > room) {
+        if (table.moved)
+            pages_.push_back(data_page(page, {{row_bytes(table, table.rows[1]), deleted}}));
+        // Each page begins with a row that is deleted.
+        const std::vector<Slot> fresh = {{"", deleted | points_elsewhere}};
+        const std::size_t whole_room = page_size_ - page_head() - 2;
+        std::vector<Slot> rows = fresh;
+        std::size_t room = whole_room;
+        for (std::size_t n = 0; n < table.rows.size(); ++n) {
+            Slot row = {row_bytes(table, table.rows[n])};
+            if (table.moved && n == 1) row = {pointer_to(first), points_elsewhere};
+            if (row.bytes.size() + 2 > room) {
                 pages_.push_back(data_page(page, rows));
-                rows.clear();
-                room = page_size_ - page_head();
+                rows = fresh;
+                room = whole_room;
             }
-            room -= row.size() + 2;
+            room -= row.bytes.size() + 2;
             rows.push_back(row);
         }
-        if (!rows.empty()) pages_.push_back(data_page(page, rows));
+        if (rows.size() > 1) pages_.push_back(data_page(page, rows));
         std::string map(5 + 64 + (pages_.size() - first) / 8, '\0');
         put_at(map, 1, first, 4);
         for (std::size_t n = 0; n < pages_.size() - first; ++n)
             map[5 + n / 8] = static_cast<char>(map[5 + n / 8] | 1 << n % 8);
-        pages_[map_page] = data_page(1, {map, std::string(69, '\0')});
+        pages_[map_page] = data_page(1, {{map}, {std::string(69, '\0')}});
     }
 
     void put_definition(const std::string& bytes, std::size_t page) {

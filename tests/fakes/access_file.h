@@ -39,6 +39,7 @@ struct Table {
     std::vector<Column> columns;
     std::vector<std::vector<Cell>> rows;
     std::uint32_t flags = 0;
+    bool moved = false;  // the second row has moved to another page since it was written
 };
 
 enum class Version : std::uint8_t { Jet3 = 0, Jet4 = 1, Ace = 2 };

@@ -156,9 +156,11 @@ bool JetTable::go(std::uint64_t key) {
     if (page_ == 0 && !next_page()) return false;
     for (;;) {
         read_page(file_, page_);
-        if (file_->pg_buf[0] != MDB_PAGE_DATA) throw Answer::Damaged;
-        // A map may name pages of rows that belong to others by now.
+        // Only the first page of a file has this type; an emptied one has it too.
+        if (file_->pg_buf[0] == MDB_PAGE_DB) throw Answer::Damaged;
+        // A map may name pages that belong to others by now.
         const bool own =
+            file_->pg_buf[0] == MDB_PAGE_DATA &&
             mdb_get_int32(file_->pg_buf, owner_place) == static_cast<long>(table_->entry->table_pg);
         const int rows = own ? mdb_get_int16(file_->pg_buf, file_->fmt->row_count_offset) : 0;
         for (; row_ < static_cast<std::uint64_t>(rows); ++row_) {
@@ -180,20 +182,22 @@ bool JetTable::next_page() {
     return true;
 }
 
-void JetTable::find(unsigned row, int& start, std::size_t& length) const {
-    if (mdb_find_row(file_, static_cast<int>(row), &start, &length) == -1) throw Answer::Damaged;
-}
-
 bool JetTable::read_row() {
     int start = 0;
     std::size_t length = 0;
-    find(static_cast<unsigned>(row_), start, length);
-    if ((start & deleted_row) != 0 || length == 0) return false;
+    const auto find = [&](guint32 row) {
+        return mdb_find_row(file_, static_cast<int>(row), &start, &length) != -1;
+    };
+    // Of a deleted row nothing else need be right.
+    const bool found = find(static_cast<guint32>(row_));
+    if ((start & deleted_row) != 0) return false;
+    if (!found) throw Answer::Damaged;
+    if (length == 0) return false;
     for (int moves = 0; (start & moved_row) != 0; ++moves) {
         const auto place = static_cast<guint32>(mdb_get_int32(file_->pg_buf, start & place_of_row));
         if (length < sizeof place || moves == most_moves) throw Answer::Damaged;
         read_page(file_, place >> 8U);
-        find(place & 0xFFU, start, length);
+        if (!find(place & 0xFFU)) throw Answer::Damaged;
     }
     if (mdb_crack_row(table_.get(), start & place_of_row, length, fields_.data()) < 0)
         throw Answer::Damaged;

@@ -47,8 +47,6 @@ private:
     void require_pages(std::uint64_t page);
     bool next_page();
     bool read_row();
-    /// `row` of the page that was read, or what it points to.
-    void find(unsigned row, int& start, std::size_t& length) const;
 
     MdbHandle* file_;
     std::unique_ptr<MdbCatalogEntry> entry_;
