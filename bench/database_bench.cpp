@@ -87,7 +87,7 @@ void export_csv(benchmark::State& state) {
     const TableInfo table = record_table(*database, case_tables(), "T");
     for (auto _ : state)
         benchmark::DoNotOptimize(
-            table_as_csv(*database, case_tables(), table, DecimalSeparator::Point));
+            csv_of(table_as_sheet(*database, case_tables(), table), DecimalSeparator::Point));
 }
 BENCHMARK(export_csv)->Arg(10000)->Unit(benchmark::kMillisecond);
 
@@ -96,7 +96,7 @@ void export_workbook(benchmark::State& state) {
     const auto database = filled.open();
     const TableInfo table = record_table(*database, case_tables(), "T");
     for (auto _ : state)
-        benchmark::DoNotOptimize(new_xlsx(table_as_workbook(*database, case_tables(), table), "T"));
+        benchmark::DoNotOptimize(new_xlsx({table_as_sheet(*database, case_tables(), table)}, "T"));
 }
 BENCHMARK(export_workbook)->Arg(10000)->Unit(benchmark::kMillisecond);
 
