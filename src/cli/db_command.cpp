@@ -1,13 +1,13 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "adapters/sqlite/sqlite_store.h"
 #include "cli/commands.h"
-#include "cli/db_area.h"
+#include "cli/db_words.h"
 #include "persistence/database/saving.h"
 #include "persistence/database/table_export.h"
 #include "persistence/database/table_names.h"
 #include "platform/errors.h"
+#include "program/database_files.h"
 #include "program/stores.h"
 #include "shell/error_handling.h"
 
@@ -28,6 +28,7 @@ constexpr const char* db_notes =
     "  zel db save lines.mdb North other.json                  one row more\n"
     "  zel db list lines.mdb North                             what stands in it\n"
     "  zel db show lines.mdb North 1 --json | zel steady -     calculate a stored case\n"
+    "  zel db import old.mdb lines.mdb                         copy an Access file\n"
     "  zel db export lines.mdb North -o north.xlsx             for a spreadsheet\n"
     "\n"
     "delete and drop ask nothing; export replaces a file of its name. docs/databases.md tells what is stored how.\n"
@@ -39,23 +40,6 @@ constexpr Text no_such_row = {"{0}: es gibt keine Zeile {1}, die Tabelle hat {2}
 constexpr Text no_name = {"eine Tabelle braucht einen Namen", "a table needs a name"};
 constexpr Text wrong_name = {"{0}: der Name einer Tabelle kann \"{1}\" nicht enthalten",
                              "{0}: the name of a table cannot have \"{1}\""};
-constexpr Text own_name = {"so heißt eine Datenbank des Programms",
-                           "the name is that of a database of the program"};
-
-struct DbWords : CommonOptions {
-    bool short_circuit = false;
-    std::string file{};
-    std::string table{};
-    std::size_t row = 0;
-    std::string case_path{};
-    bool new_database = false;
-    bool new_table = false;
-    std::string export_path{};
-
-    [[nodiscard]] const DbArea& area() const {
-        return short_circuit ? short_circuit_area() : line_area();
-    }
-};
 
 TableInfo case_table(Database& database, const DbWords& words) {
     return record_table(database, words.area().tables, words.table);
@@ -70,7 +54,7 @@ RowKey key_of(Database& database, const TableInfo& table, const DbWords& words) 
 }
 
 int tables(const DbWords& words, Console& /*console*/) {
-    const auto database = SqliteStore().open(words.file);
+    const auto database = DatabaseFiles().open(words.file);
     ordered_json list = ordered_json::array();
     std::string text;
     for (const TableInfo& table : record_tables(*database, words.area().tables)) {
@@ -83,7 +67,7 @@ int tables(const DbWords& words, Console& /*console*/) {
 }
 
 int list(const DbWords& words, Console& /*console*/) {
-    const auto database = SqliteStore().open(words.file);
+    const auto database = DatabaseFiles().open(words.file);
     const TableInfo table = case_table(*database, words);
     const auto& columns = words.area().tables.list_columns;
     ordered_json rows = ordered_json::array();
@@ -104,7 +88,7 @@ int list(const DbWords& words, Console& /*console*/) {
 }
 
 int show(const DbWords& words, Console& console) {
-    const auto database = SqliteStore().open(words.file);
+    const auto database = DatabaseFiles().open(words.file);
     const TableInfo table = case_table(*database, words);
     const StoredRow row = stored_row(*database, table, key_of(*database, table, words));
     return print_or_fail(words.area().show(row, words, console));
@@ -116,38 +100,20 @@ void refuse_name(const std::string& name) {
         throw InputError(Reason(wrong_name, {in_quotes(name), *character}));
 }
 
-/// `path` from the root on, whether its file is there or not.
-std::string whole_path(const std::string& path) {
-    return std::filesystem::absolute(path).lexically_normal().string();
-}
-
-/// A name that the program keeps for its own databases.
-void refuse_reserved(const DbWords& words) {
-    const std::string path = whole_path(words.file);
-    ProgramStores stores;
-    const std::string calculations =
-        std::filesystem::path(stores.settings().now().Berechnungsdaten).parent_path().string();
-    const ReservedName name = words.short_circuit
-                                  ? reserved_short_circuit_database(path)
-                                  : reserved_case_database(path, calculations, words.lang);
-    if (!name.refused) return;
-    throw InputError(at(words.file, name.box ? Reason(paragraph_of(*name.box)) : Reason(own_name)));
-}
-
 int save(const DbWords& words, Console& console) {
     const DbArea& area = words.area();
     const bool new_table = words.new_table || words.new_database;
     if (new_table) refuse_name(words.table);
-    if (words.new_database) refuse_reserved(words);
+    if (words.new_database) refuse_reserved(words, words.file);
     const auto values = area.load(words.case_path, words, console);
     if (words.new_database) {
-        SqliteStore store;
+        DatabaseFiles store;
         NewDatabase made(store, words.file);
         save_in_new_table(made.database(), area.tables, words.table, values);
         made.keep();
         return exit_done;
     }
-    const auto database = SqliteStore().open(words.file);
+    const auto database = DatabaseFiles().open(words.file);
     if (new_table) {
         save_in_new_table(*database, area.tables, words.table, values);
         return exit_done;
@@ -162,7 +128,7 @@ int save(const DbWords& words, Console& console) {
 }
 
 int write_out(const DbWords& words, Console& /*console*/) {
-    const auto database = SqliteStore().open(words.file);
+    const auto database = DatabaseFiles().open(words.file);
     const TableInfo table = case_table(*database, words);
     XlsxStore workbooks;
     PosixFiles files;
@@ -177,7 +143,7 @@ int write_out(const DbWords& words, Console& /*console*/) {
 }
 
 int erase(const DbWords& words, Console& /*console*/) {
-    const auto database = SqliteStore().open(words.file);
+    const auto database = DatabaseFiles().open(words.file);
     const TableInfo table = case_table(*database, words);
     database->delete_row(table.name, key_of(*database, table, words));
     constexpr Text done = {"{0}: Zeile {1} gelöscht\n", "{0}: row {1} deleted\n"};
@@ -187,7 +153,7 @@ int erase(const DbWords& words, Console& /*console*/) {
 }
 
 int drop(const DbWords& words, Console& /*console*/) {
-    const auto database = SqliteStore().open(words.file);
+    const auto database = DatabaseFiles().open(words.file);
     const TableInfo table = case_table(*database, words);
     const std::size_t rows = database->rows(table.name).size();
     database->drop_table(table.name);
@@ -223,12 +189,15 @@ int guarded_db(const DbWords& words) {
 
 void add_db(CommandLine& line) {
     CLI::App& group = line.add_group("db", "Databases of stored cases", db_notes);
-    const auto add = [&](const char* name, const char* description, int (*run)(const DbWords&)) {
-        const auto command = line.add<DbWords>(group, name, description, run);
-        command.app.add_option("FILE", command.words.file, "The database")->required();
+    const auto add_area = [](const auto& command) {
         command.app.add_flag("--short-circuit", command.words.short_circuit,
                              "Cases of the short-circuit area");
         command.app.footer(db_notes);
+    };
+    const auto add = [&](const char* name, const char* description, int (*run)(const DbWords&)) {
+        const auto command = line.add<DbWords>(group, name, description, run);
+        command.app.add_option("FILE", command.words.file, "The database")->required();
+        add_area(command);
         return command;
     };
     const auto finish = [](const auto& command) {
@@ -267,6 +236,15 @@ void add_db(CommandLine& line) {
         ->required()
         ->option_text("FILE.xlsx|FILE.csv REQUIRED");
     finish(exported);
+
+    const auto imported =
+        line.add<DbWords>(group, "import", "Copy the tables of an Access file into a new database",
+                          guarded_db<import_database>);
+    imported.app.add_option("OLD", imported.words.file, "The Access file, or any database")
+        ->required();
+    imported.app.add_option("NEW", imported.words.new_file, "The new database")->required();
+    add_area(imported);
+    finish(imported);
 
     const auto erased = add("delete", "Delete a row", guarded_db<erase>);
     table_of(erased);

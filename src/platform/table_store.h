@@ -39,6 +39,8 @@ using RowKey = std::int64_t;
 struct TableInfo {
     std::string name;
     std::vector<std::string> columns;
+    /// The rows that a file of another program counts in its books; nothing where there are none.
+    std::optional<std::size_t> counted_rows{};
 };
 
 /// An open database. Whatever fails throws `PlatformError` with the number of the failure (docs/

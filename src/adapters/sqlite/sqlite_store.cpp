@@ -181,17 +181,22 @@ public:
 
     void add_row(const std::string& table, std::span<const NamedValue> values) override {
         told(path_, [&] {
-            std::string names;
-            std::string places;
-            for (const auto& [name, value] : values) {
-                names += (names.empty() ? "" : ", ") + in_statement(name);
-                places += places.empty() ? "?" : ", ?";
-            }
-            const std::string row = values.empty() ? std::string(" DEFAULT VALUES")
-                                                   : " (" + names + ") VALUES (" + places + ")";
-            SQLite::Statement add(file_, "INSERT INTO " + known(table) + row);
-            for (int place = 0; const auto& [name, value] : values) bind(add, ++place, value);
-            add.exec();
+            const std::string name = known(table);
+            const auto same = [](const NamedValue& value, const std::string& column) {
+                return value.first == column;
+            };
+            // Rows come in series: all but the first find their statement made. One that fails is
+            // not used again.
+            auto adding = std::move(adding_);
+            if (!adding || adding->table != name ||
+                !std::equal(values.begin(), values.end(), adding->columns.begin(),
+                            adding->columns.end(), same))
+                adding = std::make_unique<Adding>(file_, name, values);
+            for (int place = 0; const auto& [column, value] : values)
+                bind(adding->row, ++place, value);
+            adding->row.exec();
+            adding->row.reset();
+            adding_ = std::move(adding);
         });
     }
 
@@ -219,6 +224,29 @@ private:
     struct ColumnFacts {
         std::string name;
         bool single;  // held at 32 bits
+    };
+
+    /// What adds a row with values in certain columns.
+    struct Adding {
+        Adding(SQLite::Database& file, const std::string& to, std::span<const NamedValue> values)
+            : table(to), row(file, statement(to, values)) {
+            for (const auto& [column, value] : values) columns.push_back(column);
+        }
+
+        static std::string statement(const std::string& table, std::span<const NamedValue> values) {
+            if (values.empty()) return "INSERT INTO " + table + " DEFAULT VALUES";
+            std::string names;
+            std::string places;
+            for (const auto& [column, value] : values) {
+                names += (names.empty() ? "" : ", ") + in_statement(column);
+                places += places.empty() ? "?" : ", ?";
+            }
+            return "INSERT INTO " + table + " (" + names + ") VALUES (" + places + ")";
+        }
+
+        std::string table;
+        std::vector<std::string> columns;
+        SQLite::Statement row;
     };
 
     [[nodiscard]] bool is_there(const std::string& table) const {
@@ -255,6 +283,7 @@ private:
 
     std::string path_;
     mutable SQLite::Database file_;
+    std::unique_ptr<Adding> adding_;  // the last one
 };
 
 /// An empty file that nobody else made.

@@ -39,30 +39,19 @@ constexpr Text beyond_column = {"{0}: die Zahl liegt außerhalb des Bereichs ihr
 constexpr Text no_table = {"es gibt keine Tabelle {0}", "there is no table {0}"};
 constexpr Text holds_none = {"die Tabelle {0} enthält keine solchen Fälle",
                              "the table {0} holds no such cases"};
-constexpr std::string_view integer_range = "-32768 … 32767";
-constexpr std::string_view single_range = "±3.4028235e38";
-constexpr std::string_view double_range = "±1.7976931348623157e308";
 
-[[noreturn]] void refuse(const FieldOf& field, std::string_view limit) {
-    throw InputError(Reason(beyond_column, {field.name, limit}));
+std::string_view range_of(ColumnType type) {
+    switch (type) {
+        case ColumnType::Integer: return "-32768 … 32767";
+        case ColumnType::Single: return "±3.4028235e38";
+        default: return "±1.7976931348623157e308";
+    }
 }
 
 ColumnValue number_for(const FieldOf& field, double value) {
-    switch (field.info->column) {
-        case ColumnType::Integer: {
-            const auto whole = round_to_int16(value);
-            if (!whole) refuse(field, integer_range);
-            return *whole;
-        }
-        case ColumnType::Single: {
-            if (!(std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max())))
-                refuse(field, single_range);
-            return static_cast<float>(value);
-        }
-        default:
-            if (!std::isfinite(value)) refuse(field, double_range);
-            return value;
-    }
+    const auto held = in_column(field.info->column, value);
+    if (!held) throw InputError(Reason(beyond_column, {field.name, range_of(field.info->column)}));
+    return *held;
 }
 
 ColumnValue value_for(const FieldOf& field, const std::string& text, std::vector<CutText>& cut) {
@@ -119,6 +108,21 @@ TableInfo record_table(Database& database, const TableFormat& format, const std:
 
 TableColumn column_of(const FieldOf& field) {
     return {field.name, field.info->column, field.info->length};
+}
+
+std::optional<ColumnValue> in_column(ColumnType type, double value) {
+    switch (type) {
+        case ColumnType::Integer:
+            if (const auto whole = round_to_int16(value)) return *whole;
+            return std::nullopt;
+        case ColumnType::Single:
+            if (!(std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max())))
+                return std::nullopt;
+            return static_cast<float>(value);
+        default:
+            if (!std::isfinite(value)) return std::nullopt;
+            return value;
+    }
 }
 
 std::vector<NamedValue> column_values(const std::vector<FieldOf>& fields,

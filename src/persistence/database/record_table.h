@@ -45,6 +45,9 @@ struct TableFormat {
 /// The column of a field: Text(100), Single, ...
 [[nodiscard]] TableColumn column_of(const FieldOf& field);
 
+/// A number as a column of the type holds it; nothing where it is beyond its range.
+[[nodiscard]] std::optional<ColumnValue> in_column(ColumnType type, double value);
+
 /// A text that is longer than its column, and was cut.
 struct CutText {
     std::string field;
