@@ -54,7 +54,7 @@ constexpr ListColumn short_circuit_list[] = {
     {{"Kennung", "Identification"}, value<0>, 22},
     {{"Datum", "Date"}, value<1>, 11, true},
     {{"Bearbeiter", "Operator"}, value<2>, 13},
-    {{"Beurteilt wird", "Judged object"}, judged_object, 22},
+    {{"Beurteilt wird", "Judged object"}, judged_object, 26},
     {{"Werkstoff", "Material"}, value<5>, 16},
 };
 

@@ -19,8 +19,8 @@ namespace {
 
 constexpr Text menu_caption = {"Datenban&k", "D&atabase"};
 constexpr Text saving_hint = {
-    "Nach einer Berechnung gesperrt, bis Cigre TB 601, Cigre TB 207 oder Puffer ein Ergebnis hat.",
-    "Closed after a calculation until Cigre TB 601, Cigre TB 207 or Puffer has a result."};
+    "Gesperrt, bis Cigre TB 601, Cigre TB 207 oder Puffer ein Ergebnis hat.",
+    "Closed until Cigre TB 601, Cigre TB 207 or Puffer has a result."};
 constexpr std::string_view any_name = "*.mdb";
 constexpr std::string_view suffix = "mdb";
 

@@ -43,8 +43,11 @@ constexpr Text find_hint = {"Wörter aus Projekt, Datum, Bearbeiter, Leiter ..."
                             "Words of project, date, operator, conductor ..."};
 constexpr Text found_text = {"{0} von {1} Datensätzen gefunden", "{0} of {1} data records found"};
 constexpr Text bar_name = {"Datensatzauswahl", "Choice of the data record"};
-constexpr Text only_read = {"Diese Datenbank kann nur gelesen werden.",
-                            "This database can only be read."};
+constexpr Text only_read = {
+    "Diese Datenbank kann nur gelesen werden. Eine Access-Datei lässt sich in "
+    "eine neue Datenbank importieren.",
+    "This database can only be read. An Access file can be imported into a "
+    "new database."};
 constexpr Text back_caption = {"&Zurück", "&Back"};
 
 constexpr Text export_title = {"Tabelle exportieren", "Export table"};

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -19,7 +20,8 @@ namespace zel {
 namespace {
 
 constexpr int window_width = 740;
-constexpr int list_height = 180;
+constexpr int buttons_margin = 10;
+constexpr int least_list_height = 150;
 
 constexpr Text save_caption = {"Datensatz &speichern...", "&Save data record speichern..."};
 constexpr Text back_caption = {"&Zurück", "&Back"};
@@ -69,16 +71,31 @@ void SaveDialog::finish(QWidget* choice) {
     back->setAutoDefault(false);
     on(back, &QPushButton::clicked, [this] { reject(); });
     auto* buttons = new QHBoxLayout;
+    buttons->setContentsMargins(buttons_margin, buttons_margin, buttons_margin, buttons_margin);
     buttons->addWidget(save_);
     buttons->addStretch();
     buttons->addWidget(back);
+    content_ = new QWidget;
+    auto* down = new QVBoxLayout(content_);
+    down->setSpacing(12);
+    down->addWidget(new RecordSummary(*parts_.form.record().shown(), lang()));
+    down->addWidget(choice, 1);
+    auto* area = new QScrollArea;  // for the smallest screens
+    make_scrolling(*area);
+    area->setWidget(content_);
     auto* layout = new QVBoxLayout(this);
-    layout->setSpacing(12);
-    layout->addWidget(new RecordSummary(*parts_.form.record().shown(), lang()));
-    layout->addWidget(choice, 1);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(area, 1);
     layout->addLayout(buttons);
     may_save();
-    size_window(*this, {window_width, 0});
+    fit();
+}
+
+void SaveDialog::fit() {
+    content_->layout()->activate();
+    size_window(*this, {window_width, content_->layout()->totalHeightForWidth(window_width) +
+                                          save_->sizeHint().height() + 2 * buttons_margin});
 }
 
 void SaveDialog::may_save() { save_->setEnabled(!name_->text().isEmpty()); }
@@ -142,11 +159,11 @@ SaveInDatabase::SaveInDatabase(const DatabaseWindowParts& parts, RowToSave row,
     finish(group);
     show_table();
     show_option();
-    size_window(*this, {window_width, 0});
 }
 
 QWidget* SaveInDatabase::make_existing() {
     choice_->setObjectName("Combo1");
+    choice_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     choice_->setAccessibleName(qt(existing_caption, lang()).remove('&'));
     for (const TableInfo& table : tables_) choice_->addItem(qt(table.name));
     on(choice_, &QComboBox::activated, [this] { show_table(); });
@@ -156,13 +173,13 @@ QWidget* SaveInDatabase::make_existing() {
     view->setFocusPolicy(Qt::NoFocus);
     make_list_view(*view, list_);
     view->setSelectionMode(QAbstractItemView::NoSelection);
-    view->setFixedHeight(list_height);
+    view->setMinimumHeight(least_list_height);
     auto* existing = new QWidget;
     auto* down = new QVBoxLayout(existing);
     down->setContentsMargins(0, 0, 0, 0);
     down->addWidget(hint_label(parts().forms.choose_hint, lang()));
     down->addWidget(choice_);
-    down->addWidget(view);
+    down->addWidget(view, 1);
     down->addWidget(count_);
     return existing;
 }
@@ -180,7 +197,7 @@ void SaveInDatabase::show_table() {
 void SaveInDatabase::show_option() {
     of_existing_->setVisible(existing_->isChecked());
     of_new_->setVisible(!existing_->isChecked());
-    size_window(*this, {width(), 0});
+    fit();
     (existing_->isChecked() ? static_cast<QWidget*>(choice_) : name_box())->setFocus();
     may_save();
 }

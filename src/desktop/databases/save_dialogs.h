@@ -31,6 +31,8 @@ protected:
                const std::string& path);
 
     void finish(QWidget* choice);
+    /// As high as what is shown, where the screen has room for it.
+    void fit();
     virtual void may_save();
     /// Saves, and gives the table; an empty name where that was refused.
     [[nodiscard]] virtual std::string save() = 0;
@@ -49,6 +51,7 @@ private:
     DatabaseWindowParts parts_;
     RowToSave row_;
     std::string saved_in_;
+    QWidget* content_ = nullptr;
     TableNameBox* name_;
     QPushButton* save_;
 };
