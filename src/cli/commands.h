@@ -70,6 +70,7 @@ private:
 // One per file, <name>_command.cpp, which holds all of the command.
 void add_steady(CommandLine& line);
 void add_transient(CommandLine& line);
+void add_table(CommandLine& line);
 void add_short_circuit(CommandLine& line);
 void add_desktop(CommandLine& line);
 void add_batch(CommandLine& line);

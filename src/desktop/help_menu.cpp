@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
+#include <filesystem>
 
 #include "desktop/frame/events.h"
 #include "shell/program_texts.h"
@@ -63,7 +64,7 @@ void HelpMenu::open(const HelpDocument& document) {
     const LangId lang = session_.lang;
     const std::string name(document.file.in(lang));
     for (const std::string& folder : folders_) {
-        const std::string path = folder + "/" + name;
+        const std::string path = (std::filesystem::path(folder) / name).string();
         if (!QFileInfo(qt(path)).isFile()) continue;
         if (!launcher_.open_document(path)) session_.tell(box_in(lang, not_opened, {path}));
         return;

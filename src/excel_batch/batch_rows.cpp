@@ -1,50 +1,15 @@
 #include "excel_batch/batch_rows.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
-#include <exception>
-#include <mutex>
-#include <system_error>
-#include <thread>
 
 #include "excel_batch/batch_texts.h"
 #include "platform/errors.h"
+#include "platform/side_by_side.h"
 #include "platform/text/number_text.h"
 
 namespace zel::excel_batch {
 namespace {
-
-/// Calls `work` for 0 to `count` - 1, on several threads at once. The first exception comes back.
-void side_by_side(std::size_t count, unsigned threads,
-                  const std::function<void(std::size_t)>& work) {
-    std::atomic<std::size_t> next = 0;
-    std::exception_ptr failure;
-    std::mutex failing;
-    const auto run = [&] {
-        try {
-            for (std::size_t i = next++; i < count; i = next++) work(i);
-        } catch (...) {
-            const std::lock_guard lock(failing);
-            if (!failure) failure = std::current_exception();
-        }
-    };
-    {
-        std::vector<std::jthread> others;
-        const std::size_t wanted = std::min<std::size_t>(threads, count);
-        try {
-            for (std::size_t i = 1; i < wanted; ++i) others.emplace_back(run);
-        } catch (const std::system_error&) {
-            // The system starts no more threads: those that run do the work, with the same results.
-        }
-        run();
-    }
-    if (failure) std::rethrow_exception(failure);
-}
-
-unsigned threads_of(const BatchJob& job) {
-    return job.threads != 0 ? job.threads : std::max(1U, std::thread::hardware_concurrency());
-}
 
 /// Steps in which the percentage of `active` rows is shown.
 double percent_step(int active) {
@@ -121,7 +86,6 @@ private:
 
     PassEnd walk(int active) {
         Percentage percentage(job_, active);
-        const unsigned threads = threads_of(job_);
         std::vector<RowTexts> texts(work_.block);
         std::vector<RowOutcome> outcomes(work_.block);
         int row = work_.first_row;
@@ -130,7 +94,7 @@ private:
             const std::vector<FlaggedRow> block = read_block(row, flags, texts);
             const auto active_rows = std::count_if(block.begin(), block.end(),
                                                    [](const FlaggedRow& r) { return r.active; });
-            side_by_side(static_cast<std::size_t>(active_rows), threads,
+            side_by_side(static_cast<std::size_t>(active_rows), job_.threads,
                          [&](std::size_t slot) { outcomes[slot] = calculated(texts[slot]); });
             for (const auto& [number, is_active, slot] : block) {
                 if (is_active) {

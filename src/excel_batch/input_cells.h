@@ -37,6 +37,12 @@ struct InputCell {
     bool required = true;                     // otherwise an empty cell leaves the field as it was
     NumberCheck check = nullptr;              // what the limits cannot tell
 
+    template <class Value>
+    [[nodiscard]] constexpr InputCell with(Value InputCell::*fact, Value value) const {
+        InputCell made = *this;
+        made.*fact = value;
+        return made;
+    }
     [[nodiscard]] constexpr InputCell within(const Limits& bounds) const {
         return with(&InputCell::limits, bounds);
     }
@@ -51,14 +57,6 @@ struct InputCell {
     }
     [[nodiscard]] constexpr InputCell checked_by(NumberCheck refusal) const {
         return with(&InputCell::check, refusal);
-    }
-
-private:
-    template <class Value>
-    [[nodiscard]] constexpr InputCell with(Value InputCell::*fact, Value value) const {
-        InputCell made = *this;
-        made.*fact = value;
-        return made;
     }
 };
 

@@ -78,7 +78,7 @@ void ConductorLibrary::change_own(
         std::vector<LibraryConductor> own = former.sound;
         own.insert(own.end(), former.damaged.begin(), former.damaged.end());
         change(own);
-        const std::string table = conductor_table(own);
+        std::string table = conductor_table(own);
         changed = own_in(table);
         // What cannot be read back must not get into the file.
         for (const LibraryConductor& line : changed.damaged)

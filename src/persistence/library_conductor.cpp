@@ -37,11 +37,11 @@ std::string_view take_number(std::string_view& text) {
 std::size_t distance(const std::string& a, const std::string& b) {
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < a.size(); ++i) {
+    for (const char letter : a) {
         std::size_t diagonal = row[0]++;
         for (std::size_t j = 0; j < b.size(); ++j) {
             const std::size_t above = row[j + 1];
-            row[j + 1] = std::min({above + 1, row[j] + 1, diagonal + (a[i] == b[j] ? 0U : 1U)});
+            row[j + 1] = std::min({above + 1, row[j] + 1, diagonal + (letter == b[j] ? 0U : 1U)});
             diagonal = above;
         }
     }

@@ -86,7 +86,8 @@ Entry NamedColumns::number(const CsvRow& row, std::string_view column, double le
 std::int16_t NamedColumns::whole_number(const CsvRow& row, std::string_view column, double least,
                                         double most) const {
     most = std::min<double>(most, std::numeric_limits<std::int16_t>::max());
-    const Entry entry = number(row, column, -INFINITY, DecimalSeparator::Point);
+    const Entry entry =
+        number(row, column, -std::numeric_limits<double>::infinity(), DecimalSeparator::Point);
     if (!entry.given()) return 0;
     if (entry.value < least || entry.value > most || entry.value != std::floor(entry.value))
         refuse(row, column,

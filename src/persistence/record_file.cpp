@@ -129,8 +129,8 @@ FlatObject written(const std::vector<FieldOf>& fields, const std::vector<FieldOf
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const auto& [name, info, place] = fields[i];
         auto value = std::visit(
-            [&](auto* held) {
-                return value_of(*held, *std::get<decltype(held)>(start[i].value), *info);
+            [&, &info = *info](auto* held) {
+                return value_of(*held, *std::get<decltype(held)>(start[i].value), info);
             },
             place);
         if (value) values.push_back({name, *std::move(value)});

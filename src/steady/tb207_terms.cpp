@@ -170,7 +170,7 @@ Term ST_F01_CigreTB207_PJ_steady(double I, const Tb207Conductor& conductor, doub
 double ST_F02_CigreTB207_PS_steady(double alpha_s, double S, double D) { return alpha_s * S * D; }
 
 Tb207Convection::Tb207Convection(const Tb207Flow& flow, double Ta)
-    : V_(flow.V), Ta_(Ta), g_(flow.g), angle_factor_(0) {
+    : V_(flow.V), Ta_(Ta), g_(flow.g) {
     const auto& [V, delta, y, D, d, g] = flow;
     const double rho_r = std::exp((1e-4 * -1.16) * y);  // relative air density
     flow_ = computed(rho_r * V * D);

@@ -66,10 +66,10 @@ public:
 
 private:
     double V_, Ta_, g_;
-    double flow_;          // m²/s, relative air density times wind speed times diameter
-    double Rs_;            // roughness
-    double D3_;            // m³
-    double angle_factor_;  // of the wind as it blows; below 0.5 m/s of one at 45 degrees
+    double flow_;              // m²/s, relative air density times wind speed times diameter
+    double Rs_;                // roughness
+    double D3_;                // m³
+    double angle_factor_ = 0;  // of the wind as it blows; below 0.5 m/s of one at 45 degrees
 };
 
 /// Radiative cooling: outer diameter (m), emissivity, conductor and air temperature (°C);

@@ -53,7 +53,7 @@ struct BusbarConvection::Film {
 };
 
 BusbarConvection::BusbarConvection(const BusbarFlow& flow, double Ta)
-    : V_(flow.V), Ta_(Ta), g_(flow.g), beta_(0), angle_factor_(0) {
+    : V_(flow.V), Ta_(Ta), g_(flow.g) {
     const auto& [V, delta, H, D, g] = flow;
     density_ = computed(1.293 - (1e-4 * 1.525) * H + (1e-9 * 6.379) * (H * H));
     DV_ = computed(D * V);

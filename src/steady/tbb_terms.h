@@ -58,11 +58,11 @@ private:
     [[nodiscard]] double forced_cooling(const Film& air, double Ts) const;
 
     double V_, Ta_, g_;
-    double density_;       // kg/m³ at this altitude and 0 °C
-    double DV_;            // m²/s, diameter times wind speed
-    double D3_;            // m³
-    double beta_;          // 1/K, expansion coefficient of the surrounding air, not of the film
-    double angle_factor_;  // how much less an oblique wind cools than one across
+    double density_;           // kg/m³ at this altitude and 0 °C
+    double DV_;                // m²/s, diameter times wind speed
+    double D3_;                // m³
+    double beta_ = 0;          // 1/K, expansion coefficient of the surrounding air, not of the film
+    double angle_factor_ = 0;  // how much less an oblique wind cools than one across
 };
 
 /// Radiative cooling: outer diameter (m), emissivity, tube and air temperature (°C); negative where

@@ -36,6 +36,7 @@ protected:
                                   static_cast<std::int16_t>(separator));
         shared_settings.written.clear();
         user_settings.written.clear();
+        // NOLINTNEXTLINE(modernize-make-unique): an aggregate that refers to itself
         state.reset(new DesktopState{forms::case_for_form(c),
                                      {lang, separator, RunMode::Messages, dialogs},
                                      store,

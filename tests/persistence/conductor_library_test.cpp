@@ -93,10 +93,14 @@ TEST_F(Library, finds_by_either_name_and_lists_the_near_ones) {
     for (const auto& [name, found] : data.at("found").items())
         EXPECT_EQ(full_name(find_conductor(library.conductors(), name)), found) << name;
     for (const auto& [name, reason] : data.at("not found").items())
-        EXPECT_EQ(refusal_of([&] { return &find_conductor(library.conductors(), name); }), reason);
+        EXPECT_EQ(
+            refusal_of([&, &name = name] { return &find_conductor(library.conductors(), name); }),
+            reason);
     for (const auto& [typed, count] : data.at("matches").items())
         EXPECT_EQ(std::count_if(library.conductors().begin(), library.conductors().end(),
-                                [&](const auto& conductor) { return matches(conductor, typed); }),
+                                [&typed = typed](const auto& conductor) {
+                                    return matches(conductor, typed);
+                                }),
                   count)
             << typed;
 }

@@ -63,7 +63,7 @@ TEST_F(ConductorLink, the_kind_must_go_with_the_methods) {
             if (row.contains("bytes")) files.files[exchange] = row.at("bytes");
             const CalcCase before = c;
             const auto box = take(lang);
-            const json refusal = row.at("box");
+            const json& refusal = row.at("box");
             EXPECT_EQ(box.has_value(), refusal.is_string());
             EXPECT_EQ(c == before, box.has_value());
             if (box) {

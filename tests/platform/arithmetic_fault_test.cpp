@@ -44,7 +44,8 @@ TEST(ArithmeticScope, names_the_fault_of_the_arithmetic_before_the_question) {
                 {1e300, [](double x) { return narrowed_to_single(x); }, Overflow}};
     for (const auto& [x, arithmetic, fault] : rows) {
         const double at = at_run_time(x);
-        EXPECT_EQ(fault_of([&] { return arithmetic(at); }), fault) << "at " << x;
+        EXPECT_EQ(fault_of([at, &arithmetic = arithmetic] { return arithmetic(at); }), fault)
+            << "at " << x;
     }
 }
 

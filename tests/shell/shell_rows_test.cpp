@@ -64,8 +64,7 @@ json setting(std::string key, std::vector<std::string> texts) {
 
 std::string entry_refusal(std::string key, std::string value) {
     std::string taken;
-    const std::string why =
-        refusal_of([&] { return taken = setting_entry(*find_setting(key), value); });
+    std::string why = refusal_of([&] { return taken = setting_entry(*find_setting(key), value); });
     EXPECT_EQ(taken, why.empty() ? value : "");
     return why;
 }

@@ -12,17 +12,21 @@ namespace zel {
 /// where the program must end, its event loop does.
 void guarded(const QObject& where, const std::function<void()>& act);
 
+/// Calls `act` with `values` where it takes them, otherwise without.
+template <class Act, class... Values>
+void call(const Act& act, const Values&... values) {
+    if constexpr (std::is_invocable_v<const Act&, const Values&...>)
+        act(values...);
+    else
+        act();
+}
+
 /// Each `signal` of `sender` calls `act`, with the values of the signal where it takes them. `act`
 /// must not be needed any more when `sender` is destroyed.
 template <class Sender, class Signal, class Act>
 void on(Sender* sender, Signal signal, Act act) {
     QObject::connect(sender, signal, sender, [sender, act](auto... values) -> void {
-        guarded(*sender, [&] {
-            if constexpr (std::is_invocable_v<const Act&, decltype(values)...>)
-                act(values...);
-            else
-                act();
-        });
+        guarded(*sender, [&] { call(act, values...); });
     });
 }
 

@@ -28,7 +28,8 @@ constexpr struct {
 
 }  // namespace
 
-QMenu* add_language_menu(QMenuBar& bar, Captions& captions, std::function<void(LangId)> switch_to) {
+QMenu* add_language_menu(QMenuBar& bar, Captions& captions,
+                         const std::function<void(LangId)>& switch_to) {
     QMenu* menu = captions.title(bar.addMenu(QString()), menu_caption);
     for (const auto& [name, caption, lang] : languages) {
         QAction* action = captions.text(menu->addAction(QString()), caption);

@@ -42,7 +42,7 @@ public:
     [[nodiscard]] bool may_be_left() override;
 
 protected:
-    void turn_to(int page) override;
+    void turn_to(int to) override;
     void forget_results() override;
     [[nodiscard]] std::string text_to_copy() override;
 

@@ -51,7 +51,7 @@ void LineRecord::take_missing_settings(CalcCase& c, const FlatObject& values) co
     take_settings(present, settings_.now());
     for (const auto& [key, member] : case_settings)
         if (std::none_of(values.begin(), values.end(),
-                         [&](const FlatMember& value) { return value.key == key; }))
+                         [&name = key](const FlatMember& value) { return value.key == name; }))
             c.*member = present.*member;
 }
 

@@ -169,9 +169,9 @@ private:
         else if (field.key == FieldKey(&C::Anzahl_Teilleiter_db))
             place = row_.whole(field.name, 1);
         else if (field.key == FieldKey(&C::GMR_Merker_db))
-            place = used ? row_.whole(field.name, 1) : 0;
+            place = used ? row_.whole(field.name, 1) : std::int16_t{0};
         else
-            place = used ? row_.whole(field.name) : 0;
+            place = used ? row_.whole(field.name) : std::int16_t{0};
     }
     static void take(const CaseField& /*field*/, bool& /*place*/, bool /*used*/) {}
     static void take(const CaseField& /*field*/, double& /*place*/, bool /*used*/) {}

@@ -103,12 +103,13 @@ std::string quoted(const std::string& cell) {
 
 std::vector<CsvRow> parse_csv(std::string_view text) { return CsvReader(text).rows(); }
 
-std::string csv_line(const std::vector<std::string>& cells) {
+std::string csv_line(const std::vector<std::string>& cells, char comma) {
+    const char special[] = {comma, '"', '\r', '\n', '\0'};
     std::string line;
     for (const std::string& cell : cells) {
-        if (&cell != &cells.front()) line += ',';
+        if (&cell != &cells.front()) line += comma;
         // A line that begins with "#" would be passed over.
-        const bool plain = cell.find_first_of(",\"\r\n") == std::string::npos &&
+        const bool plain = cell.find_first_of(special) == std::string::npos &&
                            !(line.empty() && cell.starts_with('#'));
         line += plain ? cell : quoted(cell);
     }

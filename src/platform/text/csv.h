@@ -22,7 +22,8 @@ struct CsvRow {
 /// a cell is damaged, up to the end of its first line. The rows refer to `text`.
 [[nodiscard]] std::vector<CsvRow> parse_csv(std::string_view text);
 
-/// One line of a table with its line end; a cell is quoted where it needs to be.
-[[nodiscard]] std::string csv_line(const std::vector<std::string>& cells);
+/// One line of a table with its line end; `comma` parts the cells, and one is quoted where it needs
+/// to be.
+[[nodiscard]] std::string csv_line(const std::vector<std::string>& cells, char comma = ',');
 
 }  // namespace zel

@@ -10,7 +10,7 @@ namespace zel {
 /// The radial drop of a conductor for many states: the share of the core is worked out once.
 class Tb601RadialDrop {
 public:
-    explicit Tb601RadialDrop(const TB601Params& params);
+    explicit Tb601RadialDrop(const TB601Params& p);
 
     /// The drop from core to surface, K, at the mean temperature `T` and a heating of `P` W/m.
     [[nodiscard]] double at(double T, double P) const;

@@ -84,8 +84,7 @@ Tb601Cooling::Tb601Cooling(const Tb601Flow& flow)
     : V_(flow.V),
       Ta_(flow.Ta),
       G_(flow.G),
-      surface_(surface_of(flow.ConductorType, flow.ConductorShape)),
-      angle_factor_(0) {
+      surface_(surface_of(flow.ConductorType, flow.ConductorShape)) {
     const auto& [V, Delta, TSurface, Ta, Y, D, DWire, G, type, shape] = flow;
     density_ = computed(1.293 - (1e-4 * 1.525) * Y + (1e-9 * 6.379) * square(Y));
     DV_ = computed(D * V);

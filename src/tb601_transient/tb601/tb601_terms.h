@@ -54,7 +54,7 @@ struct Tb601Convection {
 [[nodiscard]] Tb601Convection tb601_convection(const Tb601Flow& flow);
 
 /// The cooling that these steps come to.
-[[nodiscard]] Tb601Term convective_cooling(const Tb601Convection& convection);
+[[nodiscard]] Tb601Term convective_cooling(const Tb601Convection& c);
 
 // The same for many temperatures of the surface: what these do not change is worked out once, in
 // the order of the formula, so that every result is the same to the last bit.
@@ -72,11 +72,11 @@ private:
 
     double V_, Ta_, G_;
     Tb601Surface surface_;
-    double density_;       // kg/m³ at this altitude and 0 °C
-    double DV_;            // m²/s, diameter times wind speed
-    double D3_;            // m³
-    double Rf_;            // roughness
-    double angle_factor_;  // by which an oblique wind cools less than one across
+    double density_;           // kg/m³ at this altitude and 0 °C
+    double DV_;                // m²/s, diameter times wind speed
+    double D3_;                // m³
+    double Rf_;                // roughness
+    double angle_factor_ = 0;  // by which an oblique wind cools less than one across
 };
 
 class Tb601Radiation {

@@ -68,10 +68,14 @@ void run_methods(const CalcCase& c, const Session& session, SteadyRunResult& res
     }
 }
 
-/// Puts the lines in their order and writes what the page shows.
-void finish(const Session& session, SteadyRunResult& result) {
+void put_in_order(SteadyRunResult& result) {
     std::sort(result.methods.begin(), result.methods.end(),
               [](const MethodResult& a, const MethodResult& b) { return a.method < b.method; });
+}
+
+/// Puts the lines in their order and writes what the page shows.
+void finish(const Session& session, SteadyRunResult& result) {
+    put_in_order(result);
     write_texts(result, session);
 }
 
@@ -116,6 +120,18 @@ SteadyRunResult RunSteady(CalcCase& c, const Session& session) {
     SteadyRunResult result;
     RunSteady(c, session, result);
     return result;
+}
+
+std::vector<MethodResult> rated(CalcCase c, const Session& session) {
+    SteadyRunResult result;
+    if (prepare(c, session, result)) return {};
+    try {
+        run_methods(c, session, result);
+    } catch (const ProgramEnd&) {
+        // Its status says why.
+    }
+    put_in_order(result);
+    return std::move(result.methods);
 }
 
 }  // namespace zel

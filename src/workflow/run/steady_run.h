@@ -116,4 +116,10 @@ void RunSteady(CalcCase& c, const Session& session, SteadyRunResult& result);
 
 [[nodiscard]] SteadyRunResult RunSteady(CalcCase& c, const Session& session);
 
+/// What the selected methods find for a case that the input check lets pass, in the order of
+/// `Method`: without texts, remarks and advice. Empty where numbers too large stop it before the
+/// methods; a method that would have to end the program has its status set, and those behind it are
+/// left out.
+[[nodiscard]] std::vector<MethodResult> rated(CalcCase c, const Session& session);
+
 }  // namespace zel

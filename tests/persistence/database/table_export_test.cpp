@@ -43,15 +43,15 @@ TEST_F(Export, writes_lines_of_values) {
     EXPECT_EQ(write("/t.CSV", DecimalSeparator::Point), 2U);
     EXPECT_EQ(files.files["/t.CSV"],
               "\xEF\xBB\xBFProjekt_db,Datum_db,Bearbeiter_db,Abteilung_db,Notiz,"
-              "Umgebungstemperatur_db,DCR_20_db\r\n"
-              "'=1+1,,Müller; Söhne,\"a \"\"b\"\", c\",17,-5.5,0.1\r\n"
-              "'+49,1.2.2026,'-,'@x,,,?\r\n");
+              "Umgebungstemperatur_db,DCR_20_db\n"
+              "'=1+1,,Müller; Söhne,\"a \"\"b\"\", c\",17,-5.5,0.1\n"
+              "'+49,1.2.2026,'-,'@x,,,?\n");
     write("/t.csv", DecimalSeparator::Comma);
     EXPECT_EQ(files.files["/t.csv"],
               "\xEF\xBB\xBFProjekt_db;Datum_db;Bearbeiter_db;Abteilung_db;Notiz;"
-              "Umgebungstemperatur_db;DCR_20_db\r\n"
-              "'=1+1;;\"Müller; Söhne\";\"a \"\"b\"\", c\";17;-5,5;0,1\r\n"
-              "'+49;1.2.2026;'-;'@x;;;?\r\n");
+              "Umgebungstemperatur_db;DCR_20_db\n"
+              "'=1+1;;\"Müller; Söhne\";\"a \"\"b\"\", c\";17;-5,5;0,1\n"
+              "'+49;1.2.2026;'-;'@x;;;?\n");
 }
 
 TEST_F(Export, writes_a_worksheet) {

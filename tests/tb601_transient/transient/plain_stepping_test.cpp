@@ -56,8 +56,8 @@ TransientRow random_row(Random& random) {
     row.Merker = random.one_of<std::int16_t>({1, 2, 3});
     row.Strom = row.Merker == 1 ? 0 : random.between(0, 1500);
     row.Temp = row.Merker == 2 ? 0 : random.between(20, 160);
-    row.Min = row.Merker == 3 ? 0 : random.one_of<std::int16_t>({0, 1, 5, 20, 60});
-    row.Sec = row.Merker == 3 ? 0 : random.one_of<std::int16_t>({0, 15, 59});
+    row.Min = row.Merker == 3 ? std::int16_t{0} : random.one_of<std::int16_t>({0, 1, 5, 20, 60});
+    row.Sec = row.Merker == 3 ? std::int16_t{0} : random.one_of<std::int16_t>({0, 15, 59});
     return row;
 }
 

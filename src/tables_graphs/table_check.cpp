@@ -1,0 +1,154 @@
+#include <span>
+
+#include "tables_graphs/parameter_table.h"
+#include "workflow/rules/rule_tables.h"
+
+namespace zel {
+namespace {
+
+using Check = zel::Check<CalcCase>;
+using C = CalcCase;
+
+constexpr BoxText incomplete = {
+    Icon::Stop, {"Unvollständige Eingabe", "Input incomplete !"}, {"{0}", "{0}"}};
+constexpr BoxText incorrect = {
+    Icon::Stop, {"fehlerhafte Eingabe ", "Input incorrect !"}, {"{0}", "{0}"}};
+
+bool always(const C& /*c*/) { return true; }
+bool of_ambient(const C& c) { return stepped_by(c) == Stepped::AmbientTemperature; }
+bool of_conductor(const C& c) { return !of_ambient(c); }
+
+bool no_wind(const C& c) {
+    return !c.Wind1_db.given() && !c.Wind2_db.given() && !c.Wind3_db.given() &&
+           !c.Wind4_db.given() && !c.Wind5_db.given() && !c.Wind6_db.given();
+}
+template <auto step>
+bool no_step(const C& c) {
+    return c.*step <= 0;
+}
+
+/// An empty bound counts as 0.
+double number(const Entry& bound) { return bound.given() ? bound.value : 0; }
+template <auto low, auto high>
+bool equal(const C& c) {
+    return number(c.*low) == number(c.*high);
+}
+template <auto low, auto high>
+bool reversed(const C& c) {
+    return number(c.*low) > number(c.*high);
+}
+
+constexpr Text no_wind_text = {"Es muss mindestens in einem Feld eine Angabe zur\n"
+                               "Windgeschwindigkeit gemacht werden.\n"
+                               "Bitte vervollständigen Sie ihre Eingabe !",
+                               "You have to give at least in one input data field\n"
+                               "a value for wind speed. \n"
+                               "Please complete your input !"};
+
+constexpr auto no_temperature_step = no_step<&C::Schrittweite_Temp_db>;
+constexpr auto equal_temperatures = equal<&C::Temp_min_db, &C::Temp_max_db>;
+constexpr auto reversed_temperatures = reversed<&C::Temp_min_db, &C::Temp_max_db>;
+
+constexpr Check checks_of_currents[] = {
+    {{always, no_wind, &incomplete}, no_wind_text},
+    {{always, no_temperature_step, &incomplete},
+     {"Es wurde keine Angabe zur Schrittweite\n"
+      "des Temperaturbereiches gemacht.\n"
+      "Bitte vervollständigen Sie ihre Eingabe !",
+      "You havn't made an input for step range of temperature. \n"
+      "Please complete your input !"}},
+    {{always, equal_temperatures, &incorrect},
+     {"Minimaltemperatur gleich als Maximaltemperatur !\n"
+      "Maximaltemperatur muss groesser Minimaltemperatur sein !\n"
+      "Bitte korrigieren Sie ihre Eingabe !",
+      "Minimum temperature is equal to maximum temperature. \n"
+      "Please correct your input !"}},
+    {{always, reversed_temperatures, &incorrect},
+     {"Minimaltemperatur ist groesser als Maximaltemperatur !\n"
+      "Bitte korrigieren Sie ihre Eingabe !",
+      "Minimum temperature is higher than maximum temperature. \n"
+      "Please correct your input !"}},
+    {{of_ambient, missing<&C::Temp_max_db>, &incomplete},
+     {"Es wurde keine Angabe zur Maximaltemperatur\n"
+      "der Umgebung gemacht.\n"
+      "Bitte vervollständigen Sie Ihre Eingabe !",
+      "You havn't made an input for maximum ambient temperature. \n"
+      "Please complete your input."}},
+    {{of_conductor, missing<&C::Temp_max_db>, &incomplete},
+     {"Es wurde keine Angabe zur Maximaltemperatur\n"
+      "des Seiles gemacht.\n"
+      "Bitte vervollständigen Sie Ihre Eingabe !",
+      "You havn't made an input for maximum conductor temperature. \n"
+      "Please complete your input."}},
+    {{of_ambient, missing<&C::Temp_min_db>, &incomplete},
+     {"Es wurde keine Angabe zur Minimaltemperatur\n"
+      "der Umgebung gemacht.\n"
+      "Bitte vervollständigen Sie Ihre Eingabe !",
+      "You havn't made an input for minium ambient temperature. \n"
+      "Please complete your input."}},
+    {{of_conductor, missing<&C::Temp_min_db>, &incomplete},
+     {"Es wurde keine Angabe zur Minimaltemperatur\n"
+      "des Seiles gemacht.\n"
+      "Bitte vervollständigen Sie Ihre Eingabe !",
+      "You havn't made an input for minium conductor temperature. \n"
+      "Please complete your input."}},
+};
+
+constexpr auto no_current_step = no_step<&C::Schrittweite_Strom_db>;
+constexpr auto equal_currents = equal<&C::Strom_min_db, &C::Strom_max_db>;
+constexpr auto reversed_currents = reversed<&C::Strom_min_db, &C::Strom_max_db>;
+
+constexpr Check checks_of_temperatures[] = {
+    {{always, no_wind, &incomplete}, no_wind_text},
+    {{always, no_current_step, &incomplete},
+     {"Es wurde keine Angabe zur Schrittweite\n"
+      "des Strombereiches gemacht.\n"
+      "Bitte vervollständigen Sie ihre Eingabe !",
+      "You havn't made an input for step range of current. \n"
+      "Please complete your input !"}},
+    {{always, equal_currents, &incorrect},
+     {"Unterer Stromwert gleich oberer Stromwert !\n"
+      "Oberer Stromwert muss groesser unterer Stromwert sein !\n"
+      "Bitte korrigieren Sie ihre Eingabe !",
+      "Minimum current is equal to maximum current. \n"
+      "Please correct your input !"}},
+    {{always, reversed_currents, &incorrect},
+     {"Unterer Stromwert ist groesser als oberer Stromwert !\n"
+      "Bitte korrigieren Sie ihre Eingabe !",
+      "Minimum current is higher than maximum current. \n"
+      "Please correct your input !"}},
+    {{always, missing<&C::Strom_max_db>, &incomplete},
+     {"Es wurde keine Angabe zum Maximalstrom\n"
+      "des Strombereiches gemacht.\n"
+      "Bitte vervollständigen Sie Ihre Eingabe !",
+      "You havn't made an input for maxium current. \n"
+      "Please complete your input."}},
+    {{always, missing<&C::Strom_min_db>, &incomplete},
+     {"Es wurde keine Angabe zum Minimalstrom\n"
+      "des Strombereiches gemacht.\n"
+      "Bitte vervollständigen Sie Ihre Eingabe !",
+      "You havn't made an input for minium current. \n"
+      "Please complete your input."}},
+};
+
+std::optional<Box> refusal(std::span<const Check> checks, const C& c, LangId lang) {
+    const Check* refusing = first_refusing(checks, c);
+    return refusing != nullptr ? std::optional(refusing->box(lang)) : std::nullopt;
+}
+
+}  // namespace
+
+std::optional<Box> S10_tab_strom_1_eingabepruefung(const CalcCase& c, LangId lang) {
+    return refusal(checks_of_currents, c, lang);
+}
+
+std::optional<Box> S10_tab_temp_1_eingabepruefung(const CalcCase& c, LangId lang) {
+    return refusal(checks_of_temperatures, c, lang);
+}
+
+std::optional<Box> check_table(const CalcCase& c, LangId lang) {
+    return stepped_by(c) == Stepped::Current ? S10_tab_temp_1_eingabepruefung(c, lang)
+                                             : S10_tab_strom_1_eingabepruefung(c, lang);
+}
+
+}  // namespace zel
