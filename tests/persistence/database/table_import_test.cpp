@@ -21,7 +21,7 @@ bool go_on(std::size_t /*done*/, std::size_t /*of*/) { return true; }
 std::vector<std::string> told(const ImportResult& result) {
     std::vector<std::string> lines;
     for (const auto& [table, row, column, reason] : result.left_out)
-        lines.push_back(table + " " + std::to_string(row) + " " + column + ": " + reason.en);
+        lines.push_back(fill("{0} {1} {2}: {3}", {table, std::to_string(row), column, reason.en}));
     return lines;
 }
 
