@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "adapters/posix/text_file.h"
 #include "adapters/xlsx/new_xlsx.h"
 #include "adapters/xlsx/xlsx_workbook.h"
 #include "excel_batch/batch_run.h"
@@ -85,6 +86,7 @@ public:
         add(times_.reading, [&] { text = timed_->text(row, column); });
         return text;
     }
+    void require_single_cells(const CellArea& area) override { timed_->require_single_cells(area); }
     void set_number(int row, int column, double value) override {
         timed_->set_number(row, column, value);
     }
@@ -116,6 +118,10 @@ public:
         auto workbook = open_xlsx(path, bytes_, [](std::string_view) {});
         times_.reading += seconds_since(begin);
         return std::make_unique<TimedWorkbook>(std::move(workbook), times_);
+    }
+    void create(const std::string& path, const WorkbookDesign& design,
+                const std::string& title) override {
+        write_text_file(path, new_xlsx(design, title));
     }
 
 private:

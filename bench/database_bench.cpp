@@ -10,8 +10,10 @@
 #include "persistence/database/case_table.h"
 #include "persistence/database/saving.h"
 #include "persistence/database/table_export.h"
+#include "persistence/database/table_import.h"
 
-// Databases on the disk: one row saved, and a table of many rows listed, browsed and exported.
+// Databases on the disk: one row saved, and a table of many rows listed, browsed, exported
+// and imported.
 
 namespace zel {
 namespace {
@@ -99,6 +101,20 @@ void export_workbook(benchmark::State& state) {
         benchmark::DoNotOptimize(new_xlsx({table_as_sheet(*database, case_tables(), table)}, "T"));
 }
 BENCHMARK(export_workbook)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+void import_rows(benchmark::State& state) {
+    Filled filled(state.range(0));
+    const auto database = filled.open();
+    SqliteStore store;
+    const std::string path =
+        std::filesystem::temp_directory_path() / ("zel-import-" + std::to_string(::getpid()));
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(import_tables(*database, case_tables(), store, path,
+                                               [](std::size_t, std::size_t) { return true; }));
+        std::filesystem::remove(path);
+    }
+}
+BENCHMARK(import_rows)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace zel
