@@ -12,6 +12,7 @@ namespace {
 
 constexpr Text number_head = {"Nr.", "No."};
 constexpr int number_characters = 5;
+constexpr int least_rest = 40;   // pixels, for the last column
 constexpr int line_height = 24;  // pixels
 constexpr int padding = 16;      // pixels, around the text of a cell
 
@@ -118,7 +119,9 @@ void make_list_view(QTableView& view, QAbstractItemModel& model) {
 
 void fit_columns(QTableView& view, const forms::DatabaseForms& forms) {
     const int character = view.fontMetrics().averageCharWidth();
-    for (int column = 0; column + 1 < view.model()->columnCount(); ++column) {
+    const int last = view.model()->columnCount() - 1;
+    view.setColumnWidth(last, least_rest);
+    for (int column = 0; column < last; ++column) {
         const int characters =
             column == 0 ? number_characters : column_at(forms, column).characters;
         view.resizeColumnToContents(column);
