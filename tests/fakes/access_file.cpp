@@ -228,11 +228,32 @@ private:
             rows.push_back(row);
         }
         if (rows.size() > 1) pages_.push_back(data_page(page, rows));
-        std::string map(5 + 64 + (pages_.size() - first) / 8, '\0');
-        map.replace(1, 4, low(first, 4));
-        for (std::size_t n = 0; n < pages_.size() - first; ++n)
-            map[5 + n / 8] = static_cast<char>(map[5 + n / 8] | 1 << n % 8);
+        const std::string map = map_of(first, pages_.size());
         pages_[map_page] = data_page(1, {{map}, {std::string(69, '\0')}});
+    }
+
+    /// The map of the pages from `first` to `end`: in place, or where it has no room for them, of
+    /// pages of maps.
+    std::string map_of(std::size_t first, std::size_t end) {
+        const auto bits = [&](std::size_t origin, std::size_t bytes) {
+            std::string map(bytes, '\0');
+            for (std::size_t n = std::max(first, origin); n < std::min(end, origin + bytes * 8);
+                 ++n)
+                map[(n - origin) / 8] =
+                    static_cast<char>(map[(n - origin) / 8] | 1 << (n - origin) % 8);
+            return map;
+        };
+        constexpr std::size_t bytes_in_place = 64;
+        if (end - first <= bytes_in_place * 8)
+            return low(0, 1) + low(first, 4) + bits(first, bytes_in_place);
+        std::string map = low(1, 1);
+        const std::size_t bytes = page_size_ - 4;
+        for (std::size_t origin = 0; origin < end; origin += bytes * 8) {
+            map += low(pages_.size(), 4);
+            pages_.push_back(low(0x105, 4) + bits(origin, bytes));
+        }
+        map.resize(5 + bytes_in_place);
+        return map;
     }
 
     void put_definition(const std::string& bytes, std::size_t page) {

@@ -97,6 +97,18 @@ TEST_P(AccessVersions, give_every_value_of_a_table_of_180_columns) {
     EXPECT_EQ(database->row("fälle", keys[299]), rows[299]);
 }
 
+TEST_P(AccessVersions, give_tables_of_many_pages) {
+    access_file::Table table = {"T", {{"n", Type::Long}, {"text", Type::Memo}}, {}};
+    for (int row = 0; row < 600; ++row)
+        table.rows.push_back(
+            {double(row), std::string(GetParam() == Version::Jet3 ? 1500 : 1800, 'x')});
+    const auto database = written(access_file::bytes_of({table}, GetParam()));
+    const auto keys = database->rows("T");
+    ASSERT_EQ(keys.size(), 600U);
+    EXPECT_EQ(database->row("T", keys[599]),
+              (TableRow{"599", std::get<std::string>(table.rows[0][1])}));
+}
+
 INSTANTIATE_TEST_SUITE_P(All, AccessVersions,
                          testing::Values(Version::Jet3, Version::Jet4, Version::Ace));
 
