@@ -27,7 +27,8 @@ public:
     LateInterrupt() {
         sigset_t signals;
         sigemptyset(&signals);
-        for (const int signal : interrupts) sigaddset(&signals, signal);
+        for (const int signal : interrupts)
+            if (!ignored(signal)) sigaddset(&signals, signal);
         sigprocmask(SIG_BLOCK, &signals, &before_);
     }
     ~LateInterrupt() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
@@ -43,6 +44,11 @@ public:
 
 private:
     static constexpr int interrupts[] = {SIGINT, SIGTERM, SIGHUP};
+
+    static bool ignored(int signal) {
+        struct sigaction present {};
+        return sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_IGN;
+    }
 
     sigset_t before_{};
 };
