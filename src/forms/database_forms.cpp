@@ -45,13 +45,13 @@ std::string judged_object(Values values) {
 }
 
 constexpr ListColumn line_list[] = {
-    {{"Projekt", "Project"}, value<0>, 18},     {{"Datum", "Date"}, value<1>, 11, true},
+    {{"Projekt", "Project"}, value<0>, 16},     {{"Datum", "Date"}, value<1>, 11, true},
     {{"Bearbeiter", "Operator"}, value<2>, 11}, {{"Leiter", "Conductor"}, value<4>, 16},
     {{"Verfahren", "Methods"}, methods, 30},
 };
 
 constexpr ListColumn short_circuit_list[] = {
-    {{"Kennung", "Identification"}, value<0>, 18},
+    {{"Kennung", "Identification"}, value<0>, 16},
     {{"Datum", "Date"}, value<1>, 11, true},
     {{"Bearbeiter", "Operator"}, value<2>, 11},
     {{"Beurteilt wird", "Judged object"}, judged_object, 26},

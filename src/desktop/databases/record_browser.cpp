@@ -155,9 +155,14 @@ QWidget* RecordBrowser::make_list() {
         find_->setFocus();
         find_->selectAll();
     });
-    auto* erase = new QShortcut(QKeySequence::Delete, view_);
-    erase->setContext(Qt::WidgetShortcut);
-    on(erase, &QShortcut::activated, [this] { delete_row(); });
+    const auto key_of_list = [this](const QKeySequence& key, std::function<void()> act) {
+        auto* shortcut = new QShortcut(key, view_);
+        shortcut->setContext(Qt::WidgetShortcut);
+        on(shortcut, &QShortcut::activated, std::move(act));
+    };
+    key_of_list(QKeySequence::Delete, [this] { delete_row(); });
+    key_of_list(Qt::Key_Home, [this] { view_->selectRow(0); });
+    key_of_list(Qt::Key_End, [this] { view_->selectRow(found_.rowCount() - 1); });
     return list;
 }
 

@@ -11,10 +11,9 @@ namespace zel {
 namespace {
 
 constexpr Text number_head = {"Nr.", "No."};
-constexpr int number_characters = 5;
 constexpr int least_rest = 40;   // pixels, for the last column
 constexpr int line_height = 24;  // pixels
-constexpr int padding = 16;      // pixels, around the text of a cell
+constexpr int padding = 12;      // pixels, around the text of a cell
 
 const forms::ListColumn& column_at(const forms::DatabaseForms& forms, int column) {
     return forms.list[static_cast<std::size_t>(column - 1)];
@@ -118,16 +117,22 @@ void make_list_view(QTableView& view, QAbstractItemModel& model) {
 }
 
 void fit_columns(QTableView& view, const forms::DatabaseForms& forms) {
-    const int character = view.fontMetrics().averageCharWidth();
+    QHeaderView& head = *view.horizontalHeader();
+    const bool sorts = head.isSortIndicatorShown();
     const int last = view.model()->columnCount() - 1;
-    view.setColumnWidth(last, least_rest);
-    for (int column = 0; column < last; ++column) {
-        const int characters =
-            column == 0 ? number_characters : column_at(forms, column).characters;
+    view.resizeColumnToContents(0);
+    const QString highest = QString::number(view.model()->rowCount());
+    view.setColumnWidth(
+        0, std::max(view.columnWidth(0), view.fontMetrics().horizontalAdvance(highest) + padding));
+    head.setSortIndicatorShown(false);  // in the other columns the arrow needs no room at first
+    for (int column = 1; column < last; ++column) {
+        const int most =
+            column_at(forms, column).characters * view.fontMetrics().averageCharWidth();
         view.resizeColumnToContents(column);
-        view.setColumnWidth(column,
-                            std::min(view.columnWidth(column), characters * character + padding));
+        view.setColumnWidth(column, std::min(view.columnWidth(column), most + padding));
     }
+    view.setColumnWidth(last, least_rest);
+    head.setSortIndicatorShown(sorts);
 }
 
 }  // namespace zel
