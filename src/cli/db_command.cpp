@@ -53,12 +53,19 @@ RowKey key_of(Database& database, const TableInfo& table, const DbWords& words) 
     return keys[words.row - 1];
 }
 
+/// A damaged file may have lost some.
+void tell_lost_rows(const DbWords& words, const TableInfo& table, std::size_t rows) {
+    if (const auto lost = miscounted(table, rows))
+        Console::tell_reason(words.file + ": " + table.name + ": " + lost->in(words.lang));
+}
+
 int tables(const DbWords& words, Console& /*console*/) {
     const auto database = DatabaseFiles().open(words.file);
     ordered_json list = ordered_json::array();
     std::string text;
     for (const TableInfo& table : record_tables(*database, words.area().tables)) {
         const std::size_t rows = database->rows(table.name).size();
+        tell_lost_rows(words, table, rows);
         list.push_back({{"name", table.name}, {"columns", table.columns.size()}, {"rows", rows}});
         text += printable(table.name) + ": " + std::to_string(rows) +
                 (words.lang == LangId::German ? " Zeilen" : " rows") + "\n";
@@ -84,6 +91,7 @@ int list(const DbWords& words, Console& /*console*/) {
         rows.push_back(std::move(entry));
         return true;
     });
+    tell_lost_rows(words, table, rows.size());
     return print_or_fail(words.json ? json_text({{"rows", rows}}) : text);
 }
 

@@ -1,5 +1,6 @@
 #include "fakes/access_file.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
@@ -9,10 +10,13 @@
 namespace zel::access_file {
 namespace {
 
-/// Puts the low bytes of a number, the lowest first.
-void put(std::string& bytes, std::uint64_t number, int count) {
+/// The low bytes of a number, the lowest first.
+std::string low(std::uint64_t number, int count) {
+    std::string bytes;
     for (; count > 0; --count, number >>= 8U) bytes += static_cast<char>(number & 0xFFU);
+    return bytes;
 }
+
 /// What a page holds: its bytes, and the marks in front of their place.
 struct Slot {
     std::string bytes;
@@ -20,12 +24,6 @@ struct Slot {
 };
 constexpr unsigned deleted = 0x8000;
 constexpr unsigned points_elsewhere = 0x4000;
-
-void put_at(std::string& bytes, std::size_t place, std::uint64_t number, int count) {
-    std::string low;
-    put(low, number, count);
-    bytes.replace(place, low.size(), low);
-}
 
 /// The first bytes behind the mark of a file are covered by this.
 void rc4(std::string& bytes, std::size_t from, std::size_t count) {
@@ -53,32 +51,27 @@ std::uint16_t width_of(Type type) {
 }
 
 std::string number_bytes(Type type, double value) {
-    std::string bytes;
-    const int width = width_of(type);
     std::uint64_t bits = 0;
-    if (type == Type::Single) {
-        const auto single = static_cast<float>(value);
+    const auto single = static_cast<float>(value);
+    if (type == Type::Single)
         std::memcpy(&bits, &single, sizeof single);
-    } else if (type == Type::Double || type == Type::Date) {
+    else if (type == Type::Double || type == Type::Date)
         std::memcpy(&bits, &value, sizeof value);
-    } else {
+    else
         bits =
             static_cast<std::uint64_t>(std::llround(type == Type::Currency ? value * 1e4 : value));
-    }
-    put(bytes, bits, width);
-    return bytes;
+    return low(bits, width_of(type));
 }
 
 class Writer {
 public:
     Writer(Version version, std::uint32_t key)
-        : old_(version == Version::Jet3), page_size_(old_ ? 2048 : 4096) {
+        : old_(version == Version::Jet3), unit_(old_ ? 1 : 2), page_size_(old_ ? 2048 : 4096) {
         std::string head("\0\1\0\0Standard Jet DB\0", 20);
         if (version == Version::Ace) head.replace(13, 3, "ACE");
         head += static_cast<char>(version);
         head.resize(page_size_);
-        put_at(head, 0x3C, 1252, 2);
-        put_at(head, 0x3E, key, 4);
+        head.replace(0x3C, 6, low(1252, 2) + low(key, 4));
         rc4(head, 0x18, old_ ? 126 : 128);
         pages_ = {head, data_page(1, {}), std::string()};
     }
@@ -86,7 +79,6 @@ public:
     std::string write(const std::vector<Table>& tables) {
         Table catalog = {"MSysObjects",
                          {{"Id", Type::Long},
-                          {"ParentId", Type::Long},
                           {"Name", Type::Text, 64},
                           {"Type", Type::Integer},
                           {"Flags", Type::Long},
@@ -94,9 +86,8 @@ public:
                          {},
                          system_table};
         const auto enter = [&](const Table& table, std::size_t page) {
-            catalog.rows.push_back({double(page), 0.0, table.name, 1.0,
-                                    double(static_cast<std::int32_t>(table.flags)),
-                                    std::monostate{}});
+            const double flags = static_cast<std::int32_t>(table.flags);
+            catalog.rows.push_back({double(page), table.name, 1.0, flags, std::monostate{}});
         };
         enter(catalog, catalog_page);
         for (const Table& table : tables) {
@@ -105,9 +96,7 @@ public:
             add(table, pages_.size() - 1);
         }
         add(catalog, catalog_page);
-        std::string bytes;
-        for (const std::string& page : pages_) bytes += page;
-        return bytes;
+        return std::accumulate(pages_.begin(), pages_.end(), std::string());
     }
 
 private:
@@ -117,12 +106,10 @@ private:
 
     [[nodiscard]] std::string data_page(std::size_t owner, const std::vector<Slot>& slots) const {
         std::string page("\1\1\0\0", 4);
-        put(page, owner, 4);
-        if (!old_) put(page, 0, 4);
-        put(page, slots.size(), 2);
+        page += low(owner, 4) + low(0, old_ ? 0 : 4) + low(slots.size(), 2);
         std::size_t end = page_size_;
-        for (const auto& [bytes, marks] : slots) put(page, (end -= bytes.size()) | marks, 2);
-        put_at(page, 2, end - page.size(), 2);
+        for (const auto& [bytes, marks] : slots) page += low((end -= bytes.size()) | marks, 2);
+        page.replace(2, 2, low(end - page.size(), 2));
         page.resize(end);
         for (auto slot = slots.rbegin(); slot != slots.rend(); ++slot) page += slot->bytes;
         return page;
@@ -136,7 +123,7 @@ private:
             std::uint32_t code = lead < 0x80 ? lead : lead < 0xE0 ? lead & 0x1FU : lead & 0x0FU;
             for (int more = lead < 0xC0 ? 0 : lead < 0xE0 ? 1 : 2; more > 0; --more)
                 code = code << 6U | (static_cast<unsigned char>(text[i++]) & 0x3FU);
-            put(bytes, code, old_ ? 1 : 2);
+            bytes += low(code, unit_);
         }
         return bytes;
     }
@@ -145,18 +132,13 @@ private:
         const auto* text = std::get_if<std::string>(&cell);
         if (text == nullptr) return {};
         if (column.type == Type::Text) return text_bytes(*text);
-        std::string bytes;
         const std::string inside = text_bytes(*text);
-        put(bytes, inside.size() | 0x80000000U, 4);  // the text follows here
-        put(bytes, 0, 8);
-        return bytes + inside;
+        return low(inside.size() | 0x80000000U, 12) + inside;  // the text follows here
     }
 
     [[nodiscard]] std::string row_bytes(const Table& table, const std::vector<Cell>& cells) const {
-        const int number = old_ ? 1 : 2;
-        std::string row;
+        std::string row = low(table.columns.size(), unit_);
         std::string present((table.columns.size() + 7) / 8, '\0');
-        put(row, table.columns.size(), number);
         for (std::size_t i = 0; i < cells.size(); ++i) {
             const Column& column = table.columns[i];
             const double* value = std::get_if<double>(&cells[i]);
@@ -175,67 +157,51 @@ private:
         if (!places.empty()) {
             places.push_back(row.size());
             for (auto place = places.rbegin(); place != places.rend(); ++place)
-                put(row, *place, number);
-            if (old_) put_jumps(row, places, present.size());
-            put(row, places.size() - 1, number);
+                row += low(*place, unit_);
+            if (old_) row += jumps(row.size() + present.size(), places);
+            row += low(places.size() - 1, unit_);
         }
         return row + present;
     }
 
-    /// Places of one byte: from which of them on 256 are to be added.
-    static void put_jumps(std::string& row, const std::vector<std::size_t>& places,
-                          std::size_t behind) {
-        std::size_t jumps = 0;
-        while ((row.size() + jumps + 1 + behind - 1) / 256 > jumps) ++jumps;
-        for (; jumps > 0; --jumps) {
-            std::size_t first = 0;
-            while (first < places.size() && places[first] < 256 * jumps) ++first;
-            put(row, first < places.size() ? first : 0xFF, 1);
+    /// Places of one byte: from which of them on 256 are to be added, the last such first.
+    static std::string jumps(std::size_t length, const std::vector<std::size_t>& places) {
+        std::string bytes;
+        std::size_t count = 0;
+        while ((length + count) / 256 > count) ++count;
+        for (; count > 0; --count) {
+            const auto first = std::find_if(places.begin(), places.end(), [&](std::size_t place) {
+                return place >= 256 * count;
+            });
+            bytes += first == places.end() ? '\xFF' : static_cast<char>(first - places.begin());
         }
+        return bytes;
     }
 
     /// The definition behind the head of its page.
     [[nodiscard]] std::string definition(const Table& table, std::size_t map_page) const {
         std::string fields;
         std::string names;
-        std::uint16_t fixed = 0;
-        std::uint16_t varying = 0;
+        unsigned fixed = 0;
+        unsigned varying = 0;
         for (std::size_t i = 0; i < table.columns.size(); ++i) {
             const auto& [name, type, length] = table.columns[i];
-            put(fields, static_cast<std::uint64_t>(type), old_ ? 1 : 5);
-            put(fields, i, 2);
-            put(fields, varies(type) ? varying++ : 0, 2);
-            put(fields, i, 2);
-            put(fields, 0, old_ ? 6 : 4);
-            put(fields, varies(type) ? 2 : 3, old_ ? 1 : 6);
-            put(fields, varies(type) ? 0 : fixed, 2);
-            const int unit = old_ ? 1 : 2;
-            put(fields, varies(type) ? static_cast<unsigned>(length * unit) : width_of(type), 2);
-            if (!varies(type) && type != Type::Boolean)
-                fixed = std::uint16_t(fixed + width_of(type));
+            const bool var = varies(type);
+            const unsigned width = var ? unsigned(length * unit_) : width_of(type);
+            fields += low(std::uint64_t(type), old_ ? 1 : 5) + low(i, 2) +
+                      low(var ? varying++ : 0, 2) + low(i, 2) + low(0, old_ ? 6 : 4) +
+                      low(var ? 2 : 3, old_ ? 1 : 6) + low(var ? 0 : fixed, 2) + low(width, 2);
+            if (!var && type != Type::Boolean) fixed += width;
             const std::string text = text_bytes(name);
-            put(names, text.size(), unit);
-            names += text;
+            names += low(text.size(), unit_) + text;
         }
-        std::string bytes;
-        if (!old_) put(bytes, 1625, 4);
-        put(bytes, table.rows.size(), 4);
-        put(bytes, 0, old_ ? 4 : 20);
-        put(bytes, table.flags == system_table ? 0x53 : 0x4E, 1);
-        put(bytes, table.columns.size(), 2);
-        put(bytes, varying, 2);
-        put(bytes, table.columns.size(), 2);
-        put(bytes, 0, 8);                    // no indexes
-        put(bytes, map_page << 8U, 4);       // row 0 of the page: the table's pages
-        put(bytes, map_page << 8U | 1U, 4);  // row 1: those with room
-        return bytes + fields + names + "\xFF\xFF";
-    }
-
-    /// The first row of a page.
-    static std::string pointer_to(std::size_t page) {
-        std::string bytes;
-        put(bytes, page << 8U, 4);
-        return bytes;
+        const std::size_t count = table.columns.size();
+        return low(1625, old_ ? 0 : 4) + low(table.rows.size(), 4) + low(0, old_ ? 4 : 20) +
+               low(table.flags == system_table ? 0x53 : 0x4E, 1) + low(count, 2) + low(varying, 2) +
+               low(count, 2) + low(0, 8) +    // no indexes
+               low(map_page << 8U, 4) +       // row 0: the table's pages
+               low(map_page << 8U | 1U, 4) +  // row 1: those with room
+               fields + names + "\xFF\xFF";
     }
 
     void add(const Table& table, std::size_t page) {
@@ -252,7 +218,7 @@ private:
         std::size_t room = whole_room;
         for (std::size_t n = 0; n < table.rows.size(); ++n) {
             Slot row = {row_bytes(table, table.rows[n])};
-            if (table.moved && n == 1) row = {pointer_to(first), points_elsewhere};
+            if (table.moved && n == 1) row = {low(first << 8U, 4), points_elsewhere};
             if (row.bytes.size() + 2 > room) {
                 pages_.push_back(data_page(page, rows));
                 rows = fresh;
@@ -262,11 +228,32 @@ private:
             rows.push_back(row);
         }
         if (rows.size() > 1) pages_.push_back(data_page(page, rows));
-        std::string map(5 + 64 + (pages_.size() - first) / 8, '\0');
-        put_at(map, 1, first, 4);
-        for (std::size_t n = 0; n < pages_.size() - first; ++n)
-            map[5 + n / 8] = static_cast<char>(map[5 + n / 8] | 1 << n % 8);
+        const std::string map = map_of(first, pages_.size());
         pages_[map_page] = data_page(1, {{map}, {std::string(69, '\0')}});
+    }
+
+    /// The map of the pages from `first` to `end`: in place, or where it has no room for them, of
+    /// pages of maps.
+    std::string map_of(std::size_t first, std::size_t end) {
+        const auto bits = [&](std::size_t origin, std::size_t bytes) {
+            std::string map(bytes, '\0');
+            for (std::size_t n = std::max(first, origin); n < std::min(end, origin + bytes * 8);
+                 ++n)
+                map[(n - origin) / 8] =
+                    static_cast<char>(map[(n - origin) / 8] | 1 << (n - origin) % 8);
+            return map;
+        };
+        constexpr std::size_t bytes_in_place = 64;
+        if (end - first <= bytes_in_place * 8)
+            return low(0, 1) + low(first, 4) + bits(first, bytes_in_place);
+        std::string map = low(1, 1);
+        const std::size_t bytes = page_size_ - 4;
+        for (std::size_t origin = 0; origin < end; origin += bytes * 8) {
+            map += low(pages_.size(), 4);
+            pages_.push_back(low(0x105, 4) + bits(origin, bytes));
+        }
+        map.resize(5 + bytes_in_place);
+        return map;
     }
 
     void put_definition(const std::string& bytes, std::size_t page) {
@@ -274,18 +261,19 @@ private:
             const std::size_t head = from == 0 ? 12 : 8;
             const std::string part = bytes.substr(from, page_size_ - head);
             from += part.size();
-            std::string text(old_ ? "\2\1VC" : std::string("\2\1\0\0", 4));
-            put(text, from < bytes.size() ? pages_.size() : 0, 4);
-            if (head == 12) put(text, bytes.size(), 4);
-            text += part;
+            const bool more = from < bytes.size();
+            std::string text = (old_ ? "\2\1VC" : std::string("\2\1\0\0", 4)) +
+                               low(more ? pages_.size() : 0, 4) +
+                               low(bytes.size(), head == 12 ? 4 : 0) + part;
             text.resize(page_size_);
             pages_[page] = text;
             page = pages_.size();
-            if (from < bytes.size()) pages_.emplace_back();
+            if (more) pages_.emplace_back();
         }
     }
 
     bool old_;
+    int unit_;  // bytes of a character, and of a place in a row
     std::size_t page_size_;
     std::vector<std::string> pages_;
 };

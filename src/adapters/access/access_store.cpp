@@ -74,9 +74,8 @@ std::optional<std::string> checked(std::optional<std::string> cell) {
     return cell;
 }
 
-/// The reader of one file; what becomes of it is told as the failure of the file.
+/// The reader of one file.
 class FileReader {
-private:
     /// What becomes of the reader in `body` is told as the failure of the file.
     template <class Body>
     auto told(const Body& body) const {
@@ -84,8 +83,9 @@ private:
             return body();
         } catch (const Nonsense&) {
             throw InputError(at(path_, Reason(damaged)));
-        } catch (const Answer& failure) {
-            throw InputError(at(path_, Reason(failure == Answer::Encrypted ? encrypted : damaged)));
+        } catch (const Outcome& failure) {
+            throw InputError(
+                at(path_, Reason(failure == Outcome::Encrypted ? encrypted : damaged)));
         } catch (const ReaderProcess::End& end) {
             if (end == ReaderProcess::End::NotStarted)
                 throw InputError(at(path_, Reason(no_reader, {program_})),
@@ -109,8 +109,8 @@ public:
         return told([&] {
             const std::string bytes = process_->ask(question);
             MessageParts parts(bytes);
-            const auto kind = static_cast<Answer>(parts.number());
-            if (kind != Answer::Done) throw kind;
+            const auto kind = static_cast<Outcome>(parts.number());
+            if (kind != Outcome::Done) throw kind;
             auto result = read(parts);
             parts.end();
             return result;

@@ -102,7 +102,7 @@ void read_page(MdbHandle* file, std::uint64_t page) {
     if (::fstat(file_number, &facts) != 0 ||
         (page + 1) * length > static_cast<std::uint64_t>(facts.st_size) ||
         mdb_read_pg(file, page) == 0)
-        throw Answer::Damaged;
+        throw Outcome::Damaged;
 }
 
 }  // namespace
@@ -114,33 +114,33 @@ JetTable::JetTable(MdbHandle* file, const std::string& name, std::uint64_t page)
     entry_->table_pg = page;
     name.copy(entry_->object_name, MDB_MAX_OBJ_NAME);
     table_.reset(mdb_read_table(entry_.get()));
-    if (!table_ || table_->num_cols > most_columns) throw Answer::Damaged;
+    if (!table_ || table_->num_cols > most_columns) throw Outcome::Damaged;
     if (mdb_read_columns(table_.get()) == nullptr || table_->columns->len != table_->num_cols)
-        throw Answer::Damaged;
+        throw Outcome::Damaged;
     fields_.resize(most_columns + 1);
     require_pages(page);
 }
 
-/// The pages that tell of the table are there.
+/// The pages that tell of the table are there: its definition and the maps of its pages.
 void JetTable::require_pages(std::uint64_t page) {
     constexpr int next_place = 4;  // in a page of a definition
-    constexpr std::size_t page_length = 4;
+    constexpr std::size_t entry_length = 4;
     constexpr unsigned char map_of_maps = 1;
+    const auto number_at = [](void* bytes, std::size_t place) {
+        return static_cast<guint32>(mdb_get_int32(bytes, static_cast<int>(place)));
+    };
     read_page(file_, page);
-    read_page(
-        file_,
-        static_cast<guint32>(mdb_get_int32(file_->pg_buf, file_->fmt->tab_usage_map_offset)) >> 8U);
-    read_page(file_, page);
-    for (int pages = 0; mdb_get_int32(file_->pg_buf, next_place) != 0; ++pages) {
+    const guint32 map = number_at(file_->pg_buf, file_->fmt->tab_usage_map_offset);
+    for (int pages = 0; const guint32 next = number_at(file_->pg_buf, next_place); ++pages) {
         if (pages == most_definition_pages || file_->pg_buf[0] != MDB_PAGE_TABLE)
-            throw Answer::Damaged;
-        read_page(file_, static_cast<guint32>(mdb_get_int32(file_->pg_buf, next_place)));
+            throw Outcome::Damaged;
+        read_page(file_, next);
     }
-    if (table_->map_sz < 1 + page_length) throw Answer::Damaged;
+    read_page(file_, map >> 8U);
+    if (table_->map_sz < 1 + entry_length) throw Outcome::Damaged;
     if (table_->usage_map[0] != map_of_maps) return;
-    for (std::size_t at = 1; at + page_length <= table_->map_sz; at += page_length)
-        read_page(file_,
-                  static_cast<guint32>(mdb_get_int32(table_->usage_map, static_cast<int>(at))));
+    for (std::size_t at = 1; at + entry_length <= table_->map_sz; at += entry_length)
+        read_page(file_, number_at(table_->usage_map, at));
 }
 
 std::vector<std::string> JetTable::columns() const {
@@ -157,7 +157,7 @@ bool JetTable::go(std::uint64_t key) {
     for (;;) {
         read_page(file_, page_);
         // Only the first page of a file has this type; an emptied one has it too.
-        if (file_->pg_buf[0] == MDB_PAGE_DB) throw Answer::Damaged;
+        if (file_->pg_buf[0] == MDB_PAGE_DB) throw Outcome::Damaged;
         // A map may name pages that belong to others by now.
         const bool own =
             file_->pg_buf[0] == MDB_PAGE_DATA &&
@@ -176,7 +176,7 @@ bool JetTable::next_page() {
         mdb_map_find_next(file_, table_->usage_map, static_cast<unsigned>(table_->map_sz),
                           static_cast<guint32>(page_));
     if (next == 0) return false;
-    if (next < 0 || static_cast<std::uint64_t>(next) <= page_) throw Answer::Damaged;
+    if (next < 0 || static_cast<std::uint64_t>(next) <= page_) throw Outcome::Damaged;
     page_ = static_cast<std::uint64_t>(next);
     row_ = 0;
     return true;
@@ -191,16 +191,16 @@ bool JetTable::read_row() {
     // Of a deleted row nothing else need be right.
     const bool found = find(static_cast<guint32>(row_));
     if ((start & deleted_row) != 0) return false;
-    if (!found) throw Answer::Damaged;
+    if (!found) throw Outcome::Damaged;
     if (length == 0) return false;
     for (int moves = 0; (start & moved_row) != 0; ++moves) {
         const auto place = static_cast<guint32>(mdb_get_int32(file_->pg_buf, start & place_of_row));
-        if (length < sizeof place || moves == most_moves) throw Answer::Damaged;
+        if (length < sizeof place || moves == most_moves) throw Outcome::Damaged;
         read_page(file_, place >> 8U);
-        if (!find(place & 0xFFU)) throw Answer::Damaged;
+        if (!find(place & 0xFFU)) throw Outcome::Damaged;
     }
     if (mdb_crack_row(table_.get(), start & place_of_row, length, fields_.data()) < 0)
-        throw Answer::Damaged;
+        throw Outcome::Damaged;
     return true;
 }
 
@@ -212,7 +212,7 @@ std::optional<std::string> JetTable::cell(std::uint64_t column) const {
     if (field.is_null != 0) return std::nullopt;
     const int width = std::max(width_of(type.col_type), field.siz);
     if (field.start < 0 || field.siz < 0 || field.start + width > file_->fmt->pg_size)
-        throw Answer::Damaged;
+        throw Outcome::Damaged;
     unsigned char* const page = file_->pg_buf;
     const int start = field.start;
     switch (type.col_type) {
@@ -237,10 +237,10 @@ std::optional<std::string> JetTable::cell(std::uint64_t column) const {
 JetFile::JetFile() {
     const std::string path = "/proc/self/fd/" + std::to_string(file_number);
     file_.reset(mdb_open(path.c_str(), MDB_NOFLAGS));
-    if (!file_) throw Answer::Damaged;
+    if (!file_) throw Outcome::Damaged;
     // The pages of newer files are encrypted by the password, those of older ones by this key.
     if (file_->f->jet_version >= MDB_VER_ACCDB_2007 && file_->f->db_key != 0)
-        throw Answer::Encrypted;
+        throw Outcome::Encrypted;
     mdb_set_bind_size(file_.get(), longest_text);
     read_catalog();
 }
@@ -251,7 +251,7 @@ void JetFile::read_catalog() {
     const auto columns = catalog.columns();
     const auto text = [&](const char* column) {
         const auto found = std::find(columns.begin(), columns.end(), column);
-        if (found == columns.end()) throw Answer::Damaged;
+        if (found == columns.end()) throw Outcome::Damaged;
         return catalog.cell(static_cast<std::uint64_t>(found - columns.begin())).value_or("");
     };
     const auto number = [&](const char* column) {

@@ -11,7 +11,7 @@
 #include "adapters/access/wire.h"
 
 // Access files by libmdb, which may crash or never end on a damaged one: only for the reader, a
-// process of its own. Failures throw an `Answer`.
+// process of its own. Failures throw an `Outcome`.
 
 namespace zel::access {
 

@@ -64,10 +64,10 @@ bool send(const Message& answer) {
     return true;
 }
 
-Message beginning(Answer answer) { return Message().number(static_cast<std::uint64_t>(answer)); }
+Message beginning(Outcome answer) { return Message().number(static_cast<std::uint64_t>(answer)); }
 
 Message tables(JetFile& file) {
-    Message answer = beginning(Answer::Done);
+    Message answer = beginning(Outcome::Done);
     answer.number(file.tables().size());
     for (const JetTable& table : file.tables()) {
         const auto columns = table.columns();
@@ -92,7 +92,7 @@ Message rows(JetFile& file, MessageParts& question) {
         for (const std::uint64_t column : columns) found.cell(table.cell(column));
         ++count;
     }
-    Message answer = beginning(Answer::Done);
+    Message answer = beginning(Outcome::Done);
     answer.number(more ? 1 : 0).number(count);
     return answer.append(found);
 }
@@ -104,7 +104,7 @@ Message answer_to(const std::string& bytes, std::optional<JetFile>& file) {
         return question.number() == static_cast<std::uint64_t>(Question::Tables)
                    ? tables(*file)
                    : rows(*file, question);
-    } catch (const Answer& failure) {
+    } catch (const Outcome& failure) {
         return beginning(failure);
     }
 }

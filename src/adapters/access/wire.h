@@ -15,13 +15,13 @@
 //   Rows table from most n columns          answer: whether rows follow, n, then of each row at
 //                                           `from` or behind it its key and the columns' values
 //
-// Tables and columns are places in the answer to Tables. Every answer begins with an `Answer`; only
-// Done has more.
+// Tables and columns are places in the answer to Tables. Every answer begins with an `Outcome`;
+// only Done has more.
 
 namespace zel::access {
 
 enum class Question : std::uint8_t { Tables = 1, Rows = 2 };
-enum class Answer : std::uint8_t { Done = 1, Damaged = 2, Encrypted = 3 };
+enum class Outcome : std::uint8_t { Done = 1, Damaged = 2, Encrypted = 3 };
 
 /// Where the reader finds what it is started with.
 constexpr int channel_number = 3;

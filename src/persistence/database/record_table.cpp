@@ -37,6 +37,9 @@ constexpr Text cut_line = {"{0}: {1} Zeichen", "{0}: {1} characters"};
 constexpr Text beyond_column = {"{0}: die Zahl liegt außerhalb des Bereichs ihrer Spalte, {1}",
                                 "{0}: the number is beyond the range of its column, {1}"};
 constexpr Text no_table = {"es gibt keine Tabelle {0}", "there is no table {0}"};
+constexpr Text too_few_rows = {
+    "die Datei zählt {0} Zeilen, lesbar sind {1}; sie ist vermutlich beschädigt",
+    "the file counts {0} rows, {1} can be read; it is probably damaged"};
 constexpr Text holds_none = {"die Tabelle {0} enthält keine solchen Fälle",
                              "the table {0} holds no such cases"};
 
@@ -104,6 +107,11 @@ TableInfo record_table(Database& database, const TableFormat& format, const std:
         return std::move(table);
     }
     throw InputError(Reason(no_table, {name}), PlatformFault::NoRecords, name);
+}
+
+std::optional<Reason> miscounted(const TableInfo& table, std::size_t rows) {
+    if (table.counted_rows.value_or(rows) == rows) return std::nullopt;
+    return Reason(too_few_rows, {std::to_string(*table.counted_rows), std::to_string(rows)});
 }
 
 TableColumn column_of(const FieldOf& field) {

@@ -42,6 +42,10 @@ struct TableFormat {
 [[nodiscard]] std::vector<TableInfo> record_tables(Database& database, const TableFormat& format,
                                                    bool to_save = false);
 
+/// Tells that other `rows` of a table could be read than its file counts; nothing where they agree,
+/// and where the file does not count.
+[[nodiscard]] std::optional<Reason> miscounted(const TableInfo& table, std::size_t rows);
+
 /// The column of a field: Text(100), Single, ...
 [[nodiscard]] TableColumn column_of(const FieldOf& field);
 

@@ -15,9 +15,6 @@ constexpr Text import_cancelled = {"der Import wurde abgebrochen; es ist nichts 
                                    "the import was cancelled; nothing is saved"};
 
 constexpr Text holds_none = {"enthält keine solchen Fälle", "holds no such cases"};
-constexpr Text too_few_rows = {
-    "die Datei zählt {0} Zeilen, lesbar sind {1}; sie ist vermutlich beschädigt",
-    "the file counts {0} rows, {1} can be read; it is probably damaged"};
 constexpr Text no_such_column = {"die Spalte gehört nicht zu solchen Fällen",
                                  "the column does not belong to such cases"};
 constexpr Text text_cut = {"der Text wurde auf {0} Zeichen gekürzt",
@@ -66,12 +63,7 @@ private:
                 throw InputError(Reason(import_cancelled), PlatformFault::DialogCancelled);
             return true;
         });
-        if (table.counted_rows && *table.counted_rows != rows)
-            tell({table.name,
-                  0,
-                  {},
-                  Reason(too_few_rows,
-                         {std::to_string(*table.counted_rows), std::to_string(rows)})});
+        if (const auto lost = miscounted(table, rows)) tell({table.name, 0, {}, *lost});
         result_.tables.push_back({table.name, rows});
     }
 
@@ -112,7 +104,7 @@ private:
     }
 
     void tell(LeftOut what) {
-        if (result_.left_out.size() < ImportResult::most_told)
+        if (what.row == 0 || result_.left_out.size() < ImportResult::most_told)
             result_.left_out.push_back(std::move(what));
         else
             ++result_.untold;

@@ -22,7 +22,7 @@ struct LeftOut {
 
 struct ImportResult {
     std::vector<ImportedTable> tables;
-    std::vector<LeftOut> left_out;  // `most_told` at the most
+    std::vector<LeftOut> left_out;  // of rows `most_told` at the most
     std::size_t untold = 0;         // how many more there are
 
     static constexpr std::size_t most_told = 1000;

@@ -21,7 +21,7 @@ bool go_on(std::size_t /*done*/, std::size_t /*of*/) { return true; }
 std::vector<std::string> told(const ImportResult& result) {
     std::vector<std::string> lines;
     for (const auto& [table, row, column, reason] : result.left_out)
-        lines.push_back(table + " " + std::to_string(row) + " " + column + ": " + reason.en);
+        lines.push_back(fill("{0} {1} {2}: {3}", {table, std::to_string(row), column, reason.en}));
     return lines;
 }
 
@@ -30,9 +30,12 @@ struct Import : testing::Test {
     std::string path = folder.file("new.mdb");
     SqliteStore store;
 
-    std::unique_ptr<Database> access(const std::vector<access_file::Table>& tables) {
-        folder.write("old.mdb", access_file::bytes_of(tables));
+    std::unique_ptr<Database> access(const std::string& bytes) {
+        folder.write("old.mdb", bytes);
         return AccessStore(ZEL_ACCESS_READER).open(folder.file("old.mdb"));
+    }
+    std::unique_ptr<Database> access(const std::vector<access_file::Table>& tables) {
+        return access(access_file::bytes_of(tables));
     }
     ImportResult import(Database& from, const ImportProgress& progress = go_on) {
         return import_tables(from, case_tables(), store, path, progress);
@@ -95,16 +98,20 @@ TEST_F(Import, tells_what_it_leaves_out) {
          {"Foto", Type::Text, 20}},
         {{std::string(101, 'x'), 46194.0, "", " ", 21.5, "80,5", 1e300, "f"},
          {"y", 46194.0, "B", "A", 40000.0, " 80.5 ", 0.1, "f"}}};
-    const auto old = access({table, {"Other", {{"a"}}, {}}});
+    std::string bytes = access_file::bytes_of({table, {"Other", {{"a"}}, {}}});
+    bytes[3 * 4096 + 16] = 3;  // the rows that the first table counts
+    const auto old = access(bytes);
     const ImportResult result = import(*old);
-    EXPECT_EQ(told(result), (std::vector<std::string>{
-                                "Other 0 : holds no such cases",
-                                "T 0 Foto: the column does not belong to such cases",
-                                "T 1 Projekt_db: the text was cut to 100 characters",
-                                "T 1 Tag_db: \"21.5\" was rounded to a whole number",
-                                "T 1 Leitertemp_db: \"80,5\" is no number",
-                                "T 1 Wind1_db: \"1e+300\" is beyond the range of the column",
-                                "T 2 Tag_db: \"40000\" is beyond the range of the column"}));
+    EXPECT_EQ(
+        told(result),
+        (std::vector<std::string>{
+            "Other 0 : holds no such cases", "T 0 Foto: the column does not belong to such cases",
+            "T 1 Projekt_db: the text was cut to 100 characters",
+            "T 1 Tag_db: \"21.5\" was rounded to a whole number",
+            "T 1 Leitertemp_db: \"80,5\" is no number",
+            "T 1 Wind1_db: \"1e+300\" is beyond the range of the column",
+            "T 2 Tag_db: \"40000\" is beyond the range of the column",
+            "T 0 : the file counts 3 rows, 2 can be read; it is probably damaged"}));
     const auto made = store.open(path);
     const std::vector<std::string> columns = {"Projekt_db", "Datum_db",      "Bearbeiter_db",
                                               "Tag_db",     "Leitertemp_db", "Wind1_db"};
@@ -135,9 +142,7 @@ TEST_F(Import, makes_nothing_where_it_fails) {
     EXPECT_EQ(fault_of(*access({{"Other", {{"a"}}, {}}})), PlatformFault::NoRecords);
     std::string bytes = access_file::bytes_of({access_table(case_tables(), "T", 30)});
     bytes.replace(bytes.size() - 4 * 4096, 4096, 4096, '\0');
-    folder.write("old.mdb", bytes);
-    const auto damaged = AccessStore(ZEL_ACCESS_READER).open(folder.file("old.mdb"));
-    EXPECT_EQ(fault_of(*damaged), PlatformFault::Unforeseen);
+    EXPECT_EQ(fault_of(*access(bytes)), PlatformFault::Unforeseen);
     folder.write("new.mdb", "mine");
     EXPECT_THROW((void)import(*old), PlatformError);
     EXPECT_EQ(folder.read("new.mdb"), "mine");
