@@ -61,11 +61,11 @@ Entry entered(double value) { return {plain_number(value, DecimalSeparator::Poin
 
 /// From the lowest value up to the highest, which stands there where a whole number of steps leads
 /// to it.
-std::vector<double> steps_of(const CalcCase& c, Stepped stepped, int parts = 1) {
+std::vector<double> steps_of(const CalcCase& c, Stepped stepped, double parts = 1) {
     constexpr double rounding_noise = 1e-9;  // of a step
     const Kind& kind = kind_of(stepped);
     const double low = (c.*kind.low).value;
-    const double step = static_cast<double>(c.*kind.step) / parts;
+    const double step = c.*kind.step / parts;
     const auto last =
         static_cast<std::size_t>(std::floor(((c.*kind.high).value - low) / step + rounding_noise));
     std::vector<double> steps;
@@ -79,8 +79,8 @@ std::vector<double> steps_of_curves(const CalcCase& c, Stepped stepped) {
     const Kind& kind = kind_of(stepped);
     const double high = (c.*kind.high).value;
     const double range = high - (c.*kind.low).value;
-    const int parts = static_cast<int>(std::ceil(fewest_points * (c.*kind.step) / range));
-    std::vector<double> steps = steps_of(c, stepped, std::max(parts, 1));
+    const double parts = std::ceil(fewest_points * (c.*kind.step) / range);
+    std::vector<double> steps = steps_of(c, stepped, std::max(parts, 1.0));
     if (steps.back() < high) steps.push_back(high);
     return steps;
 }
