@@ -19,9 +19,6 @@ using nlohmann::ordered_json;
 
 constexpr Text own_name = {"so heißt eine Datenbank des Programms",
                            "the name is that of a database of the program"};
-constexpr Text rows_imported = {"{0}: {1} Zeilen übernommen\n", "{0}: {1} rows imported\n"};
-constexpr Text in_row = {"{0}, Zeile {1}, {2}", "{0}, row {1}, {2}"};
-constexpr Text more_left_out = {"und {0} weitere\n", "and {0} more\n"};
 
 /// While it lives, an interrupt waits, so that what has been begun can be taken away; then it ends
 /// the program as ever.
@@ -30,7 +27,8 @@ public:
     LateInterrupt() {
         sigset_t signals;
         sigemptyset(&signals);
-        for (const int signal : interrupts) sigaddset(&signals, signal);
+        for (const int signal : interrupts)
+            if (!ignored(signal)) sigaddset(&signals, signal);
         sigprocmask(SIG_BLOCK, &signals, &before_);
     }
     ~LateInterrupt() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
@@ -47,29 +45,17 @@ public:
 private:
     static constexpr int interrupts[] = {SIGINT, SIGTERM, SIGHUP};
 
+    static bool ignored(int signal) {
+        struct sigaction present {};
+        return sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_IGN;
+    }
+
     sigset_t before_{};
 };
 
 /// `path` from the root on, whether its file is there or not.
 std::string whole_path(const std::string& path) {
     return std::filesystem::absolute(path).lexically_normal().string();
-}
-
-/// The table, or a value in it.
-std::string place_of(const LeftOut& left_out, LangId lang) {
-    if (left_out.row == 0)
-        return left_out.table + (left_out.column.empty() ? "" : ", " + left_out.column);
-    return fill(in_row.in(lang), {left_out.table, std::to_string(left_out.row), left_out.column});
-}
-
-std::string listing_of(const ImportResult& result, LangId lang) {
-    std::string text;
-    for (const auto& [name, rows] : result.tables)
-        text += fill(rows_imported.in(lang), {printable(name), std::to_string(rows)});
-    for (const LeftOut& left_out : result.left_out)
-        text += printable(place_of(left_out, lang) + ": " + left_out.reason.in(lang)) + "\n";
-    if (result.untold > 0) text += fill(more_left_out.in(lang), {std::to_string(result.untold)});
-    return text;
 }
 
 ordered_json json_of(const ImportResult& result, LangId lang) {

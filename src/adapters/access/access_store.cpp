@@ -88,8 +88,7 @@ class FileReader {
                 at(path_, Reason(failure == Outcome::Encrypted ? encrypted : damaged)));
         } catch (const ReaderProcess::End& end) {
             if (end == ReaderProcess::End::NotStarted)
-                throw InputError(at(path_, Reason(no_reader, {program_})),
-                                 PlatformFault::ProgramMissing);
+                throw InputError(at(path_, Reason(no_reader, {program_})));
             const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(limit_).count();
             throw InputError(at(path_, end == ReaderProcess::End::Broken
                                            ? Reason(damaged)
