@@ -19,6 +19,12 @@ using nlohmann::ordered_json;
 
 constexpr Text own_name = {"so heißt eine Datenbank des Programms",
                            "the name is that of a database of the program"};
+constexpr Text no_calculations = {
+    "keine Tabelle enthält Berechnungen; Kurzschlußfälle werden mit --short-circuit übernommen",
+    "no table holds calculations; short-circuit cases are imported with --short-circuit"};
+constexpr Text no_short_circuit_cases = {
+    "keine Tabelle enthält Kurzschlußfälle; Berechnungen werden ohne --short-circuit übernommen",
+    "no table holds short-circuit cases; calculations are imported without --short-circuit"};
 constexpr Text rows_imported = {"{0}: {1} Zeilen übernommen\n", "{0}: {1} rows imported\n"};
 constexpr Text in_row = {"{0}, Zeile {1}, {2}", "{0}, row {1}, {2}"};
 constexpr Text more_left_out = {"und {0} weitere\n", "and {0} more\n"};
@@ -111,6 +117,10 @@ int import_database(const DbWords& words, Console& /*console*/) {
     refuse_reserved(words, words.new_file);
     DatabaseFiles store;
     const auto old = store.open(words.file);
+    if (record_tables(*old, words.area().tables).empty())
+        throw InputError(
+            at(words.file, Reason(words.short_circuit ? no_short_circuit_cases : no_calculations)),
+            PlatformFault::NoRecords);
     const ImportResult result = [&] {
         const LateInterrupt interrupt;
         BatchProgress progress(words);
