@@ -25,9 +25,6 @@ constexpr Text no_calculations = {
 constexpr Text no_short_circuit_cases = {
     "keine Tabelle enthält Kurzschlußfälle; Berechnungen werden ohne --short-circuit übernommen",
     "no table holds short-circuit cases; calculations are imported without --short-circuit"};
-constexpr Text rows_imported = {"{0}: {1} Zeilen übernommen\n", "{0}: {1} rows imported\n"};
-constexpr Text in_row = {"{0}, Zeile {1}, {2}", "{0}, row {1}, {2}"};
-constexpr Text more_left_out = {"und {0} weitere\n", "and {0} more\n"};
 
 /// While it lives, an interrupt waits, so that what has been begun can be taken away; then it ends
 /// the program as ever.
@@ -65,23 +62,6 @@ private:
 /// `path` from the root on, whether its file is there or not.
 std::string whole_path(const std::string& path) {
     return std::filesystem::absolute(path).lexically_normal().string();
-}
-
-/// The table, or a value in it.
-std::string place_of(const LeftOut& left_out, LangId lang) {
-    if (left_out.row == 0)
-        return left_out.table + (left_out.column.empty() ? "" : ", " + left_out.column);
-    return fill(in_row.in(lang), {left_out.table, std::to_string(left_out.row), left_out.column});
-}
-
-std::string listing_of(const ImportResult& result, LangId lang) {
-    std::string text;
-    for (const auto& [name, rows] : result.tables)
-        text += fill(rows_imported.in(lang), {printable(name), std::to_string(rows)});
-    for (const LeftOut& left_out : result.left_out)
-        text += printable(place_of(left_out, lang) + ": " + left_out.reason.in(lang)) + "\n";
-    if (result.untold > 0) text += fill(more_left_out.in(lang), {std::to_string(result.untold)});
-    return text;
 }
 
 ordered_json json_of(const ImportResult& result, LangId lang) {

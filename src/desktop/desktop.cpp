@@ -131,6 +131,7 @@ int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform 
                        launcher,
                        platform.files,
                        platform.workbooks,
+                       platform.tables,
                        std::move(platform.conductors),
                        std::move(options.start_path)};
     state.session.memory = &state.memory;

@@ -8,6 +8,7 @@
 #include "persistence/conductor_library.h"
 #include "platform/case_store.h"
 #include "platform/system.h"
+#include "platform/table_store.h"
 #include "platform/text/number_text.h"
 #include "platform/text/text.h"
 #include "platform/workbook.h"
@@ -27,6 +28,7 @@ struct DesktopOptions {
 struct DesktopPlatform {
     CaseStore& store;
     WorkbookStore& workbooks;
+    TableStore& tables;
     Settings& settings;
     SystemFacts system;
     std::string data_folder;                // databases and the shipped templates

@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "desktop/conductors/conductor_desk.h"
+#include "desktop/databases/database_desk.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/language_menu.h"
 #include "desktop/frame/window_icon.h"
@@ -73,8 +74,22 @@ FormMain::FormMain(DesktopState& state)
 }
 
 AreaParts FormMain::area_parts() {
-    return {state_.session, captions_, state_.store, state_.chooser,
-            [this](LangId lang) { switch_language(lang); }};
+    return {state_.session,
+            captions_,
+            state_.store,
+            state_.chooser,
+            [this](LangId lang) { switch_language(lang); },
+            make_databases()};
+}
+
+MakeDatabaseSource FormMain::make_databases() {
+    return [this](AreaFrame& form, const forms::DatabaseForms& forms) {
+        const DatabaseParts parts = {state_.session,    state_.settings, state_.chooser,
+                                     state_.errors,     state_.tables,   state_.workbooks,
+                                     state_.files,      captions_,       state_.data_folder,
+                                     state_.patience_ms};
+        return std::make_unique<DatabaseDesk>(form, forms, parts);
+    };
 }
 
 MakeConductorSource FormMain::make_conductors() {

@@ -33,6 +33,7 @@ protected:
 private:
     [[nodiscard]] AreaParts area_parts();
     [[nodiscard]] MakeConductorSource make_conductors();
+    MakeDatabaseSource make_databases();
     void make_file_menu();
     [[nodiscard]] QWidget* make_content();
     void switch_language(LangId lang);

@@ -4,6 +4,7 @@
 #include "platform/errors.h"
 #include "program/case_source.h"
 #include "program/command_line.h"
+#include "program/database_files.h"
 #include "program/stores.h"
 #include "shell/startup.h"
 
@@ -33,9 +34,11 @@ int open_windows(int& argc, char** argv, const DesktopWords& words) {
     }
     JsonCaseStore cases;
     XlsxStore workbooks;
+    DatabaseFiles tables;
     return run_desktop(argc, argv, std::move(desktop),
                        {cases,
                         workbooks,
+                        tables,
                         settings,
                         stores.system,
                         stores.paths.data_folder,

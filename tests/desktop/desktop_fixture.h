@@ -17,6 +17,7 @@
 
 #include "desktop/form_main.h"
 #include "fakes/memory_stores.h"
+#include "fakes/memory_tables.h"
 #include "fakes/memory_workbook.h"
 #include "fakes/scripted_chooser.h"
 #include "fakes/scripted_dialogs.h"
@@ -45,6 +46,7 @@ protected:
                                      launcher,
                                      disk,
                                      *used_workbooks,
+                                     *used_tables,
                                      {"/shipped", "/data/conductors.csv"}});
         state->session.memory = &state->memory;
         state->short_circuit = short_circuit;
@@ -125,6 +127,8 @@ protected:
     MemoryFiles disk;
     MemoryWorkbookStore workbooks;
     WorkbookStore* used_workbooks = &workbooks;
+    MemoryTableStore tables;
+    TableStore* used_tables = &tables;
     ShortCircuitForm short_circuit;  // of the short-circuit area at the start
     int patience_ms = 300;
     QWidget* window = nullptr;

@@ -114,9 +114,11 @@ TEST(RunDesktop, without_a_display_says_so_and_fails) {
     Settings settings(shared, user, "/data");
     testing::internal::CaptureStderr();
     MemoryWorkbookStore workbooks;
+    MemoryTableStore tables;
     MemoryFiles files;
-    EXPECT_EQ(run_desktop(argc, nullptr, {}, {store, workbooks, settings, {}, {}, {}, {}, files}),
-              1);
+    EXPECT_EQ(
+        run_desktop(argc, nullptr, {}, {store, workbooks, tables, settings, {}, {}, {}, {}, files}),
+        1);
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("display"));
 }
 

@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QTableView>
 #include <QTimer>
@@ -20,6 +21,7 @@
 #include "fakes/test_data.h"
 #include "fakes/transient_cases.h"
 #include "persistence/case_file.h"
+#include "persistence/database/case_table.h"
 #include "persistence/exchange_record.h"
 
 namespace zel {
@@ -86,6 +88,15 @@ std::string disk_file(const std::string& content) {
     return content;
 }
 
+/// A table of calculations with this number of columns.
+MemoryTable empty_table(const std::string& name, std::size_t columns) {
+    MemoryTable table = {name, {}};
+    const auto& all = case_tables().columns;
+    for (std::size_t i = 0; i < columns; ++i)
+        table.columns.push_back(i < all.size() ? all[i].name : "more" + std::to_string(i));
+    return table;
+}
+
 /// "~" stands before a part of the text.
 bool fits(const std::string& text, const std::string& expected) {
     if (!expected.starts_with('~')) return text == expected;
@@ -113,6 +124,10 @@ public:
             content == "@nothing" ? void(disk.files.erase(path))
                                   : void(disk.files[path] = disk_file(content));
         for (const auto& [path, values] : case_files.items()) store.files[path] = flat(values);
+        const json databases = part("databases");
+        for (const auto& [path, columns] : databases.items())
+            for (const auto& [table, count] : columns.items())
+                tables.files[path].push_back(empty_table(table, count));
         const LangId lang = script_.value("lang", LangId::English);
         short_circuit = form_named(script_.value("short_circuit", ""));
         CalcCase c = case_named(script_.value("case", ""));
@@ -210,7 +225,13 @@ private:
         else if (verb == "disk")
             disk.files[first] = disk_file(step.at(2));
         else if (verb == "sort")
-            part_of_window<QTableView>("conductors").sortByColumn(step.at(1), Qt::AscendingOrder);
+            list().sortByColumn(step.at(1), Qt::AscendingOrder);
+        else if (verb == "select")
+            list().selectRow(step.at(1));
+        else if (verb == "bar")
+            part_of_window<QScrollBar>("HScroll1").setValue(step.at(1));
+        else if (verb == "gone")
+            table_at(step).rows.erase(step.at(3).get<RowKey>());
         else if (verb == "keep")
             kept = shown_in(widget(first));
         else if (verb == "seen_behind_box")
@@ -337,6 +358,10 @@ private:
             EXPECT_PRED2(fits, on_disk(step.at(1)), step.at(2).get<std::string>());
         else if (verb == "disk_lacks")
             EXPECT_FALSE(fits(on_disk(step.at(1)), step.at(2)));
+        else if (verb == "stored")
+            EXPECT_EQ(table_at(step).rows.size(), step.at(3));
+        else if (verb == "asked")
+            expect_asked(step);
         else if (verb == "started")
             EXPECT_EQ(launcher.started.back(), step.at(1).get<std::string>());
         else if (verb == "colour")
@@ -362,9 +387,15 @@ private:
             if (label->buddy() == &widget(input)) return *label;
         throw std::invalid_argument("no label");
     }
-    /// How many conductors are listed, and the first and the last.
+    QTableView& list() { return *window->findChild<QTableView*>(); }
+    MemoryTable& table_at(const json& step) {
+        for (MemoryTable& table : tables.files.at(step.at(1)))
+            if (table.name == step.at(2)) return table;
+        throw std::invalid_argument("no table");
+    }
+    /// How many lines are listed, and the first and the last.
     void expect_rows(const json& step) {
-        const auto& model = *part_of_window<QTableView>("conductors").model();
+        const auto& model = *list().model();
         ASSERT_EQ(model.rowCount(), step.at(1));
         const auto name = [&](int row) { return model.index(row, 0).data().toString(); };
         if (step.size() < 4) return;
@@ -404,6 +435,14 @@ private:
         }
     }
 
+    /// Title, folder and preset name of the last question for a path.
+    void expect_asked(const json& step) {
+        const PathQuestion& question = chooser.questions.back();
+        EXPECT_EQ(json({question.title, question.folder, question.name}),
+                  json({step.at(1), step.at(2), step.at(3)}));
+        EXPECT_EQ(question.suffix, "mdb");
+    }
+
     /// The next box: all parts stand in its title or lines.
     void expect_box(const json& step) {
         ASSERT_LT(told, dialogs.shown.size()) << "no box";
@@ -429,8 +468,8 @@ private:
 };
 
 const bool registered = [] {
-    for (const char* area :
-         {"form1", "case_files", "keys", "transient_page", "ks_form1", "conductors", "settings"})
+    for (const char* area : {"form1", "case_files", "keys", "transient_page", "ks_form1",
+                             "conductors", "settings", "databases"})
         for (const json& script : test_data(std::string("windows/") + area))
             testing::RegisterTest(area, script.at("name").get<std::string>().c_str(), nullptr,
                                   nullptr, __FILE__, __LINE__,

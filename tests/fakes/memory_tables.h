@@ -21,9 +21,10 @@ using MemoryTables = std::vector<MemoryTable>;
 
 class MemoryDatabase : public Database {
 public:
-    explicit MemoryDatabase(MemoryTables& tables) : tables_(tables) {}
+    explicit MemoryDatabase(MemoryTables& tables, bool writable = true)
+        : tables_(tables), writable_(writable) {}
 
-    bool writable() const override { return true; }
+    bool writable() const override { return writable_; }
     std::vector<TableInfo> tables() override {
         std::vector<TableInfo> found;
         for (const MemoryTable& table : tables_) found.push_back({table.name, table.columns});
@@ -69,6 +70,7 @@ public:
         tables_.erase(place(table));
     }
     void whole(const std::function<void()>& body) override {
+        if (!writable_) throw InputError("read only", PlatformFault::DatabaseDenied);
         const MemoryTables before = tables_;
         try {
             body();
@@ -97,15 +99,16 @@ private:
     }
 
     MemoryTables& tables_;
+    bool writable_;
 };
 
-/// What is open is the database itself.
+/// What is open is the database itself. A path that begins with "/locked/" is only read.
 class MemoryTableStore : public TableStore {
 public:
     std::unique_ptr<Database> open(const std::string& path) override {
         const auto found = files.find(path);
         if (found == files.end()) throw InputError(path, PlatformFault::DatabaseMissing);
-        return std::make_unique<MemoryDatabase>(found->second);
+        return std::make_unique<MemoryDatabase>(found->second, !path.starts_with("/locked/"));
     }
     std::unique_ptr<Database> create(const std::string& path) override {
         if (!files.emplace(path, MemoryTables{}).second)

@@ -50,6 +50,7 @@ AreaFrame::AreaFrame(const AreaFacts& facts, const AreaParts& parts,
     strip_->setObjectName("SSTab1");
     captions_.computed([this](LangId) { tell_title(); });
     make_menus();
+    databases_ = parts.make_databases(*this, facts.databases);
     language_menu_ = add_language_menu(*menuBar(), captions_, parts.switch_language);
 }
 
@@ -143,6 +144,16 @@ void AreaFrame::start_anew() {
 
 void AreaFrame::open() {
     if (commit() && document_.open()) show_new_case();
+}
+
+void AreaFrame::take(const StoredRow& row, const std::string& origin) {
+    document_.take(row, origin);
+    show_new_case();
+}
+
+void AreaFrame::stored_in(const std::string& origin) {
+    document_.stored_in(origin);
+    tell_title();
 }
 
 void AreaFrame::save() {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desktop/frame/captions.h"
+#include "desktop/frame/database_source.h"
 #include "desktop/frame/document.h"
 #include "desktop/frame/inputs.h"
 
@@ -44,6 +45,7 @@ struct AreaFacts {
     const Text& short_name;   // what the area calls itself; it may change with the language
     Text question_title;      // of questions about its case
     Text title;
+    const forms::DatabaseForms& databases;
 };
 
 /// What every area works with.
@@ -53,6 +55,7 @@ struct AreaParts {
     CaseStore& store;
     FileChooser& chooser;
     std::function<void(LangId)> switch_language;  // called by the language menu
+    MakeDatabaseSource make_databases;
 };
 
 /// The form of a program area: pages on the strip `SSTab1`, numbered from 0, and the menus. The
@@ -61,13 +64,23 @@ struct AreaParts {
 /// form hides it, the case stays.
 class AreaFrame : public QMainWindow {
 public:
-    /// Takes in what is typed but not yet finished.
-    void take_in() { (void)commit(); }
+    /// Takes in what is typed but not yet finished; false where a text was refused.
+    bool take_in() { return commit(); }
     /// Shows the case, which has become another one.
     virtual void load();
     /// Takes in what is typed but not yet finished; false where a text was refused, or where the
     /// user does not want to lose changes that are not stored.
     [[nodiscard]] virtual bool may_be_left();
+
+    // ---- for the databases of the area
+
+    [[nodiscard]] DocumentRecord& record() const { return *record_; }
+    /// False where the user does not want to lose changes of the case that are not stored.
+    [[nodiscard]] bool may_be_replaced() const { return document_.may_be_left(); }
+    /// Makes a row of the table `origin` the case and goes to the first page.
+    void take(const StoredRow& row, const std::string& origin);
+    /// The case was saved into the table `origin`.
+    void stored_in(const std::string& origin);
 
     /// The menu that stands behind those of a file and its contents.
     [[nodiscard]] QMenu& language_menu() const { return *language_menu_; }
@@ -92,6 +105,7 @@ protected:
     void show_page(int page);
     [[nodiscard]] int page() const { return page_; }
     [[nodiscard]] QTabWidget& strip() const { return *strip_; }
+    [[nodiscard]] DatabaseSource& databases() const { return *databases_; }
     void allow_copy(bool allowed);
     /// False where a text was refused.
     [[nodiscard]] bool commit();
@@ -124,6 +138,7 @@ private:
     Document document_;
     QMenu* language_menu_ = nullptr;
     QAction* copy_ = nullptr;
+    std::unique_ptr<DatabaseSource> databases_;
     QTabWidget* strip_;
     std::vector<AreaPage*> pages_;
     int page_ = 0;  // the page that was left, at a change

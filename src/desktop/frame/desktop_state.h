@@ -8,6 +8,7 @@
 #include "persistence/conductor_library.h"
 #include "platform/case_store.h"
 #include "platform/system.h"
+#include "platform/table_store.h"
 #include "platform/workbook.h"
 #include "shell/error_handling.h"
 #include "shell/session.h"
@@ -29,6 +30,7 @@ struct DesktopState {
     Launcher& launcher;
     Files& files;  // of the conductors, and the exchange file
     WorkbookStore& workbooks;
+    TableStore& tables;
     LibraryPlaces conductors{};
     std::string case_path{};  // the file that the case comes from at the start; may be empty
     ShortCircuitForm short_circuit{};

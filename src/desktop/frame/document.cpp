@@ -42,10 +42,13 @@ Document::Document(DocumentRecord& record, const Session& session, CaseStore& st
     mark_stored(std::move(path));
 }
 
-std::string Document::name() const { return path_.substr(path_.find_last_of('/') + 1); }
+std::string Document::name() const {
+    return path_.empty() ? origin_ : path_.substr(path_.find_last_of('/') + 1);
+}
 
-void Document::mark_stored(std::string path) {
+void Document::mark_stored(std::string path, std::string origin) {
     path_ = std::move(path);
+    origin_ = std::move(origin);
     stored_ = record_.entered();
 }
 
@@ -83,14 +86,28 @@ bool Document::read(const std::string& path) {
     try {
         std::vector<RefusedText> refused = record_.take(values);
         mark_stored(path);
-        for (auto& [field, box] : refused) {
-            box.lines.insert(box.lines.begin(), field + " :");
-            session_.tell(box);
-        }
+        tell(std::move(refused));
         return true;
     } catch (const InputError& error) {
         return fail(path + ": " + error.told(session_.lang));
     }
+}
+
+void Document::tell(std::vector<RefusedText> refused) const {
+    for (auto& [field, box] : refused) {
+        box.lines.insert(box.lines.begin(), field + " :");
+        session_.tell(box);
+    }
+}
+
+void Document::take(const StoredRow& row, const std::string& origin) {
+    std::vector<RefusedText> refused = record_.take(row);
+    mark_stored({}, origin);
+    tell(std::move(refused));
+}
+
+void Document::stored_in(const std::string& origin) {
+    if (path_.empty()) mark_stored({}, origin);
 }
 
 bool Document::save() { return path_.empty() ? save_as() : write(path_); }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "desktop/frame/file_chooser.h"
+#include "forms/shown_record.h"
 #include "persistence/case_file.h"
 #include "platform/case_store.h"
 #include "shell/session.h"
@@ -27,6 +29,18 @@ public:
     virtual void start_anew() = 0;
     /// Asked before that, whether there are changes or not; without it only changes are asked for.
     [[nodiscard]] virtual std::optional<Box> question_before_anew() const { return std::nullopt; }
+
+    // ---- in databases
+
+    /// The case as a row. `cut` and failures are those of `column_values`.
+    [[nodiscard]] virtual std::vector<NamedValue> row(std::vector<CutText>& cut) const = 0;
+    /// Makes `row` the case and gives back what was refused of it.
+    virtual std::vector<RefusedText> take(const StoredRow& row) = 0;
+    /// A row, and the case, to be looked at.
+    [[nodiscard]] virtual std::unique_ptr<forms::ShownRecord> shown(const StoredRow& row) const = 0;
+    [[nodiscard]] virtual std::unique_ptr<forms::ShownRecord> shown() const = 0;
+    /// Why the case shall not be kept among those at hand.
+    [[nodiscard]] virtual std::optional<Box> refusal_to_keep() const { return std::nullopt; }
 };
 
 /// The case of a program area as a document: the file that it stands in, and whether it has changes
@@ -40,7 +54,8 @@ public:
 
     /// Whether the file would be another one if the case were written now.
     [[nodiscard]] bool modified() const { return record_.entered() != stored_; }
-    /// The name of the file without its folders; empty where there is none yet.
+    /// The name of the file without its folders, or the table that the case comes from; empty where
+    /// there is none yet.
     [[nodiscard]] std::string name() const;
 
     /// True where nothing would be lost, or the user agrees to lose it.
@@ -52,8 +67,14 @@ public:
     bool save();
     bool save_as();
 
+    /// Makes a row of the table `origin` the case, which has no file then and counts as stored.
+    void take(const StoredRow& row, const std::string& origin);
+    /// The case stands in the table `origin` too. Without a file it counts as stored.
+    void stored_in(const std::string& origin);
+
 private:
-    void mark_stored(std::string path);
+    void mark_stored(std::string path, std::string origin = {});
+    void tell(std::vector<RefusedText> refused) const;
     bool read(const std::string& path);
     bool write(const std::string& path);
     [[nodiscard]] bool may_be_replaced(const std::string& path) const;
@@ -64,6 +85,7 @@ private:
     FileChooser& chooser_;
     Text program_;
     std::string path_;
+    std::string origin_;  // the table, where there is no file
     FlatObject stored_;
 };
 

@@ -14,6 +14,7 @@ struct PathQuestion {
     std::string_view filters;  // one a line
     std::string_view suffix;   // of a typed name without one; may be empty
     bool existing = false;     // only a file that is there may be chosen
+    std::string name{};        // preset; may be a pattern, which is no name yet
 };
 
 /// Who asks for the path of a case file: a window, or the script of a test. Nothing is given back

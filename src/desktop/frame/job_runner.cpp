@@ -19,7 +19,6 @@ namespace {
 
 constexpr int look_after = 30;        // ms between two looks at the job
 constexpr int steps_of_percent = 10;  // of the bar
-constexpr Text title = {"Berechnung", "Calculation"};
 constexpr Text cancel_caption = {"Abbrechen", "Cancel"};
 
 /// One run of a job: joins its thread to the windows.
@@ -105,7 +104,7 @@ void run_job(JobDisplay& display, Dialogs& dialogs, Job::Work work) {
 /// What is shown. Closing it is cancelling; it stays until the job has ended.
 class RunProgress::Window : public QDialog {
 public:
-    Window(QWidget* parent, LangId lang, Job& job)
+    Window(QWidget* parent, LangId lang, const Text& title, Job& job)
         : QDialog(parent),
           job_(job),
           line_(new QLabel),
@@ -142,8 +141,8 @@ private:
     QPushButton* cancel_;
 };
 
-RunProgress::RunProgress(QWidget& parent, LangId lang, int patience_ms)
-    : parent_(parent), lang_(lang), patience_(patience_ms / 1000.0) {}
+RunProgress::RunProgress(QWidget& parent, LangId lang, int patience_ms, const Text& title)
+    : parent_(parent), lang_(lang), title_(title), patience_(patience_ms / 1000.0) {}
 
 RunProgress::~RunProgress() = default;
 
@@ -151,7 +150,7 @@ void RunProgress::show_job(Job& job, const JobProgress& at, double seconds) {
     if (!window_) {
         if (!waiting_since_) waiting_since_ = seconds;
         if (job.ended() || seconds - *waiting_since_ < patience_) return;
-        window_ = std::make_unique<Window>(parent_.window(), lang_, job);
+        window_ = std::make_unique<Window>(parent_.window(), lang_, title_, job);
         window_->show();
     }
     window_->show_progress(at);

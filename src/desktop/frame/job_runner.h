@@ -32,8 +32,10 @@ void run_job(JobDisplay& display, Dialogs& dialogs, Job::Work work);
 /// comes up only where the job takes longer than a moment, and anew behind each box.
 class RunProgress : public JobDisplay {
 public:
+    static constexpr Text calculation = {"Berechnung", "Calculation"};
+
     /// Comes up above the window of `parent`, after `patience_ms`.
-    RunProgress(QWidget& parent, LangId lang, int patience_ms);
+    RunProgress(QWidget& parent, LangId lang, int patience_ms, const Text& title = calculation);
     ~RunProgress() override;
 
     void show_job(Job& job, const JobProgress& at, double seconds) override;
@@ -45,6 +47,7 @@ private:
 
     QWidget& parent_;
     LangId lang_;
+    Text title_;
     double patience_;                      // s
     std::optional<double> waiting_since_;  // s from the begin of the job
     std::unique_ptr<Window> window_;

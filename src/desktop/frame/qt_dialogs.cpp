@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
+#include <QScreen>
 #include <QUrl>
 #include <algorithm>
 
@@ -16,6 +17,7 @@ namespace {
 
 constexpr int longest_line = 760;  // pixels
 constexpr int margin = 8;
+constexpr int beside_text = 110;  // pixels: the icon, and what is around it
 
 constexpr Text ok_caption = {"OK", "OK"};
 constexpr Text yes_caption = {"&Ja", "&Yes"};
@@ -36,7 +38,10 @@ void widen(QMessageBox& window) {
     auto* text = window.findChild<QLabel*>("qt_msgbox_label");
     if (text == nullptr) return;
     const QSize lines = text->fontMetrics().size(0, window.text());
-    text->setMinimumWidth(std::min(lines.width() + margin, longest_line));
+    // The library lets no box come nearer to the width of the screen.
+    const int widest_box = window.screen()->availableGeometry().width() - 480;
+    text->setMinimumWidth(
+        std::min({lines.width() + margin, longest_line, widest_box - beside_text}));
 }
 
 }  // namespace

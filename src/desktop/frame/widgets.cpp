@@ -1,6 +1,7 @@
 #include "desktop/frame/widgets.h"
 
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScreen>
@@ -55,6 +56,10 @@ void size_window(QWidget& window, QSize wanted) {
     }
     window.resize(wanted.width(), std::min(wanted.height(), most.height()));
 }
+
+WaitCursor::WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+
+WaitCursor::~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
 
 NoteLine::NoteLine(Sign sign, const QString& name) : text_(plain_label()) {
     const auto icon =

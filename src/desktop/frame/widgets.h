@@ -38,6 +38,15 @@ void make_scrolling(QScrollArea& area);
 /// height it gets the one that its texts need at that width.
 void size_window(QWidget& window, QSize wanted);
 
+/// Shows that the program works, as long as it lives.
+class WaitCursor {
+public:
+    WaitCursor();
+    ~WaitCursor();
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
 /// A remark beside a result: a small sign and a text, which wraps and can be selected. The line is
 /// hidden as long as it has no text.
 class NoteLine : public QWidget {

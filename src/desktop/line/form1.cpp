@@ -18,7 +18,10 @@
 namespace zel {
 namespace {
 
-constexpr AreaFacts area = {"Form1", "new_case", "close_Form1", short_name, short_name, long_title};
+AreaFacts area() {
+    return {"Form1",    "new_case", "close_Form1",          short_name,
+            short_name, long_title, forms::line_databases()};
+}
 
 constexpr Text page_captions[] = {
     {"&Eingabedaten", "&Input data"},
@@ -30,7 +33,7 @@ constexpr Text page_captions[] = {
 }  // namespace
 
 Form1::Form1(Form1Parts parts)
-    : AreaFrame(area, parts.area,
+    : AreaFrame(area(), parts.area,
                 std::make_unique<LineRecord>(parts.c, parts.area.session, parts.settings),
                 std::move(parts.path)),
       line_{parts.c, parts.transient, [this] { case_changed(); }},
@@ -56,6 +59,7 @@ Form1::Form1(Form1Parts parts)
         add_page(page, *caption++);
     captions().computed([this](LangId) { tell_result_anew(); });
     strip().setTabEnabled(transient_page, false);
+    on(&general_->Command2(), &QPushButton::clicked, [this] { databases().save_in_fixed(); });
     on(&conductor_->Command3(), &QPushButton::clicked, [this] { open_database(); });
     on(&conductor_->Command4(), &QPushButton::clicked, [this] { take_over_conductor(); });
     transient_->calculated = [this] { allow_copy_of_page(); };
@@ -111,7 +115,10 @@ void Form1::take_over_conductor() {
 
 void Form1::turn_to(int to) {
     const PageChange change = change_page(line_.c, page(), to, session().lang);
-    if (change.clears_balance) result_->clear_balance();
+    if (change.clears_balance) {
+        result_->clear_balance();
+        databases().allow_saving(false);
+    }
     // A transient starts from the steady state of the inputs as they are now.
     if (to == transient_page && line_.transient.basis_is_stale(line_.c) && !run())
         return show_page(page());
@@ -133,6 +140,7 @@ bool Form1::run() {
     }
     result_->show_run(result);
     shown_run_ = result;
+    if (result.may_save) databases().allow_saving(true);
     line_.transient.keep(result, line_.c);
     load();  // the run reconciles the currents of sub-conductor and bundle
     strip().setTabEnabled(transient_page, true);
@@ -142,6 +150,7 @@ bool Form1::run() {
 
 /// Results and an opened transient belong to the former case.
 void Form1::forget_results() {
+    databases().allow_saving(true);
     line_.transient.forget();
     sharing_ = sharing_conductors(line_.c);
     result_->clear();

@@ -23,6 +23,8 @@ constexpr Text mode_caption = {"Berechnungsart", "Mode of calculation"};
 constexpr Text methods_caption = {"Berechnungsverfahren", "Calculation methods"};
 constexpr Text age_hint = {"Emissionsverhältnis aus dem Seilalter berechnen ...",
                            "Calculate the emissivity from the conductor's age ..."};
+constexpr Text keep_caption = {"In Schnell&zugriff-Tabelle speichern",
+                               "Save in &Quick-Access-Table"};
 constexpr Text open_database_caption = {"&Aus Seildatenbank auswählen",
                                         "Select from conductor data&base"};
 constexpr Text open_database_hint = {"Leiterdatenbank öffnen", "Open the conductor database"};
@@ -35,7 +37,12 @@ constexpr Text not_available = {"Dieses Verfahren ist in dieser Version nicht ve
 }  // namespace
 
 GeneralPage::GeneralPage(const FormParts& parts, LineCase& line, const LiveSettings& settings)
-    : InputPage(input_page, parts), line_(line), settings_(settings), mode_(make_mode_list()) {
+    : InputPage(input_page, parts),
+      line_(line),
+      settings_(settings),
+      mode_(make_mode_list()),
+      keep_(parts.captions.text(new QPushButton, keep_caption)) {
+    keep_->setObjectName("Command2");
     enum { project, geography, date, surroundings, overhead_line, given, measured };
     QToolButton* age_button = make_age_button();
     panel(given).add_on_top(mode_);
@@ -49,6 +56,7 @@ GeneralPage::GeneralPage(const FormParts& parts, LineCase& line, const LiveSetti
     auto* layout = new QVBoxLayout(content);
     layout->addLayout(columns);
     layout->addWidget(make_methods());
+    layout->addWidget(keep_, 0, Qt::AlignRight);
     layout->addStretch(1);
     set_content(content);
     measured_ = &panel(measured);

@@ -18,6 +18,8 @@ public:
 
     void load() override;
     void load_anew() override;
+    /// The button that adds the case to the table at hand.
+    [[nodiscard]] QPushButton& Command2() { return *keep_; }
     /// Shows the fields of measured values where the settings want them.
     void show_measured();
 
@@ -32,6 +34,7 @@ private:
     const LiveSettings& settings_;
     QWidget* measured_ = nullptr;  // the panel
     QComboBox* mode_;
+    QPushButton* keep_;
     std::vector<QCheckBox*> method_boxes_;
 };
 

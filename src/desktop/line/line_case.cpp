@@ -5,8 +5,10 @@
 
 #include "forms/line_form.h"
 #include "persistence/case_file.h"
+#include "persistence/database/case_table.h"
 #include "shell/case_settings.h"
 #include "workflow/rules/derived.h"
+#include "workflow/rules/steady_check.h"
 #include "workflow/rules/transient_cells.h"
 
 namespace zel {
@@ -43,6 +45,31 @@ std::vector<RefusedText> LineRecord::take(const FlatObject& values) {
     settings_.changed();
     c_ = forms::case_for_form(std::move(file.c));
     return std::move(file.refused);
+}
+
+std::vector<NamedValue> LineRecord::row(std::vector<CutText>& cut) const {
+    return S30_Access_Daten_speichern(c_, cut);
+}
+
+/// What the row does not hold stays as it is.
+std::vector<RefusedText> LineRecord::take(const StoredRow& row) {
+    CalcCase read = c_;
+    S30_Access_Daten_einlesen(row, read, settings_.store, session_);
+    settings_.changed();
+    c_ = forms::case_for_form(std::move(read));
+    return {};
+}
+
+std::unique_ptr<forms::ShownRecord> LineRecord::shown(const StoredRow& row) const {
+    return forms::shown_line(row, settings_.store, session_, settings_.language_of_lists());
+}
+
+std::unique_ptr<forms::ShownRecord> LineRecord::shown() const {
+    return forms::shown_line(c_, session_, settings_.language_of_lists());
+}
+
+std::optional<Box> LineRecord::refusal_to_keep() const {
+    return S_Eingabepruefung_steady(c_, session_.lang);
 }
 
 /// A file that does not name a setting has none of its own.

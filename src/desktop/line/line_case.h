@@ -26,6 +26,12 @@ public:
     [[nodiscard]] FlatObject entered() const override;
     std::vector<RefusedText> take(const FlatObject& values) override;
     void start_anew() override;
+    [[nodiscard]] std::vector<NamedValue> row(std::vector<CutText>& cut) const override;
+    std::vector<RefusedText> take(const StoredRow& row) override;
+    [[nodiscard]] std::unique_ptr<forms::ShownRecord> shown(const StoredRow& row) const override;
+    [[nodiscard]] std::unique_ptr<forms::ShownRecord> shown() const override;
+    /// What refuses a calculation of it.
+    [[nodiscard]] std::optional<Box> refusal_to_keep() const override;
 
 private:
     void take_missing_settings(CalcCase& c, const FlatObject& values) const;

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QVBoxLayout>
 #include <utility>
 
 #include "desktop/frame/events.h"
@@ -22,6 +23,10 @@ constexpr ButtonRow start_button = {
     "Command3", {"Aus Seildatenbank auswählen"}, {"", "Choose in the conductor database"}};
 constexpr ButtonRow take_over_button = {
     "Command4", {"Übernehmen"}, {"", "Take over the chosen conductor"}};
+constexpr ButtonRow open_standard_button = {
+    "Befehl5", {"Aus&wahl aus Standardfall-Tabelle"}, {"", "Choose from the standard-case table"}};
+constexpr ButtonRow save_standard_button = {
+    "Command2", {"S&peichern in Standardfall-Tabelle"}, {"", "Save in the standard-case table"}};
 
 /// The columns side by side, with the room that is left below them.
 QWidget* content_of(const std::vector<QWidget*>& columns) {
@@ -41,9 +46,18 @@ QPushButton* make_button(const ButtonRow& row, Captions& captions, std::function
 
 }  // namespace
 
-GeneralPage::GeneralPage(const FormParts& parts) : InputPage(short_circuit::input_page, parts) {
+GeneralPage::GeneralPage(const FormParts& parts, std::function<void()> open_standard,
+                         std::function<void()> save_standard)
+    : InputPage(short_circuit::input_page, parts) {
     enum { project, current, object };
-    set_content(content_of({column_of({project, object}), column_of({current})}));
+    auto* buttons = new QHBoxLayout;
+    for (QPushButton* button :
+         {make_button(open_standard_button, parts.captions, std::move(open_standard)),
+          make_button(save_standard_button, parts.captions, std::move(save_standard))})
+        buttons->addWidget(button);
+    QWidget* left = column_of({project, object});
+    static_cast<QVBoxLayout*>(left->layout())->insertLayout(left->layout()->count() - 1, buttons);
+    set_content(content_of({left, column_of({current})}));
     tab_through({project, current, object});
 }
 

@@ -6,10 +6,11 @@
 
 namespace zel::short_circuit {
 
-/// Page 0: project, current, and what is judged.
+/// Page 0: project, current, and what is judged, with the buttons of the standard cases.
 class GeneralPage : public InputPage {
 public:
-    explicit GeneralPage(const FormParts& parts);
+    GeneralPage(const FormParts& parts, std::function<void()> open_standard,
+                std::function<void()> save_standard);
 };
 
 /// Page 1: the conductor, with the buttons that open the database and take over what was chosen

@@ -1,6 +1,5 @@
 #include "desktop/short_circuit/ks_form1.h"
 
-#include <QGuiApplication>
 #include <QTabWidget>
 #include <utility>
 
@@ -9,6 +8,7 @@
 #include "shell/program_texts.h"
 #include "short_circuit/short_circuit_fields.h"
 #include "short_circuit/short_circuit_file.h"
+#include "short_circuit/short_circuit_table.h"
 
 namespace zel::short_circuit {
 namespace {
@@ -26,15 +26,6 @@ constexpr FormLook look = {
     .return_leaves_lists = true,
 };
 
-/// Shows that the program works, as long as it lives.
-class WaitCursor {
-public:
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
-
 /// The case as a document. A new one is asked for whether there are changes or not.
 class CaseRecord : public DocumentRecord {
 public:
@@ -42,16 +33,31 @@ public:
 
     [[nodiscard]] FlatObject values() const override { return values_of(form_.content()); }
     std::vector<RefusedText> take(const FlatObject& values) override {
-        ShortCircuitFile file = read_short_circuit_case(values, session_);
-        form_ = std::move(file.form);
-        return std::move(file.refused);
+        return take(read_short_circuit_case(values, session_));
     }
     void start_anew() override { form_ = {}; }
     [[nodiscard]] std::optional<Box> question_before_anew() const override {
         return new_case_question(session_.lang);
     }
+    [[nodiscard]] std::vector<NamedValue> row(std::vector<CutText>& cut) const override {
+        return KS82_Tabellendaten_speichern(form_.content(), cut);
+    }
+    std::vector<RefusedText> take(const StoredRow& row) override {
+        return take(KS72_Daten_einlesen(row, session_));
+    }
+    [[nodiscard]] std::unique_ptr<forms::ShownRecord> shown(const StoredRow& row) const override {
+        return forms::shown_short_circuit(row, session_);
+    }
+    [[nodiscard]] std::unique_ptr<forms::ShownRecord> shown() const override {
+        return forms::shown_short_circuit(form_, session_);
+    }
 
 private:
+    std::vector<RefusedText> take(ShortCircuitFile file) {
+        form_ = std::move(file.form);
+        return std::move(file.refused);
+    }
+
     ShortCircuitForm& form_;
     const Session& session_;
 };
@@ -60,7 +66,8 @@ private:
 
 KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& name,
                  const MakeConductorSource& make_conductors)
-    : AreaFrame({"KS_Form1", "mneu", "close_KS_Form1", name, short_circuit_title, form_title},
+    : AreaFrame({"KS_Form1", "mneu", "close_KS_Form1", name, short_circuit_title, form_title,
+                 forms::short_circuit_databases()},
                 parts, std::make_unique<CaseRecord>(form, parts.session), {}),
       form_(form),
       record_(form_, parts.session),
@@ -73,7 +80,8 @@ KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& nam
                                   [this] { case_changed(); },
                                   look,
                                   [this] { show_modified(); }};
-    general_ = new GeneralPage(form_parts);
+    general_ = new GeneralPage(
+        form_parts, [this] { databases().open_fixed(); }, [this] { databases().save_in_fixed(); });
     conductor_ = new ConductorPage(
         form_parts, [this] { start_database(); }, [this] { take_over_conductor(); });
     const Text* caption = page_captions;

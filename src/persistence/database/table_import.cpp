@@ -25,6 +25,17 @@ constexpr Text beyond_column = {"{0} liegt außerhalb des Bereichs der Spalte",
 constexpr Text rounded = {"{0} wurde auf eine ganze Zahl gerundet",
                           "{0} was rounded to a whole number"};
 
+constexpr Text rows_imported = {"{0}: {1} Zeilen übernommen\n", "{0}: {1} rows imported\n"};
+constexpr Text in_row = {"{0}, Zeile {1}, {2}", "{0}, row {1}, {2}"};
+constexpr Text more_left_out = {"und {0} weitere\n", "and {0} more\n"};
+
+/// The table, or a value in it.
+std::string where(const LeftOut& left_out, LangId lang) {
+    if (left_out.row == 0)
+        return left_out.table + (left_out.column.empty() ? "" : ", " + left_out.column);
+    return fill(in_row.in(lang), {left_out.table, std::to_string(left_out.row), left_out.column});
+}
+
 class Import {
 public:
     Import(Database& from, Database& to, const TableFormat& format, const ImportProgress& progress)
@@ -121,6 +132,17 @@ private:
 };
 
 }  // namespace
+
+std::string listing_of(const ImportResult& result, LangId lang, std::size_t most) {
+    std::string text;
+    for (const auto& [name, rows] : result.tables)
+        text += fill(rows_imported.in(lang), {printable(name), std::to_string(rows)});
+    const std::size_t named = std::min(most, result.left_out.size());
+    for (const LeftOut& left_out : std::span(result.left_out).first(named))
+        text += printable(where(left_out, lang) + ": " + left_out.reason.in(lang)) + "\n";
+    const std::size_t untold = result.untold + result.left_out.size() - named;
+    return untold == 0 ? text : text + fill(more_left_out.in(lang), {std::to_string(untold)});
+}
 
 ImportResult import_tables(Database& from, const TableFormat& format, TableStore& store,
                            const std::string& path, const ImportProgress& progress) {

@@ -28,6 +28,10 @@ struct ImportResult {
     static constexpr std::size_t most_told = 1000;
 };
 
+/// What an import did, in lines; of what was left out the first `most` are named.
+[[nodiscard]] std::string listing_of(const ImportResult& result, LangId lang,
+                                     std::size_t most = ImportResult::most_told);
+
 /// Told behind each row how many of all are done; false ends the import.
 using ImportProgress = std::function<bool(std::size_t done, std::size_t of)>;
 

@@ -1,0 +1,357 @@
+#include "desktop/databases/record_browser.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QSplitter>
+#include <QTableView>
+#include <algorithm>
+
+#include "desktop/databases/record_view.h"
+#include "desktop/frame/area_frame.h"
+#include "desktop/frame/events.h"
+#include "desktop/frame/inputs.h"
+#include "forms/select_path.h"
+#include "persistence/database/table_export.h"
+#include "platform/errors.h"
+
+namespace zel {
+
+struct RecordBrowser::ButtonRow {
+    const char* name;
+    Text caption;
+    void (RecordBrowser::*act)();
+    bool needs_record;
+    bool writes = false;
+};
+
+namespace {
+
+constexpr QSize window_size(1260, 740);
+constexpr int no_record = -1;
+constexpr int least_name = 10;  // characters of a table's name that are seen
+
+constexpr Text table_caption = {"&Tabelle :", "&Table :"};
+constexpr Text find_caption = {"&Suchen :", "&Find :"};
+constexpr Text find_hint = {"Wörter aus Projekt, Datum, Bearbeiter, Leiter ...",
+                            "Words of project, date, operator, conductor ..."};
+constexpr Text found_text = {"{0} von {1} Datensätzen gefunden", "{0} of {1} data records found"};
+constexpr Text bar_name = {"Datensatzauswahl", "Choice of the data record"};
+constexpr Text only_read = {
+    "Diese Datenbank kann nur gelesen werden. Eine Access-Datei lässt sich in "
+    "eine neue Datenbank importieren.",
+    "This database can only be read. An Access file can be imported into a "
+    "new database."};
+constexpr Text back_caption = {"&Zurück", "&Back"};
+
+constexpr Text export_title = {"Tabelle exportieren", "Export table"};
+constexpr Text export_filters = {"Excel-Dateien (*.xlsx) (*.xlsx)\nCSV-Dateien (*.csv) (*.csv)",
+                                 "Excel files (*.xlsx) (*.xlsx)\nCSV files (*.csv) (*.csv)"};
+constexpr BoxText exported = {
+    Icon::None,
+    export_title,
+    {"{0} Datensätze wurden geschrieben:\n{1}", "{0} data records were written:\n{1}"}};
+constexpr BoxText not_exported = {
+    Icon::Stop,
+    export_title,
+    {"Die Tabelle kann nicht exportiert werden:\n{0}", "The table can not be exported:\n{0}"}};
+constexpr BoxText replace_question = {
+    Icon::Question,
+    export_title,
+    {"Die Datei gibt es schon :\n{0}\nSoll sie ersetzt werden ?",
+     "The file exists already :\n{0}\nDo you want to replace it ?"},
+    Buttons::YesNo,
+    Answer::No};
+
+/// The record that none is: everything is empty.
+StoredRow no_row() { return {TableInfo{}, {}}; }
+
+}  // namespace
+
+RecordBrowser::RecordBrowser(const DatabaseWindowParts& parts, std::unique_ptr<Database> database,
+                             std::vector<TableInfo> tables, std::string path,
+                             const std::string& title)
+    : QDialog(&parts.form),
+      parts_(parts),
+      database_(std::move(database)),
+      path_(std::move(path)),
+      tables_(std::move(tables)),
+      list_(parts.forms, parts.session.lang),
+      found_(list_),
+      choice_(new QuietList),
+      find_(new QLineEdit),
+      view_(new QTableView),
+      sheet_(new RecordView(*parts.form.record().shown(no_row()), parts.forms, parts.session.lang)),
+      count_(plain_label()),
+      bar_(new QScrollBar(Qt::Horizontal)) {
+    setObjectName(parts.forms.browser);
+    setWindowTitle(qt(title));
+    auto* split = new QSplitter;
+    split->setChildrenCollapsible(false);
+    split->addWidget(make_list());
+    split->addWidget(sheet_);
+    split->setStretchFactor(0, 1);
+    auto* position = new QHBoxLayout;
+    make_position(*position);
+    auto* buttons = new QHBoxLayout;
+    make_buttons(*buttons);
+    auto* content = new QWidget;
+    auto* down = new QVBoxLayout(content);
+    down->addWidget(split, 1);
+    down->addLayout(position);
+    down->addLayout(buttons);
+    auto* area = new QScrollArea;  // for the smallest screens
+    make_scrolling(*area);
+    area->setWidget(content);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(area);
+    show_choice_of_tables();
+    open_table(0);
+    fit_columns(*view_, parts.forms);
+    view_->setFocus();
+    size_window(*this, window_size);
+}
+
+RecordBrowser::~RecordBrowser() = default;
+
+QWidget* RecordBrowser::make_list() {
+    const LangId lang = parts_.session.lang;
+    choice_->setObjectName("Combo1");
+    choice_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    choice_->setMinimumContentsLength(least_name);
+    find_->setObjectName("find");
+    find_->setPlaceholderText(qt(find_hint, lang));
+    find_->setClearButtonEnabled(true);
+    view_->setObjectName("records");
+    make_list_view(*view_, found_);
+    view_->setSortingEnabled(true);
+    view_->sortByColumn(0, Qt::AscendingOrder);
+    auto* list = new QWidget;
+    auto* grid = new QGridLayout(list);
+    grid->setContentsMargins(0, 0, 0, 0);
+    int line = 0;
+    for (const auto& [caption, box] :
+         {std::pair<Text, QWidget*>(table_caption, choice_), {find_caption, find_}}) {
+        auto* label = new QLabel(qt(caption, lang));
+        label->setBuddy(box);
+        grid->addWidget(label, line, 0);
+        grid->addWidget(box, line++, 1);
+    }
+    grid->addWidget(view_, line, 0, 1, 2);
+    grid->setColumnStretch(1, 1);
+    on(choice_, &QComboBox::activated,
+       [this](int index) { open_table(static_cast<std::size_t>(index)); });
+    on(find_, &QLineEdit::textChanged, [this](const QString& typed) { find(typed); });
+    on(view_->selectionModel(), &QItemSelectionModel::currentRowChanged,
+       [this] { selected_in_list(); });
+    on(view_, &QTableView::doubleClicked, [this] { take_over(); });
+    on(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, [this] {
+        find_->setFocus();
+        find_->selectAll();
+    });
+    auto* erase = new QShortcut(QKeySequence::Delete, view_);
+    erase->setContext(Qt::WidgetShortcut);
+    on(erase, &QShortcut::activated, [this] { delete_row(); });
+    return list;
+}
+
+void RecordBrowser::make_position(QHBoxLayout& line) {
+    count_->setObjectName("count");
+    bar_->setObjectName("HScroll1");
+    bar_->setAccessibleName(qt(bar_name, parts_.session.lang));
+    bar_->setFocusPolicy(Qt::StrongFocus);
+    on(bar_, &QScrollBar::valueChanged,
+       [this](int value) { show_at(value - parts_.forms.first_number); });
+    // The bar does not move where the number gets longer.
+    count_->setMinimumWidth(count_->fontMetrics().horizontalAdvance(
+        qt(fill(parts_.forms.count.in(parts_.session.lang), {"00000", "00000"}))));
+    line.addWidget(count_);
+    line.addWidget(bar_, 1);
+}
+
+void RecordBrowser::make_buttons(QHBoxLayout& line) {
+    static constexpr ButtonRow rows[] = {
+        {"Command1",
+         {"Angezeigten Datensatz überneh&men", "Take &over data record"},
+         &RecordBrowser::take_over,
+         true},
+        {"Command2",
+         {"Angezeigten &Datensatz löschen", "&Delete data record"},
+         &RecordBrowser::delete_row,
+         true,
+         true},
+        {"Command3",
+         {"An&gezeigte Tabelle löschen", "Delete t&able"},
+         &RecordBrowser::delete_table,
+         false,
+         true},
+        {"export_table",
+         {"Tabelle e&xportieren ...", "E&xport table ..."},
+         &RecordBrowser::export_shown_table,
+         false},
+    };
+    const LangId lang = parts_.session.lang;
+    for (const ButtonRow& row : rows) {
+        auto* button = new QPushButton(qt(row.caption, lang));
+        button->setObjectName(row.name);
+        button->setAutoDefault(false);
+        if (row.writes && !database_->writable()) button->setToolTip(qt(only_read, lang));
+        on(button, &QPushButton::clicked, [this, &row] { (this->*row.act)(); });
+        line.addWidget(button);
+        buttons_.emplace_back(button, &row);
+    }
+    buttons_.front().first->setDefault(true);
+    line.addStretch();
+    auto* back = new QPushButton(qt(back_caption, lang));
+    back->setObjectName("mBack");
+    back->setAutoDefault(false);
+    on(back, &QPushButton::clicked, [this] { reject(); });
+    line.addWidget(back);
+}
+
+void RecordBrowser::show_choice_of_tables() {
+    choice_->clear();
+    for (const TableInfo& table : tables_) choice_->addItem(qt(table.name));
+    choice_->setEnabled(!tables_.empty());
+}
+
+bool RecordBrowser::carried_out(const char* procedure, const std::function<void()>& act) {
+    return carry_out(parts_.errors, parts_.session, parts_.forms.browser, procedure, act) == 0;
+}
+
+void RecordBrowser::open_table(std::size_t table) {
+    table_ = table;
+    choice_->setCurrentIndex(static_cast<int>(table));
+    reload(0);
+}
+
+void RecordBrowser::reload(int wanted) {
+    record_ = no_record;
+    if (tables_.empty())
+        list_.clear();
+    else
+        (void)carried_out("Combo1_click", [this] { list_.read(*database_, table()); });
+    const int rows = list_.rowCount();
+    {
+        const QSignalBlocker quiet(bar_);
+        const int first = parts_.forms.first_number;
+        bar_->setRange(first, first + std::max(rows, 1) - 1);
+        bar_->setEnabled(rows > 1);
+    }
+    show_at(std::min(wanted, rows - 1));
+}
+
+void RecordBrowser::show_at(int record) {
+    record_ = record;
+    if (!read_record()) return reload(record);
+    sheet_->show_record(*parts_.form.record().shown(shown_ ? *shown_ : no_row()));
+    show_number();
+    select_in_list();
+    for (const auto& [button, row] : buttons_)
+        button->setEnabled((row->needs_record ? shown_.has_value() : !tables_.empty()) &&
+                           (!row->writes || database_->writable()));
+}
+
+/// Other programs delete rows too.
+bool RecordBrowser::read_record() {
+    shown_.reset();
+    if (record_ == no_record) return true;
+    const auto action =
+        carry_out(parts_.errors, parts_.session, parts_.forms.browser, "HScroll1_change",
+                  [this] { shown_ = stored_row(*database_, tables_[table_], list_.key(record_)); });
+    return action != next_statement;
+}
+
+void RecordBrowser::show_number() {
+    if (record_ == no_record) return count_->clear();
+    count_->setText(qt(fill(parts_.forms.count.in(parts_.session.lang),
+                            {std::to_string(record_ + 1), std::to_string(list_.rowCount())})));
+    const QSignalBlocker quiet(bar_);
+    bar_->setValue(record_ + parts_.forms.first_number);
+}
+
+void RecordBrowser::select_in_list() {
+    const QSignalBlocker quiet(view_->selectionModel());
+    const QModelIndex place =
+        record_ == no_record ? QModelIndex() : found_.mapFromSource(list_.index(record_, 0));
+    if (place.isValid()) {
+        view_->selectRow(place.row());
+        view_->scrollTo(place);
+    } else {
+        view_->selectionModel()->clear();
+    }
+    view_->viewport()->update();
+}
+
+void RecordBrowser::selected_in_list() {
+    const QModelIndex place = found_.mapToSource(view_->currentIndex());
+    if (place.isValid() && place.row() != record_) show_at(place.row());
+}
+
+/// The record that is shown stays where it is found too; otherwise the first one comes.
+void RecordBrowser::find(const QString& typed) {
+    {
+        const QSignalBlocker quiet(view_->selectionModel());
+        found_.find(typed);
+    }
+    const bool kept =
+        record_ != no_record && found_.mapFromSource(list_.index(record_, 0)).isValid();
+    if (kept || found_.rowCount() == 0) return select_in_list();
+    show_at(found_.mapToSource(found_.index(0, 0)).row());
+}
+
+void RecordBrowser::take_over() {
+    if (shown_ && parts_.form.may_be_replaced()) accept();
+}
+
+void RecordBrowser::delete_row() {
+    if (!shown_ || !database_->writable()) return;
+    const Box question = box_in(parts_.session.lang, parts_.forms.delete_row);
+    if (parts_.session.dialogs.show(question) != Answer::Yes) return;
+    if (carried_out("Command2_click",
+                    [this] { database_->delete_row(table(), list_.key(record_)); }))
+        reload(parts_.forms.goes_to_first ? 0 : record_);
+}
+
+void RecordBrowser::delete_table() {
+    if (tables_.empty() || !database_->writable()) return;
+    const Box question = box_in(parts_.session.lang, parts_.forms.delete_table);
+    if (parts_.session.dialogs.show(question) != Answer::Yes) return;
+    if (!carried_out("Command3_click", [this] { database_->drop_table(table()); })) return;
+    tables_.erase(tables_.begin() + static_cast<std::ptrdiff_t>(table_));
+    show_choice_of_tables();
+    open_table(0);
+}
+
+bool RecordBrowser::may_be_replaced(const std::string& path) const {
+    return !parts_.files.exists(path) ||
+           parts_.session.dialogs.show(box_in(parts_.session.lang, replace_question, {path})) ==
+               Answer::Yes;
+}
+
+void RecordBrowser::export_shown_table() {
+    const LangId lang = parts_.session.lang;
+    const auto path =
+        parts_.chooser.path_to_select({std::string(export_title.in(lang)), start_folder(path_),
+                                       export_filters.in(lang), "xlsx", false, table() + ".xlsx"});
+    if (!path || !may_be_replaced(*path)) return;
+    try {
+        const std::size_t rows = [&] {
+            const WaitCursor waiting;
+            return export_table(*database_, parts_.forms.format(), tables_[table_], *path,
+                                parts_.workbooks, parts_.files, parts_.session.separator);
+        }();
+        parts_.session.tell(box_in(lang, exported, {std::to_string(rows), *path}));
+    } catch (const PlatformError& error) {
+        parts_.session.tell(box_in(lang, not_exported, {error.told(lang)}));
+    }
+}
+
+}  // namespace zel
