@@ -45,15 +45,15 @@ std::string judged_object(Values values) {
 }
 
 constexpr ListColumn line_list[] = {
-    {{"Projekt", "Project"}, value<0>, 22},     {{"Datum", "Date"}, value<1>, 11, true},
-    {{"Bearbeiter", "Operator"}, value<2>, 13}, {{"Leiter", "Conductor"}, value<4>, 20},
+    {{"Projekt", "Project"}, value<0>, 18},     {{"Datum", "Date"}, value<1>, 11, true},
+    {{"Bearbeiter", "Operator"}, value<2>, 11}, {{"Leiter", "Conductor"}, value<4>, 16},
     {{"Verfahren", "Methods"}, methods, 30},
 };
 
 constexpr ListColumn short_circuit_list[] = {
-    {{"Kennung", "Identification"}, value<0>, 22},
+    {{"Kennung", "Identification"}, value<0>, 18},
     {{"Datum", "Date"}, value<1>, 11, true},
-    {{"Bearbeiter", "Operator"}, value<2>, 13},
+    {{"Bearbeiter", "Operator"}, value<2>, 11},
     {{"Beurteilt wird", "Judged object"}, judged_object, 26},
     {{"Werkstoff", "Material"}, value<5>, 16},
 };

@@ -71,22 +71,22 @@ DatabaseDesk::DatabaseDesk(AreaFrame& form, const forms::DatabaseForms& forms,
         add(menu, question->entry, question->caption, &DatabaseDesk::open_calculations);
     add(menu, forms.fixed.open_entry, forms.fixed.open_caption, &DatabaseDesk::open_fixed);
     menu.addSeparator();
-    add(menu, forms.save_in_existing.entry, forms.save_in_existing.caption,
-        &DatabaseDesk::save_in_existing);
-    save_in_existing_ = menu.actions().constLast();
-    add(menu, forms.save_in_new.entry, forms.save_in_new.caption, &DatabaseDesk::save_in_new);
-    save_in_new_ = menu.actions().constLast();
+    save_in_existing_ = add(menu, forms.save_in_existing.entry, forms.save_in_existing.caption,
+                            &DatabaseDesk::save_in_existing);
+    save_in_new_ =
+        add(menu, forms.save_in_new.entry, forms.save_in_new.caption, &DatabaseDesk::save_in_new);
     add(menu, forms.fixed.save_entry, forms.fixed.save_caption, &DatabaseDesk::save_in_fixed);
     menu.addSeparator();
     add(menu, import_question.entry, import_question.caption, &DatabaseDesk::import_tables);
     parts_.captions.computed([this](LangId) { allow_saving(save_in_new_->isEnabled()); });
 }
 
-void DatabaseDesk::add(QMenu& menu, const char* name, const Text& caption,
-                       void (DatabaseDesk::*act)()) {
+QAction* DatabaseDesk::add(QMenu& menu, const char* name, const Text& caption,
+                           void (DatabaseDesk::*act)()) {
     QAction* action = parts_.captions.text(menu.addAction(QString()), caption);
     action->setObjectName(name);
     on(action, &QAction::triggered, [this, act] { (this->*act)(); });
+    return action;
 }
 
 void DatabaseDesk::allow_saving(bool allowed) {

@@ -38,7 +38,7 @@ public:
     void allow_saving(bool allowed) override;
 
 private:
-    void add(QMenu& menu, const char* name, const Text& caption, void (DatabaseDesk::*act)());
+    QAction* add(QMenu& menu, const char* name, const Text& caption, void (DatabaseDesk::*act)());
     void open();
     void open_calculations();
     void save_in_existing();

@@ -41,7 +41,6 @@ constexpr Text table_caption = {"&Tabelle :", "&Table :"};
 constexpr Text find_caption = {"&Suchen :", "&Find :"};
 constexpr Text find_hint = {"Wörter aus Projekt, Datum, Bearbeiter, Leiter ...",
                             "Words of project, date, operator, conductor ..."};
-constexpr Text found_text = {"{0} von {1} Datensätzen gefunden", "{0} of {1} data records found"};
 constexpr Text bar_name = {"Datensatzauswahl", "Choice of the data record"};
 constexpr Text only_read = {
     "Diese Datenbank kann nur gelesen werden. Eine Access-Datei lässt sich in "

@@ -7,7 +7,6 @@
 #include "forms/shown_record.h"
 
 class QCheckBox;
-class QFormLayout;
 class QLabel;
 
 namespace zel {

@@ -1,5 +1,6 @@
 #include "desktop/databases/save_dialogs.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -9,11 +10,13 @@
 #include <QScrollArea>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <QValidator>
 
 #include "desktop/databases/record_view.h"
 #include "desktop/frame/area_frame.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/inputs.h"
+#include "persistence/database/table_names.h"
 #include "platform/errors.h"
 
 namespace zel {
@@ -32,6 +35,26 @@ constexpr Text first_caption = {"Neue Tabelle", "New table"};
 constexpr Text name_caption = {"N&ame der Tabelle :", "N&ame of the table :"};
 constexpr Text rows_text = {"Datensätze : {0}", "Data records : {0}"};
 
+QString without_refused(QString text) {
+    while (const auto character = refused_character(text.toStdString()))
+        text.remove(qt(*character));
+    return text;
+}
+
+class NameRule : public QValidator {
+public:
+    using QValidator::QValidator;
+
+    State validate(QString& text, int& cursor) const override {
+        const QString kept = without_refused(text);
+        if (kept == text) return Acceptable;
+        QApplication::beep();
+        cursor = static_cast<int>(without_refused(text.left(cursor)).size());
+        text = kept;
+        return Acceptable;
+    }
+};
+
 QLabel* hint_label(const Text& text, LangId lang) {
     QLabel* label = plain_label(qt(text, lang));
     label->setWordWrap(true);
@@ -49,6 +72,11 @@ QHBoxLayout* labelled(TableNameBox* box, LangId lang) {
 }
 
 }  // namespace
+
+TableNameBox::TableNameBox() {
+    setObjectName("Text1");
+    setValidator(new NameRule(this));
+}
 
 SaveDialog::SaveDialog(const DatabaseWindowParts& parts, RowToSave row, const char* name,
                        const Text& title, const std::string& path)

@@ -1,17 +1,27 @@
 #pragma once
 
+#include <QLineEdit>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "desktop/databases/record_browser.h"
-#include "desktop/databases/table_name_box.h"
 #include "persistence/database/saving.h"
 
 class QRadioButton;
 class QVBoxLayout;
 
 namespace zel {
+
+/// The box `Text1` for the name of a table. A character that a name may not have is swallowed with
+/// a beep, also where it is pasted.
+class TableNameBox : public QLineEdit {
+public:
+    TableNameBox();
+
+    /// Without the blanks around it.
+    [[nodiscard]] std::string name() const { return text().trimmed().toStdString(); }
+};
 
 /// A case on its way into a table.
 struct RowToSave {
