@@ -71,6 +71,7 @@ private:
 void add_steady(CommandLine& line);
 void add_transient(CommandLine& line);
 void add_table(CommandLine& line);
+void add_graph(CommandLine& line);
 void add_short_circuit(CommandLine& line);
 void add_desktop(CommandLine& line);
 void add_batch(CommandLine& line);

@@ -19,6 +19,12 @@ using nlohmann::ordered_json;
 
 constexpr Text own_name = {"so heißt eine Datenbank des Programms",
                            "the name is that of a database of the program"};
+constexpr Text no_calculations = {
+    "keine Tabelle enthält Berechnungen; Kurzschlußfälle werden mit --short-circuit übernommen",
+    "no table holds calculations; short-circuit cases are imported with --short-circuit"};
+constexpr Text no_short_circuit_cases = {
+    "keine Tabelle enthält Kurzschlußfälle; Berechnungen werden ohne --short-circuit übernommen",
+    "no table holds short-circuit cases; calculations are imported without --short-circuit"};
 
 /// While it lives, an interrupt waits, so that what has been begun can be taken away; then it ends
 /// the program as ever.
@@ -91,6 +97,10 @@ int import_database(const DbWords& words, Console& /*console*/) {
     refuse_reserved(words, words.new_file);
     DatabaseFiles store;
     const auto old = store.open(words.file);
+    if (record_tables(*old, words.area().tables).empty())
+        throw InputError(
+            at(words.file, Reason(words.short_circuit ? no_short_circuit_cases : no_calculations)),
+            PlatformFault::NoRecords);
     const ImportResult result = [&] {
         const LateInterrupt interrupt;
         BatchProgress progress(words);

@@ -43,11 +43,10 @@ public:
 private:
     int calculate() override {
         if (loaded_.refusal) return refused(*loaded_.refusal);
-        const CalcCase c = loaded_.c;
-        RunSteady(loaded_.c, silent(session_), steady_);
-        if (!steady_.input_valid) return refused_by_box(steady_.refusal);
-        if (const auto box = check_table(c, words().lang)) return refused_by_box(*box);
-        table_ = *calculate_table(c, session_);
+        TableStart start = start_table(loaded_.c, session_);
+        if (start.refusal) return refused(*start.refusal);
+        notes_ = std::move(start.notes);
+        table_ = *calculate_table(loaded_.c, session_);
         if (!path_.empty()) {
             XlsxStore workbooks;
             PosixFiles files;
@@ -55,11 +54,6 @@ private:
                         words().separator);
         }
         return printed(!loaded_.text_refused && table_.complete());
-    }
-
-    int refused_by_box(const Box& box) {
-        session_.tell(box);
-        return refused(box);
     }
 
     [[nodiscard]] std::string document(std::string_view program_end) const override {
@@ -80,7 +74,7 @@ private:
             {"title", table_title(table_.stepped).in(words().lang)},
             {"winds_m_s", table_.winds},
             {"rows", std::move(rows)},
-            {"notes", json_of(steady_.notes)},
+            {"notes", json_of(notes_)},
             {"messages", json_of(messages())}};
         if (!program_end.empty()) document["program_end"] = program_end;
         return json_text(document);
@@ -90,7 +84,7 @@ private:
         std::string text = std::string(table_title(table_.stepped).in(words().lang)) + "\n";
         for (std::size_t method = 0; method < table_.methods.size(); ++method)
             text += "\n" + block(method);
-        return text + notes_text(steady_.notes, words().lang);
+        return text + notes_text(notes_, words().lang);
     }
 
     /// The rows of one method.
@@ -123,7 +117,7 @@ private:
     const std::string& path_;
     LoadedCase loaded_;
     Session session_;
-    SteadyRunResult steady_;
+    std::vector<Note> notes_;
     ParameterTable table_;
 };
 

@@ -1,9 +1,4 @@
-#include "cli/case_command.h"
-#include "cli/case_output.h"
-#include "program/case_source.h"
-#include "program/stores.h"
-#include "shell/case_settings.h"
-#include "steady/case/case_fields.h"
+#include "cli/transient_calculation.h"
 #include "workflow/run/notes.h"
 #include "workflow/run/transient_text.h"
 
@@ -24,70 +19,21 @@ struct TransientWords : CaseWords {
     bool series = false;  // the course of the temperature is told too
 };
 
-class TransientCommand : public CaseRun {
+class TransientCommand : public TransientCalculation {
 public:
     explicit TransientCommand(const TransientWords& words)
-        : CaseRun(words),
-          loaded_(load_case(words.case_path, words, console())),
-          session_{words, words.Meldung_merker(), console(), &memory_},
-          wants_series_(words.series) {
-        take_settings(session_, ProgramStores().settings().now());
-    }
+        : TransientCalculation(words, words.series) {}
 
 private:
-    int calculate() override {
-        if (loaded_.refusal) return refused(*loaded_.refusal);
-        CalcCase& c = loaded_.c;
-        RunSteady(c, session_, steady_);
-        if (!steady_.input_valid) return refused(steady_.refusal);
-        for (const Box& box : steady_.advice) session_.tell(box);
-        take_over(basis_, steady_, c);
-        report_.notes = steady_.notes;
-        report_.method = transient_method(c);
-        report_.start = basis_.start;
-        if (report_.method && !basis_.start) return without_start();
-        RunTransient(c, basis_, session_, {}, report_.run);
-        if (!report_.run.input_valid) return page_refused(report_.run.refusal);
-        ran_ = true;
-        for (Note& note : notes_on(report_.run, c, session_))
-            report_.notes.push_back(std::move(note));
-        if (wants_series_) report_.series = transient_series(c, basis_, report_.run, session_);
-        return printed(!loaded_.text_refused && sound(steady_) &&
-                       report_.run.end == TransientEnd::Completed);
-    }
-
-    /// The steady state failed, which its boxes told, or would have.
-    int without_start() {
-        for (const MethodResult& line : steady_.methods)
-            if (!line.outcome.status.empty())
-                Console::tell_reason(std::string(key_of(line.method)) + ": " + line.outcome.status);
-        return printed(false);
-    }
-
-    int page_refused(const TransientRefusal& refusal) {
-        const std::string field = refusal.row ? name_of(*refusal.row, refusal.cell) : std::string();
-        if (!words().silent) console().show(refusal.box, field);
-        return refused(refusal.box);
-    }
-
     [[nodiscard]] std::string document(std::string_view program_end) const override {
-        return transient_document(report_, messages(), program_end);
+        return transient_document(report(), messages(), program_end);
     }
     [[nodiscard]] std::string page() const override {
-        std::string text = steady_page(loaded_.c, steady_, words());
-        if (ran_) text += "\n" + transient_text(report_.run, loaded_.c, words());
-        if (report_.series) text += series_text(*report_.series, words());
-        return text + notes_text(report_.notes, words().lang);
+        std::string text = steady_page(calc_case(), steady(), words());
+        if (ran()) text += "\n" + transient_text(report().run, calc_case(), words());
+        if (report().series) text += series_text(*report().series, words());
+        return text + notes_text(report().notes, words().lang);
     }
-
-    LoadedCase loaded_;
-    MethodMemory memory_;
-    Session session_;
-    bool wants_series_;
-    bool ran_ = false;  // the changes of state did, the failed one included
-    SteadyRunResult steady_;
-    TransientBasis basis_;
-    TransientReport report_;
 };
 
 }  // namespace

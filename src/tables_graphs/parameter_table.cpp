@@ -9,7 +9,6 @@
 #include "platform/side_by_side.h"
 #include "platform/text/number_text.h"
 #include "steady/case/case_fields.h"
-#include "workflow/run/steady_run.h"
 
 namespace zel {
 namespace {
@@ -62,14 +61,27 @@ Entry entered(double value) { return {plain_number(value, DecimalSeparator::Poin
 
 /// From the lowest value up to the highest, which stands there where a whole number of steps leads
 /// to it.
-std::vector<double> steps_of(const CalcCase& c, const Kind& kind) {
+std::vector<double> steps_of(const CalcCase& c, Stepped stepped, double parts = 1) {
     constexpr double rounding_noise = 1e-9;  // of a step
+    const Kind& kind = kind_of(stepped);
     const double low = (c.*kind.low).value;
-    const double step = c.*kind.step;
+    const double step = c.*kind.step / parts;
     const auto last =
         static_cast<std::size_t>(std::floor(((c.*kind.high).value - low) / step + rounding_noise));
     std::vector<double> steps;
     for (std::size_t i = 0; i <= last; ++i) steps.push_back(low + static_cast<double>(i) * step);
+    return steps;
+}
+
+/// Parts of each step, and the highest value behind the last of them.
+std::vector<double> steps_of_curves(const CalcCase& c, Stepped stepped) {
+    constexpr double fewest_points = 200;
+    const Kind& kind = kind_of(stepped);
+    const double high = (c.*kind.high).value;
+    const double range = high - (c.*kind.low).value;
+    const double parts = std::ceil(fewest_points * (c.*kind.step) / range);
+    std::vector<double> steps = steps_of(c, stepped, std::max(parts, 1.0));
+    if (steps.back() < high) steps.push_back(high);
     return steps;
 }
 
@@ -88,15 +100,15 @@ Stepped stepped_temperature(const CalcCase& c) {
 
 class Calculation {
 public:
-    Calculation(const CalcCase& c, Stepped stepped, const Session& session,
-                const TableProgress& progress)
+    Calculation(const CalcCase& c, Stepped stepped, std::vector<double> steps,
+                const Session& session, const TableProgress& progress)
         : case_(c), session_(session), progress_(progress) {
         forget_emptied(case_);
         table_.stepped = stepped;
+        table_.steps = std::move(steps);
         table_.methods = methods_of(c);
         for (const auto wind : winds_of_case)
             if ((c.*wind).given()) table_.winds.push_back((c.*wind).value);
-        table_.steps = steps_of(case_, kind_of(table_.stepped));
         table_.cells.resize(places() * table_.methods.size());
     }
 
@@ -158,6 +170,16 @@ bool ParameterTable::complete() const {
     return std::all_of(cells.begin(), cells.end(), [](const auto& cell) { return bool{cell}; });
 }
 
+TableStart start_table(const CalcCase& c, const Session& session) {
+    CalcCase rated_once = c;
+    const SteadyRunResult steady = RunSteady(rated_once, silent(session));
+    TableStart start = {steady.input_valid ? check_table(c, session.lang)
+                                           : std::optional(steady.refusal),
+                        steady.notes};
+    if (start.refusal) session.tell(*start.refusal);
+    return start;
+}
+
 CalcCase case_of_cell(CalcCase c, Stepped stepped, double wind, double step) {
     c.Windgeschwindigkeit_db = entered(wind);
     switch (stepped) {
@@ -175,18 +197,26 @@ CalcCase case_of_cell(CalcCase c, Stepped stepped, double wind, double step) {
 
 std::optional<ParameterTable> S10_tab_strom_2_rechnen(const CalcCase& c, const Session& session,
                                                       const TableProgress& progress) {
-    return Calculation(c, stepped_temperature(c), session, progress).run();
+    return Calculation(c, stepped_temperature(c), steps_of(c, stepped_temperature(c)), session,
+                       progress)
+        .run();
 }
 
 std::optional<ParameterTable> S10_tab_temp_2_rechnen(const CalcCase& c, const Session& session,
                                                      const TableProgress& progress) {
-    return Calculation(c, Stepped::Current, session, progress).run();
+    return Calculation(c, Stepped::Current, steps_of(c, Stepped::Current), session, progress).run();
 }
 
 std::optional<ParameterTable> calculate_table(const CalcCase& c, const Session& session,
                                               const TableProgress& progress) {
     return stepped_by(c) == Stepped::Current ? S10_tab_temp_2_rechnen(c, session, progress)
                                              : S10_tab_strom_2_rechnen(c, session, progress);
+}
+
+std::optional<ParameterTable> calculate_curves(const CalcCase& c, const Session& session,
+                                               const TableProgress& progress) {
+    const Stepped stepped = stepped_by(c);
+    return Calculation(c, stepped, steps_of_curves(c, stepped), session, progress).run();
 }
 
 Text table_title(Stepped stepped) { return kind_of(stepped).title; }

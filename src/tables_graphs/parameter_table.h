@@ -10,6 +10,7 @@
 #include "shell/session.h"
 #include "steady/case/calc_case.h"
 #include "steady/case/method.h"
+#include "workflow/run/steady_run.h"
 
 // The table of a result over a range: currents over the conductor or ambient temperature,
 // temperatures over the current, for up to six wind speeds and each selected method.
@@ -46,6 +47,13 @@ struct ParameterTable {
 /// The one of the two that the mode of the case asks for.
 [[nodiscard]] std::optional<Box> check_table(const CalcCase& c, LangId lang);
 
+/// Whether a table of the case can be calculated: the input check, then the one of its table.
+struct TableStart {
+    std::optional<Box> refusal;  // why not, which was told
+    std::vector<Note> notes;     // on the case itself
+};
+[[nodiscard]] TableStart start_table(const CalcCase& c, const Session& session);
+
 /// Is told how many of all cells are done, one call at a time, and answers whether to go on.
 using TableProgress = std::function<bool(std::size_t done, std::size_t all)>;
 
@@ -62,6 +70,12 @@ using TableProgress = std::function<bool(std::size_t done, std::size_t all)>;
 [[nodiscard]] std::optional<ParameterTable> calculate_table(const CalcCase& c,
                                                             const Session& session,
                                                             const TableProgress& progress = {});
+
+/// The same at steps close enough for smooth curves, those of the table among them, up to the
+/// highest value of the range.
+[[nodiscard]] std::optional<ParameterTable> calculate_curves(const CalcCase& c,
+                                                             const Session& session,
+                                                             const TableProgress& progress = {});
 
 /// The case of one cell.
 [[nodiscard]] CalcCase case_of_cell(CalcCase c, Stepped stepped, double wind, double step);

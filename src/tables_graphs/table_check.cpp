@@ -38,6 +38,17 @@ bool reversed(const C& c) {
     return number(c.*low) > number(c.*high);
 }
 
+constexpr double most_rows = 100000;
+template <auto low, auto high, auto step>
+bool too_long(const C& c) {
+    return (number(c.*high) - number(c.*low)) / c.*step >= most_rows;
+}
+constexpr Text too_long_text = {
+    "Die Tabelle hätte mehr als 100000 Zeilen.\n"
+    "Bitte wählen Sie eine größere Schrittweite oder einen kleineren Bereich.",
+    "The table would have more than 100000 rows.\n"
+    "Please choose a larger step or a smaller range."};
+
 constexpr Text no_wind_text = {"Es muss mindestens in einem Feld eine Angabe zur\n"
                                "Windgeschwindigkeit gemacht werden.\n"
                                "Bitte vervollständigen Sie ihre Eingabe !",
@@ -92,6 +103,8 @@ constexpr Check checks_of_currents[] = {
       "Bitte vervollständigen Sie Ihre Eingabe !",
       "You havn't made an input for minium conductor temperature. \n"
       "Please complete your input."}},
+    {{always, too_long<&C::Temp_min_db, &C::Temp_max_db, &C::Schrittweite_Temp_db>, &incorrect},
+     too_long_text},
 };
 
 constexpr auto no_current_step = no_step<&C::Schrittweite_Strom_db>;
@@ -129,6 +142,8 @@ constexpr Check checks_of_temperatures[] = {
       "Bitte vervollständigen Sie Ihre Eingabe !",
       "You havn't made an input for minium current. \n"
       "Please complete your input."}},
+    {{always, too_long<&C::Strom_min_db, &C::Strom_max_db, &C::Schrittweite_Strom_db>, &incorrect},
+     too_long_text},
 };
 
 std::optional<Box> refusal(std::span<const Check> checks, const C& c, LangId lang) {

@@ -53,11 +53,14 @@ TEST_F(AccessFiles, refuse_changes_and_leave_no_new_file_where_they_cannot_be_co
     const std::string before = folder.read("old.accdb");
     folder.write("cut.mdb", folder.read("old.accdb").substr(0, 20 * 4096));
     folder.write("there.mdb", "mine");
+    folder.write("lines.mdb", access_file::bytes_of({access_table(case_tables(), "T", 1)}));
     for (const auto& [words, reason] : {
              std::pair<std::vector<std::string>, const char*>{{"drop", "old.accdb", "Fälle"},
                                                               "zel db import OLD.mdb NEW.mdb"},
              {{"import", "cut.mdb", "n.mdb"}, "damaged"},
              {{"import", "none.mdb", "n.mdb"}, "Error 3024"},
+             {{"import", "lines.mdb", "n.mdb", "--short-circuit"},
+              "lines.mdb: no table holds short-circuit cases"},
              {{"import", "old.accdb", "there.mdb"}, "Error 3204"},
              {{"import", "old.accdb", "stcas.mdb", "--short-circuit"}, "stcas.mdb"},
          }) {

@@ -8,7 +8,9 @@
 #include "fakes/steady_cases.h"
 #include "fakes/tb601_cases.h"
 #include "fakes/test_data.h"
+#include "platform/text/csv.h"
 #include "platform/text/text.h"
+#include "tables_graphs/curve_points.h"
 #include "workflow/run/steady_run.h"
 
 namespace zel {
@@ -162,6 +164,42 @@ TEST_F(Tables, can_be_stopped) {
         return done < 7;
     }));
     EXPECT_EQ(told, 7U);
+}
+
+/// The fields of a line.
+std::vector<std::string> fields(const std::string& csv, std::size_t line) {
+    return parse_csv(csv).at(line).cells;
+}
+
+TEST_F(Tables, give_curves_their_own_points_and_more) {
+    CalcCase c = twin_264_34_at(900);
+    c.Strom_min_db = typed(100);
+    c.Strom_max_db = typed(1030);
+    c.Schrittweite_Strom_db = 200;
+    c.Wind2_db = typed(0.6);
+    const auto table = calculate_table(c, session);
+    const auto curves = calculate_curves(c, session);
+    ASSERT_EQ(table->steps.size(), 5U);
+    ASSERT_GE(curves->steps.size(), 200U);
+    EXPECT_EQ(curves->steps.back(), 1030);
+    for (std::size_t step = 0, at = 0; step < table->steps.size(); ++step) {
+        while (curves->steps.at(at) < table->steps[step] - 1e-6) ++at;
+        EXPECT_NEAR(curves->steps[at], table->steps[step], 1e-9);
+        EXPECT_NEAR(curves->at(at, 0, 0).value(), table->at(step, 0, 0).value(), 1e-6);
+    }
+    // The current of a sub-conductor is shown for the bundle.
+    const std::string csv = steady_points(*curves, c);
+    EXPECT_EQ(parse_csv(csv).size(), curves->steps.size() + 1);
+    EXPECT_EQ(fields(csv, 1)[0], "TB207");
+    EXPECT_EQ(fields(csv, 1)[2], "200");
+    EXPECT_EQ(fields(csv, curves->steps.size())[2], "2060");
+    EXPECT_EQ(fields(csv, 1)[3], exact_number(*curves->at(0, 0, 0)));
+}
+
+TEST(TransientPoints, have_the_current_of_their_row) {
+    EXPECT_EQ(transient_points({{1, {{0, 50}, {60, 70.5}}}, {2, {{60, 70.5}}}},
+                               {{0, 0, 400}, {0, 60, 900}, {60, 60, 0}}),
+              "t_s,temperature_C,current_A\n0,50,900\n60,70.5,900\n60,70.5,0\n");
 }
 
 }  // namespace
