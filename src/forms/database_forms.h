@@ -66,6 +66,7 @@ struct DatabaseForms {
 
     // The browser of records.
     const char* browser;
+    const char* loading;  // the procedure that failures name
     Text browser_title;
     std::array<Text, 2> pages;
     std::span<const ListColumn> list;

@@ -127,7 +127,7 @@ void DatabaseDesk::open_fixed() { browse(parts_.settings.now().*forms_.fixed.pat
 void DatabaseDesk::browse(const std::string& path, const forms::FixedTable* fixed) {
     if (!form_.take_in()) return;
     std::unique_ptr<RecordBrowser> browser;
-    carry_out(forms_.browser, "Form_Load", [&] {
+    carry_out(forms_.browser, forms_.loading, [&] {
         const TableFormat& format = forms_.format();
         auto database =
             fixed != nullptr ? open_fixed_database(parts_.tables, path) : parts_.tables.open(path);
