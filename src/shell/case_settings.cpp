@@ -10,6 +10,7 @@ namespace {
 struct Question {
     std::int16_t MethodSelection::*stored;
     NumberMember present;
+    std::int16_t last;  // of its values, which count from 1
     Text lines;
     Text (*value_in_stored)(std::int16_t value);  // how the lines name a stored value
     Text (*value_in_present)(std::int16_t value);
@@ -67,11 +68,11 @@ constexpr Text summer_time_lines = {"Die Einstellung <Berücksichtigung der Somm
                                     "of the read-in data file ?"};
 
 Text stored_formula(std::int16_t value) {
-    if (value == 1) return {"< Formel 1(ABB)>", "< formula 1(ABB)>"};
+    if (value == 1) return {"< Formel 1(ABB)>", "< formula 1(ABB) >"};
     return {"< Formel 2(Kiessling)>", "< formula 2(Kiessling)>"};
 }
 
-/// The English names of the present formula have one blank more.
+/// The English name of the second formula has one blank more.
 Text present_formula(std::int16_t value) {
     if (value == 1) return {"< Formel 1(ABB)>", "< formula 1(ABB) >"};
     return {"< Formel 2(Kiessling)>", "< formula 2(Kiessling) >"};
@@ -87,9 +88,10 @@ using S = ProgramSettings;
 
 // A gravity is a number in the separator of the session, no text.
 constexpr Question questions[] = {
-    {&M::Gravi_merker1_db, &S::Gravi_merker, gravity_lines, nullptr, nullptr},
-    {&M::Formel_merker1_db, &S::Formel_merker, resistance_lines, stored_formula, present_formula},
-    {&M::wzsz_merker_db, &S::wzsz_merker, summer_time_lines, summer_time, summer_time},
+    {&M::Gravi_merker1_db, &S::Gravi_merker, 3, gravity_lines, nullptr, nullptr},
+    {&M::Formel_merker1_db, &S::Formel_merker, 2, resistance_lines, stored_formula,
+     present_formula},
+    {&M::wzsz_merker_db, &S::wzsz_merker, 2, summer_time_lines, summer_time, summer_time},
 };
 
 std::string value_text(Text (*name)(std::int16_t), std::int16_t value, const Session& session) {
@@ -103,7 +105,9 @@ void adopt_settings(MethodSelection& stored, Settings& settings, const Session& 
     for (const Question& question : questions) {
         const std::int16_t wanted = stored.*question.stored;
         const std::int16_t present = settings.now().*question.present;
-        if (wanted == present) continue;
+        // A column that is missing or empty brings no value of its own, nor does a wrong one.
+        if (wanted == present || wanted < 1 || wanted > question.last) continue;
+        if (session.Meldung_merker == RunMode::Silent) continue;
         const BoxText text = {Icon::Question, short_name, question.lines, Buttons::YesNo,
                               Answer::No};
         const Box box = box_in(session.lang, text,

@@ -1,7 +1,9 @@
 #include "persistence/database/case_table.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "platform/rounding.h"
 #include "shell/case_settings.h"
 #include "shell/program_texts.h"
 #include "steady/case/case_fields.h"
@@ -111,6 +113,9 @@ public:
         MethodSelection stored = c_;
         adopt_settings(stored, settings_, session_);
         static_cast<MethodSelection&>(c_) = stored;
+        // The changes of state that stay were typed for the bundle as it was.
+        if (sharing_conductors(c_) != sharing_before_)
+            share_bundle_currents(c_, session_.separator);
         read_states();
     }
 
@@ -200,7 +205,9 @@ private:
     void read_states() {
         for (std::size_t number = 0; number < c_.Z.size(); ++number) {
             StateChange read;
-            read.merker = row_.whole(name_of(number, nullptr));
+            const auto kind = row_.number(name_of(number, nullptr));
+            if (!kind || *kind != std::floor(*kind)) return;
+            read.merker = round_to_int16(*kind).value_or(row_unused);
             if (!is_in_use(read)) return;
             for (const auto& field : state_fields()) {
                 const auto* cell = std::get_if<StateCell>(&field.key);
@@ -218,6 +225,7 @@ private:
     CalcCase& c_;
     Settings& settings_;
     const Session& session_;
+    const int sharing_before_ = sharing_conductors(c_);
     MethodSet selected_ = 0;
 };
 
