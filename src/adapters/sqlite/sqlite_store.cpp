@@ -8,7 +8,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <cstring>
+#include <filesystem>
+#include <limits>
 
 #include "platform/errors.h"
 #include "platform/text/number_text.h"
@@ -25,6 +28,11 @@ constexpr int format = 1;
 constexpr Text row_is_gone = {"{0}: die Zeile gibt es nicht mehr",
                               "{0}: the row is not there any more"};
 constexpr Text table_is_there = {"es gibt schon eine Tabelle {0}", "there is a table {0}"};
+constexpr std::string_view engine_prefix = "sqlite_";
+constexpr Text name_of_engine = {"{0}: Namen, die mit {1} beginnen, braucht die Datenbank selbst",
+                                 "{0}: names that begin with {1} are those of the database itself"};
+constexpr Text empty_file = {"die Datei ist leer", "the file is empty"};
+constexpr Text no_path = {"der Name einer Datei fehlt", "the name of a file is missing"};
 constexpr Text no_table = {"es gibt keine Tabelle {0}", "there is no table {0}"};
 
 bool exists(const std::string& path) {
@@ -79,8 +87,10 @@ std::string declared(const TableColumn& column) {
 std::optional<std::string> text_of(const SQLite::Column& value, bool single) {
     if (value.isNull()) return std::nullopt;
     if (!value.isFloat()) return value.getString();
-    return single ? exact_number(static_cast<float>(value.getDouble()))
-                  : exact_number(value.getDouble());
+    const double number = value.getDouble();
+    // Others may have put a number there that the column has no room for.
+    const bool fits = std::abs(number) <= static_cast<double>(std::numeric_limits<float>::max());
+    return single && fits ? exact_number(static_cast<float>(number)) : exact_number(number);
 }
 
 void bind(SQLite::Statement& statement, int place, const ColumnValue& value) {
@@ -97,10 +107,15 @@ void bind(SQLite::Statement& statement, int place, const ColumnValue& value) {
         value);
 }
 
+/// The path from the root on: some relative ones mean other things to the engine than files.
+std::string path_for_engine(const std::string& path) {
+    return std::filesystem::absolute(path).string();
+}
+
 class SqliteDatabase : public Database {
 public:
     explicit SqliteDatabase(const std::string& path)
-        : path_(path), file_(path, SQLite::OPEN_READWRITE, patience) {
+        : path_(path), file_(path_for_engine(path), SQLite::OPEN_READWRITE, patience) {
         // Opening reads nothing; whether this is a database shows at the first question.
         (void)file_.execAndGet("SELECT count(*) FROM sqlite_schema");
     }
@@ -112,9 +127,12 @@ public:
     [[nodiscard]] std::vector<TableInfo> tables() override {
         return told(path_, [&] {
             std::vector<TableInfo> found;
-            SQLite::Statement names(file_,
-                                    "SELECT name FROM sqlite_schema WHERE type = 'table' AND name "
-                                    "NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY rowid");
+            // Tables without numbered rows, which only other programs make, cannot be browsed.
+            SQLite::Statement names(
+                file_,
+                "SELECT s.name FROM sqlite_schema AS s JOIN pragma_table_list AS l ON l.name = "
+                "s.name AND l.schema = 'main' WHERE l.type = 'table' AND l.wr = 0 AND s.type = "
+                "'table' AND s.name NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY s.rowid");
             while (names.executeStep()) found.push_back({names.getColumn(0).getString(), {}});
             for (TableInfo& table : found)
                 for (const auto& [name, single] : columns_of(table.name))
@@ -171,6 +189,8 @@ public:
             if (is_there(table))
                 throw InputError(at(path_, Reason(table_is_there, {table})),
                                  PlatformFault::TableExists, table);
+            if (same_name(table.substr(0, engine_prefix.size()), engine_prefix))
+                throw InputError(at(path_, Reason(name_of_engine, {table, engine_prefix})));
             std::string list;
             for (const TableColumn& column : columns)
                 list +=
@@ -304,6 +324,12 @@ void make_file(const std::string& path) {
 }  // namespace
 
 std::unique_ptr<Database> SqliteStore::open(const std::string& path) {
+    if (path.empty()) throw InputError(Reason(no_path), PlatformFault::DatabaseMissing);
+    // The engine takes it for a database without tables, but all of ours hold more.
+    std::error_code failed;
+    if (std::filesystem::is_regular_file(path, failed) &&
+        std::filesystem::file_size(path, failed) == 0)
+        throw InputError(at(path, Reason(empty_file)), PlatformFault::NotADatabase);
     return told(path, [&] { return std::make_unique<SqliteDatabase>(path); });
 }
 
@@ -311,7 +337,7 @@ std::unique_ptr<Database> SqliteStore::create(const std::string& path) {
     make_file(path);
     try {
         return told(path, [&] {
-            SQLite::Database file(path, SQLite::OPEN_READWRITE, patience);
+            SQLite::Database file(path_for_engine(path), SQLite::OPEN_READWRITE, patience);
             file.exec("PRAGMA application_id = " + std::to_string(application_id));
             file.exec("PRAGMA user_version = " + std::to_string(format));
             return std::make_unique<SqliteDatabase>(path);

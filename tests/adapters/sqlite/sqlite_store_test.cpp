@@ -94,6 +94,10 @@ TEST_F(Store, tells_failures_by_their_numbers) {
     EXPECT_EQ(fault_of([&] { return store.create(folder.file("none/a.mdb")); }), 76);
     folder.write("text.mdb", std::string(5000, 'x'));
     EXPECT_EQ(fault_of([&] { return store.open(folder.file("text.mdb")); }), 3343);
+    folder.write("empty.mdb", "");
+    EXPECT_EQ(fault_of([&] { return store.open(folder.file("empty.mdb")); }), 3343);
+    for (const char* const no_file : {"", ":memory:", "file:none.mdb?mode=memory"})
+        EXPECT_EQ(fault_of([&] { return store.open(no_file); }), 3024) << no_file;
     const auto database = store.create(path);
     EXPECT_EQ(fault_of([&] { return store.create(path); }), 3204);
     database->create_table("T", columns);
