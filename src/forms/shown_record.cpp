@@ -62,7 +62,7 @@ private:
 
 /// By the index of the list.
 constexpr std::string_view listed_materials[] = {
-    "", "Kupfer", "Aluminium, Aluminiumlegierung (AlMgSi), Aluminium/Stahl", "Stahl"};
+    "", " Kupfer", "Aluminium, Aluminiumlegierung (AlMgSi), Aluminium/Stahl", " Stahl"};
 
 class ListedShortCircuit : public ShortCircuitRecord {
 public:

@@ -97,7 +97,7 @@ private:
         if (column.type == ColumnType::Text) {
             std::string stored = first_characters(text, static_cast<std::size_t>(column.length));
             if (stored.size() < text.size()) tell_of(text_cut, std::to_string(column.length));
-            return stored;
+            return stored.empty() ? " " : stored;  // as texts are stored that are empty
         }
         const auto number = stored_number(text);
         if (!number) {

@@ -121,7 +121,7 @@ TEST_F(Import, tells_what_it_leaves_out) {
         return true;
     });
     const std::vector<TableRow> expected = {
-        {std::string(100, 'x'), "2026-06-21", "", "22", std::nullopt, std::nullopt},
+        {std::string(100, 'x'), "2026-06-21", " ", "22", std::nullopt, std::nullopt},
         {"y", "2026-06-21", "B", std::nullopt, "80.5", "0.1"}};
     EXPECT_EQ(rows, expected);
 }
