@@ -46,7 +46,7 @@ std::vector<NamedValue> load_line(const std::string& path, const CommonOptions& 
 std::string show_line(const StoredRow& row, const CommonOptions& options, Console& console) {
     ProgramStores stores;
     Settings settings = stores.settings();
-    Session session = {options, RunMode::Messages, console};
+    Session session = {options, options.Meldung_merker(), console};
     take_settings(session, settings.now());
     CalcCase c;
     S30_Access_Daten_einlesen(row, c, settings, session);

@@ -1,6 +1,6 @@
-#include <filesystem>
 #include <nlohmann/json.hpp>
 
+#include "cli/case_output.h"
 #include "cli/commands.h"
 #include "cli/db_words.h"
 #include "persistence/database/saving.h"
@@ -47,10 +47,10 @@ TableInfo case_table(Database& database, const DbWords& words) {
 
 RowKey key_of(Database& database, const TableInfo& table, const DbWords& words) {
     const auto keys = database.rows(table.name);
-    if (words.row < 1 || words.row > keys.size())
+    if (words.row < 1 || static_cast<std::size_t>(words.row) > keys.size())
         throw InputError(at(words.file, Reason(no_such_row, {table.name, std::to_string(words.row),
                                                              std::to_string(keys.size())})));
-    return keys[words.row - 1];
+    return keys[static_cast<std::size_t>(words.row) - 1];
 }
 
 /// A damaged file may have lost some.
@@ -105,38 +105,52 @@ int show(const DbWords& words, Console& console) {
 void refuse_name(const std::string& name) {
     if (name.empty()) throw InputError(Reason(no_name));
     if (const auto character = refused_character(name))
-        throw InputError(Reason(wrong_name, {in_quotes(name), *character}));
+        throw InputError(Reason(wrong_name, {in_quotes(name), printable(*character)}));
+}
+
+/// A case that was saved is told in JSON alone.
+int saved(const DbWords& words, const Console& console, const std::string& table, std::size_t row) {
+    if (!words.json) return exit_done;
+    return print_or_fail(
+        json_text({{"table", table}, {"row", row}, {"messages", json_of(console.messages())}}));
 }
 
 int save(const DbWords& words, Console& console) {
     const DbArea& area = words.area();
     const bool new_table = words.new_table || words.new_database;
-    if (new_table) refuse_name(words.table);
+    const std::string name = without_outer_blanks(words.table);
+    if (new_table) refuse_name(name);
     if (words.new_database) refuse_reserved(words, words.file);
     const auto values = area.load(words.case_path, words, console);
     if (words.new_database) {
         DatabaseFiles store;
         NewDatabase made(store, words.file);
-        save_in_new_table(made.database(), area.tables, words.table, values);
+        save_in_new_table(made.database(), area.tables, name, values);
         made.keep();
-        return exit_done;
+        return saved(words, console, name, 1);
     }
     const auto database = DatabaseFiles().open(words.file);
     if (new_table) {
-        save_in_new_table(*database, area.tables, words.table, values);
-        return exit_done;
+        save_in_new_table(*database, area.tables, name, values);
+        return saved(words, console, name, 1);
     }
     const TableInfo table = case_table(*database, words);
-    if (const auto box = refused_table(area.tables, table, words.lang)) {
+    // One that takes no rows at all tells so itself.
+    if (const auto box = refused_table(area.tables, table, words.lang);
+        box && database->writable()) {
         Console::tell_reason(paragraph_of(*box));
         return exit_refused;
     }
-    database->add_row(table.name, values);
-    return exit_done;
+    std::vector<std::string> left_out;
+    add_to_table(*database, table, values, left_out);
+    if (const auto box = told_left_out(table, left_out, words.lang))
+        Console::tell_reason(paragraph_of(*box));
+    return saved(words, console, table.name, database->rows(table.name).size());
 }
 
 int write_out(const DbWords& words, Console& /*console*/) {
     const auto database = DatabaseFiles().open(words.file);
+    refuse_itself(words.file, words.export_path);
     const TableInfo table = case_table(*database, words);
     XlsxStore workbooks;
     PosixFiles files;
@@ -183,6 +197,7 @@ int guarded_db(const DbWords& words) {
     } catch (const PlatformError& error) {
         if (error.fault() == PlatformFault::Unforeseen) throw;
         Console::tell_reason(error.told(words.lang));
+        if (words.silent) return exit_refused;
         ErrorHandling handling(words.lang, console);
         try {
             (void)handle_caught(handling, module_name, "zel_db");

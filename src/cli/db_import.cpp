@@ -61,6 +61,7 @@ private:
 
 /// `path` from the root on, whether its file is there or not.
 std::string whole_path(const std::string& path) {
+    if (path.empty()) return path;  // told by whoever opens it
     return std::filesystem::absolute(path).lexically_normal().string();
 }
 

@@ -10,7 +10,7 @@ struct DbWords : CommonOptions {
     bool short_circuit = false;
     std::string file{};
     std::string table{};
-    std::size_t row = 0;
+    std::int64_t row = 0;
     std::string case_path{};
     std::string new_file{};  // of an import
     bool new_database = false;

@@ -281,7 +281,9 @@ bool DatabaseDesk::add_to_fixed(const RowToSave& row) {
         parts_.session.tell(*refusal);
         return false;
     }
-    database->add_row(table.name, row.values);
+    std::vector<std::string> left_out;
+    add_to_table(*database, table, row.values, left_out);
+    if (const auto box = told_left_out(table, left_out, lang())) parts_.session.tell(*box);
     return true;
 }
 

@@ -349,6 +349,7 @@ void RecordBrowser::export_shown_table() {
     try {
         const std::size_t rows = [&] {
             const WaitCursor waiting;
+            refuse_itself(path_, *path);
             return export_table(*database_, parts_.forms.format(), tables_[table_], *path,
                                 parts_.workbooks, parts_.files, parts_.session.separator);
         }();

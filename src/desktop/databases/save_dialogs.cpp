@@ -243,7 +243,9 @@ std::string SaveInDatabase::save() {
         parts().session.tell(*refusal);
         return {};
     }
-    database_->add_row(table.name, row().values);
+    std::vector<std::string> left_out;
+    add_to_table(*database_, table, row().values, left_out);
+    if (const auto box = told_left_out(table, left_out, lang())) parts().session.tell(*box);
     return table.name;
 }
 

@@ -31,4 +31,14 @@ private:
 void save_in_new_table(Database& database, const TableFormat& format, const std::string& table,
                        std::span<const NamedValue> row);
 
+/// Adds a row to a table that may lack columns. The values without a column are left out, which
+/// `left_out` names where they are more than Null.
+void add_to_table(Database& database, const TableInfo& table, std::vector<NamedValue> row,
+                  std::vector<std::string>& left_out);
+
+/// Tells which values were left out; nothing where none was.
+[[nodiscard]] std::optional<Box> told_left_out(const TableInfo& table,
+                                               const std::vector<std::string>& left_out,
+                                               LangId lang);
+
 }  // namespace zel

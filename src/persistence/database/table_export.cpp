@@ -1,7 +1,9 @@
 #include "persistence/database/table_export.h"
 
 #include <algorithm>
+#include <filesystem>
 
+#include "platform/errors.h"
 #include "platform/text/utf8.h"
 
 namespace zel {
@@ -11,6 +13,8 @@ constexpr std::size_t longest_sheet_name = 31;
 constexpr std::string_view not_in_sheet_names = "[]:*?/\\";
 constexpr double widest_column = 40;  // in characters
 constexpr double narrowest_column = 10;
+
+constexpr Text database_itself = {"das ist die Datenbank selbst", "that is the database itself"};
 
 struct ExportColumn {
     std::string name;
@@ -83,6 +87,12 @@ std::size_t export_table(Database& database, const TableFormat& format, const Ta
                          DecimalSeparator separator) {
     write_sheet(table_as_sheet(database, format, table), path, workbooks, files, separator);
     return database.rows(table.name).size();
+}
+
+void refuse_itself(const std::string& path, const std::string& written) {
+    std::error_code not_there;
+    if (std::filesystem::equivalent(path, written, not_there))
+        throw InputError(at(written, Reason(database_itself)));
 }
 
 }  // namespace zel

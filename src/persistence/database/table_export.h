@@ -19,4 +19,7 @@ std::size_t export_table(Database& database, const TableFormat& format, const Ta
                          const std::string& path, WorkbookStore& workbooks, Files& files,
                          DecimalSeparator separator);
 
+/// Throws `InputError` where a table of the database at `path` would be written over it.
+void refuse_itself(const std::string& path, const std::string& written);
+
 }  // namespace zel

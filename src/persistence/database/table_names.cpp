@@ -1,8 +1,10 @@
 #include "persistence/database/table_names.h"
 
+#include <algorithm>
 #include <array>
 
 #include "platform/text/text.h"
+#include "platform/text/utf8.h"
 #include "shell/program_texts.h"
 
 namespace zel {
@@ -35,9 +37,16 @@ constexpr Reserved reserved[] = {{"stcas.mdb", "stcas.mdb", true},
 }  // namespace
 
 std::optional<std::string> refused_character(std::string_view name) {
-    for (std::size_t i = 0; i < name.size(); ++i)
-        for (const std::string_view character : refused)
-            if (name.substr(i).starts_with(character)) return std::string(character);
+    for (; !name.empty(); name.remove_prefix(character_length(name))) {
+        const std::size_t length = character_length(name);
+        const std::string_view character = name.substr(0, std::max<std::size_t>(length, 1));
+        // What is no character, steers a terminal, or makes an umlaut of the letter before it.
+        const bool is_strange = length == 0 || printable(character) != character ||
+                                character == "\n" ||
+                                ("\u0300" <= character && character <= "\u036F");
+        if (is_strange || std::find(refused.begin(), refused.end(), character) != refused.end())
+            return std::string(character);
+    }
     return std::nullopt;
 }
 

@@ -6,6 +6,7 @@
 #include "fakes/memory_tables.h"
 #include "fakes/memory_workbook.h"
 #include "persistence/database/case_table.h"
+#include "persistence/database/saving.h"
 
 namespace zel {
 namespace {
@@ -72,6 +73,18 @@ TEST_F(Export, refuses_other_endings) {
     EXPECT_THROW(write("/t.ods", DecimalSeparator::Point), InputError);
     EXPECT_THROW(write(".csv", DecimalSeparator::Point), InputError);
     EXPECT_TRUE(files.files.empty());
+}
+
+TEST_F(Export, saves_what_a_table_has_columns_for) {
+    const TableInfo table = database->tables().front();
+    std::vector<std::string> left_out;
+    add_to_table(*database, table,
+                 {{"Projekt_db", "P"}, {"wzsz_merker_db", std::int16_t{2}}, {"GMR_db", {}}},
+                 left_out);
+    EXPECT_EQ(left_out, std::vector<std::string>{"wzsz_merker_db"});
+    EXPECT_EQ(database->row(table.name, database->rows(table.name).back())[0], "P");
+    EXPECT_EQ(told_left_out(table, left_out, LangId::German)->lines.back(), "wzsz_merker_db");
+    EXPECT_FALSE(told_left_out(table, {}, LangId::German));
 }
 
 }  // namespace
