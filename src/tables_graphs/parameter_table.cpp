@@ -160,6 +160,13 @@ private:
     std::atomic<bool> stopped_ = false;
 };
 
+void add_number(SheetDesign& sheet, int row, int column, double number) {
+    DesignCell& cell = sheet.cells.emplace_back();
+    cell.row = row;
+    cell.column = column;
+    cell.content = number;
+}
+
 }  // namespace
 
 Stepped stepped_by(const CalcCase& c) {
@@ -250,7 +257,7 @@ SheetDesign table_sheet(const ParameterTable& table, LangId lang) {
                                    CellLook::ColumnHead});
     for (std::size_t step = 0; step < table.steps.size(); ++step) {
         const int row = static_cast<int>(step) + 2;
-        sheet.cells.push_back({row, 1, table.steps[step]});
+        add_number(sheet, row, 1, table.steps[step]);
         column = 1;
         for (std::size_t method = 0; method < table.methods.size(); ++method)
             for (std::size_t wind = 0; wind < table.winds.size(); ++wind) {
@@ -258,7 +265,7 @@ SheetDesign table_sheet(const ParameterTable& table, LangId lang) {
                 const auto shown = parse_number(
                     cell_text(table.at(step, wind, method), table.stepped, DecimalSeparator::Point),
                     DecimalSeparator::Point);
-                if (shown) sheet.cells.push_back({row, column, *shown});
+                if (shown) add_number(sheet, row, column, *shown);
             }
     }
     return sheet;
