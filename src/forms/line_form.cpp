@@ -109,7 +109,7 @@ InputState LineForm::state(const Row& row) const {
 }
 
 std::string LineForm::listed(const Row& row) const {
-    const std::string text = text_in_listing(row);
+    std::string text = text_in_listing(row);
     if (text.empty() || row.is_list() || row.field->unit.empty()) return text;
     const std::string whole = text + " " + std::string(row.field->unit);
     return state(row).assumed ? whole + " " + std::string(assumed_mark.in(locale_.lang)) : whole;

@@ -34,7 +34,7 @@ std::string ShortCircuitRecord::plain_text(const Row& row) const {
 }
 
 std::string ShortCircuitRecord::shown(const Row& row) const {
-    const std::string text = plain_text(row);
+    std::string text = plain_text(row);
     if (!row.field->of_record) return text;
     return is_zero(form_.content(), row) ? without_outer_blanks(text) : with_unit(text, row);
 }

@@ -183,7 +183,7 @@ void DatabaseDesk::save_in_existing() {
 std::optional<std::string> DatabaseDesk::ask_for_new() const {
     const std::string folder = start_folder(parts_.settings.now().Berechnungsdaten);
     while (true) {
-        const auto path = ask(forms_.save_in_new, folder, std::string(any_name), false);
+        auto path = ask(forms_.save_in_new, folder, std::string(any_name), false);
         if (!path) return std::nullopt;
         if (is_pattern(*path)) continue;
         const ReservedName name =

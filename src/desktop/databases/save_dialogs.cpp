@@ -139,7 +139,7 @@ void SaveDialog::Command1_click() {
 }
 
 std::string SaveDialog::save_in_new(Database& database) {
-    const std::string name = name_->name();
+    std::string name = name_->name();
     if (name.empty()) return {};
     name_->setFocus();
     try {

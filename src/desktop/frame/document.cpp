@@ -84,26 +84,26 @@ bool Document::read(const std::string& path) {
         return fail(error.told(session_.lang));
     }
     try {
-        std::vector<RefusedText> refused = record_.take(values);
+        const std::vector<RefusedText> refused = record_.take(values);
         mark_stored(path);
-        tell(std::move(refused));
+        tell(refused);
         return true;
     } catch (const InputError& error) {
         return fail(path + ": " + error.told(session_.lang));
     }
 }
 
-void Document::tell(std::vector<RefusedText> refused) const {
-    for (auto& [field, box] : refused) {
+void Document::tell(const std::vector<RefusedText>& refused) const {
+    for (auto [field, box] : refused) {
         box.lines.insert(box.lines.begin(), field + " :");
         session_.tell(box);
     }
 }
 
 void Document::take(const StoredRow& row, const std::string& origin) {
-    std::vector<RefusedText> refused = record_.take(row);
+    const std::vector<RefusedText> refused = record_.take(row);
     mark_stored({}, origin);
-    tell(std::move(refused));
+    tell(refused);
 }
 
 void Document::stored_in(const std::string& origin) {

@@ -74,7 +74,7 @@ public:
 
 private:
     void mark_stored(std::string path, std::string origin = {});
-    void tell(std::vector<RefusedText> refused) const;
+    void tell(const std::vector<RefusedText>& refused) const;
     bool read(const std::string& path);
     bool write(const std::string& path);
     [[nodiscard]] bool may_be_replaced(const std::string& path) const;
