@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "forms/short_circuit_failures.h"
 #include "persistence/database/case_table.h"
 #include "shell/program_texts.h"
 #include "short_circuit/short_circuit_case.h"
@@ -149,6 +150,9 @@ DatabaseForms make_line() {
                      "Enter the name of the first table of the new database."},
         .name_taken = {},
         .vanished = {},
+        .own_failure = nullptr,
+        .reading = "S30_Access_Daten_einlesen",
+        .writing = "S30_Access_Daten_speichern",
     };
 }
 
@@ -213,6 +217,9 @@ DatabaseForms make_short_circuit() {
             BoxText{Icon::None,
                     short_circuit_title,
                     {"Die ausgewählte Datenbank existiert\nin diesem Verzeichnis nicht.! "}},
+        .own_failure = short_circuit_failure,
+        .reading = "KS72_Daten_einlesen",
+        .writing = "KS82_Tabellendaten_speichern",
     };
 }
 

@@ -8,6 +8,7 @@
 
 #include "persistence/database/record_table.h"
 #include "persistence/database/table_names.h"
+#include "shell/error_handling.h"
 #include "shell/program_settings.h"
 
 // The windows of databases: what they are called and say in each program area. The windows
@@ -87,6 +88,10 @@ struct DatabaseForms {
     Text new_hint;     // to that of the first one of a new database
     /// Told instead of the error's own message.
     std::optional<BoxText> name_taken, vanished;
+
+    OwnMessage own_failure;  // null where the central table tells every failure
+    const char* reading;     // the procedures that make a case of a row and a row of the case
+    const char* writing;
 };
 
 [[nodiscard]] const DatabaseForms& line_databases();

@@ -30,6 +30,19 @@ ErrorObject caught(LangId lang) {
     }
 }
 
+std::string text_of(const Box& box) { return joined(box.lines, "\r\n") + "\r\n"; }
+
+std::int16_t answer(ErrorHandling& program, const ErrorObject& error, std::string_view module,
+                    std::string_view procedure, OwnMessage own) {
+    const auto box =
+        own != nullptr ? own(error, program.Zeile, procedure, program.lang) : std::nullopt;
+    if (!box) return Fehlerbehandlung(program, error, program.Zeile, module, procedure);
+    program.message = text_of(*box);
+    program.dialogs.show(*box);
+    program.Fehler_Aktion = leave_procedure_told;
+    return program.Fehler_Aktion;
+}
+
 }  // namespace
 
 std::int16_t Fehlerbehandlung(ErrorHandling& program, const ErrorObject& error, std::int16_t Zeile,
@@ -37,7 +50,7 @@ std::int16_t Fehlerbehandlung(ErrorHandling& program, const ErrorObject& error, 
     program.Fehler_Aktion = 0;
     const ErrorRow& row = row_for(error, program);
     const Box box = error_box(row, error, Zeile, module, procedure, program.lang);
-    program.message = joined(box.lines, "\r\n") + "\r\n";
+    program.message = text_of(box);
     if (row.extra == ErrorRow::ClosesWorkbook) program.close_workbook();
     if (row.extra == ErrorRow::AsksForPrinter)
         program.dialogs.show(box_in(program.lang, {Icon::None, short_name, printer_question}));
@@ -47,9 +60,8 @@ std::int16_t Fehlerbehandlung(ErrorHandling& program, const ErrorObject& error, 
 }
 
 std::int16_t handle_caught(ErrorHandling& program, std::string_view module,
-                           std::string_view procedure) {
-    const std::int16_t action =
-        Fehlerbehandlung(program, caught(program.lang), program.Zeile, module, procedure);
+                           std::string_view procedure, OwnMessage own) {
+    const std::int16_t action = answer(program, caught(program.lang), module, procedure, own);
     switch (action) {
         case leave_procedure:
         case next_statement:
@@ -59,7 +71,7 @@ std::int16_t handle_caught(ErrorHandling& program, std::string_view module,
 }
 
 std::int16_t trap(ErrorHandling& program, std::string_view module, std::string_view procedure,
-                  const std::function<void()>& body) {
+                  const std::function<void()>& body, OwnMessage own) {
     program.Fehler_Modulname = module;
     program.Fehler_Prozedurname = procedure;
     const std::int16_t Zeile_of_caller = program.Zeile;
@@ -70,7 +82,7 @@ std::int16_t trap(ErrorHandling& program, std::string_view module, std::string_v
     } catch (const ProgramEnd&) {
         throw;
     } catch (const std::exception&) {
-        action = handle_caught(program, module, procedure);
+        action = handle_caught(program, module, procedure, own);
     }
     program.Zeile = Zeile_of_caller;
     return action;

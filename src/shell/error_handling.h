@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,15 +37,20 @@ struct ErrorHandling {
 std::int16_t Fehlerbehandlung(ErrorHandling& program, const ErrorObject& error, std::int16_t Zeile,
                               std::string_view module, std::string_view procedure);
 
+/// The message by which a procedure tells some failures itself; nothing for those of the table.
+/// After it the procedure is left.
+using OwnMessage = std::optional<Box> (*)(const ErrorObject& error, std::int16_t Zeile,
+                                          std::string_view procedure, LangId lang);
+
 /// What `trap` does with the exception that is being caught now.
 std::int16_t handle_caught(ErrorHandling& program, std::string_view module,
-                           std::string_view procedure);
+                           std::string_view procedure, OwnMessage own = nullptr);
 
 /// Runs `body` as the work of `procedure` of `module`. A `PlatformError` out of it goes to
 /// `Fehlerbehandlung`; so does every other exception but `ProgramEnd`. Gives the action code, 0
 /// where nothing failed: after `next_statement` the caller goes on, after the others it leaves.
 /// Throws `ProgramEnd` where the program must end.
 std::int16_t trap(ErrorHandling& program, std::string_view module, std::string_view procedure,
-                  const std::function<void()>& body);
+                  const std::function<void()>& body, OwnMessage own = nullptr);
 
 }  // namespace zel

@@ -98,7 +98,7 @@ void DatabaseDesk::allow_saving(bool allowed) {
 
 void DatabaseDesk::carry_out(const char* module, const char* procedure,
                              const std::function<void()>& act) const {
-    (void)zel::carry_out(parts_.errors, parts_.session, module, procedure, act);
+    (void)zel::carry_out(window_parts(), module, procedure, act);
 }
 
 std::optional<std::string> DatabaseDesk::ask(const forms::DatabaseQuestion& question,
@@ -144,7 +144,14 @@ void DatabaseDesk::browse(const std::string& path, const forms::FixedTable* fixe
     const StoredRow row = browser->taken();
     const std::string place = origin(path, browser->table());
     browser.reset();  // closes the database
-    form_.take(row, place);
+    carry_out(forms_.browser, forms_.reading, [&] { form_.take(row, place); });
+}
+
+/// A number has no room in its column.
+Box DatabaseDesk::box_of_overflow(const std::string& reason) const {
+    if (forms_.own_failure == nullptr) return box_in(lang(), not_storable, {reason});
+    const ErrorObject error = {static_cast<std::int32_t>(PlatformFault::Overflow), reason, {}};
+    return *forms_.own_failure(error, 0, forms_.writing, lang());
 }
 
 std::optional<RowToSave> DatabaseDesk::row_to_save() const {
@@ -153,7 +160,7 @@ std::optional<RowToSave> DatabaseDesk::row_to_save() const {
         row.values = form_.record().row(row.cut);
         return row;
     } catch (const InputError& error) {
-        parts_.session.tell(box_in(lang(), not_storable, {error.told(lang())}));
+        parts_.session.tell(box_of_overflow(error.told(lang())));
     }
     return std::nullopt;
 }

@@ -56,6 +56,7 @@ private:
     [[nodiscard]] std::optional<std::string> ask_for_new() const;
     /// Lets the user take over a record of the database; of `fixed` alone where it is given.
     void browse(const std::string& path, const forms::FixedTable* fixed = nullptr);
+    [[nodiscard]] Box box_of_overflow(const std::string& reason) const;
     /// The case as a row; nothing where it cannot be one, which is told.
     [[nodiscard]] std::optional<RowToSave> row_to_save() const;
     void finish_saving(const SaveDialog& window, const std::string& path) const;

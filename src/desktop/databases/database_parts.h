@@ -28,7 +28,7 @@ struct DatabaseWindowParts {
 /// Does `act` as `procedure` of `module` and gives the action code of `trap`. What has no message
 /// of its own is told with its reason alone: a file that cannot be taken is no failure of the
 /// program.
-std::int16_t carry_out(ErrorHandling& errors, const Session& session, std::string_view module,
+std::int16_t carry_out(const DatabaseWindowParts& parts, std::string_view module,
                        std::string_view procedure, const std::function<void()>& act);
 
 }  // namespace zel

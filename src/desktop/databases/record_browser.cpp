@@ -227,7 +227,7 @@ void RecordBrowser::show_choice_of_tables() {
 }
 
 bool RecordBrowser::carried_out(const char* procedure, const std::function<void()>& act) {
-    return carry_out(parts_.errors, parts_.session, parts_.forms.browser, procedure, act) == 0;
+    return carry_out(parts_, parts_.forms.browser, procedure, act) == 0;
 }
 
 void RecordBrowser::open_table(std::size_t table) {
@@ -267,9 +267,9 @@ void RecordBrowser::show_at(int record) {
 bool RecordBrowser::read_record() {
     shown_.reset();
     if (record_ == no_record) return true;
-    const auto action =
-        carry_out(parts_.errors, parts_.session, parts_.forms.browser, "HScroll1_change",
-                  [this] { shown_ = stored_row(*database_, tables_[table_], list_.key(record_)); });
+    const auto action = carry_out(parts_, parts_.forms.browser, "HScroll1_change", [this] {
+        shown_ = stored_row(*database_, tables_[table_], list_.key(record_));
+    });
     return action != next_statement;
 }
 

@@ -130,8 +130,7 @@ void SaveDialog::may_save() { save_->setEnabled(!name_->text().isEmpty()); }
 
 void SaveDialog::Command1_click() {
     std::string table;
-    (void)carry_out(parts_.errors, parts_.session, objectName().toStdString(), "Command1_click",
-                    [&] { table = save(); });
+    (void)carry_out(parts_, objectName().toStdString(), "Command1_click", [&] { table = save(); });
     if (table.empty()) return;
     saved_in_ = table;
     if (const auto box = told(row_.cut, lang())) parts_.session.tell(*box);
@@ -216,7 +215,7 @@ QWidget* SaveInDatabase::make_existing() {
 void SaveInDatabase::show_table() {
     if (tables_.empty()) return;
     const TableInfo& table = tables_[static_cast<std::size_t>(choice_->currentIndex())];
-    (void)carry_out(parts().errors, parts().session, parts().forms.save_form, "Combo1_click",
+    (void)carry_out(parts(), parts().forms.save_form, "Combo1_click",
                     [&] { list_.read(*database_, table.name); });
     fit_columns(*findChild<QTableView*>("records"), parts().forms);
     count_->setText(qt(fill(rows_text.in(lang()), {std::to_string(list_.rowCount())})));
