@@ -77,6 +77,8 @@ public:
     /// The index of the chosen entry of the row's list.
     [[nodiscard]] virtual int chosen(const Row& row) const = 0;
     [[nodiscard]] virtual InputState state(const Row& row) const = 0;
+    /// What stands behind the unit, such as the other angle of a direction.
+    [[nodiscard]] virtual std::string beside(const Row& /*row*/) const { return {}; }
     /// What a listing says of the row, with its unit; empty where there is no input.
     [[nodiscard]] virtual std::string listed(const Row& row) const = 0;
     /// In which the entries of the row's list are shown.

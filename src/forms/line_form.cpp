@@ -108,11 +108,22 @@ InputState LineForm::state(const Row& row) const {
     return state;
 }
 
+std::string LineForm::beside(const Row& row) const {
+    const auto* number = member<Number>(row);
+    if (number == nullptr) return {};
+    const Entry& entry = c_.**number;
+    if (entry.assumed) return std::string(assumed_mark.in(locale_.lang));
+    const bool is_direction =
+        *number == &CalcCase::Winkel_S_S_db || *number == &CalcCase::Winkel_W_S_db;
+    if (!is_direction || entry.text.empty()) return {};
+    return "/ " + plain_number(entry.value + 180, locale_.separator) + "°";
+}
+
 std::string LineForm::listed(const Row& row) const {
     std::string text = text_in_listing(row);
     if (text.empty() || row.is_list() || row.field->unit.empty()) return text;
-    const std::string whole = text + " " + std::string(row.field->unit);
-    return state(row).assumed ? whole + " " + std::string(assumed_mark.in(locale_.lang)) : whole;
+    const std::string mark = beside(row);
+    return text + " " + std::string(row.field->unit) + (mark.empty() ? "" : " " + mark);
 }
 
 std::string LineForm::text_in_listing(const Row& row) const {

@@ -29,6 +29,8 @@ public:
     /// Open but for the given values that are not the given one; needed where a selected method
     /// reads the row, and everywhere as long as no method is selected.
     [[nodiscard]] InputState state(const Row& row) const override;
+    /// The mark of an assumed number; of a direction the opposite one, 180° further.
+    [[nodiscard]] std::string beside(const Row& row) const override;
     [[nodiscard]] std::string listed(const Row& row) const override;
     [[nodiscard]] LangId language_of_choices(const Row& row) const override;
     /// A refused text leaves the field without input.

@@ -13,6 +13,10 @@ constexpr MethodSet Kirn = methods(Method::Kirn);
 constexpr MethodSet sun_position = methods(Method::Webs, Method::Kirn);
 constexpr MethodSet absorption = methods(Method::TB601, Method::TB207, Method::TBB);
 
+constexpr Text second_angle = {
+    "Hinter der Einheit steht der zweite Winkel, der der Gegenrichtung.",
+    "Behind the unit stands the second angle, of the opposite direction."};
+
 /// The names of bundles of 1 to 8 sub-conductors.
 std::span<const Choice> bundle_sizes() {
     static const auto sizes = [] {
@@ -32,7 +36,7 @@ Row row(const char* control, const FieldKey& key, MethodSet read_by = every_meth
 std::vector<Row> geography() {
     return {
         row("Text3", &C::Hoehe_ueber_NN_db),
-        row("Text27", &C::Winkel_S_S_db),
+        row("Text27", &C::Winkel_S_S_db, every_method, second_angle),
         row("Text25", &C::geogr_Breite_db, sun_position),
         row("Text24", &C::geo_laeng_db, sun_position,
             {"Östliche Länge zählt negativ.\nFür Leitungen mit größerer Ausdehnung genügt ein Mittelwert.",
@@ -47,7 +51,7 @@ std::vector<Row> surroundings() {
     return {
         row("Text11", &C::Windgeschwindigkeit_db, every_method,
             {"auf Leiterhöhe", "at conductor height"}),
-        row("Text1", &C::Winkel_W_S_db),
+        row("Text1", &C::Winkel_W_S_db, every_method, second_angle),
         row("Text19", &C::Umgebungstemperatur_db),
         row("Text36", &C::Bodentemp_db, Kirn),
         row("Text37", &C::Bodenart_db, Kirn),

@@ -122,6 +122,9 @@ TEST_F(LineFormTest, text_has_no_rule_and_a_number_has_that_of_its_field) {
 
 TEST_F(LineFormTest, lists_no_resistance_of_0) {
     c.ACR1_db = c.Bodentemp_db = {"0", 0};
+    EXPECT_EQ(form.beside(row_of("Text27")), "");
+    EXPECT_FALSE(refused("Text27", "7.5"));
+    EXPECT_EQ(form.listed(row_of("Text27")), "7.5 ° / 187.5°");
     EXPECT_EQ(form.listed(row_of("ACR1_db")), "");
     EXPECT_EQ(form.listed(row_of("Text36")), "0 °C");
 }

@@ -224,15 +224,15 @@ bool FormPanel::show_state(const Field& field) {
     const auto [open, needed, assumed] = parts_.record.state(*field.row);
     if (QWidget* input = field.input()) {
         input->setEnabled(open);
-        mark_assumed(field, assumed);
+        show_beside(field, assumed);
     }
     for (QWidget* told : {static_cast<QWidget*>(field.label), field.unit})
         if (told != nullptr) told->setEnabled(needed);
     return open;
 }
 
-/// The box in italics, the mark behind its unit, and the hint say that nobody gave its value.
-void FormPanel::mark_assumed(const Field& field, bool assumed) const {
+/// What nobody gave is told by the box, in italics, behind its unit and by the hint.
+void FormPanel::show_beside(const Field& field, bool assumed) const {
     const LangId lang = parts_.session.lang;
     const QString mark = assumed ? qt(assumed_mark, lang) : QString();
     const QString hint = qt(field.row->hint, lang);
@@ -241,7 +241,8 @@ void FormPanel::mark_assumed(const Field& field, bool assumed) const {
     font.setItalic(assumed);
     field.input()->setFont(font);
     if (auto* unit = qobject_cast<QLabel*>(field.unit); unit != nullptr && field.edit != nullptr)
-        unit->setText((qt(field.row->field->unit) + " " + mark).trimmed());
+        unit->setText(
+            (qt(field.row->field->unit) + " " + qt(parts_.record.beside(*field.row))).trimmed());
 }
 
 void FormPanel::load(Field& field, bool anew) {

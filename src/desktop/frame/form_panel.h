@@ -102,7 +102,7 @@ private:
     void name_choices(const Field& field) const;
     void show_label(const Field& field) const;
     bool show_state(const Field& field);
-    void mark_assumed(const Field& field, bool assumed) const;
+    void show_beside(const Field& field, bool assumed) const;
     void load(bool anew);
     void load(Field& field, bool anew);
     void take_in(Field& field);
