@@ -2,10 +2,13 @@
 
 #include "adapters/json/flat_json.h"
 #include "cli/case_listing.h"
+#include "forms/line_form.h"
 #include "forms/short_circuit_form.h"
+#include "forms/shown_record.h"
 #include "persistence/case_file.h"
 #include "persistence/database/case_table.h"
 #include "platform/errors.h"
+#include "platform/text/listing.h"
 #include "program/case_source.h"
 #include "program/stores.h"
 #include "shell/case_settings.h"
@@ -42,6 +45,20 @@ std::vector<NamedValue> load_line(const std::string& path, const CommonOptions& 
     return told(S30_Access_Daten_speichern(loaded.c, cut), cut, options, console);
 }
 
+/// The lists have the language of the reports, which is that of the program where none is set.
+LangId list_language(const ProgramSettings& settings, LangId lang) {
+    return settings.LangId_print == settings.LangId_screen ? lang : language_of_lists(settings);
+}
+
+/// What is chosen stands above the rows.
+std::string listing_of(const forms::ShownRecord& record, LangId lang) {
+    Listing chosen;
+    for (const forms::Mark& mark : record.marks())
+        if (mark.chosen) chosen.add_caption(mark.name);
+    if (!record.mode().de.empty()) chosen.add_caption(record.mode().in(lang));
+    return chosen.text() + listing_of(record.form(), record.form().sections(), lang);
+}
+
 /// Questions are answered with no.
 std::string show_line(const StoredRow& row, const CommonOptions& options, Console& console) {
     ProgramStores stores;
@@ -50,7 +67,10 @@ std::string show_line(const StoredRow& row, const CommonOptions& options, Consol
     take_settings(session, settings.now());
     CalcCase c;
     S30_Access_Daten_einlesen(row, c, settings, session);
-    return options.json ? print_flat_json(values_of(c)) : case_listing(c, options.lang);
+    if (options.json) return print_flat_json(values_of(c));
+    const auto shown = forms::shown_line(forms::case_for_form(std::move(c)), options,
+                                         list_language(settings.now(), options.lang));
+    return listing_of(*shown, options.lang);
 }
 
 std::vector<NamedValue> load_short_circuit(const std::string& path, const CommonOptions& options,

@@ -55,6 +55,11 @@ struct ProgramSettings {
     friend bool operator==(const ProgramSettings&, const ProgramSettings&) = default;
 };
 
+/// Of lists in the language of reports, which have German and English texts only.
+[[nodiscard]] constexpr LangId language_of_lists(const ProgramSettings& settings) {
+    return settings.LangId_print == 1 ? LangId::German : LangId::English;
+}
+
 using NumberMember = std::int16_t ProgramSettings::*;
 using TextMember = std::string ProgramSettings::*;
 

@@ -13,10 +13,7 @@ struct LiveSettings {
 
     [[nodiscard]] const ProgramSettings& now() const { return store.now(); }
 
-    /// Of lists in the language of reports, which have German and English texts only.
-    [[nodiscard]] LangId language_of_lists() const {
-        return now().LangId_print == 1 ? LangId::German : LangId::English;
-    }
+    [[nodiscard]] LangId language_of_lists() const { return zel::language_of_lists(now()); }
 
     /// Changes a setting, which takes effect in all windows and is stored at once.
     void change(NumberMember setting, std::int16_t value) {
