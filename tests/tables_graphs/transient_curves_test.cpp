@@ -3,33 +3,18 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "fakes/memory_canvas.h"
+
 namespace zel {
 namespace {
 
-/// Records what is drawn.
-class RecordingCanvas : public Canvas {
-public:
-    struct Line {
-        double x1, y1, x2, y2;
-        Pen pen;
-
-        friend bool operator==(const Line&, const Line&) = default;
-    };
-
-    void line(double x1, double y1, double x2, double y2, const Pen& pen) override {
-        lines.push_back({x1, y1, x2, y2, pen});
-    }
-
-    std::vector<Line> lines;
-};
-
 using testing::ElementsAre;
-using Line = RecordingCanvas::Line;
+using Line = MemoryCanvas::Line;
 
 constexpr Colour blue = 0xFF0000;
 
 Line segment(PlotMode mode, double x1, double y1, double x2, double y2) {
-    RecordingCanvas canvas;
+    MemoryCanvas canvas;
     TS_Plot_Segment(canvas, mode, x1, y1, x2, y2, blue, LineStyle::Dashes);
     return canvas.lines.at(0);
 }
@@ -57,13 +42,13 @@ TEST(PlotSegment, is_cut_off_at_the_frame) {
 }
 
 TEST(PlotSegment, of_another_mode_draws_nothing) {
-    RecordingCanvas canvas;
+    MemoryCanvas canvas;
     TS_Plot_Segment(canvas, PlotMode{4}, 0, 0, 1, 1, red);
     EXPECT_TRUE(canvas.lines.empty());
 }
 
 TEST(TemperatureCurve, joins_the_points_of_each_row) {
-    RecordingCanvas canvas;
+    MemoryCanvas canvas;
     const std::vector<RowSeries> series = {
         {1, {{0, 50}, {10, 60}, {20, 65}}}, {2, {{20, 65}}}, {3, {{30, 70}, {40, 60}}}};
     TS_Temperature_Curve(canvas, PlotMode::Screen, series, {10, 100, 0, 40, 0}, blue);
@@ -74,7 +59,7 @@ TEST(TemperatureCurve, joins_the_points_of_each_row) {
 }
 
 TEST(CurrentCurve, is_made_of_red_dotted_steps) {
-    RecordingCanvas canvas;
+    MemoryCanvas canvas;
     const std::vector<CurrentStep> steps = {{0, 0, 400}, {0, 100, 900}, {100, 150, 300}};
     TS_Current_Curve(canvas, PlotMode::Screen, steps, {10, 0, 5, 0, 200});
     const Pen pen = {red, LineStyle::Dots, 1};
