@@ -53,8 +53,7 @@ LangId list_language(const ProgramSettings& settings, LangId lang) {
 /// What is chosen stands above the rows.
 std::string listing_of(const forms::ShownRecord& record, LangId lang) {
     Listing chosen;
-    for (const forms::Mark& mark : record.marks())
-        if (mark.chosen) chosen.add_caption(mark.name);
+    chosen.add(std::string(forms::methods_caption.in(lang)) + " :", forms::chosen_of(record));
     if (!record.mode().de.empty()) chosen.add_caption(record.mode().in(lang));
     return chosen.text() + listing_of(record.form(), record.form().sections(), lang);
 }

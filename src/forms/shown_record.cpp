@@ -91,6 +91,13 @@ private:
 
 }  // namespace
 
+std::string chosen_of(const ShownRecord& record) {
+    std::string chosen;
+    for (const Mark& mark : record.marks())
+        if (mark.chosen) chosen += (chosen.empty() ? "" : ", ") + std::string(mark.name);
+    return chosen;
+}
+
 std::unique_ptr<ShownRecord> shown_line(CalcCase c, const Locale& locale, LangId list_language) {
     return std::make_unique<ShownLine>(std::move(c), locale, list_language);
 }

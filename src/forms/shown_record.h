@@ -35,6 +35,10 @@ public:
     [[nodiscard]] virtual Text mode() const { return {}; }
 };
 
+inline constexpr Text methods_caption = {"Berechnungsverfahren", "Calculation methods"};
+/// The names of what is chosen of the marks, parted by commas.
+[[nodiscard]] std::string chosen_of(const ShownRecord& record);
+
 /// A calculation with its methods. Of temperature and currents only those are listed that its mode
 /// says are given. Kind and surface of the conductor are told in `list_language`.
 [[nodiscard]] std::unique_ptr<ShownRecord> shown_line(CalcCase c, const Locale& locale,

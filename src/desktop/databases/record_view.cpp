@@ -24,8 +24,6 @@ constexpr std::string_view widest_number = "0000.00 ";
 constexpr std::size_t most_lines = 28;  // of a single column
 constexpr std::size_t lines_of_marks = 3 + head_lines;
 
-constexpr Text methods_caption = {"Berechnungsverfahren", "Calculation methods"};
-
 /// A text wraps; for a number there is room with its unit. Nothing moves when another comes.
 QLabel* make_value(const forms::Row& row) {
     QLabel* value = plain_label();
@@ -138,7 +136,7 @@ QWidget* RecordView::make_group(const forms::Section& section) {
 }
 
 QWidget* RecordView::make_marks(const forms::ShownRecord& record) {
-    auto* group = new QGroupBox(qt(methods_caption, lang_));
+    auto* group = new QGroupBox(qt(forms::methods_caption, lang_));
     auto* grid = new QGridLayout(inside_of(*group));
     grid->setVerticalSpacing(row_gap);
     constexpr int across = 3;
@@ -188,10 +186,8 @@ RecordSummary::RecordSummary(const forms::ShownRecord& record, LangId lang) {
     for (const forms::Row& row : section.rows)
         add(qt(record.form().label(row), lang).trimmed(), qt(record.form().listed(row)),
             row.control);
-    std::string chosen;
-    for (const forms::Mark& mark : record.marks())
-        if (mark.chosen) chosen += (chosen.empty() ? "" : ", ") + std::string(mark.name);
-    if (!record.marks().empty()) add(qt(methods_caption, lang) + " :", qt(chosen), "methods");
+    if (!record.marks().empty())
+        add(qt(forms::methods_caption, lang) + " :", qt(chosen_of(record)), "methods");
     layout->addWidget(group);
 }
 
