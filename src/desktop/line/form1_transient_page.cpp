@@ -11,7 +11,6 @@
 
 #include "desktop/frame/events.h"
 #include "desktop/frame/job_runner.h"
-#include "tables_graphs/transient_diagram.h"
 #include "workflow/run/notes.h"
 #include "workflow/run/transient_text.h"
 
@@ -22,6 +21,7 @@ constexpr Text start_caption = {"Ausgangszustand", "Initial state"};
 constexpr Text rows_caption = {"Zustandsänderungen", "Change-of-states"};
 constexpr Text method_caption = {"Berechnungsverfahren :", "Calculation method :"};
 constexpr Text button_caption = {"Bere&chnen", "Calc&ulate"};
+constexpr Text diagram_caption = {"&Graphische Darstellung ...", "&Diagram ..."};
 constexpr Text no_state = {"-", "-"};
 constexpr Text former_start = {
     "Dieser Zustand ist der einer früheren Berechnung: die letzte ergab keinen.",
@@ -85,7 +85,7 @@ TransientPage::TransientPage(const TransientRowPanel::Parts& parts, int patience
       start_temperature_(make_label("start_temperature")),
       former_notice_(parts.captions.text(make_notice("former_start_notice"), former_start)),
       button_(parts.captions.text(new QPushButton, button_caption)),
-      diagram_(parts.captions.text(new QPushButton, transient_diagram_title)),
+      diagram_(parts.captions.text(new QPushButton, diagram_caption)),
       notice_(make_notice("stale_notice")) {
     parts.captions.computed([this](LangId lang) {
         notice_->setText(qt(lines_of(stale_question.lines.in(lang)).front()));
