@@ -51,7 +51,10 @@ Form1::Form1(Form1Parts parts)
     conductor_form.look.row_gap = 6;
     general_ = new GeneralPage(form, line_, settings_);
     conductor_ = new ConductorPage(conductor_form);
-    result_ = new ResultPage(captions());
+    result_ = new ResultPage({form,
+                              line_.c,
+                              {session(), parts.area.chooser, parts.workbooks, parts.files},
+                              parts.patience});
     transient_ = new TransientPage({line_, session(), captions(), refuse, typed}, parts.patience);
     const Text* caption = page_captions;
     for (AreaPage* page :
@@ -82,6 +85,7 @@ void Form1::case_changed() {
     if (sharing != sharing_) share_bundle_currents(line_.c, session().separator);
     sharing_ = sharing;
     conductor_->show_labels();
+    result_->case_changed();
     transient_->load();
     show_modified();
 }
@@ -116,7 +120,7 @@ void Form1::take_over_conductor() {
 void Form1::turn_to(int to) {
     const PageChange change = change_page(line_.c, page(), to, session().lang);
     if (change.clears_balance) {
-        result_->clear_balance();
+        result_->reset();
         databases().allow_saving(false);
     }
     // A transient starts from the steady state of the inputs as they are now.
@@ -153,6 +157,7 @@ void Form1::forget_results() {
     databases().allow_saving(true);
     line_.transient.forget();
     sharing_ = sharing_conductors(line_.c);
+    result_->reset();
     result_->clear();
     shown_run_.reset();
     strip().setTabEnabled(transient_page, false);
