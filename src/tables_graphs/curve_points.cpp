@@ -13,10 +13,7 @@ std::string field(const std::optional<double>& number) {
 }  // namespace
 
 std::string steady_points(const ParameterTable& curves, const CalcCase& c) {
-    // A current that is given for one sub-conductor is shown for the bundle.
-    const double share = curves.stepped == Stepped::Current && !c.Stromstaerkebuendel_Merker_db
-                             ? c.Anzahl_Teilleiter_db
-                             : 1;
+    const double share = curves.stepped == Stepped::Current ? bundle_share(c) : 1;
     std::string lines = csv_line({"method", "wind_m_s", "current_A", "temperature_C"});
     for (std::size_t method = 0; method < curves.methods.size(); ++method)
         for (std::size_t wind = 0; wind < curves.winds.size(); ++wind)

@@ -80,6 +80,12 @@ using TableProgress = std::function<bool(std::size_t done, std::size_t all)>;
                                                              const Session& session,
                                                              const TableProgress& progress = {});
 
+/// How many of a stepped current the bundle carries: one that is given for a sub-conductor is shown
+/// for the bundle.
+[[nodiscard]] inline double bundle_share(const CalcCase& c) {
+    return c.Stromstaerkebuendel_Merker_db ? 1 : c.Anzahl_Teilleiter_db;
+}
+
 /// The case of one cell.
 [[nodiscard]] CalcCase case_of_cell(CalcCase c, Stepped stepped, double wind, double step);
 

@@ -29,6 +29,12 @@ double clipped_y(const Layout& layout, double y) {
 
 }  // namespace
 
+CanvasBox plot_frame(PlotMode mode) {
+    const Layout& layout = *std::find_if(layouts.begin(), layouts.end(),
+                                         [&](const Layout& l) { return l.mode == mode; });
+    return {layout.x_origin, layout.y_base - 8000, layout.x_origin + 10000, layout.y_base};
+}
+
 void TS_Plot_Segment(Canvas& target, PlotMode mode, double x1, double y1, double x2, double y2,
                      Colour colour, LineStyle style) {
     for (const Layout& layout : layouts) {

@@ -13,6 +13,9 @@ namespace zel {
 /// The two layouts of the diagram.
 enum class PlotMode : std::int16_t { Screen = 1, Print = 2, PrintAgain = 3 };
 
+/// The box of a layout that holds 10000 units of time and 8000 of the other quantities.
+[[nodiscard]] CanvasBox plot_frame(PlotMode mode);
+
 /// From the quantities of a transient to units of drawing.
 struct TransientScale {
     double time = 0;         // units per second
