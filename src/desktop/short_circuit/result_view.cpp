@@ -20,7 +20,7 @@ QLabel* make_label(const QString& text) {
 
 void set_colour(QWidget& widget, QPalette::ColorRole role, Colour colour) {
     QPalette palette = widget.palette();
-    palette.setColor(role, QColor(colour.red, colour.green, colour.blue));
+    palette.setColor(role, QColor(red_of(colour), green_of(colour), blue_of(colour)));
     widget.setPalette(palette);
 }
 
@@ -89,8 +89,7 @@ void ResultView::add_row(QGridLayout& grid, const VerdictRow& row, int line, int
     value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     value->setAutoFillBackground(true);
     value->setMargin(3);
-    set_colour(*value, QPalette::Window,
-               row.value.empty() ? colour_of_empty : Colour{255, 255, 255});
+    set_colour(*value, QPalette::Window, row.value.empty() ? colour_of_empty : white);
     grid.addWidget(make_label(qt(row.label)), line, column);
     grid.addWidget(value, line, column + 1);
     grid.addWidget(make_label(qt(row.unit)), line, column + 2);
