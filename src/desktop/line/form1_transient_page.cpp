@@ -21,7 +21,7 @@ constexpr Text start_caption = {"Ausgangszustand", "Initial state"};
 constexpr Text rows_caption = {"Zustandsänderungen", "Change-of-states"};
 constexpr Text method_caption = {"Berechnungsverfahren :", "Calculation method :"};
 constexpr Text button_caption = {"Bere&chnen", "Calc&ulate"};
-constexpr Text diagram_caption = {"&Graphische Darstellung ...", "&Diagram ..."};
+constexpr Text diagram_caption = {"&Graphische Darstellung ...", "Diagra&m ..."};
 constexpr Text no_state = {"-", "-"};
 constexpr Text former_start = {
     "Dieser Zustand ist der einer früheren Berechnung: die letzte ergab keinen.",
