@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/canvas.h"
 #include "platform/text/number_text.h"
 #include "short_circuit/modul_iec865.h"
 
@@ -31,12 +32,9 @@ struct VerdictPage {
     std::vector<VerdictGroup> groups;
 };
 
-struct Colour {
-    int red, green, blue;
-};
-inline constexpr Colour colour_of_weak = {255, 0, 0};
-inline constexpr Colour colour_of_strong = {0, 192, 0};
-inline constexpr Colour colour_of_empty = {192, 192, 192};  // cells of flows beyond N
+inline constexpr Colour colour_of_weak = red;
+inline constexpr Colour colour_of_strong = rgb(0, 192, 0);
+inline constexpr Colour colour_of_empty = rgb(192, 192, 192);  // cells of flows beyond N
 
 /// What is shown of the result of `c`; numbers have the session's separator.
 [[nodiscard]] VerdictPage KS_Ergebnisanzeige(const ShortCircuitCase& c,

@@ -75,6 +75,11 @@ std::optional<Piece> cut(const CanvasPoint& from, const CanvasPoint& to, const C
 
 }  // namespace
 
+QColor qt_colour(Colour colour) {
+    const auto part = [colour](unsigned bits) { return static_cast<int>(colour >> bits & 0xFFU); };
+    return {part(0), part(8), part(16)};
+}
+
 QtCanvas::QtCanvas(QPainter& painter, double per_twip, const QColor& of_window_text)
     : painter_(painter), window_text_(of_window_text), inside_(everything) {
     painter_.save();
@@ -96,9 +101,7 @@ const QtCanvas::Face& QtCanvas::face(const Font& font) const {
 }
 
 QColor QtCanvas::shown(Colour colour) const {
-    if (colour == window_text) return window_text_;
-    const auto part = [colour](unsigned bits) { return static_cast<int>(colour >> bits & 0xFFU); };
-    return {part(0), part(8), part(16)};
+    return colour == window_text ? window_text_ : qt_colour(colour);
 }
 
 double QtCanvas::text_width(std::string_view text, const Font& font) const {

@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "adapters/qt_canvas/qt_canvas.h"
+
 namespace zel::short_circuit {
 namespace {
 
@@ -20,7 +22,7 @@ QLabel* make_label(const QString& text) {
 
 void set_colour(QWidget& widget, QPalette::ColorRole role, Colour colour) {
     QPalette palette = widget.palette();
-    palette.setColor(role, QColor(colour.red, colour.green, colour.blue));
+    palette.setColor(role, qt_colour(colour));
     widget.setPalette(palette);
 }
 
@@ -89,8 +91,7 @@ void ResultView::add_row(QGridLayout& grid, const VerdictRow& row, int line, int
     value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     value->setAutoFillBackground(true);
     value->setMargin(3);
-    set_colour(*value, QPalette::Window,
-               row.value.empty() ? colour_of_empty : Colour{255, 255, 255});
+    set_colour(*value, QPalette::Window, row.value.empty() ? colour_of_empty : white);
     grid.addWidget(make_label(qt(row.label)), line, column);
     grid.addWidget(value, line, column + 1);
     grid.addWidget(make_label(qt(row.unit)), line, column + 2);
