@@ -13,6 +13,7 @@
 
 #include "desktop/conductors/conductor_desk.h"
 #include "desktop/databases/database_desk.h"
+#include "desktop/diagrams/frm_graph.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/language_menu.h"
 #include "desktop/frame/window_icon.h"
@@ -47,7 +48,7 @@ constexpr QPoint beside(40, 40);  // of a window that is not maximised, from thi
 FormMain::FormMain(DesktopState& state)
     : state_(state),
       form1_({area_parts(), state.calc_case, state.transient, state.case_path, state.settings,
-              state.errors, state.patience_ms, make_conductors()}),
+              state.errors, state.patience_ms, make_conductors(), make_diagrams()}),
       ks_form1_(area_parts(), state.short_circuit, state.program.short_circuit_short_name,
                 make_conductors()),
       help_menu_(state.session, state.launcher, state.help_folders),
@@ -89,6 +90,13 @@ MakeDatabaseSource FormMain::make_databases() {
                                      state_.files,      captions_,       state_.data_folder,
                                      state_.patience_ms};
         return std::make_unique<DatabaseDesk>(form, forms, parts);
+    };
+}
+
+MakeDiagramSource FormMain::make_diagrams() {
+    return [this](QWidget& form, DiagramForm diagram) {
+        const FrmGraphParts parts = {state_.session, captions_, state_.chooser, state_.files};
+        return std::make_unique<FrmGraph>(form, std::move(diagram), parts);
     };
 }
 

@@ -34,6 +34,7 @@ private:
     [[nodiscard]] AreaParts area_parts();
     [[nodiscard]] MakeConductorSource make_conductors();
     MakeDatabaseSource make_databases();
+    [[nodiscard]] MakeDiagramSource make_diagrams();
     void make_file_menu();
     [[nodiscard]] QWidget* make_content();
     void switch_language(LangId lang);

@@ -24,6 +24,10 @@ inline constexpr Colour window_text = 0x80000008;
     return r | static_cast<Colour>(g) << 8U | static_cast<Colour>(b) << 16U;
 }
 
+[[nodiscard]] constexpr int red_of(Colour colour) { return static_cast<int>(colour & 0xFFU); }
+[[nodiscard]] constexpr int green_of(Colour colour) { return red_of(colour >> 8U); }
+[[nodiscard]] constexpr int blue_of(Colour colour) { return red_of(colour >> 16U); }
+
 enum class LineStyle : std::int16_t {
     Solid = 0,
     Dashes = 1,

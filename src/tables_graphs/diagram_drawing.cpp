@@ -24,6 +24,7 @@ constexpr Font title_font = {10, true};
 constexpr Font font = {8};
 
 constexpr Colour line_on_white = rgb(208, 208, 208);
+constexpr Colour mark_ink = rgb(140, 140, 140);  // on both grounds
 constexpr Colour line_on_black = rgb(80, 80, 80);
 
 constexpr bool fits_on(double value, const ValueRange& range) {
@@ -206,7 +207,7 @@ private:
         for (const DiagramMark& mark : diagram_.marks) {
             if (!fits_on(mark.x, frame_.x)) continue;
             const double x = frame_.place_of({mark.x, frame_.y.low}, false).x;
-            canvas.line(x, plot.top, x, plot.bottom, {ink(), LineStyle::Dashes});
+            canvas.line(x, plot.top, x, plot.bottom, {mark_ink, LineStyle::Dashes});
             const double width = canvas.text_width(mark.text, font);
             canvas.text(std::min(x + gap / 2, plot.right - width), plot.top, mark.text, font,
                         ink());

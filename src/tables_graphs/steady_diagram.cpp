@@ -10,7 +10,6 @@
 namespace zel {
 namespace {
 
-constexpr Text title = {"Graphische Darstellung", "Diagram Steady-State-Calculation "};
 constexpr Text conductor_label = {"Leiterbezeichnung", "Identificator"};
 constexpr Text current_caption = {"Stromstärke in A", "Current in A"};
 constexpr Text conductor_caption = {"Leitertemperatur in °C", "Conductor temperature in °C"};
@@ -106,7 +105,7 @@ std::vector<HeaderLine> header_of(Stepped stepped) {
 Diagram steady_diagram(const ParameterTable& curves, const CalcCase& c, const Locale& locale) {
     const LangId lang = locale.lang;
     Diagram diagram;
-    diagram.title = without_outer_blanks(title.in(lang));
+    diagram.title = without_outer_blanks(steady_diagram_title.in(lang));
     diagram.header = header_lines(c, header_of(curves.stepped), conductor_label, locale);
     const CurvePoints points(curves, c);
     Extent currents, temperatures;

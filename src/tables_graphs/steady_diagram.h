@@ -5,6 +5,9 @@
 
 namespace zel {
 
+inline constexpr Text steady_diagram_title = {"Graphische Darstellung",
+                                              "Diagram Steady-State-Calculation "};
+
 /// The diagram of `curves`, which `calculate_curves` found for `c`: the temperature that is stepped
 /// or found over the current of the bundle, a curve for each method and wind speed. Each method has
 /// a colour and a line style, each wind speed a sign. The axes hold the ranges of the case and all

@@ -8,7 +8,6 @@
 namespace zel {
 namespace {
 
-constexpr Text title = {"Graphische Darstellung ", "Diagram Unsteady-State-Calculation "};
 constexpr Text conductor_label = {"Seilbezeichnung", "Identificator"};
 constexpr Text time_axis = {"Zeit", "Time"};
 constexpr Text in_unit = {"{0} in {1}", "{0} in {1}"};
@@ -112,7 +111,7 @@ std::optional<Diagram> transient_diagram(const TransientCourse& course, const Lo
     const TransientScale scale = transient_scale(course);
 
     Diagram diagram;
-    diagram.title = without_outer_blanks(title.in(lang));
+    diagram.title = without_outer_blanks(transient_diagram_title.in(lang));
     diagram.header =
         header_lines(course.c,
                      {HeaderLine::Conductor, HeaderLine::Bundle, HeaderLine::AmbientTemperature,

@@ -6,6 +6,9 @@
 
 namespace zel {
 
+inline constexpr Text transient_diagram_title = {"Graphische Darstellung ",
+                                                 "Diagram Unsteady-State-Calculation "};
+
 /// What a diagram of a transient is drawn from: a run of `c` that started at `start`.
 struct TransientCourse {
     const CalcCase& c;

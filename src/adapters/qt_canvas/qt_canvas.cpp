@@ -75,11 +75,6 @@ std::optional<Piece> cut(const CanvasPoint& from, const CanvasPoint& to, const C
 
 }  // namespace
 
-QColor qt_colour(Colour colour) {
-    const auto part = [colour](unsigned bits) { return static_cast<int>(colour >> bits & 0xFFU); };
-    return {part(0), part(8), part(16)};
-}
-
 QtCanvas::QtCanvas(QPainter& painter, double per_twip, const QColor& of_window_text)
     : painter_(painter), window_text_(of_window_text), inside_(everything) {
     painter_.save();
@@ -101,7 +96,8 @@ const QtCanvas::Face& QtCanvas::face(const Font& font) const {
 }
 
 QColor QtCanvas::shown(Colour colour) const {
-    return colour == window_text ? window_text_ : qt_colour(colour);
+    if (colour == window_text) return window_text_;
+    return {red_of(colour), green_of(colour), blue_of(colour)};
 }
 
 double QtCanvas::text_width(std::string_view text, const Font& font) const {

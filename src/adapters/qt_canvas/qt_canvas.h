@@ -12,9 +12,6 @@ class QPainter;
 
 namespace zel {
 
-/// A colour that is not the system's own.
-[[nodiscard]] QColor qt_colour(Colour colour);
-
 /// What is painted by Qt: a window, an image, a page. Texts have the same widths and heights on all
 /// of them, those of letters that are not fitted to pixels.
 ///

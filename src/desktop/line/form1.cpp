@@ -8,6 +8,7 @@
 #include "desktop/line/form1_input_pages.h"
 #include "desktop/line/form1_result_page.h"
 #include "desktop/line/form1_transient_page.h"
+#include "desktop/line/line_diagrams.h"
 #include "platform/errors.h"
 #include "shell/program_texts.h"
 #include "steady/case/state_change.h"
@@ -62,6 +63,10 @@ Form1::Form1(Form1Parts parts)
     on(&general_->Command2(), &QPushButton::clicked, [this] { databases().save_in_fixed(); });
     on(&conductor_->Command3(), &QPushButton::clicked, [this] { open_database(); });
     on(&conductor_->Command4(), &QPushButton::clicked, [this] { take_over_conductor(); });
+    const LineDiagramParts diagrams = {*this, line_, session(), parts.patience};
+    steady_diagram_ = parts.make_diagrams(*this, steady_diagram_form(diagrams));
+    transient_diagram_ = parts.make_diagrams(*this, transient_diagram_form(diagrams));
+    transient_->draw = [this] { transient_diagram_->open(); };
     transient_->calculated = [this] { allow_copy_of_page(); };
     finish();
 }
@@ -83,6 +88,8 @@ void Form1::case_changed() {
     sharing_ = sharing;
     conductor_->show_labels();
     transient_->load();
+    steady_diagram_->inputs_changed();
+    transient_diagram_->inputs_changed();
     show_modified();
 }
 
@@ -152,6 +159,8 @@ bool Form1::run() {
 void Form1::forget_results() {
     databases().allow_saving(true);
     line_.transient.forget();
+    steady_diagram_->forget();
+    transient_diagram_->forget();
     sharing_ = sharing_conductors(line_.c);
     result_->clear();
     shown_run_.reset();

@@ -5,6 +5,7 @@
 
 #include "desktop/frame/area_frame.h"
 #include "desktop/frame/conductor_source.h"
+#include "desktop/frame/diagram_source.h"
 #include "desktop/line/line_case.h"
 #include "forms/line_form.h"
 #include "shell/error_handling.h"
@@ -27,6 +28,7 @@ struct Form1Parts {
     ErrorHandling& errors;
     int patience;  // in milliseconds: a longer run shows its progress
     MakeConductorSource make_conductors;
+    MakeDiagramSource make_diagrams;
 };
 
 /// The form of the current and temperature calculation: four pages. Going to the result page
@@ -59,6 +61,8 @@ private:
     LiveSettings& settings_;
     ErrorHandling& errors_;
     std::unique_ptr<ConductorSource> conductors_;
+    std::unique_ptr<DiagramSource> steady_diagram_;
+    std::unique_ptr<DiagramSource> transient_diagram_;
     GeneralPage* general_;
     ConductorPage* conductor_;
     ResultPage* result_;

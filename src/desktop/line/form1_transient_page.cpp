@@ -21,6 +21,7 @@ constexpr Text start_caption = {"Ausgangszustand", "Initial state"};
 constexpr Text rows_caption = {"Zustandsänderungen", "Change-of-states"};
 constexpr Text method_caption = {"Berechnungsverfahren :", "Calculation method :"};
 constexpr Text button_caption = {"Bere&chnen", "Calc&ulate"};
+constexpr Text diagram_caption = {"&Graphische Darstellung ...", "Diagra&m ..."};
 constexpr Text no_state = {"-", "-"};
 constexpr Text former_start = {
     "Dieser Zustand ist der einer früheren Berechnung: die letzte ergab keinen.",
@@ -48,14 +49,6 @@ constexpr int unit_line = 1;
 constexpr int first_line = 2;
 constexpr int lines_of_row = 2;
 
-JobProgress progress_of(const TransientProgress& at, LangId lang) {
-    const auto row =
-        static_cast<std::size_t>(std::clamp(at.row, 1, static_cast<int>(state_change_count)) - 1);
-    // What has begun shows a little.
-    return {std::clamp(100 * at.done, 0.1, 100.0),
-            std::string(change_of_state_names[row].in(lang))};
-}
-
 QLabel* make_label(const char* name) {
     QLabel* label = plain_label();
     label->setObjectName(name);
@@ -76,6 +69,14 @@ QLabel* unit_label(const char* unit) {
 
 }  // namespace
 
+JobProgress progress_of(const TransientProgress& at, LangId lang) {
+    const auto row =
+        static_cast<std::size_t>(std::clamp(at.row, 1, static_cast<int>(state_change_count)) - 1);
+    // What has begun shows a little.
+    return {std::clamp(100 * at.done, 0.1, 100.0),
+            std::string(change_of_state_names[row].in(lang))};
+}
+
 TransientPage::TransientPage(const TransientRowPanel::Parts& parts, int patience)
     : parts_(parts),
       patience_(patience),
@@ -84,6 +85,7 @@ TransientPage::TransientPage(const TransientRowPanel::Parts& parts, int patience
       start_temperature_(make_label("start_temperature")),
       former_notice_(parts.captions.text(make_notice("former_start_notice"), former_start)),
       button_(parts.captions.text(new QPushButton, button_caption)),
+      diagram_(parts.captions.text(new QPushButton, diagram_caption)),
       notice_(make_notice("stale_notice")) {
     parts.captions.computed([this](LangId lang) {
         notice_->setText(qt(lines_of(stale_question.lines.in(lang)).front()));
@@ -164,6 +166,11 @@ QWidget* TransientPage::make_actions() {
     button_->setMinimumSize(button_width, button_height);
     on(button_, &QPushButton::clicked, [this] { press_button(); });
     layout->addWidget(button_);
+    diagram_->setObjectName("Command_graph");
+    diagram_->setAutoDefault(true);
+    diagram_->setMinimumHeight(button_height);
+    on(diagram_, &QPushButton::clicked, [this] { show_diagram(); });
+    layout->addWidget(diagram_);
     layout->addWidget(notice_);
     layout->addStretch(1);
     return actions;
@@ -179,6 +186,7 @@ void TransientPage::set_tab_order() {
     for (const auto& row : rows_)
         for (QWidget* input : row->inputs()) follow(input);
     follow(button_);
+    follow(diagram_);
     for (const auto& row : rows_) follow(row->off_button());
 }
 
@@ -202,6 +210,7 @@ void TransientPage::load() {
     const bool stale = is_stale();
     for (const auto& row : rows_) row->load(stale);
     notice_->setVisible(stale);
+    diagram_->setEnabled(parts_.line.transient.result() != nullptr);
 }
 
 void TransientPage::commit() {
@@ -248,14 +257,24 @@ void TransientPage::calculate() {
     calculated();
 }
 
-std::string TransientPage::text_to_copy() {
-    if (parts_.line.transient.result() == nullptr) return {};
+/// Where the results are stale, the user is asked whether to calculate anew.
+bool TransientPage::brought_up_to_date() {
     const Session& session = parts_.session;
-    if (is_stale()) {
-        if (session.dialogs.show(box_in(session.lang, stale_question)) != Answer::Yes) return {};
-        press_button();
-        if (is_stale()) return {};
-    }
+    if (!is_stale()) return true;
+    if (session.dialogs.show(box_in(session.lang, stale_question)) != Answer::Yes) return false;
+    press_button();
+    return !is_stale();
+}
+
+/// What is still stale is not drawn, which is told there.
+void TransientPage::show_diagram() {
+    (void)brought_up_to_date();
+    draw();
+}
+
+std::string TransientPage::text_to_copy() {
+    if (parts_.line.transient.result() == nullptr || !brought_up_to_date()) return {};
+    const Session& session = parts_.session;
     const TransientResult& result = *parts_.line.transient.result();
     return transient_text(result, parts_.line.c, session) +
            notes_text(notes_on(result, parts_.line.c, session), session.lang);

@@ -14,6 +14,10 @@ class QPushButton;
 
 namespace zel {
 
+struct JobProgress;
+
+[[nodiscard]] JobProgress progress_of(const TransientProgress& at, LangId lang);
+
 /// Page 3: up to six changes of state that start from the steady state of the last run. The button
 /// checks and calculates them. A long run shows how far it is and can be cancelled; it then leaves
 /// all as it was.
@@ -35,6 +39,8 @@ public:
 
     /// Called where a run has come to an end.
     std::function<void()> calculated = [] {};
+    /// Draws the last transient.
+    std::function<void()> draw = [] {};
 
 private:
     [[nodiscard]] QGroupBox* make_start();
@@ -43,6 +49,8 @@ private:
     void set_tab_order();
     void press_button();
     void calculate();
+    void show_diagram();
+    [[nodiscard]] bool brought_up_to_date();
     [[nodiscard]] bool is_stale() const;
 
     TransientRowPanel::Parts parts_;
@@ -53,6 +61,7 @@ private:
     QLabel* start_temperature_;
     QLabel* former_notice_;  // the start is that of a former run
     QPushButton* button_;
+    QPushButton* diagram_;
     QLabel* notice_;
     bool running_ = false;
     bool typing_refused_ = false;  // a text was refused while the page was taken in

@@ -5,8 +5,6 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "adapters/qt_canvas/qt_canvas.h"
-
 namespace zel::short_circuit {
 namespace {
 
@@ -22,7 +20,7 @@ QLabel* make_label(const QString& text) {
 
 void set_colour(QWidget& widget, QPalette::ColorRole role, Colour colour) {
     QPalette palette = widget.palette();
-    palette.setColor(role, qt_colour(colour));
+    palette.setColor(role, QColor(red_of(colour), green_of(colour), blue_of(colour)));
     widget.setPalette(palette);
 }
 

@@ -1,0 +1,113 @@
+#include "desktop/line/line_diagrams.h"
+
+#include "desktop/frame/job_runner.h"
+#include "desktop/line/form1_transient_page.h"
+#include "shell/program_texts.h"
+#include "tables_graphs/curve_points.h"
+#include "tables_graphs/steady_diagram.h"
+#include "tables_graphs/transient_diagram.h"
+
+namespace zel {
+namespace {
+
+constexpr Text diagram_name = {"Diagramm", "diagram"};
+
+constexpr CurveSwitch switches[] = {
+    {"show_current", {"Anzeige Stromverlauf", "Show current"}, current_curve},
+    {"show_temperature", {"Anzeige Temperaturverlauf", "Show temperature"}, temperature_curve},
+};
+
+constexpr BoxText inputs_changed = {
+    Icon::Stop,
+    short_name,
+    {"Die Eingabedaten haben sich geändert, bitte führen Sie eine neue instationäre Berechnung "
+     "durch !",
+     "There has been a change of input data, please run a new Unsteady-State-Calculation !"}};
+constexpr BoxText no_time = {
+    Icon::Stop,
+    short_name,
+    {"In den Zustandsänderungen vergeht keine Zeit: es gibt keinen Verlauf.",
+     "No time passes in the changes of state: there is no course to be drawn."}};
+
+std::optional<DiagramContent> steady_content(const LineDiagramParts& parts) {
+    const CalcCase c = parts.line.c;
+    if (start_table(c, parts.session).refusal) return std::nullopt;
+    std::optional<ParameterTable> curves;
+    RunProgress progress(parts.form, parts.session.lang, parts.patience);
+    run_job(progress, parts.session.dialogs, [&curves, &c, session = parts.session](Job& job) {
+        MethodMemory memory = *session.memory;
+        curves = calculate_curves(
+            c, session.apart(job.dialogs(), &memory), [&job](std::size_t done, std::size_t all) {
+                job.tell({100.0 * static_cast<double>(done) / static_cast<double>(all)});
+                return !job.cancelled();
+            });
+    });
+    if (!curves) return std::nullopt;
+    return DiagramContent{
+        [c, found = *curves](const Locale& locale) { return steady_diagram(found, c, locale); },
+        [c, found = *curves] { return steady_points(found, c); }};
+}
+
+/// A transient that has run, with the course that was stepped anew.
+struct StoredCourse {
+    CalcCase c;
+    TransientResult result;
+    std::vector<RowSeries> series;
+
+    [[nodiscard]] TransientCourse course() const { return {c, result.start, result.rows, series}; }
+};
+
+std::optional<DiagramContent> transient_content(const LineDiagramParts& parts) {
+    const TransientMemory& memory = parts.line.transient;
+    const Session& session = parts.session;
+    if (memory.result() == nullptr) return std::nullopt;
+    if (memory.result_is_stale(parts.line.c, session)) {
+        session.tell(box_in(session.lang, inputs_changed));
+        return std::nullopt;
+    }
+    if (!(TotalTime(memory.result()->rows) > 0)) {
+        session.tell(box_in(session.lang, no_time));
+        return std::nullopt;
+    }
+    StoredCourse stored = {parts.line.c, *memory.result(), {}};
+    std::optional<std::vector<RowSeries>> series;
+    RunProgress progress(parts.form, session.lang, parts.patience);
+    run_job(progress, session.dialogs,
+            [&series, &stored, basis = memory.basis(), session](Job& job) {
+                MethodMemory methods = *session.memory;
+                series = transient_series(stored.c, basis, stored.result,
+                                          session.apart(job.dialogs(), &methods),
+                                          [&job, lang = session.lang](const TransientProgress& at) {
+                                              job.tell(progress_of(at, lang));
+                                              return !job.cancelled();
+                                          });
+            });
+    if (!series) return std::nullopt;
+    stored.series = *std::move(series);
+    return DiagramContent{
+        [stored](const Locale& locale) { return *transient_diagram(stored.course(), locale); },
+        [stored] {
+            return transient_points(stored.series,
+                                    current_steps(stored.result.rows, stored.result.start,
+                                                  stored.c.Anzahl_Teilleiter_db));
+        }};
+}
+
+}  // namespace
+
+DiagramForm steady_diagram_form(const LineDiagramParts& parts) {
+    return {"frm_graph_steady", steady_diagram_title, diagram_name, true, {}, [parts] {
+                return steady_content(parts);
+            }};
+}
+
+DiagramForm transient_diagram_form(const LineDiagramParts& parts) {
+    return {"frm_graph_unsteady",
+            transient_diagram_title,
+            diagram_name,
+            false,
+            {std::begin(switches), std::end(switches)},
+            [parts] { return transient_content(parts); }};
+}
+
+}  // namespace zel
