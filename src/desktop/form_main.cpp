@@ -48,7 +48,8 @@ constexpr QPoint beside(40, 40);  // of a window that is not maximised, from thi
 FormMain::FormMain(DesktopState& state)
     : state_(state),
       form1_({area_parts(), state.calc_case, state.transient, state.case_path, state.settings,
-              state.errors, state.patience_ms, make_conductors(), make_diagrams()}),
+              state.errors, state.workbooks, state.files, state.patience_ms, make_conductors(),
+              make_diagrams()}),
       ks_form1_(area_parts(), state.short_circuit, state.program.short_circuit_short_name,
                 make_conductors()),
       help_menu_(state.session, state.launcher, state.help_folders),

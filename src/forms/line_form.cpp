@@ -5,6 +5,7 @@
 
 #include "forms/given_value.h"
 #include "platform/rounding.h"
+#include "tables_graphs/parameter_table.h"
 #include "workflow/rules/entry_rules.h"
 
 namespace zel::forms {
@@ -64,7 +65,8 @@ std::span<const MethodRow> method_rows() { return method_table; }
 std::span<const Section> line_sections() {
     static const auto all = [] {
         std::vector<Section> made = input_sections();
-        made.insert(made.end(), conductor_sections().begin(), conductor_sections().end());
+        for (const auto* more : {&conductor_sections(), &table_sections()})
+            made.insert(made.end(), more->begin(), more->end());
         return made;
     }();
     return all;
@@ -152,7 +154,12 @@ std::optional<Refusal> LineForm::enter(const Row& row, std::string_view text) {
 }
 
 void LineForm::choose(const Row& row, int index) {
-    c_.*std::get<Whole>(key(row)) = row.choices[static_cast<std::size_t>(index)].value;
+    const std::int16_t value = row.choices[static_cast<std::size_t>(index)].value;
+    c_.*std::get<Whole>(key(row)) = value;
+    if (row.field != &field_of(&CalcCase::Umgebungstemperaturmerker_db)) return;
+    // Which of the two tables of a temperature is shown goes with what it steps.
+    c_.Umgebtemp_merker1_db = value == ambient_stepped ? 1 : 0;
+    c_.Umgebtemp_merker2_db = value == ambient_stepped ? 0 : 1;
 }
 
 void LineForm::typed_into(const Row& row) {

@@ -49,10 +49,12 @@ private:
     std::function<LangId()> list_language_;
 };
 
-/// All sections, page by page; those of the input page and those of the conductor page.
+/// All sections, page by page; those of the input page, of the conductor page, and of the parameter
+/// table on the result page: its wind speeds, its temperatures, its currents.
 [[nodiscard]] std::span<const Section> line_sections();
 [[nodiscard]] const std::vector<Section>& input_sections();
 [[nodiscard]] const std::vector<Section>& conductor_sections();
+[[nodiscard]] const std::vector<Section>& table_sections();
 
 /// The check box that selects a method.
 struct MethodRow {

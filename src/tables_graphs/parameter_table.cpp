@@ -94,8 +94,8 @@ std::vector<Method> methods_of(const CalcCase& c) {
 }
 
 Stepped stepped_temperature(const CalcCase& c) {
-    return c.Umgebungstemperaturmerker_db == 1 ? Stepped::AmbientTemperature
-                                               : Stepped::ConductorTemperature;
+    return c.Umgebungstemperaturmerker_db == ambient_stepped ? Stepped::AmbientTemperature
+                                                             : Stepped::ConductorTemperature;
 }
 
 class Calculation {

@@ -19,6 +19,9 @@ namespace zel {
 
 enum class Stepped : std::uint8_t { ConductorTemperature, AmbientTemperature, Current };
 
+/// `Umgebungstemperaturmerker_db` where a table steps the ambient temperature.
+inline constexpr std::int16_t ambient_stepped = 1;
+
 /// What the table of a case steps: the current where that is given, otherwise the temperature that
 /// `Umgebungstemperaturmerker_db` says.
 [[nodiscard]] Stepped stepped_by(const CalcCase& c);

@@ -3,6 +3,7 @@
 #include "desktop/desktop_fixture.h"
 #include "forms/given_value.h"
 #include "forms/short_circuit_form.h"
+#include "workflow/run/page_change.h"
 
 namespace zel {
 namespace {
@@ -12,7 +13,8 @@ using forms::Section;
 
 class FormRows : public DesktopTest {
 protected:
-    /// Opens the rows' given values, and the pages for them.
+    /// Opens the rows' given values, and the pages for them, the result page with a case that it
+    /// takes.
     template <class Visit>
     void each_row(const Visit& visit) {
         CalcCase c;
@@ -20,6 +22,12 @@ protected:
         open(c);
         const forms::LineForm form(calc_case(), state->session);
         for (const Section& section : form.sections()) {
+            if (section.page == result_page) {
+                go_to(input_page);
+                calc_case() =
+                    section.rows.front().field->unit == "A" ? twin_264_34_at(600) : twin_264_34();
+                form1().load();
+            }
             go_to(section.page);
             for (const Row& row : section.rows) {
                 for (const GivenValueRow& mode : given_value_rows())

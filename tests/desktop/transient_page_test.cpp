@@ -5,6 +5,7 @@
 #include <QToolButton>
 
 #include "desktop/desktop_fixture.h"
+#include "fakes/cancelling_user.h"
 #include "fakes/transient_cases.h"
 #include "persistence/case_file.h"
 #include "workflow/run/page_change.h"
@@ -146,21 +147,7 @@ TEST_F(TransientPageTest, cancelled_run_leaves_all_as_it_was) {
     open(bundle_with_rows({typed_temperature_row(1600, 10, 0), typed_current_row(150, 60, 0)}));
     go_to(result_page);
     go_to(transient_page);
-    /// Cancels as soon as there is a progress window, which keeps input from all others.
-    class User : public QObject {
-    public:
-        bool blocked = false;
-
-    private:
-        bool eventFilter(QObject* shown, QEvent* event) override {
-            if (event->type() != QEvent::Show || shown->objectName() != "run_progress")
-                return false;
-            blocked = static_cast<QWidget*>(shown)->isModal();
-            shown->findChild<QPushButton*>()->click();
-            return false;
-        }
-    } user;
-    qApp->installEventFilter(&user);
+    CancellingUser user;
     const CalcCase before = calc_case();
     calculate();
     EXPECT_TRUE(user.blocked);

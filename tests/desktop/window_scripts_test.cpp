@@ -468,8 +468,8 @@ private:
 };
 
 const bool registered = [] {
-    for (const char* area : {"form1", "case_files", "keys", "transient_page", "ks_form1",
-                             "conductors", "settings", "databases"})
+    for (const char* area : {"form1", "case_files", "keys", "parameter_table", "transient_page",
+                             "ks_form1", "conductors", "settings", "databases"})
         for (const json& script : test_data(std::string("windows/") + area))
             testing::RegisterTest(area, script.at("name").get<std::string>().c_str(), nullptr,
                                   nullptr, __FILE__, __LINE__,

@@ -17,9 +17,9 @@
 #include "desktop/frame/area_frame.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/inputs.h"
+#include "desktop/frame/sheet_saving.h"
 #include "forms/select_path.h"
 #include "persistence/database/table_export.h"
-#include "platform/errors.h"
 
 namespace zel {
 
@@ -50,24 +50,10 @@ constexpr Text only_read = {
 constexpr Text back_caption = {"&Zurück", "&Back"};
 
 constexpr Text export_title = {"Tabelle exportieren", "Export table"};
-constexpr Text export_filters = {"Excel-Dateien (*.xlsx) (*.xlsx)\nCSV-Dateien (*.csv) (*.csv)",
-                                 "Excel files (*.xlsx) (*.xlsx)\nCSV files (*.csv) (*.csv)"};
 constexpr BoxText exported = {
     Icon::None,
     export_title,
     {"{0} Datensätze wurden geschrieben:\n{1}", "{0} data records were written:\n{1}"}};
-constexpr BoxText not_exported = {
-    Icon::Stop,
-    export_title,
-    {"Die Tabelle kann nicht exportiert werden:\n{0}", "The table can not be exported:\n{0}"}};
-constexpr BoxText replace_question = {
-    Icon::Question,
-    export_title,
-    {"Die Datei gibt es schon :\n{0}\nSoll sie ersetzt werden ?",
-     "The file exists already :\n{0}\nDo you want to replace it ?"},
-    Buttons::YesNo,
-    Answer::No};
-
 /// The record that none is: everything is empty.
 StoredRow no_row() { return {TableInfo{}, {}}; }
 
@@ -334,29 +320,15 @@ void RecordBrowser::delete_table() {
     open_table(0);
 }
 
-bool RecordBrowser::may_be_replaced(const std::string& path) const {
-    return !parts_.files.exists(path) ||
-           parts_.session.dialogs.show(box_in(parts_.session.lang, replace_question, {path})) ==
-               Answer::Yes;
-}
-
 void RecordBrowser::export_shown_table() {
-    const LangId lang = parts_.session.lang;
-    const auto path =
-        parts_.chooser.path_to_select({std::string(export_title.in(lang)), start_folder(path_),
-                                       export_filters.in(lang), "xlsx", false, table() + ".xlsx"});
-    if (!path || !may_be_replaced(*path)) return;
-    try {
-        const std::size_t rows = [&] {
-            const WaitCursor waiting;
-            refuse_itself(path_, *path);
-            return export_table(*database_, parts_.forms.format(), tables_[table_], *path,
-                                parts_.workbooks, parts_.files, parts_.session.separator);
-        }();
-        parts_.session.tell(box_in(lang, exported, {std::to_string(rows), *path}));
-    } catch (const PlatformError& error) {
-        parts_.session.tell(box_in(lang, not_exported, {error.told(lang)}));
-    }
+    const SheetSaving saving = {parts_.session, parts_.chooser, parts_.workbooks, parts_.files};
+    saving.save(export_title, start_folder(path_), table(), [this](const std::string& path) {
+        refuse_itself(path_, path);
+        const std::size_t rows =
+            export_table(*database_, parts_.forms.format(), tables_[table_], path, parts_.workbooks,
+                         parts_.files, parts_.session.separator);
+        return box_in(parts_.session.lang, exported, {std::to_string(rows), path});
+    });
 }
 
 }  // namespace zel

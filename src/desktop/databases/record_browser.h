@@ -58,7 +58,6 @@ private:
     void delete_row();
     void delete_table();
     void export_shown_table();
-    [[nodiscard]] bool may_be_replaced(const std::string& path) const;
     /// Gives whether `act` was carried out. What fails is told as in `procedure` of this window.
     bool carried_out(const char* procedure, const std::function<void()>& act);
 

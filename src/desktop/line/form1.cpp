@@ -52,7 +52,10 @@ Form1::Form1(Form1Parts parts)
     conductor_form.look.row_gap = 6;
     general_ = new GeneralPage(form, line_, settings_);
     conductor_ = new ConductorPage(conductor_form);
-    result_ = new ResultPage(captions());
+    result_ = new ResultPage({form,
+                              line_.c,
+                              {session(), parts.area.chooser, parts.workbooks, parts.files},
+                              parts.patience});
     transient_ = new TransientPage({line_, session(), captions(), refuse, typed}, parts.patience);
     const Text* caption = page_captions;
     for (AreaPage* page :
@@ -87,6 +90,7 @@ void Form1::case_changed() {
     if (sharing != sharing_) share_bundle_currents(line_.c, session().separator);
     sharing_ = sharing;
     conductor_->show_labels();
+    result_->case_changed();
     transient_->load();
     steady_diagram_->inputs_changed();
     transient_diagram_->inputs_changed();
@@ -123,7 +127,7 @@ void Form1::take_over_conductor() {
 void Form1::turn_to(int to) {
     const PageChange change = change_page(line_.c, page(), to, session().lang);
     if (change.clears_balance) {
-        result_->clear_balance();
+        result_->reset();
         databases().allow_saving(false);
     }
     // A transient starts from the steady state of the inputs as they are now.
@@ -162,6 +166,7 @@ void Form1::forget_results() {
     steady_diagram_->forget();
     transient_diagram_->forget();
     sharing_ = sharing_conductors(line_.c);
+    result_->reset();
     result_->clear();
     shown_run_.reset();
     strip().setTabEnabled(transient_page, false);

@@ -8,6 +8,8 @@
 #include "desktop/frame/diagram_source.h"
 #include "desktop/line/line_case.h"
 #include "forms/line_form.h"
+#include "platform/files.h"
+#include "platform/workbook.h"
 #include "shell/error_handling.h"
 #include "workflow/run/steady_run.h"
 
@@ -26,6 +28,8 @@ struct Form1Parts {
     std::string path;  // the file that the case comes from at the start; may be empty
     LiveSettings& settings;
     ErrorHandling& errors;
+    WorkbookStore& workbooks;  // of saved tables
+    Files& files;
     int patience;  // in milliseconds: a longer run shows its progress
     MakeConductorSource make_conductors;
     MakeDiagramSource make_diagrams;

@@ -23,15 +23,16 @@ QLabel* make_label(const QString& name, double scale = 1, bool bold = false) {
     return label;
 }
 
-/// Names of the values of TB 601: the temperatures on the left, the factors on the right.
-constexpr const char* tb601_names[][2] = {
-    {"T_core", "k_Kiessling"}, {"T_surface", "k_skin"}, {nullptr, "k_mag"}};
+/// Names of the values of TB 601: the temperatures, then the factors.
+constexpr const char* tb601_names[] = {"T_core", "T_surface", "k_Kiessling", "k_skin", "k_mag"};
+constexpr int room_for_columns = 880;  // pixels, for the table beside the results
+constexpr int column_gap = 18;
 
 QString named(const char* prefix, Method method) { return prefix + qt(key_of(method)); }
 
 }  // namespace
 
-ResultPage::ResultPage(Captions& captions)
+ResultPage::ResultPage(const TablePanel::Parts& parts)
     : head_line_(make_label("head_line", 1.25, true)),
       methods_line_(make_label("methods_line")),
       notes_(new QVBoxLayout),
@@ -39,18 +40,36 @@ ResultPage::ResultPage(Captions& captions)
       angle_(make_label("angle")),
       wind_(make_label("perpendicular_wind")),
       tb601_group_(make_tb601()),
-      balance_group_(captions.title(make_balance(), balance_caption)) {
+      balance_group_(parts.form.captions.title(make_balance(), balance_caption)),
+      table_(new TablePanel(parts)),
+      columns_(new QBoxLayout(QBoxLayout::LeftToRight)) {
+    Captions& captions = parts.form.captions;
+    auto* results = new QVBoxLayout;
+    results->setSpacing(14);
+    results->addWidget(captions.title(make_results(), results_caption));
+    results->addLayout(notes_);  // right below the results
+    results->addWidget(tb601_group_);
+    results->addWidget(make_wind(captions));
+    results->addStretch(1);
+    columns_->setSpacing(column_gap);
+    columns_->addLayout(results);
+    columns_->addWidget(table_, 1);
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
-    layout->setSpacing(14);
-    for (QWidget* part : std::initializer_list<QWidget*>{
-             head_line_, methods_line_, captions.title(make_results(), results_caption),
-             tb601_group_, balance_group_, make_wind(captions)})
-        layout->addWidget(part);
-    layout->insertLayout(layout->indexOf(tb601_group_), notes_);  // right below the results
-    layout->addStretch(1);
+    layout->setSpacing(10);
+    layout->addWidget(head_line_);
+    layout->addWidget(methods_line_);
+    layout->addLayout(columns_, 1);
+    layout->addWidget(balance_group_);
+    table_->calculated = [this] { clear_balance(); };
     set_content(content);
     content->hide();  // nothing to tell before the first valid run
+}
+
+void ResultPage::resizeEvent(QResizeEvent* event) {
+    AreaPage::resizeEvent(event);
+    columns_->setDirection(viewport()->width() < room_for_columns ? QBoxLayout::TopToBottom
+                                                                  : QBoxLayout::LeftToRight);
 }
 
 QGroupBox* ResultPage::make_results() {
@@ -80,19 +99,15 @@ QGroupBox* ResultPage::make_tb601() {
     auto* group = new QGroupBox("Cigre TB 601");
     auto* grid = new QGridLayout(inside_of(*group));
     grid->setHorizontalSpacing(24);
-    for (int column = 0; column < 2; ++column) {
-        for (int row = 0; row < 3; ++row) {
-            const char* name = tb601_names[row][column];
-            if (name == nullptr) continue;
-            const DetailLine line{make_label(QString("caption_") + name), make_label(name)};
-            line.value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-            grid->addWidget(line.caption, row, 3 * column);
-            grid->addWidget(line.value, row, 3 * column + 1);
-            tb601_lines_.push_back(line);
-        }
+    for (const char* name : tb601_names) {
+        const DetailLine line{make_label(QString("caption_") + name), make_label(name)};
+        line.value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        const int row = static_cast<int>(tb601_lines_.size());
+        grid->addWidget(line.caption, row, 0);
+        grid->addWidget(line.value, row, 1);
+        tb601_lines_.push_back(line);
     }
-    grid->setColumnMinimumWidth(2, 24);
-    grid->setColumnStretch(5, 1);
+    grid->setColumnStretch(2, 1);
     return group;
 }
 
@@ -160,6 +175,11 @@ void ResultPage::show_notes(const std::vector<Note>& notes) {
 void ResultPage::show_nothing_new() {
     widget()->setEnabled(false);
     clear_balance();
+}
+
+void ResultPage::reset() {
+    clear_balance();
+    table_->clear();
 }
 
 void ResultPage::clear() { widget()->hide(); }

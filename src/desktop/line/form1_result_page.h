@@ -3,8 +3,10 @@
 #include <vector>
 
 #include "desktop/frame/area_frame.h"
+#include "desktop/line/table_panel.h"
 #include "workflow/run/steady_run.h"
 
+class QBoxLayout;
 class QGroupBox;
 class QLabel;
 class QVBoxLayout;
@@ -13,19 +15,30 @@ namespace zel {
 
 class NoteLine;
 
-/// Page 2: what the steady run found, with the program's own notes on it.
+/// Page 2: what the steady run found, with the program's own notes on it, and the parameter table
+/// beside that, or below it where the window is narrow.
 class ResultPage : public AreaPage {
 public:
-    explicit ResultPage(Captions& captions);
+    explicit ResultPage(const TablePanel::Parts& parts);
+
+    void load() override { table_->load(false); }
+    void load_anew() override { table_->load(true); }
+    void commit() override { table_->commit(); }
+    [[nodiscard]] bool is_unfinished() const override { return table_->is_unfinished(); }
+    void case_changed() { table_->case_changed(); }
 
     /// A valid run replaces all that is shown.
     void show_run(const SteadyRunResult& run);
     /// After a refused run: what stands there is greyed, since the inputs that led to it have
     /// changed.
     void show_nothing_new();
-    void clear_balance();
+    /// Empties the balance line and the parameter table of the former run.
+    void reset();
     /// Shows nothing, as before the first run.
     void clear();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     struct Line {
@@ -44,6 +57,7 @@ private:
     [[nodiscard]] QGroupBox* make_balance();
     [[nodiscard]] QGroupBox* make_wind(Captions& captions);
     void show_notes(const std::vector<Note>& notes);
+    void clear_balance();
 
     QLabel* head_line_;
     QLabel* methods_line_;
@@ -56,6 +70,8 @@ private:
     QLabel* wind_;
     QGroupBox* tb601_group_;
     QGroupBox* balance_group_;
+    TablePanel* table_;
+    QBoxLayout* columns_;
 };
 
 }  // namespace zel

@@ -83,11 +83,8 @@ std::string head_line(const Kind& kind, const RunBasis& basis, const Locale& loc
                  bundle_name(basis.sub_conductors).in(locale.lang)});
 }
 
-ResultTexts result_texts(const Kind& kind, const RunBasis& basis, LangId lang) {
-    const Text& caption = basis.ambient_table ? kind.ambient_table_caption : kind.table_caption;
-    return {std::string(caption.in(lang)),
-            {kind.table_steps.begin(), kind.table_steps.end()},
-            std::string(kind.print_caption.in(lang))};
+const Kind& kind_of(bool current_given) {
+    return current_given ? temperature_sought : current_sought;
 }
 
 /// Caption, result, balance and details of one method.
@@ -133,10 +130,18 @@ void S_Windanzeige(SteadyRunResult& result, DecimalSeparator separator) {
         masked(result.perpendicular_wind, "#0.0##", separator) + " m/s";
 }
 
+ResultTexts kind_texts(bool current_given, bool ambient_table, LangId lang) {
+    const Kind& kind = kind_of(current_given);
+    const Text& caption = ambient_table ? kind.ambient_table_caption : kind.table_caption;
+    return {std::string(caption.in(lang)),
+            {kind.table_steps.begin(), kind.table_steps.end()},
+            std::string(kind.print_caption.in(lang))};
+}
+
 void write_texts(SteadyRunResult& result, const Locale& locale) {
-    const Kind& kind = result.basis.current_given ? temperature_sought : current_sought;
-    result.texts = result_texts(kind, result.basis, locale.lang);
-    result.head_line = head_line(kind, result.basis, locale);
+    const RunBasis& basis = result.basis;
+    result.texts = kind_texts(basis.current_given, basis.ambient_table, locale.lang);
+    result.head_line = head_line(kind_of(basis.current_given), basis, locale);
     result.balance_lines.clear();
     std::vector<std::string> names;
     for (MethodResult& line : result.methods) {

@@ -16,6 +16,9 @@ inline constexpr Text perpendicular_wind_label = {"Wind _I_ Leiter:", "Wind _I_ 
 /// folded angle.
 void S_Windanzeige(SteadyRunResult& result, DecimalSeparator separator);
 
+/// What the kind of result sets for tables and printing, without a run.
+[[nodiscard]] ResultTexts kind_texts(bool current_given, bool ambient_table, LangId lang);
+
 /// Writes all texts of a valid run from its numbers. So a result can be told again in another
 /// language without being computed again.
 void write_texts(SteadyRunResult& result, const Locale& locale);

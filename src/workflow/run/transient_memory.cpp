@@ -7,16 +7,6 @@
 namespace zel {
 namespace {
 
-/// What a steady run reads of `c`.
-CalcCase steady_inputs(const CalcCase& c) {
-    CalcCase inputs = without_derived_current(c);
-    static_cast<ProjectData&>(inputs) = {};
-    static_cast<ParameterTableData&>(inputs) = {};
-    static_cast<MeasuredData&>(inputs) = {};
-    inputs.Z = {};
-    return inputs;
-}
-
 CalcCase transient_inputs(const CalcCase& c) {
     CalcCase inputs = steady_inputs(c);
     inputs.Z = without_found_values(c).Z;
@@ -24,6 +14,17 @@ CalcCase transient_inputs(const CalcCase& c) {
 }
 
 }  // namespace
+
+CalcCase steady_inputs(const CalcCase& c) {
+    CalcCase inputs = without_derived_current(c);
+    static_cast<ProjectData&>(inputs) = {};
+    static_cast<ParameterTableData&>(inputs) = {};
+    static_cast<MeasuredData&>(inputs) = {};
+    inputs.Umgebungstemperaturmerker_db = 0;  // what a table steps
+    inputs.Umgebtemp_merker1_db = inputs.Umgebtemp_merker2_db = 0;
+    inputs.Z = {};
+    return inputs;
+}
 
 const BoxText stale_question = {
     Icon::Question,

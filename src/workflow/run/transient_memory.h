@@ -4,6 +4,10 @@
 
 namespace zel {
 
+/// `c` with what a steady run does not read taken away: where two of these are equal, so are the
+/// results.
+[[nodiscard]] CalcCase steady_inputs(const CalcCase& c);
+
 /// What the program keeps of its runs, from one to the next: where a transient would start, and the
 /// last transient with the inputs that led to it.
 class TransientMemory {
