@@ -30,6 +30,8 @@ public:
 
     /// Called where a table has been calculated.
     std::function<void()> calculated = [] {};
+    /// Draws the diagram of the ranges.
+    std::function<void()> draw = [] {};
 
     void load(bool anew);
     void commit();
@@ -48,6 +50,8 @@ private:
     void show_captions();
     void show_heading();
     void calculate();
+    [[nodiscard]] bool taken_in();
+    void show_diagram();
     void copy();
     void save();
 
