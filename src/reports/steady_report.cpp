@@ -179,6 +179,14 @@ private:
                c_.Anzahl_Teilleiter_db > 1;
     }
 
+    /// What nobody gave says so.
+    [[nodiscard]] std::string mark_of(const PrintedRow& row) const {
+        const auto* field = std::get_if<Entry CalcCase::*>(&row.source);
+        if (field == nullptr || !(c_.**field).assumed) return {};
+        const LangId lang = print_.lang == PrintLang::German ? LangId::German : LangId::English;
+        return " " + std::string(assumed_mark.in(lang));
+    }
+
     ReportRow printed(const PrintedRow& row) {
         const auto* which = std::get_if<PrintedValue>(&row.source);
         if (which != nullptr && *which == PrintedValue::ResistanceMode)
@@ -186,7 +194,7 @@ private:
         ReportRow made = {say(row.label)};
         made.value = std::visit([&](auto source) { return value(row, source); }, row.source);
         made.is_text = is_text(row);
-        if (made.value != no_value) made.unit = row.unit;
+        if (made.value != no_value) made.unit = std::string(row.unit) + mark_of(row);
         return made;
     }
 
