@@ -254,9 +254,9 @@ void TablePanel::calculate() {
 }
 
 void TablePanel::copy() {
-    if (model_.rowCount() > 0)
-        QGuiApplication::clipboard()->setText(
-            qt(model_.text_of(view_->selectionModel()->selection())));
+    if (model_.rowCount() == 0) return;
+    const WaitCursor waiting;
+    QGuiApplication::clipboard()->setText(qt(model_.text_of(view_->selectionModel()->selection())));
 }
 
 void TablePanel::save() {

@@ -31,6 +31,7 @@ public:
     /// Called where a table has been calculated.
     std::function<void()> calculated = [] {};
 
+    [[nodiscard]] QTableView& view() { return *view_; }
     void load(bool anew);
     void commit();
     [[nodiscard]] bool is_unfinished() const;
