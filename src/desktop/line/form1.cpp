@@ -69,6 +69,7 @@ Form1::Form1(Form1Parts parts)
     const LineDiagramParts diagrams = {*this, line_, session(), parts.patience};
     steady_diagram_ = parts.make_diagrams(*this, steady_diagram_form(diagrams));
     transient_diagram_ = parts.make_diagrams(*this, transient_diagram_form(diagrams));
+    result_->table().draw = [this] { steady_diagram_->open(); };
     transient_->draw = [this] { transient_diagram_->open(); };
     transient_->calculated = [this] { allow_copy_of_page(); };
     finish();

@@ -25,6 +25,7 @@ namespace zel {
 namespace {
 
 enum { winds, temperatures, currents };  // the panels
+enum : std::size_t { copy_button = 1, save_button = 2 };
 
 constexpr int cell_padding = 2;  // pixels
 constexpr int line_height = 22;
@@ -160,6 +161,9 @@ QHBoxLayout* TablePanel::make_buttons() {
         {"calculate_table", &TablePanel::calculate, {}},
         {"copy_table", &TablePanel::copy, {"Ko&pieren", "Cop&y"}},
         {"save_table", &TablePanel::save, {"Spei&chern ...", "Sa&ve ..."}},
+        {"draw_diagram",
+         &TablePanel::show_diagram,
+         {"&Graphische Darstellung ...", "Diagra&m ..."}},
     };
     auto* line = new QHBoxLayout;
     for (const ButtonRow& row : rows) {
@@ -188,7 +192,8 @@ void TablePanel::show_captions() {
 
 void TablePanel::show_heading() {
     const bool filled = model_.rowCount() > 0;
-    for (std::size_t i = 1; i < buttons_.size(); ++i) buttons_[i]->setEnabled(filled);
+    for (const std::size_t of_table : {copy_button, save_button})
+        buttons_[of_table]->setEnabled(filled);
     heading_->setText(
         filled ? qt(heading_of(inputs_, model_.table().stepped, parts_.form.session.lang))
                : QString());
@@ -226,10 +231,8 @@ void TablePanel::clear() {
 void TablePanel::calculate() {
     if (running_) return;
     const QScopedValueRollback<bool> guard(running_, true);
-    typing_refused_ = false;
-    commit();
     const Session& session = parts_.form.session;
-    if (typing_refused_ || start_table(parts_.c, session).refusal) return;
+    if (!taken_in() || start_table(parts_.c, session).refusal) return;
     std::optional<ParameterTable> table;
     RunProgress progress(*this, session.lang, parts_.patience);
     run_job(progress, session.dialogs,
@@ -251,6 +254,17 @@ void TablePanel::calculate() {
     view_->horizontalHeader()->setDefaultSectionSize(width + cell_padding);
     view_->scrollToTop();
     calculated();
+}
+
+/// False where a text was refused.
+bool TablePanel::taken_in() {
+    typing_refused_ = false;
+    commit();
+    return !typing_refused_;
+}
+
+void TablePanel::show_diagram() {
+    if (taken_in()) draw();
 }
 
 void TablePanel::copy() {
