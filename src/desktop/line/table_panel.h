@@ -33,6 +33,7 @@ public:
     /// Draws the diagram of the ranges.
     std::function<void()> draw = [] {};
 
+    [[nodiscard]] QTableView& view() { return *view_; }
     void load(bool anew);
     void commit();
     [[nodiscard]] bool is_unfinished() const;
