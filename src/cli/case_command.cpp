@@ -1,5 +1,6 @@
 #include "cli/case_command.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <string>
 
@@ -26,6 +27,11 @@ ordered_json json_of(const std::vector<Note>& notes) {
     ordered_json list = ordered_json::array();
     for (const auto& [code, text] : notes) list.push_back({{"code", code}, {"text", text}});
     return list;
+}
+
+bool sound(const SteadyRunResult& result) {
+    return std::all_of(result.methods.begin(), result.methods.end(),
+                       [](const MethodResult& m) { return m.outcome.sound(); });
 }
 
 void add_case_word(CLI::App& command, CaseWords& words) {

@@ -6,9 +6,13 @@
 
 #include <nlohmann/json_fwd.hpp>
 
+#include "adapters/qt_canvas/drawing_file.h"
 #include "program/command_line.h"
 
 namespace zel {
+
+/// `drawing_file`, where the program has it: only the one that draws is linked with Qt.
+using DrawFile = decltype(&drawing_file);
 
 /// The words of a command, and its place in the command line.
 template <class Words>
@@ -21,7 +25,8 @@ struct Command {
 /// and what it does.
 class CommandLine {
 public:
-    CommandLine(CLI::App& app, char** words) : app_(app), words_(words) {}
+    CommandLine(CLI::App& app, char** words, DrawFile draws = nullptr)
+        : app_(app), words_(words), draw_file_(draws) {}
 
     /// A command below `parent`. `run` gets what the user has written and gives the exit status;
     /// what it throws is told in the language of its words, as by `guarded`.
@@ -55,6 +60,8 @@ public:
 
     /// The words as the user has written them, the name of the program first; null behind the last.
     [[nodiscard]] char** words() const { return words_; }
+    /// Null in the program that cannot draw and becomes the one that can.
+    [[nodiscard]] DrawFile draw_file() const { return draw_file_; }
 
 private:
     static LangId lang_of(const CommonOptions& words) { return words.lang; }
@@ -64,6 +71,7 @@ private:
 
     CLI::App& app_;
     char** words_;
+    DrawFile draw_file_;
     std::function<int()> chosen_;
 };
 
@@ -93,5 +101,9 @@ void add_json_option(CLI::App& command, CommonOptions& options);
 /// "--json" and "--silent".
 void add_output(CLI::App& command, CommonOptions& options);
 void add_conductor_option(CLI::App& command, CommonOptions& options);
+
+/// Becomes the program `name` beside this one, with `words`, the first of which is its own name.
+/// Where that cannot be, `failure` is told with the reason as {0}; gives the status of that.
+[[nodiscard]] int become_program(const char* name, char** words, const Text& failure, LangId lang);
 
 }  // namespace zel

@@ -6,6 +6,8 @@
 #include "program/stores.h"
 #include "shell/case_settings.h"
 #include "tables_graphs/curve_points.h"
+#include "tables_graphs/steady_diagram.h"
+#include "tables_graphs/transient_diagram.h"
 #include "workflow/run/notes.h"
 
 namespace zel {
@@ -13,47 +15,76 @@ namespace {
 
 constexpr const char* graph_notes =
     "\n"
-    "The points of the curves, for other programs to draw: FILE.csv has a line for each\n"
-    "point, numbers with a point and all their digits.\n"
+    "FILE.svg, FILE.png and FILE.pdf are drawings, a sheet of A4 on its side. FILE.csv has\n"
+    "the points of the curves, for other programs to draw: a line for each point, numbers\n"
+    "with a point and all their digits.\n"
     "\n"
     "  steady     method,wind_m_s,current_A,temperature_C over the range of \"zel table\"\n"
     "  transient  t_s,temperature_C,current_A from the start to the end of \"zel transient\"\n"
     "\n"
-    "Currents are those of the bundle. A field is empty where a method found nothing;\n"
-    "the exit status is 1 then.\n";
+    "Currents are those of the bundle. A curve has a gap, and a field is empty, where a\n"
+    "method found nothing; the exit status is 1 then.\n";
 
-constexpr Text wrong_ending = {"die Punkte eines Diagramms werden als .csv geschrieben",
-                               "the points of a diagram are written as .csv"};
-constexpr Text points_written = {"{0} geschrieben\n", "{0} written\n"};
+constexpr Text wrong_ending = {
+    "ein Diagramm wird als .svg, .png oder .pdf geschrieben, seine Punkte als .csv",
+    "a diagram is written as .svg, .png or .pdf, its points as .csv"};
+constexpr Text written = {"{0} geschrieben\n", "{0} written\n"};
+constexpr Text cannot_draw = {"das Diagramm kann nicht gezeichnet werden: {0}",
+                              "the diagram cannot be drawn: {0}"};
+constexpr Text no_time = {"die Zustandsänderungen dauern keine Zeit, es gibt nichts zu zeichnen",
+                          "the changes of state take no time, there is nothing to draw"};
 
 struct GraphWords : CaseWords {
     std::string path{};
+    bool black_ground = false;
+    bool without_lines = false;
+    std::optional<TransientCurve> hidden{};
 };
 
-void refuse_ending(const std::string& path) {
-    constexpr std::string_view ending = ".csv";
-    if (path.size() <= ending.size() ||
-        !same_name(std::string_view(path).substr(path.size() - ending.size()), ending))
-        throw InputError(at(path, Reason(wrong_ending)));
-}
+/// What a file is to hold: a drawing, or points where there is no kind.
+struct GraphFile {
+    const GraphWords& words;
+    DrawFile draw_file;
+    std::optional<DrawingKind> kind{};
 
-/// What is told of a written file.
-std::string told(const GraphWords& words, const std::vector<Note>& notes,
-                 const std::vector<Message>& messages) {
-    if (!words.json)
-        return fill(points_written.in(words.lang), {words.path}) + notes_text(notes, words.lang);
-    return json_text(
-        {{"file", words.path}, {"notes", json_of(notes)}, {"messages", json_of(messages)}});
-}
+    GraphFile(const GraphWords& given, DrawFile draw) : words(given), draw_file(draw) {
+        const auto ends = [&path = given.path](std::string_view ending) {
+            return path.size() > ending.size() &&
+                   same_name(std::string_view(path).substr(path.size() - ending.size()), ending);
+        };
+        for (const auto& [ending, drawn] : drawing_endings)
+            if (ends(ending)) kind = drawn;
+        if (!kind && !ends(".csv")) throw InputError(at(given.path, Reason(wrong_ending)));
+    }
+
+    void write(const std::string& bytes) const { write_text_file(words.path, bytes); }
+    void write(const Diagram& diagram) const {
+        DiagramView view;
+        view.auxiliary_lines = !words.without_lines;
+        view.black_ground = words.black_ground;
+        view.hidden.resize(diagram.curves.size());
+        if (words.hidden) view.hidden.at(*words.hidden) = true;
+        write(draw_file(
+            *kind, diagram_sheet, without_outer_blanks(diagram.title),
+            [&](Canvas& canvas) { draw(canvas, diagram_sheet, diagram, view, words.separator); }));
+    }
+    /// What is told of a written file.
+    [[nodiscard]] std::string told(const std::vector<Note>& notes,
+                                   const std::vector<Message>& messages) const {
+        if (!words.json)
+            return fill(written.in(words.lang), {words.path}) + notes_text(notes, words.lang);
+        return json_text(
+            {{"file", words.path}, {"notes", json_of(notes)}, {"messages", json_of(messages)}});
+    }
+};
 
 class SteadyGraph : public CaseRun {
 public:
-    explicit SteadyGraph(const GraphWords& words)
-        : CaseRun(words),
-          words_(words),
-          loaded_(load_case(words.case_path, words, console())),
-          session_{words, words.Meldung_merker(), console()} {
-        refuse_ending(words.path);
+    explicit SteadyGraph(const GraphFile& file)
+        : CaseRun(file.words),
+          file_(file),
+          loaded_(load_case(file.words.case_path, file.words, console())),
+          session_{file.words, file.words.Meldung_merker(), console()} {
         take_settings(session_, ProgramStores().settings().now());
     }
 
@@ -64,15 +95,18 @@ private:
         if (start.refusal) return refused(*start.refusal);
         notes_ = std::move(start.notes);
         const auto curves = calculate_curves(loaded_.c, session_);
-        write_text_file(words_.path, steady_points(*curves, loaded_.c));
+        if (file_.kind)
+            file_.write(steady_diagram(*curves, loaded_.c, words()));
+        else
+            file_.write(steady_points(*curves, loaded_.c));
         return printed(!loaded_.text_refused && curves->complete());
     }
     [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
-        return told(words_, notes_, messages());
+        return file_.told(notes_, messages());
     }
-    [[nodiscard]] std::string page() const override { return told(words_, notes_, messages()); }
+    [[nodiscard]] std::string page() const override { return file_.told(notes_, messages()); }
 
-    const GraphWords& words_;
+    const GraphFile& file_;
     LoadedCase loaded_;
     Session session_;
     std::vector<Note> notes_;
@@ -80,49 +114,68 @@ private:
 
 class TransientGraph : public TransientCalculation {
 public:
-    explicit TransientGraph(const GraphWords& words)
-        : TransientCalculation(words, true), words_(words) {
-        refuse_ending(words.path);
-    }
+    explicit TransientGraph(const GraphFile& file)
+        : TransientCalculation(file.words, true), file_(file) {}
 
 private:
     void found() override {
-        write_text_file(words_.path, transient_points(*report().series, steps()));
+        const TransientCourse course = {calc_case(), *report().start, report().run.rows,
+                                        *report().series};
+        if (file_.kind)
+            draw(course);
+        else
+            file_.write(
+                transient_points(course.series, current_steps(course.rows, course.start,
+                                                              course.c.Anzahl_Teilleiter_db)));
         written_ = true;
     }
-    [[nodiscard]] std::vector<CurrentStep> steps() const {
-        return current_steps(report().run.rows, *report().start, calc_case().Anzahl_Teilleiter_db);
+    void draw(const TransientCourse& course) const {
+        const auto diagram = transient_diagram(course, words());
+        if (!diagram) throw InputError(at(words().case_path, Reason(no_time)));
+        file_.write(*diagram);
     }
     [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
-        return told(words_, report().notes, messages());
+        return file_.told(report().notes, messages());
     }
     [[nodiscard]] std::string page() const override {
-        return written_ ? told(words_, report().notes, messages()) : std::string();
+        return written_ ? file_.told(report().notes, messages()) : std::string();
     }
 
-    const GraphWords& words_;
+    const GraphFile& file_;
     bool written_ = false;
 };
+
+template <class Run>
+Command<GraphWords> add_kind(CommandLine& line, CLI::App& group, const char* name,
+                             const char* description) {
+    const auto [command, words] =
+        line.add<GraphWords>(group, name, description, [&line](const GraphWords& given) {
+            const GraphFile file(given, line.draw_file());
+            if (file.kind && file.draw_file == nullptr)
+                return become_program("zel-draw", line.words(), cannot_draw, given.lang);
+            return Run(file).run();
+        });
+    add_case_word(command, words);
+    command.add_option("-o", words.path, "File to be written")
+        ->required()
+        ->option_text("FILE.svg|png|pdf|csv REQUIRED");
+    command.add_flag("--black", words.black_ground, "Draw on black instead of white");
+    command.add_flag("--no-lines", words.without_lines, "Draw no auxiliary lines");
+    add_case_options(command, words, graph_notes);
+    add_conductor_option(command, words);
+    return {command, words};
+}
 
 }  // namespace
 
 void add_graph(CommandLine& line) {
-    CLI::App& group = line.add_group("graph", "The points of a diagram of a case", graph_notes);
-    const auto add = [&](const char* name, const char* description,
-                         std::function<int(const GraphWords&)> run) {
-        const auto [command, words] =
-            line.add<GraphWords>(group, name, description, std::move(run));
-        add_case_word(command, words);
-        command.add_option("-o", words.path, "File to be written")
-            ->required()
-            ->option_text("FILE.csv REQUIRED");
-        add_case_options(command, words, graph_notes);
-        add_conductor_option(command, words);
-    };
-    add("steady", "Currents and temperatures over a range",
-        [](const GraphWords& words) { return SteadyGraph(words).run(); });
-    add("transient", "Temperature and current over time",
-        [](const GraphWords& words) { return TransientGraph(words).run(); });
+    CLI::App& group = line.add_group("graph", "The diagram of a case, or its points", graph_notes);
+    add_kind<SteadyGraph>(line, group, "steady", "Currents and temperatures over a range");
+    const auto [command, words] =
+        add_kind<TransientGraph>(line, group, "transient", "Temperature and current over time");
+    add_choice<TransientCurve>(command, "--hide", words.hidden,
+                               {{"current", current_curve}, {"temperature", temperature_curve}},
+                               "Do not draw this curve");
 }
 
 }  // namespace zel

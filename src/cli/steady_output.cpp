@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "cli/case_listing.h"
@@ -44,11 +43,6 @@ ordered_json json_of(const MethodResult& line) {
 }
 
 }  // namespace
-
-bool sound(const SteadyRunResult& result) {
-    return std::all_of(result.methods.begin(), result.methods.end(),
-                       [](const MethodResult& m) { return m.outcome.sound(); });
-}
 
 std::string steady_document(const SteadyRunResult& result, const std::vector<Message>& messages,
                             std::string_view program_end) {

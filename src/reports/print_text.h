@@ -5,6 +5,8 @@
 #include <optional>
 #include <string_view>
 
+#include "platform/text/text.h"
+
 namespace zel {
 
 /// The language of what is printed, as the setting `LangId_print` counts it.
@@ -23,6 +25,9 @@ struct PrintText {
 
     constexpr PrintText(std::string_view de, Own en, Own fr = {}, Own es = {})
         : texts{de, en, fr, es} {}
+
+    constexpr PrintText(const Text& text)
+        : texts{text.de, text.in(LangId::English), Own{}, Own{}} {}
 
     /// A text that is the same in all languages.
     [[nodiscard]] static constexpr PrintText same(std::string_view text) {

@@ -11,6 +11,17 @@ std::string print_date_text(const std::tm& local_time) {
     return {text.data(), length};
 }
 
+ReportProject project_of(const CalcCase& c) {
+    return {c.Projekt_db, c.Datum_db, c.Bearbeiter_db, c.Abteilung_db};
+}
+
+void add_footer(Report& report, LabelWriter& say, const FrameTexts& texts,
+                const std::string& print_date, const std::string& operator_name) {
+    report.print_date = {std::string(say(texts.print_date)), print_date};
+    report.operator_name = {std::string(say(texts.operator_name)), operator_name};
+    report.footer_sheet = say(texts.footer_sheet);
+}
+
 ProjectBand project_band(LabelWriter& say, const PrintText (&labels)[4],
                          const ReportProject& project) {
     const auto row = [&](const PrintText& label, const std::string& value) {

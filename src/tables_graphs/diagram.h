@@ -49,6 +49,8 @@ struct DiagramAxis {
     std::string unit;
     std::string line_unit;  // what an auxiliary line is called: "1 auxiliary line unit x axis = "
     ValueRange range;
+    std::string mask{};           // of its values; by their step where there is none
+    std::string line_unit_end{};  // behind the size of an auxiliary line; the unit without one
 };
 
 struct DiagramCurve {
@@ -56,6 +58,7 @@ struct DiagramCurve {
     CurveLook look;
     CurveSign sign = CurveSign::None;
     bool on_right_axis = false;
+    std::string tag{};  // written at the curve
     /// In the units of its axes; between two stretches there is no result.
     std::vector<std::vector<CanvasPoint>> stretches;
     /// Draws the curve inside `Diagram::plot_frame` in the colour given; where there is none, the

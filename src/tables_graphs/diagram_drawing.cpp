@@ -135,14 +135,17 @@ private:
 
     /// Calls `at` for each auxiliary line of a range, with the text of its value.
     template <typename At>
-    void each_step(const ValueRange& range, DecimalSeparator separator, At at) const {
+    void each_step(const DiagramAxis& axis, const ValueRange& range, DecimalSeparator separator,
+                   At at) const {
         const double step = round_step(range.width(), most_steps);
         const double noise = step * 1e-6;
         for (double n = std::ceil((range.low - noise) / step); n * step <= range.high + noise; ++n)
-            at(n * step, step_text(n * step, step, separator));
+            at(n * step, step_text(axis, n * step, step, separator));
     }
 
-    static std::string step_text(double value, double step, DecimalSeparator separator) {
+    static std::string step_text(const DiagramAxis& axis, double value, double step,
+                                 DecimalSeparator separator) {
+        if (!axis.mask.empty()) return masked(value, axis.mask, separator);
         const int decimals = std::max(0, static_cast<int>(-std::floor(std::log10(step) + 1e-9)));
         const std::string places(static_cast<std::size_t>(decimals), '0');
         return masked(value, decimals > 0 ? "0." + places : "0", separator);
@@ -151,7 +154,7 @@ private:
     void draw_axis_lines(Canvas& canvas, DecimalSeparator separator) const {
         const CanvasBox& plot = frame_.plot;
         double free_from = area_.left;
-        each_step(frame_.x, separator, [&](double value, const std::string& text) {
+        each_step(diagram_.x, frame_.x, separator, [&](double value, const std::string& text) {
             const double x = frame_.place_of({value, frame_.y.low}, false).x;
             if (view_.auxiliary_lines) canvas.line(x, plot.top, x, plot.bottom, {line_ink()});
             canvas.line(x, plot.bottom, x, plot.bottom + tick, {ink()});
@@ -160,7 +163,7 @@ private:
             canvas.text(x - width / 2, plot.bottom + tick, text, font, ink());
             free_from = x + width / 2 + gap;
         });
-        each_step(frame_.y, separator, [&](double value, const std::string& text) {
+        each_step(diagram_.y, frame_.y, separator, [&](double value, const std::string& text) {
             const double y = frame_.place_of({frame_.x.low, value}, false).y;
             if (view_.auxiliary_lines) canvas.line(plot.left, y, plot.right, y, {line_ink()});
             canvas.line(plot.left - tick, y, plot.left, y, {ink()});
@@ -169,13 +172,14 @@ private:
         });
         draw_captions(canvas, separator);
         if (!diagram_.right) return;
-        each_step(frame_.right, separator, [&](double value, const std::string& text) {
-            const double y = frame_.place_of({frame_.x.low, value}, true).y;
-            if (view_.auxiliary_lines)
-                canvas.line(plot.left, y, plot.right, y, {line_ink(), LineStyle::Dots});
-            canvas.line(plot.right, y, plot.right + tick, y, {ink()});
-            canvas.text(plot.right + tick + gap / 2, y - row_ / 2, text, font, ink());
-        });
+        each_step(*diagram_.right, frame_.right, separator,
+                  [&](double value, const std::string& text) {
+                      const double y = frame_.place_of({frame_.x.low, value}, true).y;
+                      if (view_.auxiliary_lines)
+                          canvas.line(plot.left, y, plot.right, y, {line_ink(), LineStyle::Dots});
+                      canvas.line(plot.right, y, plot.right + tick, y, {ink()});
+                      canvas.text(plot.right + tick + gap / 2, y - row_ / 2, text, font, ink());
+                  });
     }
 
     void draw_captions(Canvas& canvas, DecimalSeparator separator) const {
@@ -192,8 +196,9 @@ private:
         double x = area_.left + margin;
         const auto tell = [&](const DiagramAxis& axis, const ValueRange& range) {
             const double step = round_step(range.width(), most_steps);
-            const std::string text =
-                axis.line_unit + step_text(step, step, separator) + " " + axis.unit;
+            const std::string end =
+                axis.line_unit_end.empty() ? " " + axis.unit : axis.line_unit_end;
+            const std::string text = axis.line_unit + step_text(axis, step, step, separator) + end;
             canvas.text(x, plot.bottom + tick + 2 * row_, text, font, ink());
             x += width(text) + 4 * gap;
         };
@@ -219,7 +224,7 @@ private:
         if (curve.plot) {
             MappedCanvas mapped(canvas, diagram_.plot_frame, whole_plot());
             curve.plot(mapped, colour);
-            return;
+            return draw_tag(canvas, curve);
         }
         const Pen pen = {colour, curve.look.style, curve.look.width};
         std::vector<CanvasPoint> seen;
@@ -235,6 +240,17 @@ private:
                 canvas.path(points, pen);
         }
         draw_signs(canvas, curve.sign, seen, colour);
+        draw_tag(canvas, curve);
+    }
+
+    /// Beside the middle of the curve, where it is in the plot.
+    void draw_tag(Canvas& canvas, const DiagramCurve& curve) const {
+        if (curve.tag.empty() || curve.stretches.empty() || curve.stretches.front().empty()) return;
+        const auto& points = curve.stretches.front();
+        const CanvasPoint at = frame_.place_of(points[points.size() / 2], curve.on_right_axis);
+        const double width = canvas.text_width(curve.tag, font);
+        const double x = std::min(at.x + gap, frame_.plot.right - width - gap);
+        canvas.text(x, std::min(at.y + gap / 2, frame_.plot.bottom - row_), curve.tag, font, ink());
     }
 
     /// Where the plot would stand if no part of it were enlarged.

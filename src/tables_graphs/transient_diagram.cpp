@@ -65,8 +65,8 @@ struct TimeUnit {
 };
 
 TimeUnit time_unit(double total) {
-    constexpr double longest_in_seconds = 300;
-    return total > longest_in_seconds ? TimeUnit{"min", 60} : TimeUnit{"sec", 1};
+    constexpr double first_in_minutes = 600;
+    return total >= first_in_minutes ? TimeUnit{"min", 60} : TimeUnit{"sec", 1};
 }
 
 DiagramAxis axis(const Text& quantity, const Text& line_unit, std::string_view unit,
@@ -101,7 +101,8 @@ TransientScale transient_scale(const TransientCourse& course) {
             units_of_range / currents.width(), temperatures.low, currents.low};
 }
 
-std::optional<Diagram> transient_diagram(const TransientCourse& course, const Locale& locale) {
+std::optional<Diagram> transient_diagram(const TransientCourse& course, const Locale& locale,
+                                         PlotMode mode) {
     const double total = TotalTime(course.rows);
     if (!(total > 0)) return std::nullopt;
     const LangId lang = locale.lang;
@@ -120,22 +121,25 @@ std::optional<Diagram> transient_diagram(const TransientCourse& course, const Lo
     diagram.x = axis(time_axis, unit_of_time, unit.name, {0, total / unit.seconds}, lang);
     diagram.y = axis(temperature, unit_of_temperature, "°C", temperatures, lang);
     diagram.right = axis(current, unit_of_current, "A", currents, lang);
-    diagram.plot_frame = plot_frame(PlotMode::Screen);
+    diagram.plot_frame = plot_frame(mode);
 
     DiagramCurve of_current = current_over_time(steps, unit.seconds);
     of_current.name = current.in(lang);
     of_current.look = current_look;
     of_current.on_right_axis = true;
-    of_current.plot = [steps, scale](Canvas& canvas, Colour /*its own*/) {
-        TS_Current_Curve(canvas, PlotMode::Screen, steps, scale);
+    of_current.plot = [steps, scale, mode](Canvas& canvas, Colour /*its own*/) {
+        TS_Current_Curve(canvas, mode, steps, scale);
     };
     DiagramCurve of_temperature = temperature_over_time(course.series, unit.seconds);
     of_temperature.name = temperature.in(lang);
     of_temperature.look = temperature_look;
-    of_temperature.plot = [series = course.series, scale](Canvas& canvas, Colour colour) {
-        TS_Temperature_Curve(canvas, PlotMode::Screen, series, scale, colour);
+    of_temperature.plot = [series = course.series, scale, mode](Canvas& canvas, Colour colour) {
+        TS_Temperature_Curve(canvas, mode, series, scale, colour);
     };
-    diagram.legend = {{of_temperature.name, temperature_look}, {of_current.name, current_look}};
+    if (mode != PlotMode::Screen)  // printed in the colour of text
+        for (CurveLook* look : {&of_current.look, &of_temperature.look}) look->on_white = black;
+    diagram.legend = {{of_temperature.name, of_temperature.look},
+                      {of_current.name, of_current.look}};
     diagram.curves = {std::move(of_current), std::move(of_temperature)};
     for (std::size_t i = 1; i < steps.size(); ++i)
         diagram.marks.push_back({steps[i].from / unit.seconds, std::to_string(i)});

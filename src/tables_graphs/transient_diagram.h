@@ -26,8 +26,9 @@ enum TransientCurve : std::uint8_t { current_curve = 0, temperature_curve = 1 };
 [[nodiscard]] TransientScale transient_scale(const TransientCourse& course);
 
 /// Temperature and current over time, with a mark where each change of state begins. Nothing where
-/// no time passes.
+/// no time passes. The curves are those of a layout.
 [[nodiscard]] std::optional<Diagram> transient_diagram(const TransientCourse& course,
-                                                       const Locale& locale);
+                                                       const Locale& locale,
+                                                       PlotMode mode = PlotMode::Screen);
 
 }  // namespace zel

@@ -7,13 +7,33 @@
 namespace zel {
 namespace {
 
-TEST(Program, tells_that_the_windows_are_missing) {
+TEST(Program, tells_that_the_program_for_windows_or_drawings_is_missing) {
     const ScratchFolder folder;
     std::filesystem::copy_file(ZEL_PROGRAM, folder.file("zel"));
-    const ProcessResult result = run_zel({"desktop"}, ".", {}, {}, folder.file("zel"));
-    EXPECT_EQ(result.exit_status, 1);
-    EXPECT_EQ(result.output, "");
-    EXPECT_THAT(result.errors, testing::HasSubstr(folder.file("zel-desktop") + ": No such file"));
+    const std::string missing = ": No such file or directory\n";
+    for (const auto& [words, told] :
+         {std::pair{std::vector<std::string>{"desktop"},
+                    "zel: the windows cannot be opened: " + folder.file("zel-desktop") + missing},
+          {{"graph", "steady", "-", "-o", "a.svg"},
+           "zel: the diagram cannot be drawn: " + folder.file("zel-draw") + missing}}) {
+        const ProcessResult result = run_zel(words, ".", {}, {}, folder.file("zel"));
+        EXPECT_EQ(result.exit_status, 1);
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.errors, told);
+    }
+}
+
+TEST(Program, draws_nothing_where_there_is_no_font) {
+    if (!std::filesystem::exists(ZEL_PROGRAM "-draw")) GTEST_SKIP() << "built without drawings";
+    const ScratchFolder folder;
+    folder.write("fonts.conf", "<fontconfig></fontconfig>");
+    const ProcessResult result =
+        run_zel({"FONTCONFIG_FILE=" + folder.file("fonts.conf"), ZEL_PROGRAM, "graph", "transient",
+                 ZEL_SOURCE_DIR "/examples/transient-twin-264-34.json", "-o", "a.png"},
+                folder.path(), {}, {}, "/usr/bin/env");
+    EXPECT_EQ(result.exit_status, 2);
+    EXPECT_EQ(result.errors, "zel: there is no font installed to draw with\n");
+    EXPECT_FALSE(std::filesystem::exists(folder.file("a.png")));
 }
 
 TEST(Program, tells_in_one_line_that_the_display_cannot_be_reached) {

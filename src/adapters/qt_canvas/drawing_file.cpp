@@ -1,8 +1,9 @@
 #include "adapters/qt_canvas/drawing_file.h"
 
 #include <QBuffer>
-#include <QFontDatabase>
+#include <QFontMetricsF>
 #include <QGuiApplication>
+#include <QHashSeed>
 #include <QImage>
 #include <QPageSize>
 #include <QPainter>
@@ -41,7 +42,7 @@ void paint(const Picture& picture, QPaintDevice& device, double per_twip) {
 }
 
 QSize whole(double width, double height) {
-    return {static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height))};
+    return {static_cast<int>(std::lround(width)), static_cast<int>(std::lround(height))};
 }
 
 void write_svg(const Picture& picture, QBuffer& file) {
@@ -103,11 +104,11 @@ std::string drawing_file(DrawingKind kind, const CanvasBox& area, std::string_vi
 
 DrawingSystem::DrawingSystem() {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_HASH_SEED", "0");  // or the order of parts of a PDF would change with each run
+    QHashSeed::setDeterministicGlobalSeed();  // for the order of the parts of a PDF
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     application_ = std::make_unique<QGuiApplication>(no_words_, nullptr);
     std::setlocale(LC_NUMERIC, "C");  // the application object has just set the user's
-    if (QFontDatabase::families().isEmpty()) throw OutputError(Reason(no_font));
+    if (!QFontMetricsF(QFont("Arial")).inFont('0')) throw OutputError(Reason(no_font));
 }
 
 DrawingSystem::~DrawingSystem() = default;

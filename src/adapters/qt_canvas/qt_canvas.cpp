@@ -97,8 +97,7 @@ const QtCanvas::Face& QtCanvas::face(const Font& font) const {
 
 QColor QtCanvas::shown(Colour colour) const {
     if (colour == window_text) return window_text_;
-    const auto part = [colour](unsigned bits) { return static_cast<int>(colour >> bits & 0xFFU); };
-    return {part(0), part(8), part(16)};
+    return {red_of(colour), green_of(colour), blue_of(colour)};
 }
 
 double QtCanvas::text_width(std::string_view text, const Font& font) const {

@@ -11,6 +11,7 @@
 #include "adapters/qt_canvas/drawing_file.h"
 #include "desktop/diagrams/diagram_picture.h"
 #include "desktop/frame/events.h"
+#include "desktop/frame/sheet_saving.h"
 #include "platform/errors.h"
 #include "platform/text/text.h"
 
@@ -51,17 +52,8 @@ constexpr Text filters = {
 constexpr std::string_view points_ending = ".csv";
 constexpr Text wrong_ending = {"{0}: ein Diagramm wird als .svg, .png, .pdf oder .csv gespeichert",
                                "{0}: a diagram is saved as .svg, .png, .pdf or .csv"};
-constexpr BoxText not_saved = {
-    Icon::Stop,
-    save_title,
-    {"Das Diagramm kann nicht gespeichert werden:\n{0}", "The diagram can not be saved:\n{0}"}};
-constexpr BoxText replace_question = {
-    Icon::Question,
-    save_title,
-    {"Die Datei gibt es schon :\n{0}\nSoll sie ersetzt werden ?",
-     "The file exists already :\n{0}\nDo you want to replace it ?"},
-    Buttons::YesNo,
-    Answer::No};
+constexpr Text not_saved = {"Das Diagramm kann nicht gespeichert werden:\n{0}",
+                            "The diagram can not be saved:\n{0}"};
 
 bool ends_in(const std::string& path, std::string_view ending) {
     return path.size() > ending.size() &&
@@ -218,23 +210,12 @@ std::string FrmGraph::file_of(const std::string& path) const {
 
 void FrmGraph::save() {
     if (!content_) return;
-    const LangId lang = parts_.session.lang;
-    const auto path =
-        parts_.chooser.path_to_select({std::string(save_title.in(lang)),
-                                       {},
-                                       filters.in(lang),
-                                       "svg",
-                                       false,
-                                       std::string(form_.file_name.in(lang)) + ".svg"});
-    if (!path) return;
-    const Box question = box_in(lang, replace_question, {*path});
-    if (parts_.files.exists(*path) && parts_.session.dialogs.show(question) != Answer::Yes) return;
-    try {
-        const WaitCursor waiting;
-        parts_.files.write(*path, file_of(*path));
-    } catch (const PlatformError& error) {
-        parts_.session.tell(box_in(lang, not_saved, {error.told(lang)}));
-    }
+    save_as(parts_.session, parts_.chooser, parts_.files, {save_title, filters, "svg", not_saved},
+            {}, std::string(form_.file_name.in(parts_.session.lang)),
+            [this](const std::string& path) -> std::optional<Box> {
+                parts_.files.write(path, file_of(path));
+                return std::nullopt;
+            });
 }
 
 }  // namespace zel

@@ -10,7 +10,7 @@ namespace zel {
 /// brackets, the patterns that this system knows: "Programs (*.exe) (*)".
 struct PathQuestion {
     std::string title;
-    std::string folder;        // where it starts
+    std::string folder;        // where it starts; empty for the present one
     std::string_view filters;  // one a line
     std::string_view suffix;   // of a typed name without one; may be empty
     bool existing = false;     // only a file that is there may be chosen

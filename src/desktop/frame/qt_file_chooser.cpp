@@ -89,7 +89,7 @@ std::optional<std::string> QtFileChooser::path_to_select(const PathQuestion& que
     window.setOption(QFileDialog::HideNameFilterDetails);
     window.setNameFilters(qt(question.filters).split('\n'));
     window.setDefaultSuffix(qt(question.suffix));
-    window.setDirectory(qt(question.folder));
+    if (!question.folder.empty()) window.setDirectory(qt(question.folder));
     if (!question.name.empty()) window.selectFile(qt(question.name));
     recaption(window);
     widen(window);

@@ -15,24 +15,33 @@ constexpr Text replace_question = {"Die Datei gibt es schon :\n{0}\nSoll sie ers
 
 }  // namespace
 
-void SheetSaving::save(const Text& title, const std::string& folder, const std::string& name,
-                       const std::function<Box(const std::string& path)>& write) const {
+void save_as(const Session& session, FileChooser& chooser, Files& files, const SavingWords& words,
+             const std::string& folder, const std::string& name,
+             const std::function<std::optional<Box>(const std::string& path)>& write) {
     const LangId lang = session.lang;
-    const auto path = chooser.path_to_select(
-        {std::string(title.in(lang)), folder, filters.in(lang), "xlsx", false, name + ".xlsx"});
+    const auto path =
+        chooser.path_to_select({std::string(words.title.in(lang)), folder, words.filters.in(lang),
+                                words.suffix, false, name + "." + std::string(words.suffix)});
     if (!path) return;
-    const BoxText question = {Icon::Question, title, replace_question, Buttons::YesNo, Answer::No};
+    const BoxText question = {Icon::Question, words.title, replace_question, Buttons::YesNo,
+                              Answer::No};
     if (files.exists(*path) && session.dialogs.show(box_in(lang, question, {*path})) != Answer::Yes)
         return;
     try {
-        const Box written = [&] {
+        const auto written = [&] {
             const WaitCursor waiting;
             return write(*path);
         }();
-        session.tell(written);
+        if (written) session.tell(*written);
     } catch (const PlatformError& error) {
-        session.tell(box_in(lang, BoxText{Icon::Stop, title, not_written}, {error.told(lang)}));
+        session.tell(
+            box_in(lang, BoxText{Icon::Stop, words.title, words.not_written}, {error.told(lang)}));
     }
+}
+
+void SheetSaving::save(const Text& title, const std::string& folder, const std::string& name,
+                       const std::function<Box(const std::string& path)>& write) const {
+    save_as(session, chooser, files, {title, filters, "xlsx", not_written}, folder, name, write);
 }
 
 }  // namespace zel

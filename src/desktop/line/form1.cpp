@@ -69,6 +69,7 @@ Form1::Form1(Form1Parts parts)
     const LineDiagramParts diagrams = {*this, line_, session(), parts.patience};
     steady_diagram_ = parts.make_diagrams(*this, steady_diagram_form(diagrams));
     transient_diagram_ = parts.make_diagrams(*this, transient_diagram_form(diagrams));
+    result_->table().draw = [this] { steady_diagram_->open(); };
     transient_->draw = [this] { transient_diagram_->open(); };
     transient_->calculated = [this] { allow_copy_of_page(); };
     finish();
@@ -102,7 +103,10 @@ void Form1::allow_copy_of_page() {
                                         : page() == result_page && !shown_run_is_stale_);
 }
 
-void Form1::apply_settings() { general_->show_measured(); }
+void Form1::apply_settings() {
+    general_->show_measured();
+    result_->case_changed();
+}
 
 bool Form1::may_be_left() { return conductors_->may_be_left() && AreaFrame::may_be_left(); }
 

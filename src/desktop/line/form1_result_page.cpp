@@ -3,9 +3,11 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/frame/events.h"
 #include "workflow/run/steady_texts.h"
 
 namespace zel {
@@ -43,6 +45,7 @@ ResultPage::ResultPage(const TablePanel::Parts& parts)
       balance_group_(parts.form.captions.title(make_balance(), balance_caption)),
       table_(new TablePanel(parts)),
       columns_(new QBoxLayout(QBoxLayout::LeftToRight)) {
+    for (QLabel* line : {head_line_, methods_line_, balance_}) line->setWordWrap(true);
     Captions& captions = parts.form.captions;
     auto* results = new QVBoxLayout;
     results->setSpacing(14);
@@ -61,7 +64,10 @@ ResultPage::ResultPage(const TablePanel::Parts& parts)
     layout->addWidget(methods_line_);
     layout->addLayout(columns_, 1);
     layout->addWidget(balance_group_);
-    table_->calculated = [this] { clear_balance(); };
+    table_->calculated = [this] {
+        clear_balance();
+        later(table_->view(), [this] { ensureWidgetVisible(&table_->view()); });
+    };
     set_content(content);
     content->hide();  // nothing to tell before the first valid run
 }

@@ -26,6 +26,7 @@ public:
     void commit() override { table_->commit(); }
     [[nodiscard]] bool is_unfinished() const override { return table_->is_unfinished(); }
     void case_changed() { table_->case_changed(); }
+    [[nodiscard]] TablePanel& table() { return *table_; }
 
     /// A valid run replaces all that is shown.
     void show_run(const SteadyRunResult& run);

@@ -13,18 +13,6 @@ namespace {
 constexpr Text no_result = {"Das Verfahren fand hier kein Ergebnis.",
                             "The method found no result here."};
 
-/// The cells of `sheet` that stand in an area, as a sheet of their own.
-SheetDesign part_of(const SheetDesign& sheet, const CellArea& area) {
-    SheetDesign part;
-    for (DesignCell cell : sheet.cells) {
-        if (!area.holds(cell.row, cell.column)) continue;
-        cell.row -= area.first_row - 1;
-        cell.column -= area.first_column - 1;
-        part.cells.push_back(std::move(cell));
-    }
-    return part;
-}
-
 }  // namespace
 
 void TableModel::show(ParameterTable table) {
@@ -41,16 +29,17 @@ void TableModel::retell() {
 }
 
 std::string TableModel::text_of(const QItemSelection& selection) const {
-    const SheetDesign sheet = table_sheet(table_, locale_.lang);
     QRect area;
     for (const QItemSelectionRange& range : selection)
         area |= QRect(range.left(), range.top(), range.width(), range.height());
     if (area.isEmpty() || area == QRect(0, 0, columnCount(), rowCount()))
-        return tab_text_of(sheet, locale_.separator);
-    constexpr int first = 2;  // of the sheet, behind its heads
-    return tab_text_of(part_of(sheet, {area.top() + first, area.left() + first,
-                                       area.bottom() + first, area.right() + first}),
-                       locale_.separator);
+        return tab_text_of(table_sheet(table_, locale_.lang), locale_.separator);
+    std::string text;
+    for (int row = area.top(); row <= area.bottom(); ++row)
+        for (int column = area.left(); column <= area.right(); ++column)
+            text += data(index(row, column), Qt::DisplayRole).toString().toStdString() +
+                    (column < area.right() ? '\t' : '\n');
+    return text;
 }
 
 int TableModel::rowCount(const QModelIndex& parent) const {

@@ -25,6 +25,7 @@ namespace zel {
 namespace {
 
 enum { winds, temperatures, currents };  // the panels
+enum : std::size_t { copy_button = 1, save_button = 2 };
 
 constexpr int cell_padding = 2;  // pixels
 constexpr int line_height = 22;
@@ -37,13 +38,13 @@ constexpr BoxText saved = {
 /// {0} what the rows step, {1} of what, {2} the unit of the cells and of what they are
 constexpr Text heading = {"Zeilen : {0}{1}     Zellen : {2}", "Rows : {0}{1}     Cells : {2}"};
 constexpr Text sub_conductor = {"Teilleiter", "sub-conductor"};
-constexpr Text amount = {"{0} von {1} Zellen", "{0} of {1} cells"};
 
-/// What is read of `c` for its table.
-CalcCase table_inputs(const CalcCase& c) {
+/// What is read of `c` for its table, whatever the separator of its texts is.
+CalcCase table_inputs(const CalcCase& c, DecimalSeparator separator) {
     CalcCase inputs = steady_inputs(c);
     static_cast<ParameterTableData&>(inputs) = c;
     inputs.Umgebungstemperaturmerker_db = c.Umgebungstemperaturmerker_db;
+    respell(inputs, separator, DecimalSeparator::Point);
     return inputs;
 }
 
@@ -54,11 +55,6 @@ std::string heading_of(const CalcCase& c, Stepped stepped, LangId lang) {
     const bool of_one = !c.Stromstaerkebuendel_Merker_db && c.Anzahl_Teilleiter_db > 1;
     return fill(heading.in(lang),
                 {rows, ", " + (of_one ? std::string(sub_conductor.in(lang)) : conductors), "°C"});
-}
-
-JobProgress progress_of(std::size_t done, std::size_t all, LangId lang) {
-    return {100.0 * static_cast<double>(done) / static_cast<double>(all),
-            fill(amount.in(lang), {std::to_string(done), std::to_string(all)})};
 }
 
 }  // namespace
@@ -160,6 +156,9 @@ QHBoxLayout* TablePanel::make_buttons() {
         {"calculate_table", &TablePanel::calculate, {}},
         {"copy_table", &TablePanel::copy, {"Ko&pieren", "Cop&y"}},
         {"save_table", &TablePanel::save, {"Spei&chern ...", "Sa&ve ..."}},
+        {"draw_diagram",
+         &TablePanel::show_diagram,
+         {"&Graphische Darstellung ...", "Diagra&m ..."}},
     };
     auto* line = new QHBoxLayout;
     for (const ButtonRow& row : rows) {
@@ -188,7 +187,8 @@ void TablePanel::show_captions() {
 
 void TablePanel::show_heading() {
     const bool filled = model_.rowCount() > 0;
-    for (std::size_t i = 1; i < buttons_.size(); ++i) buttons_[i]->setEnabled(filled);
+    for (const std::size_t of_table : {copy_button, save_button})
+        buttons_[of_table]->setEnabled(filled);
     heading_->setText(
         filled ? qt(heading_of(inputs_, model_.table().stepped, parts_.form.session.lang))
                : QString());
@@ -214,7 +214,8 @@ void TablePanel::case_changed() {
     panels_[temperatures]->setVisible(!of_current);
     panels_[currents]->setVisible(of_current);
     show_captions();
-    if (model_.rowCount() > 0 && table_inputs(parts_.c) == inputs_) return;
+    if (model_.rowCount() > 0 && table_inputs(parts_.c, parts_.form.session.separator) == inputs_)
+        return;
     clear();
 }
 
@@ -226,22 +227,22 @@ void TablePanel::clear() {
 void TablePanel::calculate() {
     if (running_) return;
     const QScopedValueRollback<bool> guard(running_, true);
-    typing_refused_ = false;
-    commit();
     const Session& session = parts_.form.session;
-    if (typing_refused_ || start_table(parts_.c, session).refusal) return;
+    if (!taken_in() || start_table(parts_.c, session).refusal) return;
     std::optional<ParameterTable> table;
     RunProgress progress(*this, session.lang, parts_.patience);
-    run_job(progress, session.dialogs,
-            [&table, c = parts_.c, memory = *session.memory, session](Job& job) mutable {
-                table = calculate_table(c, session.apart(job.dialogs(), &memory),
-                                        [&](std::size_t done, std::size_t all) {
-                                            job.tell(progress_of(done, all, session.lang));
-                                            return !job.cancelled();
-                                        });
-            });
+    run_job(
+        progress, session.dialogs,
+        [&table, c = parts_.c, memory = *session.memory, session](Job& job) mutable {
+            const std::string title(table_title(stepped_by(c)).in(session.lang));
+            table = calculate_table(
+                c, session.apart(job.dialogs(), &memory), [&](std::size_t done, std::size_t all) {
+                    job.tell({100.0 * static_cast<double>(done) / static_cast<double>(all), title});
+                    return !job.cancelled();
+                });
+        });
     if (!table) return;
-    inputs_ = table_inputs(parts_.c);
+    inputs_ = table_inputs(parts_.c, session.separator);
     model_.show(*std::move(table));
     show_heading();
     const QFontMetrics letters = view_->fontMetrics();
@@ -253,10 +254,21 @@ void TablePanel::calculate() {
     calculated();
 }
 
+/// False where a text was refused.
+bool TablePanel::taken_in() {
+    typing_refused_ = false;
+    commit();
+    return !typing_refused_;
+}
+
+void TablePanel::show_diagram() {
+    if (taken_in()) draw();
+}
+
 void TablePanel::copy() {
-    if (model_.rowCount() > 0)
-        QGuiApplication::clipboard()->setText(
-            qt(model_.text_of(view_->selectionModel()->selection())));
+    if (model_.rowCount() == 0) return;
+    const WaitCursor waiting;
+    QGuiApplication::clipboard()->setText(qt(model_.text_of(view_->selectionModel()->selection())));
 }
 
 void TablePanel::save() {

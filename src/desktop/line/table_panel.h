@@ -30,7 +30,10 @@ public:
 
     /// Called where a table has been calculated.
     std::function<void()> calculated = [] {};
+    /// Draws the diagram of the ranges.
+    std::function<void()> draw = [] {};
 
+    [[nodiscard]] QTableView& view() { return *view_; }
     void load(bool anew);
     void commit();
     [[nodiscard]] bool is_unfinished() const;
@@ -48,6 +51,8 @@ private:
     void show_captions();
     void show_heading();
     void calculate();
+    [[nodiscard]] bool taken_in();
+    void show_diagram();
     void copy();
     void save();
 

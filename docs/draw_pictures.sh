@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Draws the pictures of these pages anew, by the program itself: docs/draw_pictures.sh [PATH OF zel]
+set -euo pipefail
+zel=$(realpath -- "${1:-build/release/bin/zel}")
+cd -- "$(dirname -- "${BASH_SOURCE[0]}")"
+
+# draw KIND EXAMPLE NAME [OPTIONS]: a curve with a gap is a picture too.
+draw() {
+    "$zel" graph "$1" "../examples/$2.json" -o "pictures/$3.svg" "${@:4}" || (($? == 1))
+}
+draw steady table-264-34 steady-diagram
+draw transient transient-twin-264-34 transient-diagram

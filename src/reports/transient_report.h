@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/text/number_text.h"
+#include "reports/print_text.h"
+#include "reports/report.h"
+#include "tables_graphs/transient_diagram.h"
+#include "workflow/run/notes.h"
+#include "workflow/run/transient.h"
+
+namespace zel {
+
+/// What the reports of the thermal rating are printed with.
+struct ReportPrint {
+    PrintLang lang;
+    DecimalSeparator separator;
+    std::string print_date;  // see `print_date_text`
+};
+
+/// The table of the transient that a run of `c` found, on one sheet. What was found is marked; a
+/// row that failed says so and is the last one.
+[[nodiscard]] Report S03_Print_Tab_transient_Cigre207_601_TBB(const CalcCase& c,
+                                                              const TransientResult& result,
+                                                              const std::vector<Note>& notes,
+                                                              const ReportPrint& print);
+
+/// The diagram of the same, on one sheet: `series` is the course that was stepped anew.
+[[nodiscard]] Report S04_Print_Graph_transient_Cigre207_601_TBB(
+    const CalcCase& c, const TransientResult& result, const std::vector<RowSeries>& series,
+    const ReportPrint& print);
+
+}  // namespace zel
