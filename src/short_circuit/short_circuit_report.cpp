@@ -51,7 +51,7 @@ constexpr PrintText sheet_label = {"Blatt {0}/{1}", "page {0}/{1}", "page {0} /{
                                    "pagina {0} / {1}"};
 
 constexpr PrintText project_head = {"Angaben zum Projekt", "project data"};
-constexpr PrintText band_labels[] = {{"Projekt:", "Project:", "Projet:", "Proyecto:"},
+constexpr PrintText project_labels[] = {{"Projekt:", "Project:", "Projet:", "Proyecto:"},
                                      {"Datum:", "date:", "date:", "fecha:"},
                                      {"Bearbeiter:", "operator:", "opérateur:", "operador:"},
                                      {"Firma/Abteilung:", "Company/depart.:"}};
@@ -173,7 +173,7 @@ public:
         // In two languages the label of the sheet once more.
         const std::string head = fill(say(project_head), {"1", "1"});
         report_.band = project_band(
-            say_, band_labels, {c_.Projekt_ks, c_.Datum_ks, c_.Bearbeiter_ks, c_.Abteilung_ks});
+            say_, project_labels, {c_.Projekt_ks, c_.Datum_ks, c_.Bearbeiter_ks, c_.Abteilung_ks});
         report_.band->head = head;
         add_data(calculation_head, calculation_rows);
         KS10_tab_print_Kurzschluss_2();
