@@ -4,6 +4,7 @@
 
 #include "adapters/posix/text_file.h"
 #include "cli/range_calculation.h"
+#include "cli/short_circuit_calculation.h"
 #include "cli/transient_calculation.h"
 #include "platform/errors.h"
 #include "program/stores.h"
@@ -11,6 +12,7 @@
 #include "reports/steady_report.h"
 #include "reports/transient_report.h"
 #include "shell/case_settings.h"
+#include "short_circuit/short_circuit_report.h"
 #include "workflow/run/notes.h"
 
 namespace zel {
@@ -25,6 +27,7 @@ constexpr const char* report_notes =
     "  steady-graph     the diagram of \"zel graph steady\"\n"
     "  transient        the changes of state of \"zel transient\"\n"
     "  transient-graph  their course over time\n"
+    "  short-circuit    a case of \"zel short-circuit\"; its verdict is always German\n"
     "\n"
     "Without --print-lang they have the language of reports of the settings. They have\n"
     "labels in German and English; French and Spanish are there for single ones, and a\n"
@@ -199,6 +202,23 @@ private:
     ReportFile& file_;
 };
 
+class ShortCircuitReport : public ShortCircuitCalculation {
+public:
+    explicit ShortCircuitReport(ReportFile& file)
+        : ShortCircuitCalculation(file.words()), file_(file) {}
+
+private:
+    void found() override {
+        file_.write(KS10_tab_print_Kurzschluss_1(form().content(), result().result, file_.print()));
+    }
+    [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
+        return file_.document({}, messages());
+    }
+    [[nodiscard]] std::string page() const override { return file_.page({}); }
+
+    ReportFile& file_;
+};
+
 void refuse_ending(const std::string& path) {
     constexpr std::string_view ending = ".pdf";
     if (path.size() <= ending.size() ||
@@ -238,6 +258,7 @@ void add_report(CommandLine& line) {
     add_kind<SteadyGraphReport>(line, group, "steady-graph", "The diagram of a range");
     add_kind<TransientTableReport>(line, group, "transient", "The changes of state");
     add_kind<TransientGraphReport>(line, group, "transient-graph", "Their course over time");
+    add_kind<ShortCircuitReport>(line, group, "short-circuit", "Thermal short-circuit strength");
 }
 
 }  // namespace zel

@@ -1,8 +1,5 @@
-#include "cli/case_command.h"
 #include "cli/case_output.h"
-#include "platform/errors.h"
-#include "program/stores.h"
-#include "short_circuit/short_circuit_file.h"
+#include "cli/short_circuit_calculation.h"
 
 namespace zel {
 namespace {
@@ -24,48 +21,17 @@ constexpr const char* short_circuit_notes =
     "messages; without it, messages go to standard error. The texts of the checks and the\n"
     "result are German in both languages.\n";
 
-ShortCircuitFile load_short_circuit_case(const std::string& path, const CommonOptions& options) {
-    const FlatObject values = JsonCaseStore().load(path);
-    try {
-        return read_short_circuit_case(values, options);
-    } catch (const InputError& error) {
-        throw InputError(at(path, error.reason()));
-    }
-}
-
-class ShortCircuitCommand : public CaseRun {
+class ShortCircuitCommand : public ShortCircuitCalculation {
 public:
-    explicit ShortCircuitCommand(const CaseWords& words)
-        : CaseRun(words), file_(load_short_circuit_case(words.case_path, words)) {}
+    using ShortCircuitCalculation::ShortCircuitCalculation;
 
 private:
-    int calculate() override {
-        for (const auto& [field, box] : file_.refused) tell(box, field);
-        run_ = RunShortCircuit(file_.form.content(), words().separator);
-        if (run_.refusal) {
-            if (!words().silent) console().show(run_.refusal->box);
-            return refused(run_.refusal->box);
-        }
-        return printed(file_.refused.empty());
-    }
-
-    /// Why an input does not count; told in silent runs too.
-    void tell(const Box& box, const std::string& field) {
-        if (words().silent)
-            Console::tell_reason(words().case_path + ": " + field + ": " + box.lines.front());
-        else
-            console().show(box, field);
-    }
-
     [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
-        return short_circuit_document(run_, messages());
+        return short_circuit_document(result(), messages());
     }
     [[nodiscard]] std::string page() const override {
-        return short_circuit_page(file_.form, run_, words());
+        return short_circuit_page(form(), result(), words());
     }
-
-    ShortCircuitFile file_;
-    ShortCircuitRun run_;
 };
 
 }  // namespace
