@@ -276,7 +276,7 @@ private:
     void add(const ReportParagraph& paragraph) {
         const Font& font = paragraph.bold ? bold_font : text_font;
         if (!paragraph.head.empty()) {
-            make_room(head_height() + pitch_);
+            make_room(head_height(paragraph.head) + pitch_);
             add_head(paragraph.head);
         }
         for (const std::string& part : broken_lines(canvas_, paragraph.text, font, right - left)) {
