@@ -224,7 +224,7 @@ private:
     }
 
     void add(const ReportSection& section) {
-        const double head = head_height();
+        const double head = head_height(section.head);
         const std::size_t split = split_of(section);
         const std::size_t count = section.rows.size();
         const double height =
@@ -265,16 +265,18 @@ private:
         y_ += height;
     }
 
-    [[nodiscard]] double head_height() const { return canvas_.text_height(head_font) * 1.5; }
+    [[nodiscard]] double head_height(const std::string& head) const {
+        return head.empty() ? 0 : canvas_.text_height(head_font) * 1.5;
+    }
     void add_head(const std::string& head) {
         text(left, y_, head, head_font);
-        y_ += head_height();
+        y_ += head_height(head);
     }
 
     void add(const ReportParagraph& paragraph) {
         const Font& font = paragraph.bold ? bold_font : text_font;
         if (!paragraph.head.empty()) {
-            make_room(head_height() + pitch_);
+            make_room(head_height(paragraph.head) + pitch_);
             add_head(paragraph.head);
         }
         for (const std::string& part : broken_lines(canvas_, paragraph.text, font, right - left)) {
