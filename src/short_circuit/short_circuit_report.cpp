@@ -52,9 +52,9 @@ constexpr PrintText sheet_label = {"Blatt {0}/{1}", "page {0}/{1}", "page {0} /{
 
 constexpr PrintText project_head = {"Angaben zum Projekt", "project data"};
 constexpr PrintText project_labels[] = {{"Projekt:", "Project:", "Projet:", "Proyecto:"},
-                                     {"Datum:", "date:", "date:", "fecha:"},
-                                     {"Bearbeiter:", "operator:", "opérateur:", "operador:"},
-                                     {"Firma/Abteilung:", "Company/depart.:"}};
+                                        {"Datum:", "date:", "date:", "fecha:"},
+                                        {"Bearbeiter:", "operator:", "opérateur:", "operador:"},
+                                        {"Firma/Abteilung:", "Company/depart.:"}};
 
 constexpr std::string_view current_mask = "######0.00";
 constexpr std::string_view time_mask = "##0.00#";
@@ -160,14 +160,13 @@ std::string typed(const Entry& entry) {
 
 class ShortCircuitPage {
 public:
-    ShortCircuitPage(const C& c, const ShortCircuitResult& result, PrintLang lang,
-                     DecimalSeparator separator)
+    ShortCircuitPage(const C& c, const ShortCircuitResult& result, const ReportPrint& print)
         : c_(c),
-          page_(KS_Ergebnisanzeige(c, result, separator)),
-          separator_(separator),
-          say_(lang) {}
+          page_(KS_Ergebnisanzeige(c, result, print.separator)),
+          print_(print),
+          say_(print.lang) {}
 
-    Report KS10_tab_print_Kurzschluss_1(const std::string& print_date) {
+    Report KS10_tab_print_Kurzschluss_1() {
         report_.title = say(title);
         report_.sheet_label = say(sheet_label);
         // In two languages the label of the sheet once more.
@@ -177,7 +176,7 @@ public:
         report_.band->head = head;
         add_data(calculation_head, calculation_rows);
         KS10_tab_print_Kurzschluss_2();
-        report_.print_date = {say(print_date_label), print_date};
+        report_.print_date = {say(print_date_label), print_.print_date};
         report_.operator_name = {say(operator_label), c_.Bearbeiter_ks};
         return std::move(report_);
     }
@@ -212,7 +211,7 @@ private:
         if (row.field == ShortCircuitKey(&C::Leitermaterial_ks))
             return without_outer_blanks(material_of_record(c_.Leitermaterial_ks));
         if (field_of(row.field).of_record)
-            return without_outer_blanks(label_text(c_, row.field, separator_));
+            return without_outer_blanks(label_text(c_, row.field, print_.separator));
         if (const auto* selection = std::get_if<ListKey>(&row.field)) {
             const std::int16_t index = c_.**selection;
             return row.words.empty() ? std::to_string(index)
@@ -220,7 +219,7 @@ private:
         }
         const Entry& entry = c_.*std::get<NumberKey>(row.field);
         return row.mask.empty() ? typed(entry)
-                                : masked(decimal_of_single(entry.value), row.mask, separator_);
+                                : print_.number(decimal_of_single(entry.value), row.mask);
     }
 
     void add_results(const VerdictGroup& group) {
@@ -236,7 +235,7 @@ private:
 
     const C& c_;
     VerdictPage page_;
-    DecimalSeparator separator_;
+    const ReportPrint& print_;
     LabelWriter say_;
     Report report_;
 };
@@ -244,9 +243,8 @@ private:
 }  // namespace
 
 Report KS10_tab_print_Kurzschluss_1(const ShortCircuitCase& c, const ShortCircuitResult& result,
-                                    PrintLang lang, DecimalSeparator separator,
-                                    const std::string& print_date) {
-    return ShortCircuitPage(c, result, lang, separator).KS10_tab_print_Kurzschluss_1(print_date);
+                                    const ReportPrint& print) {
+    return ShortCircuitPage(c, result, print).KS10_tab_print_Kurzschluss_1();
 }
 
 }  // namespace zel

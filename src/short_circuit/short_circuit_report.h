@@ -1,9 +1,7 @@
 #pragma once
 
-#include <string>
-
-#include "reports/print_text.h"
 #include "reports/report.h"
+#include "reports/report_print.h"
 #include "short_circuit/modul_iec865.h"
 
 namespace zel {
@@ -12,10 +10,9 @@ namespace zel {
 /// the verdict, and the intermediate results of the result page. It is one sheet. The verdict and
 /// all words among the values are German in every language; most labels of the three others are
 /// placeholders. Numbers that are typed and have no mask stand as they were typed, so they need to
-/// have been typed with `separator`.
+/// have been typed with the separator of `print`.
 [[nodiscard]] Report KS10_tab_print_Kurzschluss_1(const ShortCircuitCase& c,
-                                                  const ShortCircuitResult& result, PrintLang lang,
-                                                  DecimalSeparator separator,
-                                                  const std::string& print_date);
+                                                  const ShortCircuitResult& result,
+                                                  const ReportPrint& print);
 
 }  // namespace zel

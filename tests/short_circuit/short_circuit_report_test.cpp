@@ -28,7 +28,8 @@ const json& data() {
 
 Report report_of(const C& c, PrintLang lang = PrintLang::German,
                  DecimalSeparator separator = DecimalSeparator::Point) {
-    return KS10_tab_print_Kurzschluss_1(c, KS_Auswertung(c), lang, separator, "22/11/2026 / 09:05");
+    return KS10_tab_print_Kurzschluss_1(c, KS_Auswertung(c),
+                                        {lang, separator, "22/11/2026 / 09:05"});
 }
 
 /// Heads, labels and values in their order.
