@@ -28,7 +28,7 @@ constexpr const char* graph_notes =
 constexpr Text wrong_ending = {
     "ein Diagramm wird als .svg, .png oder .pdf geschrieben, seine Punkte als .csv",
     "a diagram is written as .svg, .png or .pdf, its points as .csv"};
-constexpr Text written = {"{0} geschrieben\n", "{0} written\n"};
+constexpr Text file_written = {"{0} geschrieben\n", "{0} written\n"};
 constexpr Text cannot_draw = {"das Diagramm kann nicht gezeichnet werden: {0}",
                               "the diagram cannot be drawn: {0}"};
 constexpr Text no_time = {"die Zustandsänderungen dauern keine Zeit, es gibt nichts zu zeichnen",
@@ -46,6 +46,7 @@ struct GraphFile {
     const GraphWords& words;
     DrawFile draw_file;
     std::optional<DrawingKind> kind{};
+    bool written = false;
 
     GraphFile(const GraphWords& given, DrawFile draw) : words(given), draw_file(draw) {
         const auto ends = [&path = given.path](std::string_view ending) {
@@ -57,8 +58,11 @@ struct GraphFile {
         if (!kind && !ends(".csv")) throw InputError(at(given.path, Reason(wrong_ending)));
     }
 
-    void write(const std::string& bytes) const { write_text_file(words.path, bytes); }
-    void write(const Diagram& diagram) const {
+    void write(const std::string& bytes) {
+        write_text_file(words.path, bytes);
+        written = true;
+    }
+    void write(const Diagram& diagram) {
         DiagramView view;
         view.auxiliary_lines = !words.without_lines;
         view.black_ground = words.black_ground;
@@ -68,19 +72,25 @@ struct GraphFile {
             *kind, diagram_sheet, without_outer_blanks(diagram.title),
             [&](Canvas& canvas) { draw(canvas, diagram_sheet, diagram, view, words.separator); }));
     }
-    /// What is told of a written file.
-    [[nodiscard]] std::string told(const std::vector<Note>& notes,
-                                   const std::vector<Message>& messages) const {
-        if (!words.json)
-            return fill(written.in(words.lang), {words.path}) + notes_text(notes, words.lang);
-        return json_text(
-            {{"file", words.path}, {"notes", json_of(notes)}, {"messages", json_of(messages)}});
+    /// What is told of the file; "file" is null where a run ended before it was written.
+    [[nodiscard]] std::string document(const std::vector<Note>& notes,
+                                       const std::vector<Message>& messages,
+                                       std::string_view program_end) const {
+        nlohmann::ordered_json document = {
+            {"file", nullptr}, {"notes", json_of(notes)}, {"messages", json_of(messages)}};
+        if (written) document["file"] = words.path;
+        if (!program_end.empty()) document["program_end"] = program_end;
+        return json_text(document);
+    }
+    [[nodiscard]] std::string page(const std::vector<Note>& notes) const {
+        if (!written) return {};
+        return fill(file_written.in(words.lang), {words.path}) + notes_text(notes, words.lang);
     }
 };
 
 class SteadyGraph : public CaseRun {
 public:
-    explicit SteadyGraph(const GraphFile& file)
+    explicit SteadyGraph(GraphFile& file)
         : CaseRun(file.words),
           file_(file),
           loaded_(load_case(file.words.case_path, file.words, console())),
@@ -101,12 +111,12 @@ private:
             file_.write(steady_points(*curves, loaded_.c));
         return printed(!loaded_.text_refused && curves->complete());
     }
-    [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
-        return file_.told(notes_, messages());
+    [[nodiscard]] std::string document(std::string_view program_end) const override {
+        return file_.document(notes_, messages(), program_end);
     }
-    [[nodiscard]] std::string page() const override { return file_.told(notes_, messages()); }
+    [[nodiscard]] std::string page() const override { return file_.page(notes_); }
 
-    const GraphFile& file_;
+    GraphFile& file_;
     LoadedCase loaded_;
     Session session_;
     std::vector<Note> notes_;
@@ -114,7 +124,7 @@ private:
 
 class TransientGraph : public TransientCalculation {
 public:
-    explicit TransientGraph(const GraphFile& file)
+    explicit TransientGraph(GraphFile& file)
         : TransientCalculation(file.words, true), file_(file) {}
 
 private:
@@ -127,22 +137,18 @@ private:
             file_.write(
                 transient_points(course.series, current_steps(course.rows, course.start,
                                                               course.c.Anzahl_Teilleiter_db)));
-        written_ = true;
     }
-    void draw(const TransientCourse& course) const {
+    void draw(const TransientCourse& course) {
         const auto diagram = transient_diagram(course, words());
         if (!diagram) throw InputError(at(words().case_path, Reason(no_time)));
         file_.write(*diagram);
     }
-    [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
-        return file_.told(report().notes, messages());
+    [[nodiscard]] std::string document(std::string_view program_end) const override {
+        return file_.document(report().notes, messages(), program_end);
     }
-    [[nodiscard]] std::string page() const override {
-        return written_ ? file_.told(report().notes, messages()) : std::string();
-    }
+    [[nodiscard]] std::string page() const override { return file_.page(report().notes); }
 
-    const GraphFile& file_;
-    bool written_ = false;
+    GraphFile& file_;
 };
 
 template <class Run>
@@ -150,7 +156,7 @@ Command<GraphWords> add_kind(CommandLine& line, CLI::App& group, const char* nam
                              const char* description) {
     const auto [command, words] =
         line.add<GraphWords>(group, name, description, [&line](const GraphWords& given) {
-            const GraphFile file(given, line.draw_file());
+            GraphFile file(given, line.draw_file());
             if (file.kind && file.draw_file == nullptr)
                 return become_program("zel-draw", line.words(), cannot_draw, given.lang);
             return Run(file).run();
