@@ -11,8 +11,12 @@
 
 namespace zel {
 
-/// `drawing_file`, where the program has it: only the one that draws is linked with Qt.
-using DrawFile = decltype(&drawing_file);
+/// What makes files of drawings, where the program has it: only the one that draws is linked with
+/// Qt.
+struct DrawingTools {
+    decltype(&drawing_file) file = nullptr;
+    decltype(&sheets_file) sheets = nullptr;
+};
 
 /// The words of a command, and its place in the command line.
 template <class Words>
@@ -25,8 +29,8 @@ struct Command {
 /// and what it does.
 class CommandLine {
 public:
-    CommandLine(CLI::App& app, char** words, DrawFile draws = nullptr)
-        : app_(app), words_(words), draw_file_(draws) {}
+    CommandLine(CLI::App& app, char** words, const DrawingTools& tools = {})
+        : app_(app), words_(words), tools_(tools) {}
 
     /// A command below `parent`. `run` gets what the user has written and gives the exit status;
     /// what it throws is told in the language of its words, as by `guarded`.
@@ -61,7 +65,7 @@ public:
     /// The words as the user has written them, the name of the program first; null behind the last.
     [[nodiscard]] char** words() const { return words_; }
     /// Null in the program that cannot draw and becomes the one that can.
-    [[nodiscard]] DrawFile draw_file() const { return draw_file_; }
+    [[nodiscard]] const DrawingTools& tools() const { return tools_; }
 
 private:
     static LangId lang_of(const CommonOptions& words) { return words.lang; }
@@ -71,7 +75,7 @@ private:
 
     CLI::App& app_;
     char** words_;
-    DrawFile draw_file_;
+    DrawingTools tools_;
     std::function<int()> chosen_;
 };
 
@@ -80,6 +84,7 @@ void add_steady(CommandLine& line);
 void add_transient(CommandLine& line);
 void add_table(CommandLine& line);
 void add_graph(CommandLine& line);
+void add_report(CommandLine& line);
 void add_short_circuit(CommandLine& line);
 void add_desktop(CommandLine& line);
 void add_batch(CommandLine& line);

@@ -15,11 +15,18 @@ std::string draw_alone(DrawingKind kind, const CanvasBox& area, std::string_view
     return drawing_file(kind, area, title, draw);
 }
 
+std::string draw_sheets_alone(const CanvasBox& sheet, std::string_view title,
+                              const DrawSheets& draw) {
+    const DrawingSystem system;
+    return sheets_file(sheet, title, draw);
+}
+
 int run(int argc, char** argv) {
     CLI::App app("Draw diagrams into files", "zel");
     app.require_subcommand(1);
-    CommandLine line(app, argv, draw_alone);
+    CommandLine line(app, argv, {draw_alone, draw_sheets_alone});
     add_graph(line);
+    add_report(line);
     if (const auto status = refused_words(app, argc, argv)) return *status;
     return line.chosen()();
 }

@@ -44,11 +44,12 @@ struct GraphWords : CaseWords {
 /// What a file is to hold: a drawing, or points where there is no kind.
 struct GraphFile {
     const GraphWords& words;
-    DrawFile draw_file;
+    decltype(&drawing_file) draw_file;
     std::optional<DrawingKind> kind{};
     bool written = false;
 
-    GraphFile(const GraphWords& given, DrawFile draw) : words(given), draw_file(draw) {
+    GraphFile(const GraphWords& given, const DrawingTools& tools)
+        : words(given), draw_file(tools.file) {
         const auto ends = [&path = given.path](std::string_view ending) {
             return path.size() > ending.size() &&
                    same_name(std::string_view(path).substr(path.size() - ending.size()), ending);
@@ -156,7 +157,7 @@ Command<GraphWords> add_kind(CommandLine& line, CLI::App& group, const char* nam
                              const char* description) {
     const auto [command, words] =
         line.add<GraphWords>(group, name, description, [&line](const GraphWords& given) {
-            GraphFile file(given, line.draw_file());
+            GraphFile file(given, line.tools());
             if (file.kind && file.draw_file == nullptr)
                 return become_program("zel-draw", line.words(), cannot_draw, given.lang);
             return Run(file).run();

@@ -216,7 +216,7 @@ private:
     }
 
     void add(const ReportSection& section) {
-        const double head = canvas_.text_height(head_font) * 1.5;
+        const double head = section.head.empty() ? 0 : canvas_.text_height(head_font) * 1.5;
         const std::size_t split = split_of(section);
         const std::size_t count = section.rows.size();
         const double height =

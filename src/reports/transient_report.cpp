@@ -111,10 +111,6 @@ constexpr PrintText unit_of_current = {"1 Hilfslinieneinheit Strom = ", "1 line 
 constexpr PrintText bare_conductor_tag = {"blanker Leiter", "blanker Leiter"};
 constexpr double graph_height = 11000;  // twips
 
-std::string number(double value, std::string_view mask, const ReportPrint& print) {
-    return masked(value, mask, print.separator);
-}
-
 /// A report of the transient area.
 class TransientPage {
 public:
@@ -161,7 +157,7 @@ private:
         for (std::size_t i = 0; i < std::size(ambient_items); ++i) {
             const AmbientItem& item = ambient_items[i];
             rows.push_back({say(angle != nullptr && i == angle_item ? *angle : item.label),
-                            number(item.value(c_), item.mask, print_), std::string(item.unit)});
+                            print_.number(item.value(c_), item.mask), std::string(item.unit)});
         }
         return rows;
     }
@@ -172,9 +168,9 @@ private:
         ReportSection section = {{}, ambient_row(), 2};
         section.rows.push_back(
             {say(PrintText(start_current_label)),
-             number(result_.start.current * c_.Anzahl_Teilleiter_db, "#####0", print_), " A"});
+             print_.number(result_.start.current * c_.Anzahl_Teilleiter_db, "#####0"), " A"});
         section.rows.push_back({say(PrintText(start_temperature_label)),
-                                number(result_.start.temperature, "####0.0", print_), " °C"});
+                                print_.number(result_.start.temperature, "####0.0"), " °C"});
         add_paragraph(head, true);
         add_paragraph(sentence);
         report_.blocks.emplace_back(std::move(section));
@@ -199,15 +195,14 @@ private:
             say(i == block_of_four_languages ? duration_in_four : PrintText(duration_label));
         section.rows = {
             value_of(i, &StateChange::Strom, current,
-                     number(row.Strom * c_.Anzahl_Teilleiter_db, "#####0", print_), " A"),
-            value_of(i, &StateChange::TEMP, temperature, number(row.Temp, "####0.0", print_),
-                     " °C"),
+                     print_.number(row.Strom * c_.Anzahl_Teilleiter_db, "#####0"), " A"),
+            value_of(i, &StateChange::TEMP, temperature, print_.number(row.Temp, "####0.0"), " °C"),
             value_of(i, &StateChange::min, duration,
                      std::to_string(row.Min) + " min " + std::to_string(row.Sec), " sec")};
         elapsed_ += duration_s(row);
         if (row.Failed != 1)
             section.rows.push_back(
-                {std::string(running_times[i]), number(elapsed_ / 60, "##0.0#", print_), " min"});
+                {std::string(running_times[i]), print_.number(elapsed_ / 60, "##0.0#"), " min"});
         report_.blocks.emplace_back(std::move(section));
     }
 

@@ -1,20 +1,12 @@
 #pragma once
 
-#include "platform/text/number_text.h"
-#include "reports/print_text.h"
 #include "reports/report.h"
+#include "reports/report_print.h"
 #include "tables_graphs/transient_diagram.h"
 #include "workflow/run/notes.h"
 #include "workflow/run/transient.h"
 
 namespace zel {
-
-/// What the reports of the thermal rating are printed with.
-struct ReportPrint {
-    PrintLang lang;
-    DecimalSeparator separator;
-    std::string print_date;  // see `print_date_text`
-};
 
 /// The table of the transient that a run of `c` found, on one sheet. What was found is marked; a
 /// row that failed says so and is the last one.

@@ -187,6 +187,11 @@ TableStart start_table(const CalcCase& c, const Session& session) {
     return start;
 }
 
+bool has_winds(const CalcCase& c) {
+    return std::any_of(winds_of_case.begin(), winds_of_case.end(),
+                       [&](const auto wind) { return (c.*wind).given(); });
+}
+
 CalcCase case_of_cell(CalcCase c, Stepped stepped, double wind, double step) {
     c.Windgeschwindigkeit_db = entered(wind);
     switch (stepped) {

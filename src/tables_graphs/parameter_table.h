@@ -86,6 +86,9 @@ using TableProgress = std::function<bool(std::size_t done, std::size_t all)>;
     return c.Stromstaerkebuendel_Merker_db ? 1 : c.Anzahl_Teilleiter_db;
 }
 
+/// Whether the case names a wind speed for a table.
+[[nodiscard]] bool has_winds(const CalcCase& c);
+
 /// The case of one cell.
 [[nodiscard]] CalcCase case_of_cell(CalcCase c, Stepped stepped, double wind, double step);
 

@@ -30,15 +30,20 @@ constexpr Text no_font = {"zum Zeichnen ist keine Schriftart installiert",
 struct Picture {
     const CanvasBox& area;
     QString title;
-    const std::function<void(Canvas&)>& draw;
+    DrawSheets draw;
 };
 
-void paint(const Picture& picture, QPaintDevice& device, double per_twip) {
+void paint(const Picture& picture, QPaintDevice& device, double per_twip,
+           const std::function<void()>& next_sheet = {}) {
     QPainter painter;
     if (!painter.begin(&device)) throw OutputError(Reason(no_memory_for_it));
     painter.translate(-picture.area.left * per_twip, -picture.area.top * per_twip);
     QtCanvas canvas(painter, per_twip);
-    picture.draw(canvas);
+    picture.draw(canvas, next_sheet);
+}
+
+QString text_of(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 QSize whole(double width, double height) {
@@ -78,7 +83,7 @@ void write_pdf(const Picture& picture, QBuffer& file) {
         whole(picture.area.width() / twips_per_point, picture.area.height() / twips_per_point);
     pdf.setPageSize(QPageSize(points, {}, QPageSize::ExactMatch));
     pdf.setPageMargins({});
-    paint(picture, pdf, 1);
+    paint(picture, pdf, 1, [&pdf] { pdf.newPage(); });
 }
 
 }  // namespace
@@ -86,7 +91,8 @@ void write_pdf(const Picture& picture, QBuffer& file) {
 std::string drawing_file(DrawingKind kind, const CanvasBox& area, std::string_view title,
                          const std::function<void(Canvas&)>& draw) {
     const Picture picture = {
-        area, QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())), draw};
+        area, text_of(title),
+        [&draw](Canvas& canvas, const std::function<void()>& /*next_sheet*/) { draw(canvas); }};
     QBuffer file;
     file.open(QIODevice::WriteOnly);
     switch (kind) {
@@ -99,6 +105,13 @@ std::string drawing_file(DrawingKind kind, const CanvasBox& area, std::string_vi
         case DrawingKind::Png: write_png(picture, file); break;
         case DrawingKind::Pdf: write_pdf(picture, file); break;
     }
+    return file.data().toStdString();
+}
+
+std::string sheets_file(const CanvasBox& sheet, std::string_view title, const DrawSheets& draw) {
+    QBuffer file;
+    file.open(QIODevice::WriteOnly);
+    write_pdf({sheet, text_of(title), draw}, file);
     return file.data().toStdString();
 }
 

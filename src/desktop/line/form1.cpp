@@ -103,7 +103,10 @@ void Form1::allow_copy_of_page() {
                                         : page() == result_page && !shown_run_is_stale_);
 }
 
-void Form1::apply_settings() { general_->show_measured(); }
+void Form1::apply_settings() {
+    general_->show_measured();
+    result_->case_changed();
+}
 
 bool Form1::may_be_left() { return conductors_->may_be_left() && AreaFrame::may_be_left(); }
 

@@ -39,11 +39,12 @@ constexpr BoxText saved = {
 constexpr Text heading = {"Zeilen : {0}{1}     Zellen : {2}", "Rows : {0}{1}     Cells : {2}"};
 constexpr Text sub_conductor = {"Teilleiter", "sub-conductor"};
 
-/// What is read of `c` for its table.
-CalcCase table_inputs(const CalcCase& c) {
+/// What is read of `c` for its table, whatever the separator of its texts is.
+CalcCase table_inputs(const CalcCase& c, DecimalSeparator separator) {
     CalcCase inputs = steady_inputs(c);
     static_cast<ParameterTableData&>(inputs) = c;
     inputs.Umgebungstemperaturmerker_db = c.Umgebungstemperaturmerker_db;
+    respell(inputs, separator, DecimalSeparator::Point);
     return inputs;
 }
 
@@ -213,7 +214,8 @@ void TablePanel::case_changed() {
     panels_[temperatures]->setVisible(!of_current);
     panels_[currents]->setVisible(of_current);
     show_captions();
-    if (model_.rowCount() > 0 && table_inputs(parts_.c) == inputs_) return;
+    if (model_.rowCount() > 0 && table_inputs(parts_.c, parts_.form.session.separator) == inputs_)
+        return;
     clear();
 }
 
@@ -240,7 +242,7 @@ void TablePanel::calculate() {
                 });
         });
     if (!table) return;
-    inputs_ = table_inputs(parts_.c);
+    inputs_ = table_inputs(parts_.c, session.separator);
     model_.show(*std::move(table));
     show_heading();
     const QFontMetrics letters = view_->fontMetrics();
