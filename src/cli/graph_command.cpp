@@ -1,6 +1,7 @@
 #include <nlohmann/json.hpp>
 
 #include "adapters/posix/text_file.h"
+#include "cli/range_calculation.h"
 #include "cli/transient_calculation.h"
 #include "platform/errors.h"
 #include "program/stores.h"
@@ -89,38 +90,25 @@ struct GraphFile {
     }
 };
 
-class SteadyGraph : public CaseRun {
+class SteadyGraph : public RangeCalculation {
 public:
-    explicit SteadyGraph(GraphFile& file)
-        : CaseRun(file.words),
-          file_(file),
-          loaded_(load_case(file.words.case_path, file.words, console())),
-          session_{file.words, file.words.Meldung_merker(), console()} {
-        take_settings(session_, ProgramStores().settings().now());
-    }
+    explicit SteadyGraph(GraphFile& file) : RangeCalculation(file.words), file_(file) {}
 
 private:
-    int calculate() override {
-        if (loaded_.refusal) return refused(*loaded_.refusal);
-        TableStart start = start_table(loaded_.c, session_);
-        if (start.refusal) return refused(*start.refusal);
-        notes_ = std::move(start.notes);
-        const auto curves = calculate_curves(loaded_.c, session_);
+    bool find() override {
+        const auto curves = calculate_curves(calc_case(), session());
         if (file_.kind)
-            file_.write(steady_diagram(*curves, loaded_.c, words()));
+            file_.write(steady_diagram(*curves, calc_case(), words()));
         else
-            file_.write(steady_points(*curves, loaded_.c));
-        return printed(!loaded_.text_refused && curves->complete());
+            file_.write(steady_points(*curves, calc_case()));
+        return curves->complete();
     }
     [[nodiscard]] std::string document(std::string_view program_end) const override {
-        return file_.document(notes_, messages(), program_end);
+        return file_.document(notes(), messages(), program_end);
     }
-    [[nodiscard]] std::string page() const override { return file_.page(notes_); }
+    [[nodiscard]] std::string page() const override { return file_.page(notes()); }
 
     GraphFile& file_;
-    LoadedCase loaded_;
-    Session session_;
-    std::vector<Note> notes_;
 };
 
 class TransientGraph : public TransientCalculation {
