@@ -51,13 +51,10 @@ struct GraphFile {
 
     GraphFile(const GraphWords& given, const DrawingTools& tools)
         : words(given), draw_file(tools.file) {
-        const auto ends = [&path = given.path](std::string_view ending) {
-            return path.size() > ending.size() &&
-                   same_name(std::string_view(path).substr(path.size() - ending.size()), ending);
-        };
         for (const auto& [ending, drawn] : drawing_endings)
-            if (ends(ending)) kind = drawn;
-        if (!kind && !ends(".csv")) throw InputError(at(given.path, Reason(wrong_ending)));
+            if (has_ending(given.path, ending)) kind = drawn;
+        if (!kind && !has_ending(given.path, ".csv"))
+            throw InputError(at(given.path, Reason(wrong_ending)));
     }
 
     void write(const std::string& bytes) {

@@ -220,10 +220,7 @@ private:
 };
 
 void refuse_ending(const std::string& path) {
-    constexpr std::string_view ending = ".pdf";
-    if (path.size() <= ending.size() ||
-        !same_name(std::string_view(path).substr(path.size() - ending.size()), ending))
-        throw InputError(at(path, Reason(wrong_ending)));
+    if (!has_ending(path, ".pdf")) throw InputError(at(path, Reason(wrong_ending)));
 }
 
 template <class Run>

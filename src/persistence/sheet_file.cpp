@@ -66,12 +66,8 @@ std::string tab_text_of(const SheetDesign& sheet, DecimalSeparator separator) {
 
 void write_sheet(const SheetDesign& sheet, const std::string& path, WorkbookStore& workbooks,
                  Files& files, DecimalSeparator separator) {
-    const auto ends_in = [&](std::string_view ending) {
-        return path.size() > ending.size() &&
-               same_name(std::string_view(path).substr(path.size() - ending.size()), ending);
-    };
-    if (ends_in(".csv")) return files.write(path, csv_of(sheet, separator));
-    if (!ends_in(".xlsx")) throw InputError(at(path, Reason(wrong_ending)));
+    if (has_ending(path, ".csv")) return files.write(path, csv_of(sheet, separator));
+    if (!has_ending(path, ".xlsx")) throw InputError(at(path, Reason(wrong_ending)));
     if (!sheet.cells.empty() && sheet.cells.back().row > rows_of_worksheet)
         throw InputError(at(path, Reason(too_many_rows, {std::to_string(rows_of_worksheet)})));
     workbooks.create(path, {sheet}, sheet.name);

@@ -55,11 +55,6 @@ constexpr Text wrong_ending = {"{0}: ein Diagramm wird als .svg, .png, .pdf oder
 constexpr Text not_saved = {"Das Diagramm kann nicht gespeichert werden:\n{0}",
                             "The diagram can not be saved:\n{0}"};
 
-bool ends_in(const std::string& path, std::string_view ending) {
-    return path.size() > ending.size() &&
-           same_name(std::string_view(path).substr(path.size() - ending.size()), ending);
-}
-
 }  // namespace
 
 FrmGraph::FrmGraph(QWidget& form, DiagramForm diagram, const FrmGraphParts& parts)
@@ -197,9 +192,9 @@ void FrmGraph::switch_ground() {
 }
 
 std::string FrmGraph::file_of(const std::string& path) const {
-    if (ends_in(path, points_ending)) return content_->points();
+    if (has_ending(path, points_ending)) return content_->points();
     for (const DrawingEnding& row : drawing_endings)
-        if (ends_in(path, row.ending))
+        if (has_ending(path, row.ending))
             return drawing_file(row.kind, diagram_sheet, picture_->diagram().title,
                                 [this](Canvas& canvas) {
                                     draw(canvas, diagram_sheet, picture_->diagram(),

@@ -62,9 +62,7 @@ ReservedName reserved_case_database(std::string_view path, std::string_view calc
 
 ReservedName reserved_short_circuit_database(std::string_view path) {
     for (const auto& [name, in_english, told] : reserved) {
-        const std::string end = "/" + std::string(name);
-        if (path.size() < end.size() || !same_name(path.substr(path.size() - end.size()), end))
-            continue;
+        if (!has_ending(path, "/" + std::string(name))) continue;
         return {true, box_in(LangId::German, taken_name, {told ? name : reserved[0].name})};
     }
     return {};

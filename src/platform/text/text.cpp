@@ -79,4 +79,9 @@ bool same_name(std::string_view a, std::string_view b) {
                       [&](char x, char y) { return lower(x) == lower(y); });
 }
 
+bool has_ending(std::string_view name, std::string_view ending) {
+    return name.size() > ending.size() &&
+           same_name(name.substr(name.size() - ending.size()), ending);
+}
+
 }  // namespace zel

@@ -67,4 +67,7 @@ struct Reason {
 /// Whether two names are one, without regard to the case of ASCII letters.
 [[nodiscard]] bool same_name(std::string_view a, std::string_view b);
 
+/// Whether a name ends so, in the same way, and is more than its ending: "FILE.PDF" in ".pdf".
+[[nodiscard]] bool has_ending(std::string_view name, std::string_view ending);
+
 }  // namespace zel
