@@ -145,8 +145,8 @@ TEST_F(Tables, stay_empty_where_a_method_finds_nothing) {
     EXPECT_FALSE(table->complete());
     EXPECT_EQ(cell_text(table->at(0, 0, 0), table->stepped, DecimalSeparator::Point), "");
     EXPECT_EQ(cell_text(table->at(1, 0, 0), table->stepped, DecimalSeparator::Point), "1331");
-    const SheetDesign sheet = table_sheet(*table, LangId::German);
-    EXPECT_EQ(std::get<std::string>(sheet.cells[1].content), "Cigre TB 207, 0.6 m/s, A");
+    const SheetDesign sheet = table_sheet(*table, {LangId::German, DecimalSeparator::Comma});
+    EXPECT_EQ(std::get<std::string>(sheet.cells[1].content), "Cigre TB 207, 0,6 m/s, A");
     EXPECT_EQ(std::get<double>(sheet.cells.back().content), 1331);
     EXPECT_EQ(sheet.cells.size(), 5U);
 }
