@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "adapters/posix/text_file.h"
+#include "cli/range_calculation.h"
 #include "cli/transient_calculation.h"
 #include "platform/errors.h"
 #include "program/stores.h"
@@ -141,36 +142,23 @@ private:
     SteadyRunResult run_;
 };
 
-class SteadyGraphReport : public CaseRun {
+class SteadyGraphReport : public RangeCalculation {
 public:
-    explicit SteadyGraphReport(ReportFile& file)
-        : CaseRun(file.words()),
-          file_(file),
-          loaded_(load_case(file.words().case_path, file.words(), console())),
-          session_{file.words(), file.words().Meldung_merker(), console()} {
-        take_settings(session_, ProgramStores().settings().now());
-    }
+    explicit SteadyGraphReport(ReportFile& file) : RangeCalculation(file.words()), file_(file) {}
 
 private:
-    int calculate() override {
-        if (loaded_.refusal) return refused(*loaded_.refusal);
-        TableStart start = start_table(loaded_.c, session_);
-        if (start.refusal) return refused(*start.refusal);
-        notes_ = std::move(start.notes);
-        const auto curves = calculate_curves(loaded_.c, session_);
-        for (const Box& box : failures_of_graph(*curves, words().lang)) session_.tell(box);
-        file_.write(S02_Print_Graph_Steady(loaded_.c, *curves, file_.print()));
-        return printed(!loaded_.text_refused && curves->complete());
+    bool find() override {
+        const auto curves = calculate_curves(calc_case(), session());
+        for (const Box& box : failures_of_graph(*curves, words().lang)) session().tell(box);
+        file_.write(S02_Print_Graph_Steady(calc_case(), *curves, file_.print()));
+        return curves->complete();
     }
     [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
-        return file_.document(notes_, messages());
+        return file_.document(notes(), messages());
     }
-    [[nodiscard]] std::string page() const override { return file_.page(notes_); }
+    [[nodiscard]] std::string page() const override { return file_.page(notes()); }
 
     ReportFile& file_;
-    LoadedCase loaded_;
-    Session session_;
-    std::vector<Note> notes_;
 };
 
 class TransientTableReport : public TransientCalculation {

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "cli/case_command.h"
 #include "cli/case_output.h"
+#include "cli/range_calculation.h"
 #include "persistence/sheet_file.h"
 #include "program/case_source.h"
 #include "program/stores.h"
@@ -30,30 +30,20 @@ struct TableWords : CaseWords {
     std::string path{};  // where the table goes; empty for standard output
 };
 
-class TableCommand : public CaseRun {
+class TableCommand : public RangeCalculation {
 public:
-    explicit TableCommand(const TableWords& words)
-        : CaseRun(words),
-          path_(words.path),
-          loaded_(load_case(words.case_path, words, console())),
-          session_{words, words.Meldung_merker(), console()} {
-        take_settings(session_, ProgramStores().settings().now());
-    }
+    explicit TableCommand(const TableWords& words) : RangeCalculation(words), path_(words.path) {}
 
 private:
-    int calculate() override {
-        if (loaded_.refusal) return refused(*loaded_.refusal);
-        TableStart start = start_table(loaded_.c, session_);
-        if (start.refusal) return refused(*start.refusal);
-        notes_ = std::move(start.notes);
-        table_ = *calculate_table(loaded_.c, session_);
+    bool find() override {
+        table_ = *calculate_table(calc_case(), session());
         if (!path_.empty()) {
             XlsxStore workbooks;
             PosixFiles files;
             write_sheet(table_sheet(table_, words().lang), path_, workbooks, files,
                         words().separator);
         }
-        return printed(!loaded_.text_refused && table_.complete());
+        return table_.complete();
     }
 
     [[nodiscard]] std::string document(std::string_view program_end) const override {
@@ -74,7 +64,7 @@ private:
             {"title", table_title(table_.stepped).in(words().lang)},
             {"winds_m_s", table_.winds},
             {"rows", std::move(rows)},
-            {"notes", json_of(notes_)},
+            {"notes", json_of(notes())},
             {"messages", json_of(messages())}};
         if (!program_end.empty()) document["program_end"] = program_end;
         return json_text(document);
@@ -84,7 +74,7 @@ private:
         std::string text = std::string(table_title(table_.stepped).in(words().lang)) + "\n";
         for (std::size_t method = 0; method < table_.methods.size(); ++method)
             text += "\n" + block(method);
-        return text + notes_text(notes_, words().lang);
+        return text + notes_text(notes(), words().lang);
     }
 
     /// The rows of one method.
@@ -115,9 +105,6 @@ private:
 
     static constexpr std::size_t wind_width = 10;
     const std::string& path_;
-    LoadedCase loaded_;
-    Session session_;
-    std::vector<Note> notes_;
     ParameterTable table_;
 };
 
