@@ -29,7 +29,7 @@ constexpr const char* graph_notes =
 constexpr Text wrong_ending = {
     "ein Diagramm wird als .svg, .png oder .pdf geschrieben, seine Punkte als .csv",
     "a diagram is written as .svg, .png or .pdf, its points as .csv"};
-constexpr Text written = {"{0} geschrieben\n", "{0} written\n"};
+constexpr Text file_written = {"{0} geschrieben\n", "{0} written\n"};
 constexpr Text cannot_draw = {"das Diagramm kann nicht gezeichnet werden: {0}",
                               "the diagram cannot be drawn: {0}"};
 constexpr Text no_time = {"die Zustandsänderungen dauern keine Zeit, es gibt nichts zu zeichnen",
@@ -47,6 +47,7 @@ struct GraphFile {
     const GraphWords& words;
     decltype(&drawing_file) draw_file;
     std::optional<DrawingKind> kind{};
+    bool written = false;
 
     GraphFile(const GraphWords& given, const DrawingTools& tools)
         : words(given), draw_file(tools.file) {
@@ -59,8 +60,11 @@ struct GraphFile {
         if (!kind && !ends(".csv")) throw InputError(at(given.path, Reason(wrong_ending)));
     }
 
-    void write(const std::string& bytes) const { write_text_file(words.path, bytes); }
-    void write(const Diagram& diagram) const {
+    void write(const std::string& bytes) {
+        write_text_file(words.path, bytes);
+        written = true;
+    }
+    void write(const Diagram& diagram) {
         DiagramView view;
         view.auxiliary_lines = !words.without_lines;
         view.black_ground = words.black_ground;
@@ -70,19 +74,25 @@ struct GraphFile {
             *kind, diagram_sheet, without_outer_blanks(diagram.title),
             [&](Canvas& canvas) { draw(canvas, diagram_sheet, diagram, view, words.separator); }));
     }
-    /// What is told of a written file.
-    [[nodiscard]] std::string told(const std::vector<Note>& notes,
-                                   const std::vector<Message>& messages) const {
-        if (!words.json)
-            return fill(written.in(words.lang), {words.path}) + notes_text(notes, words.lang);
-        return json_text(
-            {{"file", words.path}, {"notes", json_of(notes)}, {"messages", json_of(messages)}});
+    /// What is told of the file; "file" is null where a run ended before it was written.
+    [[nodiscard]] std::string document(const std::vector<Note>& notes,
+                                       const std::vector<Message>& messages,
+                                       std::string_view program_end) const {
+        nlohmann::ordered_json document = {
+            {"file", nullptr}, {"notes", json_of(notes)}, {"messages", json_of(messages)}};
+        if (written) document["file"] = words.path;
+        if (!program_end.empty()) document["program_end"] = program_end;
+        return json_text(document);
+    }
+    [[nodiscard]] std::string page(const std::vector<Note>& notes) const {
+        if (!written) return {};
+        return fill(file_written.in(words.lang), {words.path}) + notes_text(notes, words.lang);
     }
 };
 
 class SteadyGraph : public RangeCalculation {
 public:
-    explicit SteadyGraph(const GraphFile& file) : RangeCalculation(file.words), file_(file) {}
+    explicit SteadyGraph(GraphFile& file) : RangeCalculation(file.words), file_(file) {}
 
 private:
     bool find() override {
@@ -93,17 +103,17 @@ private:
             file_.write(steady_points(*curves, calc_case()));
         return curves->complete();
     }
-    [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
-        return file_.told(notes(), messages());
+    [[nodiscard]] std::string document(std::string_view program_end) const override {
+        return file_.document(notes(), messages(), program_end);
     }
-    [[nodiscard]] std::string page() const override { return file_.told(notes(), messages()); }
+    [[nodiscard]] std::string page() const override { return file_.page(notes()); }
 
-    const GraphFile& file_;
+    GraphFile& file_;
 };
 
 class TransientGraph : public TransientCalculation {
 public:
-    explicit TransientGraph(const GraphFile& file)
+    explicit TransientGraph(GraphFile& file)
         : TransientCalculation(file.words, true), file_(file) {}
 
 private:
@@ -116,22 +126,18 @@ private:
             file_.write(
                 transient_points(course.series, current_steps(course.rows, course.start,
                                                               course.c.Anzahl_Teilleiter_db)));
-        written_ = true;
     }
-    void draw(const TransientCourse& course) const {
+    void draw(const TransientCourse& course) {
         const auto diagram = transient_diagram(course, words());
         if (!diagram) throw InputError(at(words().case_path, Reason(no_time)));
         file_.write(*diagram);
     }
-    [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
-        return file_.told(report().notes, messages());
+    [[nodiscard]] std::string document(std::string_view program_end) const override {
+        return file_.document(report().notes, messages(), program_end);
     }
-    [[nodiscard]] std::string page() const override {
-        return written_ ? file_.told(report().notes, messages()) : std::string();
-    }
+    [[nodiscard]] std::string page() const override { return file_.page(report().notes); }
 
-    const GraphFile& file_;
-    bool written_ = false;
+    GraphFile& file_;
 };
 
 template <class Run>
@@ -139,7 +145,7 @@ Command<GraphWords> add_kind(CommandLine& line, CLI::App& group, const char* nam
                              const char* description) {
     const auto [command, words] =
         line.add<GraphWords>(group, name, description, [&line](const GraphWords& given) {
-            const GraphFile file(given, line.tools());
+            GraphFile file(given, line.tools());
             if (file.kind && file.draw_file == nullptr)
                 return become_program("zel-draw", line.words(), cannot_draw, given.lang);
             return Run(file).run();

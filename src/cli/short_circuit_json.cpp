@@ -29,8 +29,8 @@ std::string short_circuit_document(const ShortCircuitRun& run,
     document["verdict"] = run.page.verdict;
     ordered_json lines = ordered_json::array();
     for (const VerdictGroup& group : run.page.groups)
-        for (const auto& [label, value, unit] : group.rows)
-            lines.push_back({{"label", label}, {"value", value}, {"unit", unit}});
+        for (const VerdictRow& row : group.rows)
+            lines.push_back({{"label", row.label}, {"value", row.value}, {"unit", row.unit}});
     document["lines"] = std::move(lines);
     return json_text(document);
 }

@@ -4,6 +4,7 @@
 #include "forms/line_form.h"
 #include "forms/short_circuit_form.h"
 #include "persistence/database/case_table.h"
+#include "short_circuit/conductor_materials.h"
 #include "short_circuit/short_circuit_table.h"
 
 namespace zel::forms {
@@ -60,10 +61,6 @@ private:
     ListedLine form_;
 };
 
-/// By the index of the list.
-constexpr std::string_view listed_materials[] = {
-    "", " Kupfer", "Aluminium, Aluminiumlegierung (AlMgSi), Aluminium/Stahl", " Stahl"};
-
 class ListedShortCircuit : public ShortCircuitRecord {
 public:
     using ShortCircuitRecord::ShortCircuitRecord;
@@ -71,8 +68,7 @@ public:
     [[nodiscard]] std::string listed(const Row& row) const override {
         if (row.field != &field_of(&ShortCircuitCase::Leitermaterial_ks))
             return ShortCircuitRecord::listed(row);
-        const auto index = static_cast<std::size_t>(chosen(row));
-        return std::string(index < std::size(listed_materials) ? listed_materials[index] : "");
+        return std::string(material_of_record(static_cast<std::int16_t>(chosen(row))));
     }
 };
 

@@ -13,7 +13,8 @@
 
 namespace zel {
 
-/// A label with its value. A value without a unit that is long is broken into lines.
+/// A label with its value. Words that are long are broken into lines with their unit, and so is a
+/// number that is too long for its column.
 struct ReportRow {
     std::string label;
     std::string value{};
@@ -29,10 +30,11 @@ struct ReportSection {
     int columns = 1;
 };
 
-/// Words over the whole width.
+/// Words over the whole width, below a head where there is one.
 struct ReportParagraph {
     std::string text;
     bool bold = false;
+    std::string head{};
 };
 
 /// A table whose head stands on each sheet that it reaches. The first column is the row heads.
@@ -61,6 +63,7 @@ using ReportBlock =
 /// The band of the project on the first sheet.
 struct ProjectBand {
     ReportRow project, date, operator_name, department;
+    std::string head{};  // above the band
 };
 
 struct Report {

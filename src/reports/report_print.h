@@ -7,7 +7,7 @@
 
 namespace zel {
 
-/// What the reports of the thermal rating are printed with.
+/// What a report is printed with.
 struct ReportPrint {
     PrintLang lang;
     DecimalSeparator separator;

@@ -97,6 +97,8 @@ private:
     }
 
     void add_band(const ProjectBand& band) {
+        text_in({band_box.left, title_box.bottom + 10, band_box.right, band_box.top - 5}, band.head,
+                head_font);
         sheet().boxes.push_back({band_box, 1});
         line(band_box.left, band_rule_y, band_box.right, band_rule_y);
         line(band_rule_x, band_box.top, band_rule_x, band_box.bottom);
@@ -178,7 +180,9 @@ private:
 
     /// A row as lines.
     struct RowLines {
-        std::vector<std::string> label, value;
+        std::vector<std::string> label;
+        std::vector<std::string> value;  // of words, which begin where numbers do not end
+        bool of_words = false;
         [[nodiscard]] std::size_t count() const {
             return std::max({label.size(), value.size(), std::size_t{1}});
         }
@@ -187,9 +191,13 @@ private:
     [[nodiscard]] RowLines lines_of_row(const ReportRow& row, const RowPlaces& places) const {
         RowLines lines;
         lines.label = broken_lines(canvas_, row.label, text_font, places.label_width);
-        if (row.is_text)
-            lines.value =
-                broken_lines(canvas_, row.value, text_font, places.width - places.text_start);
+        lines.of_words = row.is_text || canvas_.text_width(row.value, text_font) >
+                                            places.number_end - places.label_width;
+        if (lines.of_words) {
+            const bool has_unit = !row.value.empty() && !row.unit.empty();
+            lines.value = broken_lines(canvas_, has_unit ? row.value + " " + row.unit : row.value,
+                                       text_font, places.width - places.text_start);
+        }
         return lines;
     }
 
@@ -216,7 +224,7 @@ private:
     }
 
     void add(const ReportSection& section) {
-        const double head = section.head.empty() ? 0 : canvas_.text_height(head_font) * 1.5;
+        const double head = head_height(section.head);
         const std::size_t split = split_of(section);
         const std::size_t count = section.rows.size();
         const double height =
@@ -225,8 +233,7 @@ private:
             make_room(head + height);
         else
             make_room(head + pitch_);
-        text(left, y_, section.head, head_font);
-        y_ += head;
+        add_head(section.head);
         const double top = y_;
         for (std::size_t i = 0; i < count; ++i) {
             if (i == split) y_ = top;
@@ -249,7 +256,7 @@ private:
         put(lines.label, x);
         put(lines.value, x + places.text_start);
         const double height = static_cast<double>(lines.count()) * pitch_;
-        if (!row.is_text) {
+        if (!lines.of_words) {
             // On the last line of the label.
             const double y = y_ + height - pitch_;
             text_to(x + places.number_end, y, row.value, text_font);
@@ -258,13 +265,26 @@ private:
         y_ += height;
     }
 
+    [[nodiscard]] double head_height(const std::string& head) const {
+        return head.empty() ? 0 : canvas_.text_height(head_font) * 1.5;
+    }
+    void add_head(const std::string& head) {
+        text(left, y_, head, head_font);
+        y_ += head_height(head);
+    }
+
     void add(const ReportParagraph& paragraph) {
         const Font& font = paragraph.bold ? bold_font : text_font;
+        if (!paragraph.head.empty()) {
+            make_room(head_height(paragraph.head) + pitch_);
+            add_head(paragraph.head);
+        }
         for (const std::string& part : broken_lines(canvas_, paragraph.text, font, right - left)) {
             make_room(pitch_);
             text(left, y_, part, font);
             y_ += pitch_;
         }
+        if (!paragraph.head.empty()) y_ += gap;
     }
 
     void add(const ReportTable& table) {

@@ -1,5 +1,7 @@
 #include "short_circuit/conductor_materials.h"
 
+#include <iterator>
+
 namespace zel {
 namespace {
 
@@ -18,5 +20,12 @@ constexpr ConductorMaterial materials[] = {
 }  // namespace
 
 std::span<const ConductorMaterial> conductor_materials() { return materials; }
+
+std::string_view material_of_record(std::int16_t index) {
+    constexpr std::string_view names[] = {
+        "", " Kupfer", "Aluminium, Aluminiumlegierung (AlMgSi), Aluminium/Stahl", " Stahl"};
+    const auto row = static_cast<std::size_t>(index);
+    return row < std::size(names) ? names[row] : std::string_view();
+}
 
 }  // namespace zel

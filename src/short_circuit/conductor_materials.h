@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -18,5 +19,9 @@ struct ConductorMaterial {
 /// The list by its index. Index 0 stands for values that are typed or come from a conductor's
 /// record, and has no texts.
 [[nodiscard]] std::span<const ConductorMaterial> conductor_materials();
+
+/// What a record that is shown, and a report, call the entry `index`. Only the first three
+/// materials have a name there.
+[[nodiscard]] std::string_view material_of_record(std::int16_t index);
 
 }  // namespace zel

@@ -25,36 +25,38 @@ struct FlowRow {
     std::size_t flow;
     double CurrentFlow::*value;
     std::string_view label;
+    std::string_view printed_label;
     std::string_view mask;
     std::string_view unit;
 };
 
 // The third current has one digit fewer than the others.
 constexpr FlowRow flow_rows[] = {
-    {0, &CurrentFlow::m, "1. Stromfluss, Faktor m:", factor_mask, ""},
-    {0, &CurrentFlow::n, "Faktor n :", factor_mask, ""},
-    {0, &CurrentFlow::I_th, "I_th1 :", "#####0.0#", kA},
-    {1, &CurrentFlow::m, "2. Stromfluss, Faktor m:", factor_mask, ""},
-    {1, &CurrentFlow::n, "Faktor n :", factor_mask, ""},
-    {1, &CurrentFlow::I_th, "I_th2 :", "#####0.0#", kA},
-    {2, &CurrentFlow::m, "3. Stromfluss, Faktor m:", factor_mask, ""},
-    {2, &CurrentFlow::n, "Faktor n :", factor_mask, ""},
-    {2, &CurrentFlow::I_th, "I_th3 :", "####0.0#", kA},
+    {0, &CurrentFlow::m, "1. Stromfluss, Faktor m:", "1. Stromfluss, Faktor m:", factor_mask, ""},
+    {0, &CurrentFlow::n, "Faktor n :", "Faktor n:", factor_mask, ""},
+    {0, &CurrentFlow::I_th, "I_th1 :", "I_th1:", "#####0.0#", kA},
+    {1, &CurrentFlow::m, "2. Stromfluss, Faktor m:", "2. Stromfluss, Faktor m:", factor_mask, ""},
+    {1, &CurrentFlow::n, "Faktor n :", "Faktor n:", factor_mask, ""},
+    {1, &CurrentFlow::I_th, "I_th2 :", "I_th2:", "#####0.0#", kA},
+    {2, &CurrentFlow::m, "3. Stromfluss, Faktor m:", "3. Stromfluss, Faktor m:", factor_mask, ""},
+    {2, &CurrentFlow::n, "Faktor n :", "Faktor n:", factor_mask, ""},
+    {2, &CurrentFlow::I_th, "I_th3 :", "I_th3:", "####0.0#", kA},
 };
 
 VerdictGroup flow_group(const ShortCircuitCase& c, const ShortCircuitResult& result,
                         DecimalSeparator separator) {
     VerdictGroup group{flow_caption, {}, std::size(flow_rows)};
-    for (const auto& [flow, value, label, mask, unit] : flow_rows) {
+    for (const auto& [flow, value, label, printed_label, mask, unit] : flow_rows) {
         const bool there = static_cast<std::int16_t>(flow) < c.Anzahl_KS_fluesse;
         group.rows.push_back(
             {label, there ? masked(result.flows[flow].*value, mask, separator) : std::string(),
-             unit});
+             unit, printed_label});
     }
     group.rows.push_back({"thermisch gleichwertiger Kurzzeitstrom I_th :",
-                          masked(result.I_th, "####0.0#", separator), kA});
-    group.rows.push_back(
-        {"Kurzschlußstromdauer T_k :", masked(result.T_k, "####0.0#", separator), "s"});
+                          masked(result.I_th, "####0.0#", separator), kA,
+                          "thermisch gleichwertiger Kurzzeitstrom I_th:"});
+    group.rows.push_back({"Kurzschlußstromdauer T_k :", masked(result.T_k, "####0.0#", separator),
+                          "s", "Kurzschlußstromdauer T_k:"});
     return group;
 }
 
@@ -62,25 +64,30 @@ VerdictGroup conductor_group(const ShortCircuitResult& result, DecimalSeparator 
     const auto shown = [&](double value) { return masked(value, density_mask, separator); };
     return {
         conductor_caption,
-        {{"Faktor K zur Berechnung von S_thr :", shown(result.K), "As^0.5/qmm"},
-         {"Bemessungs-Kurzzeitstromdichte S_thr :", shown(result.S_thr), density_unit},
-         {"thermisch gleichwertige Kurzzeitstromdichte S_th :", shown(result.S_th), density_unit},
-         {"S_thr * SQR(T_kr / T_k)  :", shown(result.S_zul), density_unit},
+        {{"Faktor K zur Berechnung von S_thr :", shown(result.K), "As^0.5/qmm", "Faktor k:", false},
+         {"Bemessungs-Kurzzeitstromdichte S_thr :", shown(result.S_thr), density_unit, "S_thr:"},
+         {"thermisch gleichwertige Kurzzeitstromdichte S_th :", shown(result.S_th), density_unit,
+          "S_th:"},
+         {"S_thr * SQR(T_kr / T_k)  :", shown(result.S_zul), density_unit,
+          "S_thr * SQR(T_kr/ T_k):"},
          {"S_th <= S_thr * SQR(T_kr / T_k) :", std::string(yes_no(!(result.S_th > result.S_zul))),
-          ""}}};
+          "", "S_th <= S_thr *SQR(T_kr/ T_k):"}}};
 }
 
 VerdictGroup equipment_group(const ShortCircuitCase& c, const ShortCircuitResult& result,
                              DecimalSeparator separator) {
     if (result.T_k <= c.Tkr.value)
         return {equipment_caption,
-                {{"T_k <= T_kr :", "ja", ""},
-                 {"I_th <= Ithr :", std::string(yes_no(!(result.I_th > c.Ithr.value))), ""}}};
+                {{"T_k <= T_kr :", "ja", "", "T_k <= T_kr:"},
+                 {"I_th <= Ithr :", std::string(yes_no(!(result.I_th > c.Ithr.value))), "",
+                  "I_th <= I_thr:"}}};
     const double w = admissible_current(c, result.T_k);
     return {equipment_caption,
-            {{"Tk <= Tkr :", "nein", ""},
-             {"I_thr * SQR(T_kr / T_k) :", masked(w, "###0.0#", separator), kA},
-             {"I_th <= I_thr * SQR(T_kr / T_k) :", std::string(yes_no(w >= result.I_th)), ""}}};
+            {{"Tk <= Tkr :", "nein", "", "T_k <= T_kr:"},
+             {"I_thr * SQR(T_kr / T_k) :", masked(w, "###0.0#", separator), kA,
+              "I_thr * SQR(T_kr / T_k):"},
+             {"I_th <= I_thr * SQR(T_kr / T_k) :", std::string(yes_no(w >= result.I_th)), "",
+              "I_th <= I_thr * SQR(T_kr / T_k):"}}};
 }
 
 std::string_view verdict_of(const ShortCircuitResult& result) {
@@ -114,9 +121,10 @@ std::string result_text(const VerdictPage& page) {
     Listing listing;
     for (const VerdictGroup& group : page.groups) {
         listing.add_caption(group.caption);
-        for (const auto& [label, value, unit] : group.rows)
-            if (!value.empty())
-                listing.add(label, unit.empty() ? value : value + " " + std::string(unit));
+        for (const VerdictRow& row : group.rows)
+            if (!row.value.empty())
+                listing.add(row.label,
+                            row.unit.empty() ? row.value : row.value + " " + std::string(row.unit));
     }
     return std::string(page.verdict) + "\n" + listing.text();
 }

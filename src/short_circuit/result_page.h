@@ -17,6 +17,8 @@ struct VerdictRow {
     std::string_view label;
     std::string value;
     std::string_view unit;
+    std::string_view printed_label;  // on paper
+    bool unit_printed = true;        // on paper too
 };
 
 /// The intermediate results of one section of EN 60865-1.

@@ -79,4 +79,22 @@ inline ShortCircuitForm limited_equipment() {
         .form;
 }
 
+/// A steel-cored conductor, as the record of one is read.
+inline ConductorData record_264_34() {
+    ConductorData record;
+    record.Bezeichnung1_db = "Al/St  ";
+    record.Bezeichnung2_db = "264-AL1/34-ST1A ";
+    record.Norm_db = " EN 50182";
+    record.Normjahr_db = 2001;
+    record.Normmonat_db = 5;
+    record.Seilquerschnitt_db = {"297.7", 297.7};
+    record.Mantelquerschnitt_db = {"263.7", 263.7};
+    record.c_leiter20_db = {"897.6", 897.6};
+    record.DC_Resist_Leiter_db = {"28.264", 28.264};
+    record.T_Koeff_DC_Resist_Leiter_linear_db = {"4.03", 4.03};
+    record.Dichte_Leiterwerkstoff1_db = {"2703", 2703};
+    record.c_traeger20_db = {"480", 480};
+    return record;
+}
+
 }  // namespace zel

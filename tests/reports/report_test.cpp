@@ -52,16 +52,18 @@ Report random_report(Words& words) {
     report.band = ProjectBand{{"project:", words(40)},
                               {"date:", words(3)},
                               {"operator:", words(12)},
-                              {"department:", words(12)}};
+                              {"department:", words(12)},
+                              words(3)};
     for (int block = words.upto(7); block >= 0; --block) {
         ReportSection section = {words(6), {}, 1 + words.upto(1)};
         for (int row = words.upto(40); row > 0; --row) {
             const bool is_text = words.upto(3) == 0;
             section.rows.push_back(
-                {words(9), is_text ? words(20) : "123.45", is_text ? "" : "mm", is_text});
+                {words(9), is_text || words.upto(9) == 0 ? words(20) : "123.45", "mm", is_text});
         }
         report.blocks.emplace_back(section);
-        if (words.upto(3) == 0) report.blocks.emplace_back(ReportParagraph{words(60)});
+        if (words.upto(3) == 0)
+            report.blocks.emplace_back(ReportParagraph{words(60), words.upto(1) == 0, words(4)});
     }
     ReportTable table = {words(8), words(3), "wind velocity (m/s)", {"0.5", "1.0"}, {}};
     for (int row = words.upto(150); row > 0; --row) table.rows.push_back({"20.0", "812", "901"});

@@ -20,8 +20,8 @@ VerdictPage page_of(const ShortCircuitForm& form,
 
 std::vector<std::string> texts(const VerdictGroup& group) {
     std::vector<std::string> all;
-    for (const auto& [label, value, unit] : group.rows)
-        all.push_back(std::string(label) + "|" + value + "|" + std::string(unit));
+    for (const VerdictRow& row : group.rows)
+        all.push_back(std::string(row.label) + "|" + row.value + "|" + std::string(row.unit));
     return all;
 }
 

@@ -2,10 +2,8 @@
 
 #include <cmath>
 
-#include "fakes/short_circuit_cases.h"
-#include "fakes/test_data.h"
+#include "fakes/short_circuit_rows.h"
 #include "platform/arithmetic_fault.h"
-#include "short_circuit/short_circuit_fields.h"
 #include "short_circuit/short_circuit_run.h"
 
 // The rules of the short-circuit area by tests/data/short_circuit_rules.json.
@@ -19,23 +17,6 @@ using nlohmann::json;
 const json& data() {
     static const json all = test_data("short_circuit_rules");
     return all;
-}
-
-NumberKey box_of(const std::string& name) {
-    return std::get<NumberKey>(find_short_circuit_field(name)->key);
-}
-
-void change(ShortCircuitTyping& typing, const json& row) {
-    for (const auto& [name, value] : row["set"].items())
-        if (value.is_string())
-            typing.type(box_of(name), value);
-        else
-            typing.choose(std::get<ListKey>(find_short_circuit_field(name)->key), value);
-}
-
-ShortCircuitTyping base_of(const json& row) {
-    if (row["base"] == "copper_far") return {copper_far()};
-    return {row["base"] == "aluminium_near" ? aluminium_near() : limited_equipment()};
 }
 
 void expect_refusal(const json& row, const std::optional<ShortCircuitRefusal>& refusal) {

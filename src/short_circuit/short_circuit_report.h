@@ -1,0 +1,18 @@
+#pragma once
+
+#include "reports/report.h"
+#include "reports/report_print.h"
+#include "short_circuit/modul_iec865.h"
+
+namespace zel {
+
+/// The report of a case that was calculated: what was given, the conductor where it is a bare one,
+/// the verdict, and the intermediate results of the result page. It is one sheet. The verdict and
+/// all words among the values are German in every language; most labels of the three others are
+/// placeholders. Numbers that are typed and have no mask stand as they were typed, so they need to
+/// have been typed with the separator of `print`.
+[[nodiscard]] Report KS10_tab_print_Kurzschluss_1(const ShortCircuitCase& c,
+                                                  const ShortCircuitResult& result,
+                                                  const ReportPrint& print);
+
+}  // namespace zel
