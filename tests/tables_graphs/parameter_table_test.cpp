@@ -42,14 +42,6 @@ struct Tables : testing::Test {
     Session session = {{LangId::English, DecimalSeparator::Point}, RunMode::Silent, dialogs};
 };
 
-CalcCase of_all_methods() {
-    CalcCase c = sunny_264_34();
-    static_cast<ConductorData&>(c) = line_264_34();
-    c.ACDC_R_Option_Merker_db = resistance_by_formula;
-    for (const Method method : {Method::TB601, Method::Webs, Method::Kirn}) c.*flag_of(method) = 1;
-    return c;
-}
-
 CalcCase rateable_tube() {
     CalcCase c = tube();
     c.conductor_shape_db = 2;
