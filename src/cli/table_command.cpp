@@ -40,8 +40,7 @@ private:
         if (!path_.empty()) {
             XlsxStore workbooks;
             PosixFiles files;
-            write_sheet(table_sheet(table_, words().lang), path_, workbooks, files,
-                        words().separator);
+            write_sheet(table_sheet(table_, words()), path_, workbooks, files, words().separator);
         }
         return table_.complete();
     }

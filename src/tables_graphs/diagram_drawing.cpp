@@ -14,10 +14,11 @@ namespace {
 constexpr double margin = 300;
 constexpr double gap = 120;
 constexpr double tick = 70;
-constexpr double sample_width = 800;  // of a look in the legend
-constexpr double sign_size = 65;      // from its middle
+constexpr double look_width = 800;  // in the legend
+constexpr double sign_width = 250;  // in the legend
+constexpr double sign_size = 65;    // from its middle
 constexpr double least_plot = 600;
-constexpr int header_columns = 3;
+constexpr std::size_t header_columns = 3;
 constexpr int most_steps = 10;
 constexpr std::string_view widest_value = "00000.0";
 constexpr Font title_font = {10, true};
@@ -53,6 +54,19 @@ std::vector<CanvasPoint> outline(CurveSign sign) {
     }
     return {};
 }
+
+/// A text, cut where it is wider than the room that it has.
+std::string fitted(const Canvas& canvas, std::string text, double room) {
+    if (canvas.text_width(text, font) <= room) return text;
+    const auto continues = [](char letter) { return (letter & 0xC0) == 0x80; };  // in UTF-8
+    while (!text.empty() && canvas.text_width(text + "...", font) > room) {
+        while (text.size() > 1 && continues(text.back())) text.pop_back();
+        text.pop_back();
+    }
+    return text + "...";
+}
+
+double sample_width(const LegendEntry& entry) { return entry.look ? look_width : sign_width; }
 
 class Drawing {
 public:
@@ -98,7 +112,7 @@ private:
         double x = area_.left + margin;
         double rows = diagram_.legend.empty() ? 0 : 1;
         for (const LegendEntry& entry : diagram_.legend) {
-            const double width = sample_width + gap + canvas.text_width(entry.text, font);
+            const double width = sample_width(entry) + gap + canvas.text_width(entry.text, font);
             if (x > area_.left + margin && x + width > area_.right - margin) {
                 x = area_.left + margin;
                 ++rows;
@@ -126,11 +140,33 @@ private:
 
     void draw_header(Canvas& canvas) const {
         canvas.text(area_.left + margin, area_.top + margin, diagram_.title, title_font, ink());
-        const double column = (area_.width() - 2 * margin) / header_columns;
-        for (std::size_t i = 0; i < diagram_.header.size(); ++i)
-            canvas.text(area_.left + margin + static_cast<double>(i / header_rows()) * column,
-                        header_top_ + static_cast<double>(i % header_rows()) * row_,
-                        diagram_.header[i], font, ink());
+        const auto places = header_places(canvas);
+        for (std::size_t i = 0; i < diagram_.header.size(); ++i) {
+            const std::size_t column = i / header_rows();
+            const double room = places[column + 1] - places[column] - 2 * gap;
+            canvas.text(places[column], header_top_ + static_cast<double>(i % header_rows()) * row_,
+                        fitted(canvas, diagram_.header[i], room), font, ink());
+        }
+    }
+
+    /// Where the columns of the header begin, and the last ends: at equal distances, or further
+    /// where a long name needs the room that the others leave.
+    [[nodiscard]] std::array<double, header_columns + 1> header_places(const Canvas& canvas) const {
+        std::array<double, header_columns> needed{};
+        for (std::size_t i = 0; i < diagram_.header.size(); ++i) {
+            double& width = needed[i / header_rows()];
+            width = std::max(width, canvas.text_width(diagram_.header[i], font) + 2 * gap);
+        }
+        const double share = (area_.width() - 2 * margin) / header_columns;
+        std::array<double, header_columns + 1> places{};
+        places[0] = area_.left + margin;
+        for (std::size_t i = 1; i < header_columns; ++i)
+            places[i] =
+                std::max(places[0] + static_cast<double>(i) * share, places[i - 1] + needed[i - 1]);
+        places[header_columns] = area_.right - margin + 2 * gap;
+        for (std::size_t i = header_columns - 1; i > 0; --i)
+            places[i] = std::min(places[i], places[i + 1] - needed[i]);
+        return places;
     }
 
     /// Calls `at` for each auxiliary line of a range, with the text of its value.
@@ -281,12 +317,13 @@ private:
     void draw_legend(Canvas& canvas) const {
         for (const auto& [x, y, entry] : legend_) {
             const double middle = y + row_ / 2;
+            const double width = sample_width(*entry);
             if (entry->look)
                 canvas.line(
-                    x, middle, x + sample_width, middle,
+                    x, middle, x + width, middle,
                     {entry->look->on(view_.black_ground), entry->look->style, entry->look->width});
-            draw_sign(canvas, entry->sign, {x + sample_width / 2, middle}, ink());
-            canvas.text(x + sample_width + gap, y, entry->text, font, ink());
+            draw_sign(canvas, entry->sign, {x + width / 2, middle}, ink());
+            canvas.text(x + width + gap, y, entry->text, font, ink());
         }
     }
 

@@ -240,24 +240,25 @@ std::string cell_text(const std::optional<double>& cell, Stepped stepped,
     return cell ? masked(*cell, kind_of(stepped).result_mask, separator) : "";
 }
 
-SheetDesign table_sheet(const ParameterTable& table, LangId lang) {
+SheetDesign table_sheet(const ParameterTable& table, const Locale& locale) {
     constexpr double label_width = 26;  // in characters
     constexpr double column_width = 14;
     const Kind& kind = kind_of(table.stepped);
     SheetDesign sheet;
-    sheet.name = kind.title.in(lang);
+    sheet.name = kind.title.in(locale.lang);
     sheet.fixed_rows = 1;
     sheet.fixed_columns = 1;
     sheet.columns = {
         {1, 1, label_width},
         {2, 1 + static_cast<int>(table.methods.size() * table.winds.size()), column_width}};
-    sheet.cells.push_back({1, 1, std::string(kind.step_label.in(lang)), CellLook::ColumnHead});
+    sheet.cells.push_back(
+        {1, 1, std::string(kind.step_label.in(locale.lang)), CellLook::ColumnHead});
     int column = 1;
     for (const Method method : table.methods)
         for (const double wind : table.winds)
             sheet.cells.push_back({1, ++column,
                                    std::string(name_of(method)) + ", " +
-                                       plain_number(wind, DecimalSeparator::Point) + " m/s, " +
+                                       plain_number(wind, locale.separator) + " m/s, " +
                                        std::string(kind.result_unit),
                                    CellLook::ColumnHead});
     for (std::size_t step = 0; step < table.steps.size(); ++step) {

@@ -102,6 +102,6 @@ using TableProgress = std::function<bool(std::size_t done, std::size_t all)>;
 
 /// The table for a spreadsheet: a column of steps, then one for each method and wind, with the
 /// numbers that the table shows.
-[[nodiscard]] SheetDesign table_sheet(const ParameterTable& table, LangId lang);
+[[nodiscard]] SheetDesign table_sheet(const ParameterTable& table, const Locale& locale);
 
 }  // namespace zel

@@ -46,11 +46,11 @@ public:
         range_.low = std::min(range_.low, value);
         range_.high = std::max(range_.high, value);
     }
-    /// A range that a person gave, where it is one.
-    void add(const Entry& low, const Entry& high) {
+    /// A range that a person gave, where it is one, times `share`.
+    void add(const Entry& low, const Entry& high, double share = 1) {
         if (low.text.empty() || high.text.empty() || !(low.value < high.value)) return;
-        add(low.value);
-        add(high.value);
+        add(low.value * share);
+        add(high.value * share);
     }
     [[nodiscard]] ValueRange range() const {
         return range_.low > range_.high ? ValueRange{} : round_range(range_);
@@ -109,7 +109,7 @@ Diagram steady_diagram(const ParameterTable& curves, const CalcCase& c, const Lo
     diagram.header = header_lines(c, header_of(curves.stepped), conductor_label, locale);
     const CurvePoints points(curves, c);
     Extent currents, temperatures;
-    currents.add(c.Strom_min_db, c.Strom_max_db);
+    currents.add(c.Strom_min_db, c.Strom_max_db, bundle_share(c));
     temperatures.add(c.Temp_min_db, c.Temp_max_db);
     const bool one_wind = curves.winds.size() == 1;
     for (const MethodLook& row : method_looks) {

@@ -56,7 +56,7 @@ TEST_F(ParameterTablePage, shows_and_copies_what_the_calculation_without_windows
                       cell_text(table.at(step, wind, 0), table.stepped, session.separator));
     EXPECT_EQ(model.headerData(3, Qt::Vertical).toString(), "80");
     EXPECT_EQ(model.headerData(0, Qt::Horizontal).toString(), "Cigre\nTB 207\n0,6 m/s");
-    const std::string whole = tab_text_of(table_sheet(table, session.lang), session.separator);
+    const std::string whole = tab_text_of(table_sheet(table, session), session.separator);
     EXPECT_EQ(copied(), whole);
     view().selectAll();
     EXPECT_EQ(copied(), whole);

@@ -2,6 +2,7 @@
 
 #include "fakes/steady_cases.h"
 #include "fakes/test_data.h"
+#include "steady/case/method.h"
 #include "tb601_transient/tb601/tb601_cause.h"
 #include "tb601_transient/tb601/tb601_params.h"
 
@@ -19,6 +20,30 @@ inline CalcCase line_264_34() {
     c.radialthermalconductivity_unter_KPT_db = typed(1.5);
     c.KniepunktTemperatur_db = typed(100);
     c.radialthermalconductivity_ueber_KPT_db = typed(1.5);
+    return c;
+}
+
+/// The sunny line by all methods that stand side by side.
+inline CalcCase of_all_methods() {
+    CalcCase c = sunny_264_34();
+    static_cast<ConductorData&>(c) = line_264_34();
+    c.ACDC_R_Option_Merker_db = resistance_by_formula;
+    for (const Method method : {Method::TB601, Method::Webs, Method::Kirn}) c.*flag_of(method) = 1;
+    return c;
+}
+
+/// The same over six winds and `steps` currents.
+inline CalcCase over_six_winds(int steps) {
+    constexpr int step = 10;  // A
+    CalcCase c = of_all_methods();
+    c.Leitertemp_Merker_db = false;
+    c.Stromstaerke_Merker_db = true;
+    c.Stromstaerke_db = c.Strom_min_db = typed(step);
+    c.Strom_max_db = typed(step * steps);
+    c.Schrittweite_Strom_db = step;
+    const auto winds = {&CalcCase::Wind1_db, &CalcCase::Wind2_db, &CalcCase::Wind3_db,
+                        &CalcCase::Wind4_db, &CalcCase::Wind5_db, &CalcCase::Wind6_db};
+    for (double speed = 0; const auto wind : winds) c.*wind = typed(speed++);
     return c;
 }
 

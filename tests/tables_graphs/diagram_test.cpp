@@ -77,6 +77,40 @@ TEST(SteadyDiagram, has_a_curve_for_each_method_and_wind_and_gaps_where_there_is
     EXPECT_NE(diagram.curves[0].sign, diagram.curves[1].sign);
 }
 
+TEST(SteadyDiagram, holds_the_range_of_the_current_as_the_bundle_carries_it) {
+    CalcCase c = with_range();
+    c.Strom_min_db = typed(400);
+    c.Strom_max_db = typed(6000);
+    EXPECT_EQ(steady_diagram(two_methods(), c, locale).x.range, (ValueRange{0, 12000}));
+    c.Stromstaerkebuendel_Merker_db = true;
+    EXPECT_EQ(steady_diagram(two_methods(), c, locale).x.range, (ValueRange{0, 11000}));
+}
+
+/// No text of a row reaches into the next one.
+void expect_room_for_texts(const MemoryCanvas& canvas, const CanvasBox& area) {
+    for (const auto& text : canvas.texts) {
+        const double end = text.x + canvas.text_width(text.text, text.font);
+        EXPECT_LE(end, area.right) << text.text;
+        for (const auto& other : canvas.texts)
+            EXPECT_FALSE(other.y == text.y && other.x > text.x && other.x < end)
+                << text.text << " | " << other.text;
+    }
+}
+
+TEST(Diagram, finds_room_for_a_long_name_or_cuts_it) {
+    CalcCase c = with_range();
+    for (const std::size_t letters : {5U, 40U, 400U}) {
+        c.Bezeichnung1_db.clear();
+        while (c.Bezeichnung1_db.size() < 2 * letters) c.Bezeichnung1_db += "\u00e4";
+        MemoryCanvas canvas;
+        draw(canvas, diagram_sheet, steady_diagram(two_methods(), c, locale), {}, locale.separator);
+        expect_room_for_texts(canvas, diagram_sheet);
+        const std::string& name = canvas.texts.at(1).text;
+        EXPECT_EQ(name.find(c.Bezeichnung1_db) == std::string::npos, letters == 400) << name;
+        EXPECT_EQ(name.find("\u00e4...") != std::string::npos, letters == 400) << name;
+    }
+}
+
 /// Where a text stands that is centred on an x value or a y value.
 void expect_labels_at_their_values(const MemoryCanvas& canvas, const DiagramFrame& frame) {
     int labels = 0;

@@ -42,14 +42,6 @@ struct Tables : testing::Test {
     Session session = {{LangId::English, DecimalSeparator::Point}, RunMode::Silent, dialogs};
 };
 
-CalcCase of_all_methods() {
-    CalcCase c = sunny_264_34();
-    static_cast<ConductorData&>(c) = line_264_34();
-    c.ACDC_R_Option_Merker_db = resistance_by_formula;
-    for (const Method method : {Method::TB601, Method::Webs, Method::Kirn}) c.*flag_of(method) = 1;
-    return c;
-}
-
 CalcCase rateable_tube() {
     CalcCase c = tube();
     c.conductor_shape_db = 2;
@@ -145,8 +137,8 @@ TEST_F(Tables, stay_empty_where_a_method_finds_nothing) {
     EXPECT_FALSE(table->complete());
     EXPECT_EQ(cell_text(table->at(0, 0, 0), table->stepped, DecimalSeparator::Point), "");
     EXPECT_EQ(cell_text(table->at(1, 0, 0), table->stepped, DecimalSeparator::Point), "1331");
-    const SheetDesign sheet = table_sheet(*table, LangId::German);
-    EXPECT_EQ(std::get<std::string>(sheet.cells[1].content), "Cigre TB 207, 0.6 m/s, A");
+    const SheetDesign sheet = table_sheet(*table, {LangId::German, DecimalSeparator::Comma});
+    EXPECT_EQ(std::get<std::string>(sheet.cells[1].content), "Cigre TB 207, 0,6 m/s, A");
     EXPECT_EQ(std::get<double>(sheet.cells.back().content), 1331);
     EXPECT_EQ(sheet.cells.size(), 5U);
 }

@@ -33,7 +33,7 @@ std::string TableModel::text_of(const QItemSelection& selection) const {
     for (const QItemSelectionRange& range : selection)
         area |= QRect(range.left(), range.top(), range.width(), range.height());
     if (area.isEmpty() || area == QRect(0, 0, columnCount(), rowCount()))
-        return tab_text_of(table_sheet(table_, locale_.lang), locale_.separator);
+        return tab_text_of(table_sheet(table_, locale_), locale_.separator);
     std::string text;
     for (int row = area.top(); row <= area.bottom(); ++row)
         for (int column = area.left(); column <= area.right(); ++column)

@@ -273,7 +273,7 @@ void TablePanel::copy() {
 
 void TablePanel::save() {
     const LangId lang = parts_.form.session.lang;
-    const SheetDesign sheet = table_sheet(model_.table(), lang);
+    const SheetDesign sheet = table_sheet(model_.table(), parts_.form.session);
     parts_.saving.save(save_title, {}, sheet.name, [&](const std::string& path) {
         write_sheet(sheet, path, parts_.saving.workbooks, parts_.saving.files,
                     parts_.form.session.separator);
