@@ -118,7 +118,7 @@ TEST_F(DiagramWindows, follow_language_inputs_and_case) {
 
 TEST_F(DiagramWindows, draw_a_transient_that_is_that_of_its_inputs) {
     CalcCase c = with_masses(twin_264_34_at(800));
-    c.Z[0] = {seeks_temperature, twin_current(2400), {}, typed(10), typed(0)};
+    c.Z[0] = typed_temperature_row(2400, 10, 0);
     open(c);
     go_to(result_page);
     go_to(transient_page);

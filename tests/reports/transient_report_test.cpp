@@ -12,8 +12,8 @@ namespace {
 struct Ran {
     Ran() {
         c.Projekt_db = "Line 7";
-        c.Z[0] = {seeks_temperature, twin_current(1800), {}, typed(10), typed(0)};
-        c.Z[1] = {seeks_time, twin_current(600), typed(65), {}, {}};
+        c.Z[0] = typed_temperature_row(1800, 10, 0);
+        c.Z[1] = typed_time_row(600, 65);
         c.Z[2] = typed_current_row(80, 30, 0);
         result.start = {400, 55.5};
         result.rows[0] = {seeks_temperature, 900, 95.2, 10, 0, 0, 0};
