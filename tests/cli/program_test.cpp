@@ -27,9 +27,10 @@ TEST(Program, draws_nothing_where_there_is_no_font) {
     if (!std::filesystem::exists(ZEL_PROGRAM "-draw")) GTEST_SKIP() << "built without drawings";
     const ScratchFolder folder;
     folder.write("fonts.conf", "<fontconfig></fontconfig>");
+    const std::string example = ZEL_SOURCE_DIR "/examples/transient-twin-264-34.json";
     const ProcessResult result =
         run_zel({"FONTCONFIG_FILE=" + folder.file("fonts.conf"), ZEL_PROGRAM, "graph", "transient",
-                 ZEL_SOURCE_DIR "/examples/transient-twin-264-34.json", "-o", "a.png"},
+                 example, "-o", "a.png"},
                 folder.path(), {}, {}, "/usr/bin/env");
     EXPECT_EQ(result.exit_status, 2);
     EXPECT_EQ(result.errors, "zel: there is no font installed to draw with\n");
