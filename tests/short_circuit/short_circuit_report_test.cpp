@@ -62,7 +62,7 @@ json expected_lines(const json& row, PrintLang lang) {
     json former = "";
     for (json& line : lines) {
         json& label = line[0];
-        if (lang == PrintLang::German || label == "") continue;
+        if (lang == PrintLang::German || label.get<std::string>().empty()) continue;
         const json texts = data()["texts"].value(label, json{"xxx:", "xxx:", "xxx:"});
         label = texts[static_cast<std::size_t>(lang) - 2];
         if (label.is_null()) label = former;
