@@ -74,6 +74,10 @@ std::string time_text(const CalendarTime& time) {
     return text("%02d:%02d:%02d", time.hour, time.minute, time.second);
 }
 
+std::string moment_text(const CalendarTime& time) {
+    return date_text(time) + " " + time_text(time);
+}
+
 CycleMeans S65_Auswerten_Messzyklus(std::span<const MeasurementSample> samples, double& angle) {
     CycleMeans means;
     means.start = samples.front().time;

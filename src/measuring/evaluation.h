@@ -20,8 +20,9 @@ struct MeasurementSample {
     std::int16_t Globalstrahlung = 0;  // W/m²
 };
 
-[[nodiscard]] std::string date_text(const CalendarTime& time);  // "31.12.2026"
-[[nodiscard]] std::string time_text(const CalendarTime& time);  // "23:59:59"
+[[nodiscard]] std::string date_text(const CalendarTime& time);    // "31.12.2026"
+[[nodiscard]] std::string time_text(const CalendarTime& time);    // "23:59:59"
+[[nodiscard]] std::string moment_text(const CalendarTime& time);  // "31.12.2026 23:59:59"
 
 struct CycleMeans {
     CalendarTime start;  // of the first sample
