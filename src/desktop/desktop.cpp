@@ -132,6 +132,8 @@ int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform 
                        platform.files,
                        platform.workbooks,
                        platform.tables,
+                       platform.sensor_ports,
+                       platform.clock,
                        std::move(platform.conductors),
                        std::move(options.start_path)};
     state.session.memory = &state.memory;

@@ -7,6 +7,8 @@
 
 #include "persistence/conductor_library.h"
 #include "platform/case_store.h"
+#include "platform/clock.h"
+#include "platform/sensor_port.h"
 #include "platform/system.h"
 #include "platform/table_store.h"
 #include "platform/text/number_text.h"
@@ -29,6 +31,8 @@ struct DesktopPlatform {
     CaseStore& store;
     WorkbookStore& workbooks;
     TableStore& tables;
+    SensorPorts& sensor_ports;  // of the measuring instruments
+    const Clock& clock;
     Settings& settings;
     SystemFacts system;
     std::string data_folder;                // databases and the shipped templates

@@ -21,6 +21,7 @@
 #include "fakes/memory_workbook.h"
 #include "fakes/scripted_chooser.h"
 #include "fakes/scripted_dialogs.h"
+#include "fakes/scripted_ports.h"
 #include "fakes/steady_cases.h"
 #include "forms/line_form.h"
 
@@ -47,6 +48,8 @@ protected:
                                      disk,
                                      *used_workbooks,
                                      *used_tables,
+                                     sensor_ports,
+                                     clock,
                                      {"/shipped", "/data/conductors.csv"}});
         state->session.memory = &state->memory;
         state->short_circuit = short_circuit;
@@ -130,6 +133,8 @@ protected:
     MemoryTableStore tables;
     TableStore* used_tables = &tables;
     ShortCircuitForm short_circuit;  // of the short-circuit area at the start
+    ScriptedPorts sensor_ports;
+    ScriptedClock clock;
     int patience_ms = 300;
     QWidget* window = nullptr;
     std::unique_ptr<DesktopState> state;

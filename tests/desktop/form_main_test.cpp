@@ -116,9 +116,12 @@ TEST(RunDesktop, without_a_display_says_so_and_fails) {
     MemoryWorkbookStore workbooks;
     MemoryTableStore tables;
     MemoryFiles files;
-    EXPECT_EQ(
-        run_desktop(argc, nullptr, {}, {store, workbooks, tables, settings, {}, {}, {}, {}, files}),
-        1);
+    ScriptedPorts sensor_ports;
+    const ScriptedClock clock;
+    EXPECT_EQ(run_desktop(
+                  argc, nullptr, {},
+                  {store, workbooks, tables, sensor_ports, clock, settings, {}, {}, {}, {}, files}),
+              1);
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("display"));
 }
 

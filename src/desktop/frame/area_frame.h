@@ -102,6 +102,8 @@ protected:
     virtual void forget_results() = 0;
     [[nodiscard]] virtual std::string text_to_copy() = 0;
 
+    /// The case has become another one: goes to the first page and forgets the results.
+    void show_new_case();
     void show_page(int page);
     [[nodiscard]] int page() const { return page_; }
     [[nodiscard]] QTabWidget& strip() const { return *strip_; }
@@ -129,7 +131,6 @@ private:
     void save_as();
     void hide_form();
     void copy_result();
-    void show_new_case();
 
     AreaFacts facts_;
     const Session& session_;

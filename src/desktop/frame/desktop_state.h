@@ -7,6 +7,8 @@
 #include "desktop/frame/live_settings.h"
 #include "persistence/conductor_library.h"
 #include "platform/case_store.h"
+#include "platform/clock.h"
+#include "platform/sensor_port.h"
 #include "platform/system.h"
 #include "platform/table_store.h"
 #include "platform/workbook.h"
@@ -31,6 +33,8 @@ struct DesktopState {
     Files& files;  // of the conductors, and the exchange file
     WorkbookStore& workbooks;
     TableStore& tables;
+    SensorPorts& sensor_ports;
+    const Clock& clock;
     LibraryPlaces conductors{};
     std::string case_path{};  // the file that the case comes from at the start; may be empty
     ShortCircuitForm short_circuit{};

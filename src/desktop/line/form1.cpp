@@ -11,6 +11,7 @@
 #include "desktop/line/line_diagrams.h"
 #include "desktop/line/line_pictures.h"
 #include "desktop/pictures/side_dock.h"
+#include "measuring/measuring_table.h"
 #include "platform/errors.h"
 #include "shell/program_texts.h"
 #include "steady/case/state_change.h"
@@ -112,6 +113,17 @@ void Form1::case_changed() {
 void Form1::allow_copy_of_page() {
     allow_copy(page() == transient_page ? line_.transient.result() != nullptr
                                         : page() == result_page && !shown_run_is_stale_);
+}
+
+void Form1::take_measured(const StoredRow& row) {
+    if (!commit()) return;
+    measuring::take_over(row, line_.c, session().separator);
+    show_new_case();
+}
+
+void Form1::show_changed_inputs() {
+    load();
+    line_.changed();
 }
 
 void Form1::apply_settings() {
