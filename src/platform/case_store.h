@@ -29,6 +29,9 @@ public:
     /// Throws `InputError` with path and reason where nothing can be read there.
     [[nodiscard]] virtual FlatObject load(const std::string& path) = 0;
 
+    /// What `save` would write, as a text.
+    [[nodiscard]] virtual std::string text_of(const FlatObject& values) const = 0;
+
     /// Replaces what stands at `path`, whole or not at all. Throws `OutputError` with path and
     /// reason.
     virtual void save(const std::string& path, const FlatObject& values) = 0;

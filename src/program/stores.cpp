@@ -49,8 +49,12 @@ FlatObject JsonCaseStore::load(const std::string& path) {
     }
 }
 
+std::string JsonCaseStore::text_of(const FlatObject& values) const {
+    return print_flat_json(values);
+}
+
 void JsonCaseStore::save(const std::string& path, const FlatObject& values) {
-    write_text_file(path, print_flat_json(values));
+    write_text_file(path, text_of(values));
 }
 
 void XlsxStore::create(const std::string& path, const WorkbookDesign& design,

@@ -53,6 +53,7 @@ class JsonCaseStore : public CaseStore {
 public:
     [[nodiscard]] bool has(const std::string& path) override;
     [[nodiscard]] FlatObject load(const std::string& path) override;
+    [[nodiscard]] std::string text_of(const FlatObject& values) const override;
     void save(const std::string& path, const FlatObject& values) override;
 };
 

@@ -1,6 +1,8 @@
 #include <QAction>
 #include <QDockWidget>
+#include <QListWidget>
 #include <QPushButton>
+#include <QTableWidget>
 
 #include "desktop/desktop_fixture.h"
 #include "fakes/short_circuit_cases.h"
@@ -71,6 +73,38 @@ TEST_F(SideDocks, chosen_picture_is_saved) {
     control<QPushButton>("save_picture").click();
     ASSERT_EQ(dialogs.shown.size(), 1U);
     EXPECT_THAT(dialogs.shown.back().lines.back(), HasSubstr("/p.gif"));
+}
+
+TEST_F(SideDocks, pinned_runs_stand_beside_the_next) {
+    open(twin_264_34());
+    go_to(result_page);
+    auto& runs = control<QListWidget>("runs");
+    auto& table = control<QTableWidget>("comparison");
+    ASSERT_EQ(runs.count(), 1);
+    runs.item(0)->setCheckState(Qt::Checked);
+    go_to(input_page);
+    type("Text11", "2");
+    go_to(result_page);
+    ASSERT_EQ(table.columnCount(), 2);
+    std::string changed;
+    for (int row = 0; row < table.rowCount(); ++row)
+        if (table.item(row, 0)->font().bold())
+            changed += table.verticalHeaderItem(row)->text().toStdString() + " " +
+                       table.item(row, 0)->text().toStdString() + " " +
+                       table.item(row, 1)->text().toStdString() + "; ";
+    EXPECT_THAT(changed, testing::EndsWith("; Wind speed [m/s] 0.6 2; "));
+    control<QPushButton>("copy_comparison").click();
+    EXPECT_THAT(QApplication::clipboard()->text().toStdString(),
+                HasSubstr("Wind speed\tm/s\t0.6\t2"));
+    control<QPushButton>("copy_command").click();
+    EXPECT_THAT(
+        QApplication::clipboard()->text().toStdString(),
+        testing::AllOf(testing::StartsWith("zel steady -"), HasSubstr("Windgeschwindigkeit_db\n")));
+    runs.setCurrentRow(1);
+    dialogs.answers = {Answer::Yes};
+    control<QPushButton>("open_run").click();
+    EXPECT_EQ(pages().currentIndex(), input_page);
+    EXPECT_EQ(typed_in("Text11"), "0.6");
 }
 
 TEST_F(SideDocks, utilisation_stands_beside_the_verdict) {

@@ -47,6 +47,11 @@ public:
         if (found == files.end()) throw InputError(path + ": No such file or directory");
         return found->second;
     }
+    std::string text_of(const FlatObject& values) const override {
+        std::string text;
+        for (const FlatMember& member : values) text += member.key + "\n";
+        return text;
+    }
     void save(const std::string& path, const FlatObject& values) override {
         if (path.starts_with("/locked/")) throw OutputError(path + ": Permission denied");
         files[path] = values;

@@ -2,6 +2,7 @@
 
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTime>
 #include <utility>
 
 #include "desktop/frame/events.h"
@@ -10,11 +11,14 @@
 #include "desktop/line/form1_transient_page.h"
 #include "desktop/line/line_diagrams.h"
 #include "desktop/line/line_pictures.h"
+#include "desktop/pictures/compare_panel.h"
 #include "desktop/pictures/side_dock.h"
 #include "measuring/measuring_table.h"
+#include "persistence/case_file.h"
 #include "platform/errors.h"
 #include "shell/program_texts.h"
 #include "steady/case/state_change.h"
+#include "workflow/rules/derived.h"
 #include "workflow/run/notes.h"
 #include "workflow/run/page_change.h"
 #include "workflow/run/steady_texts.h"
@@ -83,7 +87,25 @@ void Form1::add_docks(const Form1Parts& parts) {
     pictures_ = new LinePictures({session(), captions(), parts.area.chooser, parts.files}, line_);
     auto* pictures = new SideDock(*this, pictures_dock, pictures_, captions());
     pictures->open_by_itself(true);
-    add_view_menu(*this, captions(), {pictures});
+    comparison_ = new ComparePanel(
+        {{session(), captions(), parts.area.chooser, parts.files},
+         parts.workbooks,
+         [this](const KeptRun& run) { open_run(run); },
+         [&store = parts.area.store](const CalcCase& c) {
+             return store.text_of(values_of(without_found_values(without_derived_current(c))));
+         }});
+    auto* comparison = new SideDock(*this, comparison_dock, comparison_, captions());
+    tabifyDockWidget(pictures, comparison);
+    add_view_menu(*this, captions(), {pictures, comparison});
+}
+
+/// A kept run becomes the case.
+void Form1::open_run(const KeptRun& run) {
+    if (!commit() || !may_be_replaced()) return;
+    line_.c = run.c;
+    load();
+    line_.changed();
+    strip().setCurrentIndex(input_page);
 }
 
 Form1::~Form1() = default;
@@ -180,7 +202,9 @@ bool Form1::run() {
     shown_run_ = result;
     if (result.may_save) databases().allow_saving(true);
     line_.transient.keep(result, line_.c);
-    pictures_->show_run({{}, line_.c, result});
+    const KeptRun kept = {QTime::currentTime().toString("HH:mm:ss").toStdString(), line_.c, result};
+    pictures_->show_run(kept);
+    comparison_->keep(kept);
     load();  // the run reconciles the currents of sub-conductor and bundle
     strip().setTabEnabled(transient_page, true);
     for (const Box& box : result.advice) session().tell(box);

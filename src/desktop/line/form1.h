@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 
+#include "compare/kept_run.h"
 #include "desktop/frame/area_frame.h"
 #include "desktop/frame/conductor_source.h"
 #include "desktop/frame/diagram_source.h"
@@ -16,6 +17,7 @@
 namespace zel {
 
 class ConductorPage;
+class ComparePanel;
 class GeneralPage;
 class LinePictures;
 class ResultPage;
@@ -65,6 +67,7 @@ private:
     bool run();
     void tell_result_anew();
     void add_docks(const Form1Parts& parts);
+    void open_run(const KeptRun& run);
     void allow_copy_of_page();
 
     LineCase line_;
@@ -79,6 +82,7 @@ private:
     ResultPage* result_;
     TransientPage* transient_;
     LinePictures* pictures_ = nullptr;
+    ComparePanel* comparison_ = nullptr;
     std::optional<SteadyRunResult> shown_run_;  // the last valid run
     bool shown_run_is_stale_ = false;           // a refused run came after it
     int sharing_;                               // sub-conductors that share the typed currents

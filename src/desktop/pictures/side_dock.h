@@ -43,6 +43,10 @@ private:
 inline constexpr DockFacts pictures_dock = {
     "pictures_dock", {"Bilder", "Pictures"}, {"&Bilder", "&Pictures"}, "Ctrl+Shift+B"};
 
+/// The dock with the runs of a session.
+inline constexpr DockFacts comparison_dock = {
+    "comparison_dock", {"Vergleich", "Comparison"}, {"&Vergleich", "&Comparison"}, "Ctrl+Shift+V"};
+
 /// The menu of the docks of `form`, before that of the languages.
 void add_view_menu(AreaFrame& form, Captions& captions, const std::vector<SideDock*>& docks);
 
