@@ -17,6 +17,7 @@ namespace zel {
 
 class ConductorPage;
 class GeneralPage;
+class LinePictures;
 class ResultPage;
 class TransientPage;
 
@@ -63,6 +64,7 @@ private:
     void case_changed();
     bool run();
     void tell_result_anew();
+    void add_docks(const Form1Parts& parts);
     void allow_copy_of_page();
 
     LineCase line_;
@@ -76,6 +78,7 @@ private:
     ConductorPage* conductor_;
     ResultPage* result_;
     TransientPage* transient_;
+    LinePictures* pictures_ = nullptr;
     std::optional<SteadyRunResult> shown_run_;  // the last valid run
     bool shown_run_is_stale_ = false;           // a refused run came after it
     int sharing_;                               // sub-conductors that share the typed currents

@@ -3,8 +3,11 @@
 #include <QTabWidget>
 #include <utility>
 
+#include "desktop/pictures/picture_panel.h"
+#include "desktop/pictures/side_dock.h"
 #include "desktop/short_circuit/form_pages.h"
 #include "desktop/short_circuit/result_view.h"
+#include "pictures/utilisation_picture.h"
 #include "shell/program_texts.h"
 #include "short_circuit/short_circuit_fields.h"
 #include "short_circuit/short_circuit_file.h"
@@ -16,6 +19,10 @@ namespace {
 constexpr Text page_captions[] = {{"&Eingabedaten"}, {"&Leiterdaten"}, {"E&rgebnis"}};
 constexpr Text form_title = {"Thermische Kurzschlußstromfestigkeit nach IEC 865-1",
                              short_circuit_title.en};
+
+constexpr Text utilisation_name = {"Ausnutzung", "Utilisation"};
+constexpr Text no_picture = {"Das Bild zeigt das Ergebnis, sobald es berechnet ist.",
+                             "The picture shows the result as soon as it is calculated."};
 
 constexpr FormLook look = {
     .row_gap = 8,
@@ -65,14 +72,15 @@ private:
 }  // namespace
 
 KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& name,
-                 const MakeConductorSource& make_conductors)
+                 const MakeConductorSource& make_conductors, Files& files)
     : AreaFrame({"KS_Form1", "mneu", "close_KS_Form1", name, short_circuit_title, form_title,
                  forms::short_circuit_databases()},
                 parts, std::make_unique<CaseRecord>(form, parts.session), {}),
       form_(form),
       record_(form_, parts.session),
       conductors_(make_conductors(*this, [this] { take_over_conductor(); })),
-      result_(new ResultView) {
+      result_(new ResultView),
+      pictures_(new PicturePanel({parts.session, parts.captions, parts.chooser, files})) {
     const FormParts form_parts = {record_,
                                   session(),
                                   captions(),
@@ -88,6 +96,10 @@ KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& nam
     for (AreaPage* page : std::initializer_list<AreaPage*>{general_, conductor_, result_})
         add_page(page, *caption++);
     finish();
+    captions().computed([this](LangId) { show_picture(); });
+    auto* pictures = new SideDock(*this, pictures_dock, pictures_, captions());
+    pictures->open_by_itself(true);
+    add_view_menu(*this, captions(), {pictures});
 }
 
 KsForm1::~KsForm1() = default;
@@ -130,6 +142,7 @@ void KsForm1::take_over_conductor() {
 void KsForm1::leave_page() {
     result_->clear();
     shown_.reset();
+    show_picture();
     allow_copy(false);
 }
 
@@ -148,9 +161,19 @@ void KsForm1::run() {
         go_to(*run.refusal);
         return;
     }
-    shown_ = run.page;
+    shown_ = run;
     result_->show_page(run.page);
+    show_picture();
     allow_copy(true);
+}
+
+/// The picture belongs to the result page.
+void KsForm1::show_picture() {
+    const LangId lang = session().lang;
+    if (!shown_) return pictures_->show_entries({}, std::string(no_picture.in(lang)));
+    pictures_->show_entries(
+        {{std::string(utilisation_name.in(lang)),
+          [this] { return utilisation_picture(form_.content(), shown_->result, session()); }}});
 }
 
 void KsForm1::go_to(const ShortCircuitRefusal& refusal) {
@@ -161,6 +184,6 @@ void KsForm1::go_to(const ShortCircuitRefusal& refusal) {
     if (input != nullptr) refused(input);  // once the keys that led here have moved the focus
 }
 
-std::string KsForm1::text_to_copy() { return shown_ ? result_text(*shown_) : std::string(); }
+std::string KsForm1::text_to_copy() { return shown_ ? result_text(shown_->page) : std::string(); }
 
 }  // namespace zel::short_circuit
