@@ -36,6 +36,7 @@ void LinePictures::show_case() {
 
 void LinePictures::show_run(KeptRun run) {
     run_ = std::move(run);
+    sensitivity_.reset();
     show_case();
 }
 
@@ -45,7 +46,7 @@ void LinePictures::forget() {
 }
 
 /// Pictures are made when they are looked at, from what is kept here until then.
-std::vector<PictureEntry> LinePictures::entries() const {
+std::vector<PictureEntry> LinePictures::entries() {
     const LangId lang = session_.lang;
     std::vector<PictureEntry> entries;
     if (run_)
@@ -62,7 +63,7 @@ std::vector<PictureEntry> LinePictures::entries() const {
     return entries;
 }
 
-void LinePictures::add_results(std::vector<PictureEntry>& entries) const {
+void LinePictures::add_results(std::vector<PictureEntry>& entries) {
     const LangId lang = session_.lang;
     std::vector<PictureEntry> sensitivities;
     for (const MethodResult& line : run_->result.methods) {
@@ -73,8 +74,9 @@ void LinePictures::add_results(std::vector<PictureEntry>& entries) const {
                            }});
         sensitivities.push_back({named(sensitivity_name, method, lang),
                                  [this, method]() -> std::optional<Picture> {
-                                     const auto found = sensitivity(run_->c, session_);
-                                     return sensitivity_picture(*found, method, session_);
+                                     if (!sensitivity_)
+                                         sensitivity_ = sensitivity(run_->c, session_);
+                                     return sensitivity_picture(*sensitivity_, method, session_);
                                  },
                                  false});
     }

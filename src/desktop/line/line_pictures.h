@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "compare/kept_run.h"
+#include "compare/sensitivity.h"
 #include "desktop/line/line_case.h"
 #include "desktop/pictures/picture_panel.h"
 
@@ -20,12 +21,13 @@ public:
     void forget();
 
 private:
-    [[nodiscard]] std::vector<PictureEntry> entries() const;
-    void add_results(std::vector<PictureEntry>& entries) const;
+    [[nodiscard]] std::vector<PictureEntry> entries();
+    void add_results(std::vector<PictureEntry>& entries);
 
     const LineCase& line_;
     const Session& session_;
     std::optional<KeptRun> run_;
+    std::optional<Sensitivity> sensitivity_;  // of the run, once it was looked at
 };
 
 }  // namespace zel
