@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ctime>
 #include <functional>
 #include <optional>
 #include <string>
@@ -7,6 +8,7 @@
 
 #include "persistence/conductor_library.h"
 #include "platform/case_store.h"
+#include "platform/printers.h"
 #include "platform/system.h"
 #include "platform/table_store.h"
 #include "platform/text/number_text.h"
@@ -35,6 +37,8 @@ struct DesktopPlatform {
     std::vector<std::string> help_folders;  // where the help documents lie
     std::function<void()> start_companion;  // the first start of the conductor database
     Files& files;                           // of the conductors, and the exchange file
+    Printers& printers;
+    std::function<std::tm()> print_time;  // of a report, local
     LibraryPlaces conductors{};
 };
 

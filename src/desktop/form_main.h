@@ -6,6 +6,7 @@
 #include "desktop/frame/desktop_state.h"
 #include "desktop/help_menu.h"
 #include "desktop/line/form1.h"
+#include "desktop/printing/print_desk.h"
 #include "desktop/settings/settings_menu.h"
 #include "desktop/short_circuit/ks_form1.h"
 
@@ -49,6 +50,7 @@ private:
 
     DesktopState& state_;
     Captions captions_;  // of all windows
+    PrintDesk printing_;
     Form1 form1_;
     short_circuit::KsForm1 ks_form1_;
     std::vector<std::unique_ptr<SettingsMenu>> settings_menus_;

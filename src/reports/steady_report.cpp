@@ -275,6 +275,10 @@ std::optional<Report> print_tab_stat(const SteadyPrint& steady, const ReportPrin
     return S01_print_tab_stat_cigrewebskirn_1(steady, print);
 }
 
+std::string_view steady_procedure(const CalcCase& c) {
+    return is_busbar_alone(c) ? "S01_print_tab_stat_TBB_1" : "S01_print_tab_stat_cigrewebskirn_1";
+}
+
 Report S01_print_tab_stat_cigrewebskirn_1(const SteadyPrint& steady, const ReportPrint& print) {
     return SteadyPages(steady, print).print();
 }

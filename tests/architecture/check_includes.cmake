@@ -24,6 +24,7 @@ endmacro()
 folder(platform)
 folder(platform/text platform)
 list(APPEND reach_platform platform/text)  # one floor
+folder(adapters/printers platform)
 folder(adapters/qt_canvas platform)
 folder(steady/case platform)
 folder(steady steady/case)
@@ -41,13 +42,13 @@ folder(reports tables_graphs)
 folder(short_circuit persistence reports)
 folder(forms excel_batch measuring short_circuit)
 folder(desktop/frame forms adapters/qt_canvas)
-set(themes line short_circuit conductors settings batch databases diagrams)
+set(themes line short_circuit conductors settings batch databases diagrams printing)
 list(TRANSFORM themes PREPEND desktop/)
 foreach(theme IN LISTS themes)
     folder(${theme} desktop/frame)
 endforeach()
 folder(program persistence/database)  # and every adapter
-folder(desktop ${themes} program)
+folder(desktop ${themes} program adapters/printers)
 folder(cli forms program)  # and every adapter
 
 set(qt_folders "^(desktop|desktop/.*|adapters/(qt_canvas|serial))$")

@@ -21,6 +21,7 @@
 #include "fakes/memory_workbook.h"
 #include "fakes/scripted_chooser.h"
 #include "fakes/scripted_dialogs.h"
+#include "fakes/scripted_printers.h"
 #include "fakes/steady_cases.h"
 #include "forms/line_form.h"
 
@@ -47,6 +48,8 @@ protected:
                                      disk,
                                      *used_workbooks,
                                      *used_tables,
+                                     printers,
+                                     [this] { return print_time; },
                                      {"/shipped", "/data/conductors.csv"}});
         state->session.memory = &state->memory;
         state->short_circuit = short_circuit;
@@ -129,6 +132,8 @@ protected:
     WorkbookStore* used_workbooks = &workbooks;
     MemoryTableStore tables;
     TableStore* used_tables = &tables;
+    ScriptedPrinters printers;
+    std::tm print_time = {.tm_min = 5, .tm_hour = 9, .tm_mday = 22, .tm_mon = 10, .tm_year = 126};
     ShortCircuitForm short_circuit;  // of the short-circuit area at the start
     int patience_ms = 300;
     QWidget* window = nullptr;

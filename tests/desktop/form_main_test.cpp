@@ -116,9 +116,10 @@ TEST(RunDesktop, without_a_display_says_so_and_fails) {
     MemoryWorkbookStore workbooks;
     MemoryTableStore tables;
     MemoryFiles files;
-    EXPECT_EQ(
-        run_desktop(argc, nullptr, {}, {store, workbooks, tables, settings, {}, {}, {}, {}, files}),
-        1);
+    ScriptedPrinters printers;
+    const DesktopPlatform platform = {store, workbooks, tables, settings, {}, {},
+                                      {},    {},        files,  printers, {}};
+    EXPECT_EQ(run_desktop(argc, nullptr, {}, platform), 1);
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("display"));
 }
 

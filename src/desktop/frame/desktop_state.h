@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ctime>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -7,6 +9,7 @@
 #include "desktop/frame/live_settings.h"
 #include "persistence/conductor_library.h"
 #include "platform/case_store.h"
+#include "platform/printers.h"
 #include "platform/system.h"
 #include "platform/table_store.h"
 #include "platform/workbook.h"
@@ -31,6 +34,8 @@ struct DesktopState {
     Files& files;  // of the conductors, and the exchange file
     WorkbookStore& workbooks;
     TableStore& tables;
+    Printers& printers;
+    std::function<std::tm()> print_time;  // of a report, local
     LibraryPlaces conductors{};
     std::string case_path{};  // the file that the case comes from at the start; may be empty
     ShortCircuitForm short_circuit{};

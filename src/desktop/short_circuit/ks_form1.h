@@ -31,6 +31,9 @@ protected:
     void leave_page() override;
     void forget_results() override {}
     [[nodiscard]] std::string text_to_copy() override;
+    [[nodiscard]] std::string print_caption() const override;
+    [[nodiscard]] std::optional<PrintOrder> report_of_page() override;
+    void print_order(const PrintOrder& order) override;
 
 private:
     void case_changed();
@@ -45,7 +48,7 @@ private:
     GeneralPage* general_;
     ConductorPage* conductor_;
     ResultView* result_;
-    std::optional<VerdictPage> shown_;  // the result, while it is shown
+    std::optional<ShortCircuitRun> shown_;  // the result, while it is shown
 };
 
 }  // namespace zel::short_circuit
