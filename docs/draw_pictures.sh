@@ -8,5 +8,12 @@ cd -- "$(dirname -- "${BASH_SOURCE[0]}")"
 draw() {
     "$zel" graph "$1" "../examples/$2.json" -o "pictures/$3.svg" "${@:4}" || (($? == 1))
 }
+# picture KIND EXAMPLE
+picture() {
+    "$zel" picture "$1" "../examples/$2.json" -o "pictures/$1.svg"
+}
+for kind in balance conductor methods; do picture "$kind" 380kV-twin-264-34; done
+picture situation wind-100-degrees
+picture utilisation short-circuit-264-34
 draw steady table-264-34 steady-diagram
 draw transient transient-twin-264-34 transient-diagram

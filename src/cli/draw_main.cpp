@@ -25,6 +25,7 @@ int run(int argc, char** argv) {
     app.require_subcommand(1);
     CommandLine line(app, argv, {draw_alone, draw_sheets_alone});
     add_graph(line);
+    add_picture(line);
     add_report(line);
     if (const auto status = refused_words(app, argc, argv)) return *status;
     return line.chosen()();

@@ -92,6 +92,8 @@ public:
     /// The outline of a box.
     virtual void box(const CanvasBox& box, const Pen& pen) = 0;
     virtual void fill(const CanvasBox& box, Colour colour) = 0;
+    /// What an outline encloses, which leads back from its last point to the first.
+    virtual void area(std::span<const CanvasPoint> outline, Colour colour) = 0;
     /// Only what is inside is drawn until another call; everything without a box.
     virtual void clip(const std::optional<CanvasBox>& inside) = 0;
 };

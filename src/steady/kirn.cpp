@@ -16,9 +16,15 @@ public:
 
     /// Keeps the current for the next time.
     CurrentResult current_at(double T_C);
+    HeatTerms terms_at(double I, double T_C) const;
     double angle() const { return angle_; }
 
 private:
+    /// Resistance (ohm/m) and losses (W/m).
+    struct Losses {
+        double Rt, Pr, Pc;
+    };
+    Losses losses_at(double T_C) const;
     double solar_heating(double slope) const;
 
     FaultWatch arithmetic_;
@@ -45,22 +51,29 @@ HeatBalance::HeatBalance(const KirnInput& in, double former)
 
 /// By date, sky and ground.
 double HeatBalance::solar_heating(double slope) const {
-    const SunInput& at = in_.sun;
-    const double N = day_of_year(at.day, at.month);
-    const SunPosition sun = sun_position(at, N, at.clock - (in_summer_time(N) ? 1 : 0));
+    const SunPosition sun = kirn_sun(in_.sun);
     double hs = sun.height;
-    const double Fg = kirn_sky(kirn_air_mass(hs), kirn_season(at.month), in_.clearness);
+    const double Fg = kirn_sky(kirn_air_mass(hs), kirn_season(in_.sun.month), in_.clearness);
     if (std::cos(hs) < 0.001) hs = 1.5697;
     const double i = kirn_sun_angle(sun, hs, radians(in_.azimuth), kirn_slope_angle(slope));
     return kirn_solar_heating(in_.ground, hs, Fg, i);
 }
 
-CurrentResult HeatBalance::current_at(double T_C) {
+HeatBalance::Losses HeatBalance::losses_at(double T_C) const {
     const auto& [S, epsilon, D, albedo, Tg] = in_.ground;
     const double T = T_C + kelvin;
-    const double Pc = kirn_convective_cooling(T, in_.Ta, D, in_.V, w_, Rw_);
-    const double Q = Pc + kirn_radiation(D, T, epsilon) - Ps_;
-    const double Rt = (1 + in_.a * (T - 293)) * in_.R0;
+    return {(1 + in_.a * (T - 293)) * in_.R0, kirn_radiation(D, T, epsilon),
+            kirn_convective_cooling(T, in_.Ta, D, in_.V, w_, Rw_)};
+}
+
+HeatTerms HeatBalance::terms_at(double I, double T_C) const {
+    const auto [Rt, Pr, Pc] = losses_at(T_C);
+    return {I * std::abs(I) * Rt, Ps_, Pc, Pr};
+}
+
+CurrentResult HeatBalance::current_at(double T_C) {
+    const auto [Rt, Pr, Pc] = losses_at(T_C);
+    const double Q = Pc + Pr - Ps_;
     const double q = computed(Q < 0 || Rt < 0 ? -std::abs(Q / Rt) : Q / Rt);
     if (q > 0) current_ = std::sqrt(q);
     if (q < 0) current_ = -std::sqrt(std::abs(q));
@@ -85,6 +98,15 @@ KirnInput kirn_input(const CalcCase& c, double delta) {
     in.Feldlaenge = c.Feldlaenge_db.value;
     in.sun = sun_input(c);
     return in;
+}
+
+SunPosition kirn_sun(const SunInput& in) {
+    const double N = day_of_year(in.day, in.month);
+    return sun_position(in, N, in.clock - (in_summer_time(N) ? 1 : 0));
+}
+
+HeatTerms kirn_heat_terms(const KirnInput& in, double I, double T) {
+    return HeatBalance(in, 0).terms_at(I, T);
 }
 
 KirnCurrent S1_Rechnung_strom_kirn(const KirnInput& in, double T, double former) {

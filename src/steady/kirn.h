@@ -28,6 +28,14 @@ struct KirnInput {
 /// The input of Kirn for `c` at the folded angle `delta` (degrees).
 [[nodiscard]] KirnInput kirn_input(const CalcCase& c, double delta);
 
+/// The sun by the clock of Kirn; its height may be below the horizon.
+[[nodiscard]] SunPosition kirn_sun(const SunInput& in);
+
+/// The terms of the heat balance at the current `I` (A) and the conductor temperature `T` (°C). The
+/// heat of the sun has that of ground and sky in it. The Joule heating is negative where the
+/// current is: it is the heat in excess.
+[[nodiscard]] HeatTerms kirn_heat_terms(const KirnInput& in, double I, double T);
+
 // The angle between wind and conductor in degrees comes back with each result: mirrored where the
 // folded one was above 90, it takes the place of the folded angle.
 

@@ -26,8 +26,14 @@ public:
     HeatBalance(const WebsInput& in, WebsQuestions& questions);
 
     CurrentResult current_at(double T);
+    HeatTerms terms_at(double I, double T);
 
 private:
+    /// Resistance (ohm/km) and losses (W/m).
+    struct Losses {
+        double Rac, Prad, Pc;
+    };
+    Losses losses_at(double T);
     double free_convection(double T, double difference);
     double forced_convection(double T, double difference);
     double wind_across() const;
@@ -54,13 +60,23 @@ HeatBalance::HeatBalance(const WebsInput& in, WebsQuestions& questions)
     p_ = computed(webs_pressure(in.altitude, in.g));
 }
 
-CurrentResult HeatBalance::current_at(double T) {
+HeatBalance::Losses HeatBalance::losses_at(double T) {
     const double TK = T + kelvin;
     const double TaK = in_.Ta + kelvin;
     const double Rac = in_.DCR20 * (1 + in_.a * (TK - 293.15)) * k_;
     const double Prad = computed(webs_radiative_cooling(D_, in_.emissivity, TK, TaK));
     const double Pc =
         in_.V < free_below ? free_convection(T, TK - TaK) : forced_convection(T, TK - TaK);
+    return {Rac, Prad, Pc};
+}
+
+HeatTerms HeatBalance::terms_at(double I, double T) {
+    const auto [Rac, Prad, Pc] = losses_at(T);
+    return {I * std::abs(I) * Rac / 1000, Psol_, Pc, Prad};
+}
+
+CurrentResult HeatBalance::current_at(double T) {
+    const auto [Rac, Prad, Pc] = losses_at(T);
     const double Q = computed((Prad + Pc - Psol_) / Rac * 1000);
     const double current = Q >= 0 ? std::sqrt(Q) : -std::sqrt(std::abs(Q));
     return {current, {"Modul_Webs", "S1_Rechnung_strom_webs", arithmetic_.fault()}};
@@ -115,9 +131,17 @@ WebsInput webs_input(const CalcCase& c, double delta) {
     return in;
 }
 
-double S3_Sonnenhoehe_webs(const SunInput& in, std::int16_t wzsz_merker) {
+SunPosition webs_sun(const SunInput& in, std::int16_t wzsz_merker) {
     const double N = day_of_year(in.day, in.month);
-    return std::max(0.0, sun_position(in, N, clock_time(in, N, wzsz_merker)).height);
+    return sun_position(in, N, clock_time(in, N, wzsz_merker));
+}
+
+double S3_Sonnenhoehe_webs(const SunInput& in, std::int16_t wzsz_merker) {
+    return std::max(0.0, webs_sun(in, wzsz_merker).height);
+}
+
+HeatTerms webs_heat_terms(const WebsInput& in, double I, double T, WebsQuestions& questions) {
+    return HeatBalance(in, questions).terms_at(I, T);
 }
 
 CurrentResult S1_Rechnung_strom_webs(const WebsInput& in, double T, WebsQuestions& questions) {

@@ -39,6 +39,15 @@ struct WebsInput {
 /// Sun height in radians, 0 at night. The hour of summer time comes off where `wzsz_merker` is 1.
 [[nodiscard]] double S3_Sonnenhoehe_webs(const SunInput& in, std::int16_t wzsz_merker);
 
+/// The sun by the clock of Webs; its height may be below the horizon.
+[[nodiscard]] SunPosition webs_sun(const SunInput& in, std::int16_t wzsz_merker);
+
+/// The terms of the heat balance at the current `I` (A) and the conductor temperature `T` (°C). The
+/// Joule heating is negative where the current is: it is the heat in excess. Throws as
+/// `WebsQuestions` does.
+[[nodiscard]] HeatTerms webs_heat_terms(const WebsInput& in, double I, double T,
+                                        WebsQuestions& questions);
+
 /// The current at the conductor temperature `T` (°C). It is negative where the conductor would be
 /// hotter without current: the magnitude is that of the heat in excess. Throws `ProgramEnd` as
 /// `WebsQuestions` does.

@@ -56,6 +56,13 @@ void MappedCanvas::fill(const CanvasBox& box, Colour colour) {
     target_.fill(mapped(box), colour);
 }
 
+void MappedCanvas::area(std::span<const CanvasPoint> outline, Colour colour) {
+    end_path();
+    std::vector<CanvasPoint> there;
+    for (const CanvasPoint& corner : outline) there.push_back(mapped(corner));
+    target_.area(there, colour);
+}
+
 void MappedCanvas::clip(const std::optional<CanvasBox>& inside) {
     end_path();
     target_.clip(inside ? std::optional(mapped(*inside)) : std::nullopt);

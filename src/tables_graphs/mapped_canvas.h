@@ -23,6 +23,7 @@ public:
     void path(std::span<const CanvasPoint> points, const Pen& pen) override;
     void box(const CanvasBox& box, const Pen& pen) override;
     void fill(const CanvasBox& box, Colour colour) override;
+    void area(std::span<const CanvasPoint> outline, Colour colour) override;
     void clip(const std::optional<CanvasBox>& inside) override;
 
 private:

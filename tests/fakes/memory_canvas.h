@@ -45,6 +45,9 @@ public:
     }
     void box(const CanvasBox& box, const Pen& /*pen*/) override { boxes.push_back(box); }
     void fill(const CanvasBox& box, Colour colour) override { filled.emplace_back(box, colour); }
+    void area(std::span<const CanvasPoint> outline, Colour colour) override {
+        areas.push_back({{outline.begin(), outline.end()}, colour});
+    }
     void clip(const std::optional<CanvasBox>& inside) override { inside_ = inside; }
 
     std::vector<Written> texts;
@@ -52,6 +55,7 @@ public:
     std::vector<Path> paths;
     std::vector<CanvasBox> boxes;
     std::vector<std::pair<CanvasBox, Colour>> filled;
+    std::vector<std::pair<std::vector<CanvasPoint>, Colour>> areas;
 
 private:
     std::optional<CanvasBox> inside_;

@@ -177,6 +177,17 @@ void QtCanvas::fill(const CanvasBox& box, Colour colour) {
     painter_.fillRect(rect_of(seen), shown(colour));
 }
 
+void QtCanvas::area(std::span<const CanvasPoint> outline, Colour colour) {
+    QPolygonF shape;
+    for (const CanvasPoint& corner : outline) shape << point_of(corner);
+    if (inside_ != everything) shape = shape.intersected(QPolygonF(rect_of(inside_)));
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(shown(colour));
+    painter_.drawPolygon(shape);
+    painter_.setBrush(Qt::NoBrush);
+}
+
 void QtCanvas::clip(const std::optional<CanvasBox>& inside) {
     // Files in SVG know no clip, so that what is drawn is cut too.
     inside_ = inside ? common_of(everything, *inside) : everything;

@@ -34,6 +34,7 @@ public:
     void path(std::span<const CanvasPoint> points, const Pen& pen) override;
     void box(const CanvasBox& box, const Pen& pen) override;
     void fill(const CanvasBox& box, Colour colour) override;
+    void area(std::span<const CanvasPoint> outline, Colour colour) override;
     /// A file in SVG cuts lines and areas; a text stays whole there where a part of it is inside.
     void clip(const std::optional<CanvasBox>& inside) override;
 

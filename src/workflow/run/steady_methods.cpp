@@ -97,6 +97,13 @@ SteadyResult run_kirn(const CalcCase& c, double angle, const Session& session) {
     return with_angle(result, result.temperature);
 }
 
+HeatTerms terms_of_webs(const CalcCase& c, double angle, double I, double T,
+                        const Session& session) {
+    WebsQuestions questions(
+        {silent(session).reporting(), session.separator, session.wi_v_wi_merker, short_name});
+    return webs_heat_terms(webs_input(c, angle), I, T, questions);
+}
+
 constexpr std::string_view heat_balance_head = "TB 207 / TBB:  ";
 
 constexpr std::array method_rows = {
@@ -117,6 +124,15 @@ constexpr std::array method_rows = {
 };
 
 }  // namespace
+
+std::optional<HeatTerms> heat_terms(Method method, const SteadyResult& outcome, const CalcCase& c,
+                                    double angle, const Session& session) {
+    if (outcome.terms || !outcome.sound()) return outcome.terms;
+    const double I = *outcome.current_A;
+    const double T = *outcome.temperature_C;
+    if (method == Method::Kirn) return kirn_heat_terms(kirn_input(c, angle), I, T);
+    return terms_of_webs(c, angle, I, T, session);
+}
 
 const SteadyMethod* find_method(Method method) {
     const auto row = std::find_if(method_rows.begin(), method_rows.end(),

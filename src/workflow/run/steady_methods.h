@@ -52,6 +52,13 @@ struct SteadyMethod {
     SteadyResult (*run)(const CalcCase& c, double angle, const Session& session);
 };
 
+/// The heat terms of a sound outcome of `method`, W/m, for a case at the folded angle (degrees):
+/// those that it has, or those of the balance of Webs and Kirn at its current and temperature. Webs
+/// is taken with its least wind, whatever was answered. Nothing where there is no result.
+[[nodiscard]] std::optional<HeatTerms> heat_terms(Method method, const SteadyResult& outcome,
+                                                  const CalcCase& c, double angle,
+                                                  const Session& session);
+
 /// The row of `method`, or null where the table has none.
 [[nodiscard]] const SteadyMethod* find_method(Method method);
 
