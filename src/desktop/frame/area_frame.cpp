@@ -204,8 +204,9 @@ void AreaFrame::add_print_button(QPushButton& button) {
 }
 
 void AreaFrame::show_print_caption() {
-    const QString caption = qt(print_caption()).trimmed();
+    QString caption = qt(print_caption()).trimmed();
     print_->setText(caption);
+    caption.remove('&');  // the key of an entry in its menu, which may be that of a page
     for (QPushButton* button : print_buttons_) button->setText(caption);
 }
 
