@@ -13,6 +13,7 @@ picture() {
     "$zel" picture "$1" "../examples/$2.json" -o "pictures/$1.svg"
 }
 for kind in balance conductor methods; do picture "$kind" 380kV-twin-264-34; done
+"$zel" sensitivity ../examples/380kV-twin-264-34.json -o pictures/sensitivity.svg
 picture situation wind-100-degrees
 picture utilisation short-circuit-264-34
 draw steady table-264-34 steady-diagram

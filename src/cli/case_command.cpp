@@ -45,6 +45,13 @@ void add_case_options(CLI::App& command, CaseWords& words, const char* notes) {
     command.footer(notes + std::string("\n") + exit_statuses);
 }
 
+void add_method_option(CLI::App& command, std::optional<Method>& method) {
+    std::vector<std::pair<std::string, Method>> choices;
+    for (const Method each : all_methods) choices.emplace_back(key_of(each), each);
+    add_choice<Method>(command, "--method", method, choices,
+                       "Of this method; without it of the first that has a result");
+}
+
 int CaseRun::run() {
     try {
         return calculate();

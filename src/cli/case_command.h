@@ -5,6 +5,7 @@
 
 #include "cli/commands.h"
 #include "program/console.h"
+#include "steady/case/method.h"
 
 // What the commands have in common that calculate one case.
 
@@ -18,6 +19,9 @@ struct CaseWords : CommonOptions {
 void add_case_word(CLI::App& command, CaseWords& words);
 /// The options of output and language, and `notes` with the exit statuses.
 void add_case_options(CLI::App& command, CaseWords& words, const char* notes);
+
+/// "--method", of which something is drawn.
+void add_method_option(CLI::App& command, std::optional<Method>& method);
 
 /// One run of such a command.
 class CaseRun {

@@ -85,6 +85,8 @@ void add_transient(CommandLine& line);
 void add_table(CommandLine& line);
 void add_graph(CommandLine& line);
 void add_picture(CommandLine& line);
+void add_compare(CommandLine& line);
+void add_sensitivity(CommandLine& line);
 void add_report(CommandLine& line);
 void add_short_circuit(CommandLine& line);
 void add_desktop(CommandLine& line);

@@ -27,6 +27,7 @@ int run(int argc, char** argv) {
     add_graph(line);
     add_picture(line);
     add_report(line);
+    add_sensitivity(line);
     if (const auto status = refused_words(app, argc, argv)) return *status;
     return line.chosen()();
 }

@@ -191,13 +191,7 @@ void add_picture(CommandLine& line) {
     CLI::App& group = line.add_group("picture", "A picture of a case", picture_notes);
     const auto [command, words] = add_line_kind<LinePicture::Balance>(
         line, group, "balance", "The heat balance of a method as flows");
-    add_choice<Method>(command, "--method", words.method,
-                       {{"TB601", Method::TB601},
-                        {"TB207", Method::TB207},
-                        {"TBB", Method::TBB},
-                        {"Webs", Method::Webs},
-                        {"Kirn", Method::Kirn}},
-                       "Of this method; without it of the first that has a result");
+    add_method_option(command, words.method);
     add_line_kind<LinePicture::Situation>(line, group, "situation", "North, line, wind and sun");
     add_line_kind<LinePicture::Conductor>(line, group, "conductor",
                                           "The cross-section of the conductor");

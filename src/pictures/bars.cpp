@@ -9,7 +9,7 @@ namespace zel {
 namespace {
 
 constexpr double gap = 100;
-constexpr double widest_name = 2400;
+constexpr double widest_name = 3300;
 constexpr double tallest_bar = 360;
 
 double widest(const Canvas& canvas, const std::vector<Bar>& bars, std::string Bar::*text,
@@ -27,6 +27,18 @@ void write_value(Canvas& canvas, const Bar& bar, double begin, double end, doubl
     const double x = end + (inside == to_left ? gap : -gap);
     write(canvas, {x, y}, inside == to_left ? Side::Left : Side::Right, bar.text, bold_font,
           inside ? white : ink);
+}
+
+/// A name, cut where it is wider than the room that names have.
+std::string fitted(const Canvas& canvas, std::string name, double room) {
+    if (canvas.text_width(name, picture_font) <= room) return name;
+    while (!name.empty() && canvas.text_width(name + "...", picture_font) > room) {
+        // A character goes with all its bytes.
+        while (name.size() > 1 && (static_cast<unsigned char>(name.back()) & 0xC0U) == 0x80U)
+            name.pop_back();
+        name.pop_back();
+    }
+    return name + "...";
 }
 
 }  // namespace
@@ -62,7 +74,7 @@ double draw_bars(Canvas& canvas, const std::vector<Bar>& bars, const std::vector
     double y = top;
     for (const Bar& bar : bars) {
         const double text_y = y + (height - canvas.text_height(picture_font)) / 2;
-        write(canvas, {picture_margin, text_y}, Side::Left, bar.name);
+        write(canvas, {picture_margin, text_y}, Side::Left, fitted(canvas, bar.name, name_room));
         const double end = x_of(bar.value.value_or(0));
         canvas.fill({std::min(x_of(0), end), y, std::max(x_of(0), end), y + height}, bar.colour);
         write_value(canvas, bar, x_of(0), end, text_y);

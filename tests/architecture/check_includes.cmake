@@ -42,7 +42,8 @@ folder(reports tables_graphs)
 folder(short_circuit persistence reports)
 folder(pictures short_circuit)
 folder(forms pictures excel_batch measuring short_circuit)
-folder(desktop/frame forms adapters/qt_canvas)
+folder(compare forms)
+folder(desktop/frame compare adapters/qt_canvas)
 set(themes line short_circuit conductors settings batch databases diagrams printing)
 list(TRANSFORM themes PREPEND desktop/)
 foreach(theme IN LISTS themes)
@@ -50,7 +51,7 @@ foreach(theme IN LISTS themes)
 endforeach()
 folder(program persistence/database)  # and every adapter
 folder(desktop ${themes} program adapters/printers)
-folder(cli forms program)  # and every adapter
+folder(cli compare program)  # and every adapter
 
 set(qt_folders "^(desktop|desktop/.*|adapters/(qt_canvas|serial))$")
 # No streams, JSON, options:

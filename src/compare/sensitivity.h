@@ -1,0 +1,59 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/workbook_design.h"
+#include "shell/session.h"
+#include "steady/case/case_fields.h"
+#include "steady/case/method.h"
+
+// How much a result moves where one input moves by a step and all others stay.
+
+namespace zel {
+
+/// A step of an input's own, in the unit of the field.
+struct ChosenStep {
+    std::string field;
+    double step = 0;
+};
+
+struct SensitivityLine {
+    const CaseField* field = nullptr;
+    double step = 0;            // as it was done: downwards where upwards is not allowed
+    bool is_hundredth = false;  // of the value: the usual step of a field without one of its own
+    /// By method, A of the bundle or K; nothing where the method has no result at one of the two.
+    std::vector<std::optional<double>> changes{};
+
+    [[nodiscard]] double largest() const;
+};
+
+struct Sensitivity {
+    bool of_temperature = false;  // otherwise of the current
+    std::vector<Method> methods;
+    std::vector<std::optional<double>> results;  // without a step, by method
+    /// The input that moves a result most comes first. What moves none is left out.
+    std::vector<SensitivityLine> lines;
+};
+
+/// Told how many of all inputs are done, and answers whether to go on.
+using SensitivityProgress = std::function<bool(std::size_t done, std::size_t all)>;
+
+/// Of every numeric input of `c`, which the input check lets pass. A step that the limits or the
+/// input check refuse is done the other way; one refused both ways leaves its input out. Nothing
+/// where `progress` stopped it. Throws `InputError` where a chosen step is of no numeric input.
+[[nodiscard]] std::optional<Sensitivity> sensitivity(const CalcCase& c, const Session& session,
+                                                     const std::vector<ChosenStep>& steps = {},
+                                                     const SensitivityProgress& progress = {});
+
+/// The table of all lines.
+[[nodiscard]] SheetDesign sensitivity_sheet(const Sensitivity& found, const Locale& locale);
+[[nodiscard]] std::string sensitivity_text(const Sensitivity& found, const Locale& locale);
+
+/// What a line is called: "Wind speed + 0.1 m/s", "DC resistance at 20 °C + 1 %".
+[[nodiscard]] std::string step_label(const SensitivityLine& line, const Locale& locale);
+
+}  // namespace zel
