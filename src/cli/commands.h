@@ -95,6 +95,7 @@ void add_template(CommandLine& line);
 void add_settings(CommandLine& line);
 void add_conductor(CommandLine& line);
 void add_db(CommandLine& line);
+void add_measure(CommandLine& line);
 
 // ---- what several commands have
 

@@ -135,6 +135,8 @@ int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform 
                        platform.tables,
                        platform.printers,
                        std::move(platform.print_time),
+                       platform.sensor_ports,
+                       platform.clock,
                        std::move(platform.conductors),
                        std::move(options.start_path)};
     state.session.memory = &state.memory;

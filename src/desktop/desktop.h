@@ -1,6 +1,5 @@
 #pragma once
 
-#include <ctime>
 #include <functional>
 #include <optional>
 #include <string>
@@ -8,7 +7,9 @@
 
 #include "persistence/conductor_library.h"
 #include "platform/case_store.h"
+#include "platform/clock.h"
 #include "platform/printers.h"
+#include "platform/sensor_port.h"
 #include "platform/system.h"
 #include "platform/table_store.h"
 #include "platform/text/number_text.h"
@@ -31,6 +32,8 @@ struct DesktopPlatform {
     CaseStore& store;
     WorkbookStore& workbooks;
     TableStore& tables;
+    SensorPorts& sensor_ports;  // of the measuring instruments
+    const Clock& clock;
     Settings& settings;
     SystemFacts system;
     std::string data_folder;                // databases and the shipped templates
@@ -38,7 +41,7 @@ struct DesktopPlatform {
     std::function<void()> start_companion;  // the first start of the conductor database
     Files& files;                           // of the conductors, and the exchange file
     Printers& printers;
-    std::function<std::tm()> print_time;  // of a report, local
+    std::function<CalendarTime()> print_time;  // of a report, local
     LibraryPlaces conductors{};
 };
 

@@ -12,7 +12,7 @@
 #include <algorithm>
 
 #include "desktop/conductors/conductor_desk.h"
-#include "desktop/databases/database_desk.h"
+#include "desktop/databases/measuring_desk.h"
 #include "desktop/diagrams/frm_graph.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/language_menu.h"
@@ -32,6 +32,7 @@ constexpr Text steady_excel_caption = {"Stationäre Berechnung mit &Excel ...",
                                        "Steady-state calculation with &Excel ..."};
 constexpr Text transient_excel_caption = {"&Instationäre Berechnung mit Excel (PATL / TATL) ...",
                                           "T&ransient calculation with Excel (PATL / TATL) ..."};
+constexpr Text measuring_caption = {"&Meßwertaufnahme", "&Measuring"};
 constexpr Text version_line = {"{0} vom {1}", "{0} of {1}"};
 
 QLabel* make_label(double scale, bool bold) {
@@ -53,6 +54,7 @@ FormMain::FormMain(DesktopState& state)
               state.workbooks, state.files, state.patience_ms, make_conductors(), make_diagrams()}),
       ks_form1_(area_parts(), state.short_circuit, state.program.short_circuit_short_name,
                 make_conductors()),
+      frm_mess_01_(measuring_parts()),
       help_menu_(state.session, state.launcher, state.help_folders),
       shown_full_screen_(full_screen()) {
     setObjectName("form_main");
@@ -89,12 +91,36 @@ AreaParts FormMain::area_parts() {
 
 MakeDatabaseSource FormMain::make_databases() {
     return [this](AreaFrame& form, const forms::DatabaseForms& forms) {
-        const DatabaseParts parts = {state_.session,    state_.settings, state_.chooser,
-                                     state_.errors,     state_.tables,   state_.workbooks,
-                                     state_.files,      captions_,       state_.data_folder,
-                                     state_.patience_ms};
-        return std::make_unique<DatabaseDesk>(form, forms, parts);
+        return std::make_unique<DatabaseDesk>(form, forms, database_parts());
     };
+}
+
+DatabaseParts FormMain::database_parts() {
+    return {state_.session,     state_.settings,   state_.chooser, state_.errors,
+            state_.tables,      state_.workbooks,  state_.files,   captions_,
+            state_.data_folder, state_.patience_ms};
+}
+
+FrmMess01Parts FormMain::measuring_parts() {
+    return {state_.session,
+            captions_,
+            state_.settings,
+            state_.sensor_ports,
+            state_.clock,
+            state_.calc_case,
+            [this] { form1_.show_changed_inputs(); },
+            [this] {
+                QPalette colours = form1_.palette();
+                colours.setColor(QPalette::WindowText, Qt::black);
+                form1_.setPalette(colours);
+            },
+            [this](QWidget& window) {
+                return std::make_unique<MeasuringDesk>(window, database_parts(),
+                                                       [this](const StoredRow& row) {
+                                                           form1_.take_measured(row);
+                                                           open(form1_);
+                                                       });
+            }};
 }
 
 MakeDiagramSource FormMain::make_diagrams() {
@@ -117,12 +143,13 @@ void FormMain::make_file_menu() {
     QMenu* menu = captions_.title(menuBar()->addMenu(QString()), file_caption);
     const auto add = [&](const char* name, const Text& caption, std::function<void()> act) {
         QAction* action = captions_.text(menu->addAction(QString()), caption);
-        action->setObjectName(name);
+        action->setObjectName(qt(name));
         on(action, &QAction::triggered, std::move(act));
         return action;
     };
     add("mForm1", form1_caption, [this] { open(form1_); });
     add("mKS_Form1", short_circuit_title, [this] { open(ks_form1_); });
+    add("mMeßwertaufnahme", measuring_caption, [this] { open(frm_mess_01_); });
     menu->addSeparator();
     add("m_St_Temp_Excel", steady_excel_caption, [this] { open_excel(ExcelMode::Steady); });
     add("m_transient_Temp_Excel", transient_excel_caption,
@@ -276,6 +303,7 @@ void FormMain::end(QCloseEvent& event) {
     event.accept();
     form1_.hide();
     ks_form1_.hide();
+    frm_mess_01_.close();
     // Not quit(), which would close the windows, and ask, once more.
     QCoreApplication::exit(0);
 }

@@ -3,9 +3,11 @@
 #include <QMainWindow>
 
 #include "desktop/batch/frm_excel_IO.h"
+#include "desktop/databases/database_desk.h"
 #include "desktop/frame/desktop_state.h"
 #include "desktop/help_menu.h"
 #include "desktop/line/form1.h"
+#include "desktop/measuring/frm_mess_01.h"
 #include "desktop/printing/print_desk.h"
 #include "desktop/settings/settings_menu.h"
 #include "desktop/short_circuit/ks_form1.h"
@@ -34,7 +36,9 @@ protected:
 private:
     [[nodiscard]] AreaParts area_parts();
     [[nodiscard]] MakeConductorSource make_conductors();
+    [[nodiscard]] DatabaseParts database_parts();
     MakeDatabaseSource make_databases();
+    [[nodiscard]] FrmMess01Parts measuring_parts();
     [[nodiscard]] MakeDiagramSource make_diagrams();
     void make_file_menu();
     [[nodiscard]] QWidget* make_content();
@@ -53,6 +57,7 @@ private:
     PrintDesk printing_;
     Form1 form1_;
     short_circuit::KsForm1 ks_form1_;
+    FrmMess01 frm_mess_01_;
     std::vector<std::unique_ptr<SettingsMenu>> settings_menus_;
     HelpMenu help_menu_;
     bool shown_full_screen_ = false;  // what the windows follow now

@@ -42,6 +42,8 @@ int open_windows(int& argc, char** argv, const DesktopWords& words) {
                        {cases,
                         workbooks,
                         tables,
+                        stores.sensor_ports,
+                        stores.clock,
                         settings,
                         stores.system,
                         stores.paths.data_folder,

@@ -76,6 +76,12 @@ struct DatabaseForms {
     bool goes_to_first;  // after a deletion; otherwise to the next row
     BoxText delete_row;  // questions
     BoxText delete_table;
+    Text table_caption = {"&Tabelle :", "&Table :"};
+    Text find_hint = {"Wörter aus Projekt, Datum, Bearbeiter, Leiter ...",
+                      "Words of project, date, operator, conductor ..."};
+    /// Before the bar that moves through the rows; without it the bar has only a name for readers.
+    Text bar_caption{};
+    const char* back = "mBack";
 
     // Saving.
     const char* save_form;

@@ -4,9 +4,11 @@
 #include <string>
 
 #include "adapters/ini/ini_store.h"
+#include "adapters/posix/posix_clock.h"
 #include "adapters/posix/posix_files.h"
 #include "adapters/posix/shared_files.h"
 #include "adapters/posix/system_facts.h"
+#include "adapters/serial/serial_ports.h"
 #include "persistence/conductor_library.h"
 #include "platform/case_store.h"
 #include "platform/workbook_design.h"
@@ -21,6 +23,8 @@ struct ProgramStores {
     SystemFacts system = system_facts();
     ProgramPaths paths = program_paths(system);
     PosixFiles disk{};
+    PosixClock clock{};
+    SerialPorts sensor_ports{};
     SharedFiles files{};
     IniStore shared{files, paths.shared_settings_file};
     IniStore user{files, paths.user_settings_file};

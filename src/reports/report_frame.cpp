@@ -1,14 +1,15 @@
 #include "reports/report_frame.h"
 
 #include <array>
+#include <cstdio>
 
 namespace zel {
 
-std::string print_date_text(const std::tm& local_time) {
-    std::array<char, 32> text{};
-    const std::size_t length =
-        std::strftime(text.data(), text.size(), "%d/%m/%Y / %H:%M", &local_time);
-    return {text.data(), length};
+std::string print_date_text(const CalendarTime& time) {
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), "%02d/%02d/%04d / %02d:%02d", time.day, time.month,
+                  time.year, time.hour, time.minute);
+    return text.data();
 }
 
 ReportProject project_of(const CalcCase& c) {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <ctime>
-
+#include "platform/clock.h"
 #include "reports/print_text.h"
 #include "reports/report.h"
 #include "steady/case/calc_case.h"
@@ -11,7 +10,7 @@
 namespace zel {
 
 /// When a report is printed, for its footer: "22/11/2026 / 09:05".
-[[nodiscard]] std::string print_date_text(const std::tm& local_time);
+[[nodiscard]] std::string print_date_text(const CalendarTime& time);
 
 /// The project that a report is about.
 struct ReportProject {

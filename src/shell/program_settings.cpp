@@ -22,6 +22,8 @@ constexpr std::array<std::int16_t, 3> cycle_minutes = {5, 10, 15};
 
 constexpr std::int16_t fallback(int value) { return static_cast<std::int16_t>(value); }
 
+constexpr std::string_view usual_line = "9600 8N1";  // baud rate and frame
+
 constexpr std::string_view nothing_found = "kein Eintrag gefunden";
 constexpr std::size_t shortest_path = 2;
 constexpr std::size_t longest_text = 511;  // characters: a longer one is read cut off
@@ -193,6 +195,58 @@ constexpr SettingRow rows[] = {
      one_to_four,
      {"Schnittstelle des Strahlungsmessers: 1 bis 4", "port of the radiation meter: 1 to 4"}},
     {Shared,
+     "VOR",
+     "Port1_dev",
+     &S::Port1_dev,
+     std::string_view("/dev/ttyUSB0"),
+     {},
+     {"Gerät der Schnittstelle 1 (USB)", "device of port 1 (USB)"}},
+    {Shared,
+     "VOR",
+     "Port2_dev",
+     &S::Port2_dev,
+     std::string_view("/dev/ttyS0"),
+     {},
+     {"Gerät der Schnittstelle 2 (COM 1)", "device of port 2 (COM 1)"}},
+    {Shared,
+     "VOR",
+     "Port3_dev",
+     &S::Port3_dev,
+     std::string_view("/dev/ttyS1"),
+     {},
+     {"Gerät der Schnittstelle 3 (COM 2)", "device of port 3 (COM 2)"}},
+    {Shared,
+     "VOR",
+     "Port4_dev",
+     &S::Port4_dev,
+     std::string_view("/dev/ttyS2"),
+     {},
+     {"Gerät der Schnittstelle 4 (COM 3)", "device of port 4 (COM 3)"}},
+    {Shared,
+     "VOR",
+     "MUCOM_line",
+     &S::MUCOM_line,
+     usual_line,
+     {},
+     {"Baudrate und Rahmen des Anemometers: 9600 8N1",
+      "baud rate and frame of the anemometer: 9600 8N1"},
+     Keeping::Kept,
+     false,
+     true,
+     true},
+    {Shared,
+     "VOR",
+     "MGCOM_line",
+     &S::MGCOM_line,
+     usual_line,
+     {},
+     {"Baudrate und Rahmen des Strahlungsmessers: 9600 8N1",
+      "baud rate and frame of the radiation meter: 9600 8N1"},
+     Keeping::Kept,
+     false,
+     true,
+     true},
+    {Shared,
      "Printer",
      "DeviceName",
      &S::DeviceName,
@@ -309,6 +363,8 @@ void Settings::read(const SettingRow& row) {
     value = row.is_path && is_missing_path(text) ? std::string() : text;
     const auto* file = std::get_if<InDataFolder>(&row.fallback);
     if (value.empty() && file != nullptr) value = data_folder_ + "/" + std::string(file->name);
+    const auto* usual = std::get_if<std::string_view>(&row.fallback);
+    if (value.empty() && usual != nullptr) value = *usual;
 }
 
 void Settings::reread_all() {

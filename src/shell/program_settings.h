@@ -31,6 +31,10 @@ struct ProgramSettings {
     std::int16_t MUCOM = 0;                               // port of the anemometer
     std::int16_t MGCOM = 0;                               // port of the radiation meter
 
+    std::string Port1_dev, Port2_dev, Port3_dev, Port4_dev;  // devices of the ports 1 to 4
+    std::string MUCOM_line;  // baud rate and framing of the anemometer, see `port_line`
+    std::string MGCOM_line;  // of the radiation meter
+
     std::string Berechnungsdaten;           // calculation database
     std::string worstcasedatenVORV81;       // quick-access database
     std::string Standardfalldaten;          // standard-case database
@@ -79,7 +83,8 @@ struct InDataFolder {
 };
 
 /// What a missing or unusable value stands for. The value of another setting must be read before.
-using SettingDefault = std::variant<std::monostate, std::int16_t, NumberMember, InDataFolder>;
+using SettingDefault =
+    std::variant<std::monostate, std::int16_t, NumberMember, InDataFolder, std::string_view>;
 
 struct SettingRow {
     SettingsHome home;
@@ -92,6 +97,7 @@ struct SettingRow {
     Keeping keeping = Keeping::Kept;
     bool others_are_fallback = false;  // a number that is not offered counts as missing
     bool is_path = true;               // of a text: one too short for a path counts as missing
+    bool is_port_line = false;         // a text that `port_line` reads
 };
 
 /// All settings, in the order in which they are read.

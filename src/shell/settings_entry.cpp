@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "platform/errors.h"
+#include "platform/sensor_port.h"
 
 namespace zel {
 namespace {
@@ -20,6 +21,10 @@ constexpr Text no_path = {"{0} ist kein Pfad: ein solcher hat mindestens 2 Zeich
                           "nicht mit \"kein Eintrag gefunden\"",
                           "{0} is not a path: it has at least 2 characters and does not begin with "
                           "\"kein Eintrag gefunden\""};
+
+constexpr Text no_line = {
+    "{0} ist nicht Baudrate ({1}), Datenbits 7 oder 8, Parität N, E oder O und Stopbits 1 oder 2, wie \"9600 8N1\"",
+    "{0} is not baud rate ({1}), data bits 7 or 8, parity N, E or O, and stop bits 1 or 2, as \"9600 8N1\""};
 
 [[noreturn]] void refuse(const SettingRow& row, const Reason& reason) {
     throw InputError(at(std::string(row.key), reason));
@@ -56,6 +61,8 @@ std::string setting_entry(const SettingRow& row, std::string_view value) {
     if (value != as_read(value)) refuse(row, Reason(too_long, {in_quotes(value)}));
     if (row.is_path && !value.empty() && is_missing_path(value))
         refuse(row, Reason(no_path, {in_quotes(value)}));
+    if (row.is_port_line && !value.empty() && !port_line(value))
+        refuse(row, Reason(no_line, {in_quotes(value), port_rates()}));
     return std::string(value);
 }
 

@@ -21,6 +21,7 @@
 #include "fakes/memory_workbook.h"
 #include "fakes/scripted_chooser.h"
 #include "fakes/scripted_dialogs.h"
+#include "fakes/scripted_ports.h"
 #include "fakes/scripted_printers.h"
 #include "fakes/steady_cases.h"
 #include "forms/line_form.h"
@@ -50,6 +51,8 @@ protected:
                                      *used_tables,
                                      printers,
                                      [this] { return print_time; },
+                                     sensor_ports,
+                                     clock,
                                      {"/shipped", "/data/conductors.csv"}});
         state->session.memory = &state->memory;
         state->short_circuit = short_circuit;
@@ -133,8 +136,10 @@ protected:
     MemoryTableStore tables;
     TableStore* used_tables = &tables;
     ScriptedPrinters printers;
-    std::tm print_time = {.tm_min = 5, .tm_hour = 9, .tm_mday = 22, .tm_mon = 10, .tm_year = 126};
+    CalendarTime print_time = {22, 11, 2026, 9, 5};
     ShortCircuitForm short_circuit;  // of the short-circuit area at the start
+    ScriptedPorts sensor_ports;
+    ScriptedClock clock;
     int patience_ms = 300;
     QWidget* window = nullptr;
     std::unique_ptr<DesktopState> state;

@@ -117,8 +117,11 @@ TEST(RunDesktop, without_a_display_says_so_and_fails) {
     MemoryTableStore tables;
     MemoryFiles files;
     ScriptedPrinters printers;
-    const DesktopPlatform platform = {store, workbooks, tables, settings, {}, {},
-                                      {},    {},        files,  printers, {}};
+    ScriptedPorts sensor_ports;
+    const ScriptedClock clock;
+    const DesktopPlatform platform = {store,    workbooks, tables, sensor_ports, clock,
+                                      settings, {},        {},     {},           {},
+                                      files,    printers,  {}};
     EXPECT_EQ(run_desktop(argc, nullptr, {}, platform), 1);
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("display"));
 }

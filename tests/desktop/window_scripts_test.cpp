@@ -252,11 +252,25 @@ private:
             window->close();
         else if (verb == "size")
             window->resize(step.at(1), step.at(2));
+        else if (verb == "time")
+            pass(std::chrono::milliseconds(step.at(1).get<int>()));
+        else if (verb == "timer")
+            QMetaObject::invokeMethod(window->findChild<QTimer*>(qt(first)), "timeout");
+        else if (verb == "sends")
+            sensor_ports.waiting[first] += step.at(2).get<std::string>();
+        else if (verb == "unplug")
+            sensor_ports.waiting.erase(first);
         else if (verb == "modal")
             in_modal(step);
         else
             return false;
         return true;
+    }
+
+    /// Time goes by for a measuring cycle.
+    void pass(std::chrono::milliseconds time) {
+        clock.gone += time;
+        QMetaObject::invokeMethod(window->findChild<QTimer*>("Timer1"), "timeout");
     }
 
     /// A step that opens a modal window, and the steps in it.
@@ -469,7 +483,7 @@ private:
 
 const bool registered = [] {
     for (const char* area : {"form1", "case_files", "keys", "parameter_table", "transient_page",
-                             "ks_form1", "conductors", "settings", "databases"})
+                             "ks_form1", "conductors", "settings", "databases", "measuring"})
         for (const json& script : test_data(std::string("windows/") + area))
             testing::RegisterTest(area, script.at("name").get<std::string>().c_str(), nullptr,
                                   nullptr, __FILE__, __LINE__,

@@ -48,16 +48,6 @@ std::string origin(const std::string& path, const std::string& table) {
 
 bool is_pattern(const std::string& path) { return path.find_first_of("*?") != std::string::npos; }
 
-/// A path of the settings without a file is told as such.
-std::unique_ptr<Database> open_fixed_database(TableStore& tables, const std::string& path) {
-    try {
-        return tables.open(path);
-    } catch (const PlatformError& error) {
-        if (error.fault() != PlatformFault::DatabaseMissing) throw;
-        throw InputError(error.reason(), PlatformFault::FileNotFound, path);
-    }
-}
-
 }  // namespace
 
 DatabaseDesk::DatabaseDesk(AreaFrame& form, const forms::DatabaseForms& forms,
@@ -126,25 +116,11 @@ void DatabaseDesk::open_fixed() { browse(parts_.settings.now().*forms_.fixed.pat
 
 void DatabaseDesk::browse(const std::string& path, const forms::FixedTable* fixed) {
     if (!form_.take_in()) return;
-    std::unique_ptr<RecordBrowser> browser;
-    carry_out(forms_.browser, forms_.loading, [&] {
-        const TableFormat& format = forms_.format();
-        auto database =
-            fixed != nullptr ? open_fixed_database(parts_.tables, path) : parts_.tables.open(path);
-        std::vector<TableInfo> tables =
-            fixed != nullptr ? std::vector{record_table(*database, format, fixed->table)}
-                             : record_tables(*database, format);
-        if (tables.empty()) throw InputError(Reason(path), PlatformFault::NoRecords, path);
-        std::string title = std::string(forms_.browser_title.in(lang())) + path;
-        if (fixed != nullptr) title += fixed->behind_title.in(lang());
-        browser = std::make_unique<RecordBrowser>(window_parts(), std::move(database),
-                                                  std::move(tables), path, title);
-    });
-    if (!browser || browser->exec() != QDialog::Accepted) return;
-    const StoredRow row = browser->taken();
-    const std::string place = origin(path, browser->table());
-    browser.reset();  // closes the database
-    carry_out(forms_.browser, forms_.reading, [&] { form_.take(row, place); });
+    // The database is closed by then.
+    const auto taken = browse_records(window_parts(), parts_.tables, path, fixed);
+    if (!taken) return;
+    carry_out(forms_.browser, forms_.reading,
+              [&] { form_.take(taken->row, origin(path, taken->table)); });
 }
 
 /// A number has no room in its column.
@@ -158,6 +134,7 @@ std::optional<RowToSave> DatabaseDesk::row_to_save() const {
     RowToSave row;
     try {
         row.values = form_.record().row(row.cut);
+        row.head = form_.record().shown();
         return row;
     } catch (const InputError& error) {
         parts_.session.tell(box_of_overflow(error.told(lang())));
@@ -172,19 +149,8 @@ void DatabaseDesk::save_in_existing() {
     const std::string& present = parts_.settings.now().Berechnungsdaten;
     const auto path = ask(forms_.save_in_existing, start_folder(present), name_in(present), true);
     if (!path) return;
-    std::unique_ptr<SaveInDatabase> window;
-    carry_out(forms_.save_form, "Form_Load", [&] {
-        try {
-            auto database = parts_.tables.open(*path);
-            if (!database->writable()) database->whole([] {});  // tells why
-            window = std::make_unique<SaveInDatabase>(window_parts(), *std::move(row),
-                                                      std::move(database), *path);
-        } catch (const PlatformError& error) {
-            if (error.fault() != PlatformFault::DatabaseMissing || !forms_.vanished) throw;
-            parts_.session.tell(box_in(lang(), *forms_.vanished));
-        }
-    });
-    if (window && window->exec() == QDialog::Accepted) finish_saving(*window, *path);
+    finish_saving(zel::save_in_existing(window_parts(), parts_.tables, *path, *std::move(row)),
+                  *path);
 }
 
 std::optional<std::string> DatabaseDesk::ask_for_new() const {
@@ -207,13 +173,7 @@ void DatabaseDesk::save_in_new() {
     if (!row) return;
     const auto path = ask_for_new();
     if (!path) return;
-    std::unique_ptr<SaveInNewDatabase> window;
-    carry_out(forms_.new_form, "Form_Load", [&] {
-        auto database = std::make_unique<NewDatabase>(parts_.tables, *path);
-        window = std::make_unique<SaveInNewDatabase>(window_parts(), *std::move(row),
-                                                     std::move(database), *path);
-    });
-    if (window && window->exec() == QDialog::Accepted) finish_saving(*window, *path);
+    finish_saving(zel::save_in_new(window_parts(), parts_.tables, *path, *std::move(row)), *path);
 }
 
 void DatabaseDesk::import_tables() {
@@ -244,8 +204,16 @@ void DatabaseDesk::import_tables() {
     parts_.session.tell(box_in(lang(), imported, {report}));
 }
 
-void DatabaseDesk::finish_saving(const SaveDialog& window, const std::string& path) const {
-    form_.stored_in(origin(path, window.table()));
+void DatabaseDesk::finish_saving(const std::string& table, const std::string& path) const {
+    if (!table.empty()) form_.stored_in(origin(path, table));
+}
+
+DatabaseWindowParts DatabaseDesk::window_parts() const {
+    const RecordUse record = {form_,
+                              [this](const StoredRow& row) { return form_.record().shown(row); },
+                              [this] { return form_.may_be_replaced(); }};
+    return {record,         forms_,           parts_.session, parts_.errors,
+            parts_.chooser, parts_.workbooks, parts_.files};
 }
 
 void DatabaseDesk::save_in_fixed() {

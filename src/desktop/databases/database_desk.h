@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "desktop/databases/save_dialogs.h"
+#include "desktop/databases/database_ways.h"
 #include "desktop/frame/captions.h"
 #include "desktop/frame/database_source.h"
 #include "desktop/frame/file_chooser.h"
@@ -59,12 +59,9 @@ private:
     [[nodiscard]] Box box_of_overflow(const std::string& reason) const;
     /// The case as a row; nothing where it cannot be one, which is told.
     [[nodiscard]] std::optional<RowToSave> row_to_save() const;
-    void finish_saving(const SaveDialog& window, const std::string& path) const;
+    void finish_saving(const std::string& table, const std::string& path) const;
     [[nodiscard]] bool add_to_fixed(const RowToSave& row);
-    [[nodiscard]] DatabaseWindowParts window_parts() const {
-        return {form_,          forms_,           parts_.session, parts_.errors,
-                parts_.chooser, parts_.workbooks, parts_.files};
-    }
+    [[nodiscard]] DatabaseWindowParts window_parts() const;
     [[nodiscard]] LangId lang() const { return parts_.session.lang; }
 
     AreaFrame& form_;

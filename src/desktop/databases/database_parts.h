@@ -1,22 +1,31 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "desktop/frame/file_chooser.h"
 #include "forms/database_forms.h"
+#include "forms/shown_record.h"
 #include "platform/files.h"
 #include "platform/workbook.h"
 #include "shell/error_handling.h"
 #include "shell/session.h"
 
+class QWidget;
+
 namespace zel {
 
-class AreaFrame;
+/// The record that the windows of a database show, take over and save.
+struct RecordUse {
+    QWidget& window;  // of the record; those of the database stand above it
+    std::function<std::unique_ptr<forms::ShownRecord>(const StoredRow&)> shown;
+    std::function<bool()> may_be_replaced;  // by another one, without a loss
+};
 
 /// What the windows of a database work with.
 struct DatabaseWindowParts {
-    AreaFrame& form;  // of the area, whose record stands in the tables
+    RecordUse record;
     const forms::DatabaseForms& forms;
     const Session& session;
     ErrorHandling& errors;

@@ -14,10 +14,10 @@
 #include <algorithm>
 
 #include "desktop/databases/record_view.h"
-#include "desktop/frame/area_frame.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/inputs.h"
 #include "desktop/frame/sheet_saving.h"
+#include "desktop/frame/widgets.h"
 #include "forms/select_path.h"
 #include "persistence/database/table_export.h"
 
@@ -37,10 +37,7 @@ constexpr QSize window_size(1260, 740);
 constexpr int no_record = -1;
 constexpr int least_name = 10;  // characters of a table's name that are seen
 
-constexpr Text table_caption = {"&Tabelle :", "&Table :"};
 constexpr Text find_caption = {"&Suchen :", "&Find :"};
-constexpr Text find_hint = {"Wörter aus Projekt, Datum, Bearbeiter, Leiter ...",
-                            "Words of project, date, operator, conductor ..."};
 constexpr Text bar_name = {"Datensatzauswahl", "Choice of the data record"};
 constexpr Text only_read = {
     "Diese Datenbank kann nur gelesen werden. Eine Access-Datei lässt sich in "
@@ -62,7 +59,7 @@ StoredRow no_row() { return {TableInfo{}, {}}; }
 RecordBrowser::RecordBrowser(const DatabaseWindowParts& parts, std::unique_ptr<Database> database,
                              std::vector<TableInfo> tables, std::string path,
                              const std::string& title)
-    : QDialog(&parts.form),
+    : QDialog(&parts.record.window),
       parts_(parts),
       database_(std::move(database)),
       path_(std::move(path)),
@@ -72,7 +69,7 @@ RecordBrowser::RecordBrowser(const DatabaseWindowParts& parts, std::unique_ptr<D
       choice_(new QuietList),
       find_(new QLineEdit),
       view_(new QTableView),
-      sheet_(new RecordView(*parts.form.record().shown(no_row()), parts.forms, parts.session.lang)),
+      sheet_(new RecordView(*parts.record.shown(no_row()), parts.forms, parts.session.lang)),
       count_(plain_label()),
       bar_(new QScrollBar(Qt::Horizontal)) {
     setObjectName(parts.forms.browser);
@@ -112,7 +109,7 @@ QWidget* RecordBrowser::make_list() {
     choice_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     choice_->setMinimumContentsLength(least_name);
     find_->setObjectName("find");
-    find_->setPlaceholderText(qt(find_hint, lang));
+    find_->setPlaceholderText(qt(parts_.forms.find_hint, lang));
     find_->setClearButtonEnabled(true);
     view_->setObjectName("records");
     make_list_view(*view_, found_);
@@ -123,7 +120,7 @@ QWidget* RecordBrowser::make_list() {
     grid->setContentsMargins(0, 0, 0, 0);
     int line = 0;
     for (const auto& [caption, box] :
-         {std::pair<Text, QWidget*>(table_caption, choice_), {find_caption, find_}}) {
+         {std::pair<Text, QWidget*>(parts_.forms.table_caption, choice_), {find_caption, find_}}) {
         auto* label = new QLabel(qt(caption, lang));
         label->setBuddy(box);
         grid->addWidget(label, line, 0);
@@ -162,6 +159,8 @@ void RecordBrowser::make_position(QHBoxLayout& line) {
     // The bar does not move where the number gets longer.
     count_->setMinimumWidth(count_->fontMetrics().horizontalAdvance(
         qt(fill(parts_.forms.count.in(parts_.session.lang), {"00000", "00000"}))));
+    if (!parts_.forms.bar_caption.de.empty())
+        line.addWidget(plain_label(qt(parts_.forms.bar_caption, parts_.session.lang)));
     line.addWidget(count_);
     line.addWidget(bar_, 1);
 }
@@ -200,7 +199,7 @@ void RecordBrowser::make_buttons(QHBoxLayout& line) {
     buttons_.front().first->setDefault(true);
     line.addStretch();
     auto* back = new QPushButton(qt(back_caption, lang));
-    back->setObjectName("mBack");
+    back->setObjectName(parts_.forms.back);
     back->setAutoDefault(false);
     on(back, &QPushButton::clicked, [this] { reject(); });
     line.addWidget(back);
@@ -241,7 +240,7 @@ void RecordBrowser::reload(int wanted) {
 void RecordBrowser::show_at(int record) {
     record_ = record;
     if (!read_record()) return reload(record);
-    sheet_->show_record(*parts_.form.record().shown(shown_ ? *shown_ : no_row()));
+    sheet_->show_record(*parts_.record.shown(shown_ ? *shown_ : no_row()));
     show_number();
     select_in_list();
     for (const auto& [button, row] : buttons_)
@@ -298,7 +297,7 @@ void RecordBrowser::find(const QString& typed) {
 }
 
 void RecordBrowser::take_over() {
-    if (shown_ && parts_.form.may_be_replaced()) accept();
+    if (shown_ && parts_.record.may_be_replaced()) accept();
 }
 
 void RecordBrowser::delete_row() {

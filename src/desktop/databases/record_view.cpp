@@ -79,8 +79,8 @@ RecordView::RecordView(const forms::ShownRecord& record, const forms::DatabaseFo
     : lang_(lang) {
     setObjectName("record");
     setDocumentMode(true);
-    for (int page = 0; page < static_cast<int>(forms.pages.size()); ++page)
-        addTab(make_page(record, page), qt(forms.pages[static_cast<std::size_t>(page)], lang));
+    for (int page = 0; const Text& caption : forms.pages)
+        if (!caption.de.empty()) addTab(make_page(record, page++), qt(caption, lang));
     show_record(record);
 }
 

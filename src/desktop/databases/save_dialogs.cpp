@@ -13,9 +13,9 @@
 #include <QValidator>
 
 #include "desktop/databases/record_view.h"
-#include "desktop/frame/area_frame.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/inputs.h"
+#include "desktop/frame/widgets.h"
 #include "persistence/database/table_names.h"
 #include "platform/errors.h"
 
@@ -80,7 +80,7 @@ TableNameBox::TableNameBox() {
 
 SaveDialog::SaveDialog(const DatabaseWindowParts& parts, RowToSave row, const char* name,
                        const Text& title, const std::string& path)
-    : QDialog(&parts.form),
+    : QDialog(&parts.record.window),
       parts_(parts),
       row_(std::move(row)),
       name_(new TableNameBox),
@@ -106,7 +106,7 @@ void SaveDialog::finish(QWidget* choice) {
     content_ = new QWidget;
     auto* down = new QVBoxLayout(content_);
     down->setSpacing(12);
-    down->addWidget(new RecordSummary(*parts_.form.record().shown(), lang()));
+    down->addWidget(new RecordSummary(*row_.head, lang()));
     down->addWidget(choice, 1);
     auto* area = new QScrollArea;  // for the smallest screens
     make_scrolling(*area);

@@ -23,10 +23,11 @@ public:
     [[nodiscard]] std::string name() const { return text().trimmed().toStdString(); }
 };
 
-/// A case on its way into a table.
+/// A record on its way into a table.
 struct RowToSave {
     std::vector<NamedValue> values;
     std::vector<CutText> cut;
+    std::unique_ptr<forms::ShownRecord> head;  // of which the first section is shown
 };
 
 /// What both windows that save have: the head of the case, a name for a new table, and the button

@@ -113,6 +113,8 @@ protected:
     /// In the language of reports, where the area has no other.
     virtual void print_order(const PrintOrder& order) { printing_.print(*this, order); }
 
+    /// The case has become another one: goes to the first page and forgets the results.
+    void show_new_case();
     void show_page(int page);
     [[nodiscard]] int page() const { return page_; }
     [[nodiscard]] QTabWidget& strip() const { return *strip_; }
@@ -148,7 +150,6 @@ private:
     void copy_result();
     void print_report();
     void choose_printer();
-    void show_new_case();
 
     AreaFacts facts_;
     const Session& session_;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <ctime>
 #include <functional>
 #include <string>
 #include <vector>
@@ -9,7 +8,9 @@
 #include "desktop/frame/live_settings.h"
 #include "persistence/conductor_library.h"
 #include "platform/case_store.h"
+#include "platform/clock.h"
 #include "platform/printers.h"
+#include "platform/sensor_port.h"
 #include "platform/system.h"
 #include "platform/table_store.h"
 #include "platform/workbook.h"
@@ -35,7 +36,9 @@ struct DesktopState {
     WorkbookStore& workbooks;
     TableStore& tables;
     Printers& printers;
-    std::function<std::tm()> print_time;  // of a report, local
+    std::function<CalendarTime()> print_time;  // of a report, local
+    SensorPorts& sensor_ports;
+    const Clock& clock;
     LibraryPlaces conductors{};
     std::string case_path{};  // the file that the case comes from at the start; may be empty
     ShortCircuitForm short_circuit{};

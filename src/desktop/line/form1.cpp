@@ -10,6 +10,7 @@
 #include "desktop/line/form1_transient_page.h"
 #include "desktop/line/line_diagrams.h"
 #include "desktop/line/line_reports.h"
+#include "measuring/measuring_table.h"
 #include "platform/errors.h"
 #include "shell/program_texts.h"
 #include "steady/case/state_change.h"
@@ -108,6 +109,17 @@ void Form1::case_changed() {
 void Form1::allow_output_of_page() {
     allow_output(page() == transient_page ? line_.transient.result() != nullptr
                                           : page() == result_page && !shown_run_is_stale_);
+}
+
+void Form1::take_measured(const StoredRow& row) {
+    if (!commit()) return;
+    measuring::take_over(row, line_.c, session().separator);
+    show_new_case();
+}
+
+void Form1::show_changed_inputs() {
+    load();
+    line_.changed();
 }
 
 void Form1::apply_settings() {

@@ -42,6 +42,11 @@ public:
     explicit Form1(Form1Parts parts);
     ~Form1() override;
 
+    /// Takes a row of a measuring table over into the case and goes to the first page.
+    void take_measured(const StoredRow& row);
+    /// Another window has changed inputs of the case.
+    void show_changed_inputs();
+
     /// Shows the settings as they are now.
     void apply_settings();
     [[nodiscard]] bool may_be_left() override;

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <ctime>
 #include <functional>
 
 #include "desktop/frame/file_chooser.h"
 #include "desktop/frame/live_settings.h"
 #include "desktop/frame/print_source.h"
+#include "platform/clock.h"
 #include "platform/files.h"
 #include "shell/session.h"
 
@@ -19,7 +19,7 @@ struct PrintParts {
     Files& files;
     Printers& printers;
     ErrorHandling& errors;
-    std::function<std::tm()> clock;  // the local time
+    std::function<CalendarTime()> clock;  // the local time
 };
 
 /// Printing with and without the preview.

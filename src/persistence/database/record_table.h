@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <optional>
 #include <span>
 #include <string>
@@ -21,7 +20,7 @@ struct TableFormat {
     std::vector<std::string> list_columns;  // by which a person finds a row again
     void (*create)(Database& database, const std::string& table);  // a new table
     /// By these columns a table is known as one of such records.
-    std::array<std::string_view, 4> markers;
+    std::vector<std::string_view> markers;
     bool markers_lead = true;        // they stand first, in this order; otherwise anywhere
     std::size_t fewest_columns = 0;  // of a table that takes rows
 };
