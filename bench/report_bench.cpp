@@ -59,7 +59,7 @@ struct RunTransientCase {
 void transient_report(benchmark::State& state) {
     const RunTransientCase ran;
     write(state,
-          [&] { return S03_Print_Tab_transient_Cigre207_601_TBB(ran.c, ran.result, {}, print); });
+          [&] { return S03_Print_Tab_transient_Cigre207_601_TBB(ran.c, ran.result, print); });
 }
 BENCHMARK(transient_report)->Unit(benchmark::kMillisecond);
 

@@ -149,8 +149,8 @@ public:
 
 private:
     void found() override {
-        file_.write(S03_Print_Tab_transient_Cigre207_601_TBB(calc_case(), report().run,
-                                                             report().notes, file_.print()));
+        file_.write(
+            S03_Print_Tab_transient_Cigre207_601_TBB(calc_case(), report().run, file_.print()));
     }
     [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
         return file_.document(report().notes, messages());

@@ -24,9 +24,8 @@ public:
 
     /// Throws `PlatformError` (`PrinterProperty`) where the printer does not have it.
     virtual void set(SheetProperty property) = 0;
-    /// Sends the sheets, a document in PDF, and ends the job. Throws `PlatformError` where the
-    /// printer does not take it (`DeviceFailed`) or is gone (`PrinterMissing`); nothing is printed
-    /// then.
+    /// Sends the sheets, a document in PDF, and ends the job. Throws `PlatformError`
+    /// (`PrinterMissing`) where the printer is gone or does not take it; nothing is printed then.
     virtual void EndDoc(std::string_view pdf) = 0;
 };
 
@@ -41,6 +40,8 @@ public:
     [[nodiscard]] virtual std::string current() const = 0;
     /// Throws `PlatformError` (`PrinterMissing`) where the printer cannot be reached.
     virtual void make_current(const std::string& name) = 0;
+    /// Makes it the current one without asking whether it can be reached: a job tells that.
+    virtual void prefer(const std::string& name) = 0;
     /// A job for the current printer. Throws `PlatformError` (`PrinterMissing`) where there is
     /// none.
     [[nodiscard]] virtual std::unique_ptr<PrintJob> begin(const std::string& title) = 0;

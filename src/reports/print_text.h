@@ -18,6 +18,11 @@ enum class PrintLang : std::int16_t { German = 1, English = 2, French = 3, Spani
                                                   : PrintLang::German;
 }
 
+/// Of what has texts in German and English only.
+[[nodiscard]] constexpr LangId language_of(PrintLang lang) {
+    return lang == PrintLang::German ? LangId::German : LangId::English;
+}
+
 /// As documents name their language: "de".
 [[nodiscard]] constexpr std::string_view tag_of(PrintLang lang) {
     constexpr std::string_view tags[] = {"de", "en", "fr", "es"};

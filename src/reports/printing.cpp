@@ -24,7 +24,7 @@ bool done(std::int16_t action) { return action == 0; }
 
 }  // namespace
 
-void S00_Drucken(const PrintOrder& order, const ReportPrint& print, const PrintTools& tools) {
+bool S00_Drucken(const PrintOrder& order, const ReportPrint& print, const PrintTools& tools) {
     tools.errors.Druck_Fehlerzaehler = 0;
     std::unique_ptr<PrintJob> job;
     ReportFile file;
@@ -35,8 +35,8 @@ void S00_Drucken(const PrintOrder& order, const ReportPrint& print, const PrintT
             (void)trap(tools.errors, order.module, order.procedure, [&] { job->set(property); });
         file = file_of(report, print.lang, tools.make_file);
     };
-    if (done(trap(tools.errors, order.module, order.procedure, make)))
-        (void)trap(tools.errors, print_module, "S00_Drucken", [&] { job->EndDoc(file.pdf); });
+    return done(trap(tools.errors, order.module, order.procedure, make)) &&
+           done(trap(tools.errors, print_module, "S00_Drucken", [&] { job->EndDoc(file.pdf); }));
 }
 
 std::optional<Report> report_for_preview(const PrintOrder& order, const ReportPrint& print,

@@ -47,8 +47,8 @@ struct PrintTools {
 
 /// Prints the report on the current printer and ends the document. A failure while it is made is
 /// told under its own procedure. A property that the printer does not have is passed over as the
-/// central table says.
-void S00_Drucken(const PrintOrder& order, const ReportPrint& print, const PrintTools& tools);
+/// central table says. False where nothing was printed, which was told.
+bool S00_Drucken(const PrintOrder& order, const ReportPrint& print, const PrintTools& tools);
 
 /// The report of `order` for the preview; nothing where it could not be made, which was told.
 [[nodiscard]] std::optional<Report> report_for_preview(const PrintOrder& order,

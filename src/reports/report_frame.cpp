@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdio>
 
+#include "shell/program_texts.h"
+
 namespace zel {
 
 std::string print_date_text(const CalendarTime& time) {
@@ -16,11 +18,18 @@ ReportProject project_of(const CalcCase& c) {
     return {c.Projekt_db, c.Datum_db, c.Bearbeiter_db, c.Abteilung_db};
 }
 
+std::string program_line(PrintLang lang, const Text& program) {
+    constexpr Text line = {"{0} vom {1}", "{0} of {1}"};
+    const LangId named = language_of(lang);
+    return fill(line.in(named), {program.in(named), program_date});
+}
+
 void add_footer(Report& report, LabelWriter& say, const FrameTexts& texts,
                 const std::string& print_date, const std::string& operator_name) {
     report.print_date = {std::string(say(texts.print_date)), print_date};
     report.operator_name = {std::string(say(texts.operator_name)), operator_name};
     report.footer_sheet = say(texts.footer_sheet);
+    report.program = program_line(say.lang(), short_name);
 }
 
 ProjectBand project_band(LabelWriter& say, const PrintText (&labels)[4],

@@ -31,6 +31,10 @@ struct FrameTexts {
     PrintText footer_sheet = {"Blatt {0}/{1}", "page {0}/{1}"};
 };
 
+/// What the program area `program` calls itself, with the date of the program: in German, or in
+/// English for all others.
+[[nodiscard]] std::string program_line(PrintLang lang, const Text& program);
+
 /// Puts the footer to the end of a report.
 void add_footer(Report& report, LabelWriter& say, const FrameTexts& texts,
                 const std::string& print_date, const std::string& operator_name);

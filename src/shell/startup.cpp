@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 
-#include "platform/errors.h"
 #include "shell/program_texts.h"
 
 namespace zel {
@@ -98,11 +97,8 @@ bool read_paths(const ProgramSettings& settings, const StartupPlatform& platform
 void choose_printer(Printers& printers, const std::string& name) {
     const std::vector<std::string> installed =
         name.empty() ? std::vector<std::string>() : printers.installed();
-    if (std::find(installed.begin(), installed.end(), name) == installed.end()) return;
-    try {
-        printers.make_current(name);
-    } catch (const PlatformError&) {  // a print tells it
-    }
+    if (std::find(installed.begin(), installed.end(), name) != installed.end())
+        printers.prefer(name);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "reports/report_frame.h"
+#include "shell/program_texts.h"
 #include "short_circuit/conductor_materials.h"
 #include "short_circuit/result_page.h"
 #include "short_circuit/short_circuit_fields.h"
@@ -179,6 +180,7 @@ public:
         guard([this] { KS10_tab_print_Kurzschluss_2(); });
         report_.print_date = {say(print_date_label), print_.print_date};
         report_.operator_name = {say(operator_label), c_.Bearbeiter_ks};
+        report_.program = program_line(print_.lang, short_circuit_name);
         return std::move(report_);
     }
 

@@ -22,6 +22,7 @@ public:
         if (unreachable) throw PlatformError(PlatformFault::PrinterMissing, Reason(no_answer));
         current_name = name;
     }
+    void prefer(const std::string& name) override { current_name = name; }
     [[nodiscard]] std::unique_ptr<PrintJob> begin(const std::string& title) override {
         if (std::find(names.begin(), names.end(), current_name) == names.end())
             throw PlatformError(PlatformFault::PrinterMissing, Reason(no_answer));
@@ -50,7 +51,7 @@ private:
         }
         void EndDoc(std::string_view pdf) override {
             if (printers_.refuses_jobs)
-                throw PlatformError(PlatformFault::DeviceFailed, Reason(no_answer));
+                throw PlatformError(PlatformFault::PrinterMissing, Reason(no_answer));
             printed_.pdf = pdf;
             printers_.printed.push_back(printed_);
         }

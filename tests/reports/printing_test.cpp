@@ -86,7 +86,8 @@ TEST_F(Printing, tells_a_printer_that_is_missing_under_the_name_of_the_report) {
 TEST_F(Printing, tells_a_job_that_is_refused) {
     printers.refuses_jobs = true;
     print(order(long_report()));
-    EXPECT_THAT(heads(), ElementsAre("Error 57 in PRINT_Modul.S00_Drucken"));
+    EXPECT_THAT(heads(), ElementsAre("Ist der Drucker angeschlossen bzw. eingeschaltet ?",
+                                     "Error 482 in PRINT_Modul.S00_Drucken"));
 }
 
 TEST_F(Printing, tells_a_report_that_fails_and_prints_nothing) {

@@ -11,6 +11,9 @@ namespace zel {
 namespace {
 
 constexpr Text no_printer = {"Es ist kein Drucker eingerichtet.", "There is no printer installed."};
+constexpr Text none_chosen = {
+    "Es ist kein Drucker ausgewählt, und das System hat keinen Standarddrucker.",
+    "No printer is chosen, and the system has no default printer."};
 constexpr Text not_there = {"Der Drucker \"{0}\" ist nicht erreichbar: {1}",
                             "The printer \"{0}\" cannot be reached: {1}"};
 constexpr Text not_installed = {"Der Drucker \"{0}\" ist nicht installiert.",
@@ -133,9 +136,7 @@ public:
 
 private:
     [[nodiscard]] PlatformError refusal() const {
-        return failure(cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND ? PlatformFault::PrinterMissing
-                                                                     : PlatformFault::DeviceFailed,
-                       not_taken, printer_);
+        return failure(PlatformFault::PrinterMissing, not_taken, printer_);
     }
 
     std::string printer_;
@@ -166,9 +167,13 @@ void CupsPrinters::make_current(const std::string& name) {
     current_ = name;
 }
 
+void CupsPrinters::prefer(const std::string& name) { current_ = name; }
+
 std::unique_ptr<PrintJob> CupsPrinters::begin(const std::string& title) {
     const std::string printer = current();
-    if (printer.empty()) throw PlatformError(PlatformFault::PrinterMissing, Reason(no_printer));
+    if (printer.empty())
+        throw PlatformError(PlatformFault::PrinterMissing,
+                            Reason(installed().empty() ? no_printer : none_chosen));
     return std::make_unique<CupsJob>(printer, title);
 }
 

@@ -10,6 +10,7 @@ public:
     [[nodiscard]] std::vector<std::string> installed() const override;
     [[nodiscard]] std::string current() const override;
     void make_current(const std::string& name) override;
+    void prefer(const std::string& name) override;
     [[nodiscard]] std::unique_ptr<PrintJob> begin(const std::string& title) override;
 
 private:

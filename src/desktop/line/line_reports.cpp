@@ -43,11 +43,10 @@ bool transient_is_current(const LineCase& line, const Session& session) {
 std::optional<PrintOrder> transient_table_order(const LineCase& line, const Session& session) {
     if (!transient_is_current(line, session)) return std::nullopt;
     const TransientResult& result = *line.transient.result();
-    return PrintOrder{
-        ReportKind::TransientTable, "S03_Print_Tab_transient_Cigre207_601_TBB",
-        [c = line.c, result, notes = notes_on(result, line.c, session)](const ReportPrint& print) {
-            return S03_Print_Tab_transient_Cigre207_601_TBB(c, result, notes, print);
-        }};
+    return PrintOrder{ReportKind::TransientTable, "S03_Print_Tab_transient_Cigre207_601_TBB",
+                      [c = line.c, result](const ReportPrint& print) {
+                          return S03_Print_Tab_transient_Cigre207_601_TBB(c, result, print);
+                      }};
 }
 
 PrintOrder transient_graph_order(const CalcCase& c, const TransientResult& result,

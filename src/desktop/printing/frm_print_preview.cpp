@@ -47,6 +47,7 @@ constexpr Text panel_words = {"Blatt {0} von {1}     Strg + Rad : vergrößern, 
                               "Page {0} of {1}     Ctrl + wheel : enlarge, reduce"};
 constexpr Text not_all_shown = {"     Papier und PDF haben alle {0} Blätter",
                                 "     Paper and PDF have all {0} pages"};
+constexpr Text printed_words = {"     Gedruckt auf : {0}", "     Printed on : {0}"};
 constexpr Text save_title = {"Bericht speichern", "Save report"};
 constexpr Text filters = {"PDF-Dateien (*.pdf) (*.pdf)", "PDF files (*.pdf) (*.pdf)"};
 constexpr Text not_saved = {"Der Bericht kann nicht gespeichert werden:\n{0}",
@@ -78,6 +79,7 @@ FrmPrintPreview::FrmPrintPreview(QWidget* parent, const PreviewParts& parts, Pre
     sheets_ = new PreviewSheets(std::move(sheets));
     make_panel();
     switch_->setObjectName("Befehl1");
+    switch_->setFocusPolicy(Qt::TabFocus);
     on(switch_, &QPushButton::clicked, [this] { switch_sheet(); });
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -96,7 +98,7 @@ void FrmPrintPreview::place_window() {
     const QRect room = screen()->availableGeometry();
     size_window(*this, window_size.boundedTo(room.size() - frame_room));
     const QSize free = (room.size() - frame_room - size()) / 2;
-    move(room.topLeft() + QPoint(free.width(), free.height()));
+    move(room.topLeft() + QPoint(free.width(), free.height() + frame_room.height() / 2));
 }
 
 QMenuBar* FrmPrintPreview::make_menu() {
@@ -170,14 +172,22 @@ void FrmPrintPreview::show_caption() {
     const LangId lang = parts_.session.lang;
     const std::size_t shown = sheets_->shown();
     switch_->setText(qt(fill(switch_caption.in(lang), {shown == 0 ? "2" : "1"})));
+    switch_->setShortcut(QKeySequence("Ctrl+PgDown"));  // a new text takes it away
     std::string words =
         fill(panel_words.in(lang), {std::to_string(shown + 1), std::to_string(all_sheets_)});
     if (all_sheets_ > count_) words += fill(not_all_shown.in(lang), {std::to_string(all_sheets_)});
+    if (!printed_on_.empty()) words += fill(printed_words.in(lang), {printed_on_});
     panel_text_->setText(qt(words));
 }
 
 void FrmPrintPreview::switch_sheet() {
     sheets_->show_sheet(1 - sheets_->shown());
+    show_caption();
+    sheets_->setFocus();
+}
+
+void FrmPrintPreview::print() {
+    printed_on_ = content_.print();
     show_caption();
 }
 

@@ -30,7 +30,7 @@ struct PreviewContent {
     ReportKind kind;
     Report report;
     PrintLang lang;
-    std::function<void()> print;
+    std::function<std::string()> print;  // gives the printer, or nothing where it failed
     std::function<void(QWidget& window)> choose_printer;
 };
 
@@ -54,7 +54,7 @@ private:
     void show_panel();
     void show_caption();
     void switch_sheet();
-    void print() { content_.print(); }
+    void print();
     void choose_printer() { content_.choose_printer(*this); }
     void save();
     void fit_width();
@@ -71,6 +71,7 @@ private:
     QFrame* panel_;
     QLabel* panel_text_;
     QPushButton* switch_;
+    std::string printed_on_{};
 };
 
 }  // namespace zel

@@ -22,10 +22,15 @@ void PrintDesk::print(QWidget& form, const PrintOrder& order, PrintLang lang) {
     const auto on_paper = [this, order, lang] {
         const WaitCursor waiting;
         // The time of the paper is that of the print, not that of the preview.
-        S00_Drucken(order, {lang, parts_.session.separator, print_date_text(parts_.clock())},
-                    {parts_.printers, parts_.errors, sheets_file});
+        const bool printed =
+            S00_Drucken(order, {lang, parts_.session.separator, print_date_text(parts_.clock())},
+                        {parts_.printers, parts_.errors, sheets_file});
+        return printed ? parts_.printers.current() : std::string();
     };
-    if (parts_.settings.now().Druckvorschau != preview_on) return on_paper();
+    if (parts_.settings.now().Druckvorschau != preview_on) {
+        (void)on_paper();
+        return;
+    }
     const auto report = report_for_preview(order, print, parts_.errors);
     if (!report) return;
     FrmPrintPreview preview(

@@ -42,7 +42,7 @@ TEST(PrintQueue, takes_a_document_and_tells_what_it_refuses) {
 
     printers.make_current("Refusing");
     EXPECT_EQ(fault_of([&] { printers.begin("refused")->EndDoc(pdf.str()); }),
-              PlatformFault::DeviceFailed);
+              PlatformFault::PrinterMissing);
 }
 
 }  // namespace

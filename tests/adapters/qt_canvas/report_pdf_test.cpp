@@ -75,7 +75,7 @@ struct Printed {
         EXPECT_TRUE(transient.input_valid) << testing::PrintToString(transient.refusal.box.lines);
         transient_screen = transient_text(transient, c, session);
         reports = {*print_tab_stat({c, run}, print),
-                   S03_Print_Tab_transient_Cigre207_601_TBB(c, transient, {}, print)};
+                   S03_Print_Tab_transient_Cigre207_601_TBB(c, transient, print)};
         if (TotalTime(transient.rows) > 0)
             reports.push_back(S04_Print_Graph_transient_Cigre207_601_TBB(
                 c, transient, *transient_series(c, memory.basis(), transient, session), print));
