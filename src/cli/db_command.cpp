@@ -37,9 +37,6 @@ constexpr const char* db_notes =
 
 constexpr Text no_such_row = {"{0}: es gibt keine Zeile {1}, die Tabelle hat {2}",
                               "{0}: there is no row {1}, the table has {2}"};
-constexpr Text no_name = {"eine Tabelle braucht einen Namen", "a table needs a name"};
-constexpr Text wrong_name = {"{0}: der Name einer Tabelle kann \"{1}\" nicht enthalten",
-                             "{0}: the name of a table cannot have \"{1}\""};
 
 TableInfo case_table(Database& database, const DbWords& words) {
     return record_table(database, words.area().tables, words.table);
@@ -102,12 +99,6 @@ int show(const DbWords& words, Console& console) {
     return print_or_fail(words.area().show(row, words, console));
 }
 
-void refuse_name(const std::string& name) {
-    if (name.empty()) throw InputError(Reason(no_name));
-    if (const auto character = refused_character(name))
-        throw InputError(Reason(wrong_name, {in_quotes(name), printable(*character)}));
-}
-
 /// A case that was saved is told in JSON alone.
 int saved(const DbWords& words, const Console& console, const std::string& table, std::size_t row) {
     if (!words.json) return exit_done;
@@ -119,7 +110,7 @@ int save(const DbWords& words, Console& console) {
     const DbArea& area = words.area();
     const bool new_table = words.new_table || words.new_database;
     const std::string name = without_outer_blanks(words.table);
-    if (new_table) refuse_name(name);
+    if (new_table) refuse_table_name(name);
     if (words.new_database) refuse_reserved(words, words.file);
     const auto values = area.load(words.case_path, words, console);
     if (words.new_database) {

@@ -9,6 +9,7 @@
 
 #include "cli/case_output.h"
 #include "cli/commands.h"
+#include "cli/db_words.h"
 #include "measuring/measuring_cycle.h"
 #include "measuring/measuring_inputs.h"
 #include "measuring/measuring_ports.h"
@@ -47,9 +48,6 @@ constexpr Text wrong_cycle = {"--cycle-seconds: eine Zahl von 0.55 bis {0}",
                               "--cycle-seconds: a number from 0.55 to {0}"};
 constexpr Text wrong_source = {"--source: simulated oder zwei Geräte: ANEMOMETER,STRAHLUNGSMESSER",
                                "--source: simulated or two devices: ANEMOMETER,RADIATION-METER"};
-constexpr Text no_name = {"eine Tabelle braucht einen Namen", "a table needs a name"};
-constexpr Text wrong_name = {"{0}: der Name einer Tabelle kann \"{1}\" nicht enthalten",
-                             "{0}: the name of a table cannot have \"{1}\""};
 constexpr Text only_read = {"{0}: kann nur gelesen werden", "{0}: can only be read"};
 constexpr Text not_saved = {"nichts ist gespeichert: {0}", "nothing is stored: {0}"};
 constexpr BoxText save_failed = {Icon::Stop, {"Meßwerttabelle", "Measuring table"}, {"{0}", "{0}"}};
@@ -125,21 +123,18 @@ bool is_there(Database& database, const std::string& name) {
     return false;
 }
 
-void refuse_name(const std::string& name) {
-    if (name.empty()) throw InputError(Reason(no_name));
-    if (const auto character = refused_character(name))
-        throw InputError(Reason(wrong_name, {in_quotes(name), printable(*character)}));
-}
-
 /// Where the means are stored. Whatever would keep them from it is told by the check.
 class Target {
 public:
     explicit Target(const MeasureWords& words)
-        : file_(words.save.at(0)), table_(without_outer_blanks(words.save.at(1))) {}
+        : file_(words.save.at(0)), table_(without_outer_blanks(words.save.at(1))) {
+        static_cast<CommonOptions&>(words_) = words;
+    }
 
     void check() {
         if (!std::filesystem::exists(file_)) {
-            refuse_name(table_);
+            refuse_table_name(table_);
+            refuse_reserved(words_, file_);
             (void)NewDatabase(store_, file_);  // is gone again
             return;
         }
@@ -148,7 +143,7 @@ public:
         if (is_there(*database, table_))
             (void)record_table(*database, measuring_tables(), table_);
         else
-            refuse_name(table_);
+            refuse_table_name(table_);
     }
 
     void add(const std::vector<NamedValue>& row) {
@@ -166,6 +161,7 @@ public:
     }
 
 private:
+    DbWords words_;
     std::string file_;
     std::string table_;
     DatabaseFiles store_;

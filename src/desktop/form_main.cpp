@@ -53,7 +53,7 @@ FormMain::FormMain(DesktopState& state)
       form1_({area_parts(), state.calc_case, state.transient, state.case_path, state.settings,
               state.workbooks, state.files, state.patience_ms, make_conductors(), make_diagrams()}),
       ks_form1_(area_parts(), state.short_circuit, state.program.short_circuit_short_name,
-                make_conductors()),
+                make_conductors(), state.files),
       frm_mess_01_(measuring_parts()),
       help_menu_(state.session, state.launcher, state.help_folders),
       shown_full_screen_(full_screen()) {

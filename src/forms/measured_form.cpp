@@ -77,13 +77,17 @@ std::string value(std::span<const std::string> values) {
     return values[place];
 }
 
+/// A mean without the digits that nobody reads; what is no number as it is.
+template <std::size_t place>
+std::string mean(std::span<const std::string> values) {
+    const auto number = stored_number(values[place]);
+    return number ? masked(*number, "##0.0#", DecimalSeparator::Point) : values[place];
+}
+
 constexpr ListColumn list[] = {
-    {{"Kennung", "Identification"}, value<0>, 16},
-    {{"Beginn", "Start"}, value<1>, 19},
-    {{"Wind m/s", "Wind m/s"}, value<2>, 10},
-    {{"Richtung °", "Direction °"}, value<3>, 10},
-    {{"Luft °C", "Air °C"}, value<4>, 10},
-    {{"Strahlung W/qm", "Radiation W/qm"}, value<5>, 14},
+    {{"Kennung", "Identification"}, value<0>, 16}, {{"Beginn", "Start"}, value<1>, 19},
+    {{"Wind m/s", "Wind m/s"}, mean<2>, 10},       {{"Richtung °", "Direction °"}, mean<3>, 10},
+    {{"Luft °C", "Air °C"}, mean<4>, 10},          {{"W/qm", "W/qm"}, value<5>, 6},
 };
 
 }  // namespace

@@ -54,13 +54,13 @@ void SerialInstrument::read(const std::function<bool(std::string_view)>& take) {
 
 InstrumentStatus SerialInstrument::status() const {
     InstrumentStatus status = {InstrumentState::Sending, telegrams_,
-                               cutter_.dropped() - dropped_before_};
-    const bool late = clock_.elapsed() - last_ >= longest_silence;
+                               cutter_.dropped() - dropped_before_,
+                               clock_.elapsed() - last_ >= longest_silence};
     if (!port_)
         status.state = InstrumentState::Gone;
-    else if (cutter_.dropped() > dropped_till_last_ && (late || telegrams_ == 0))
+    else if (cutter_.dropped() > dropped_till_last_ && (status.overdue || telegrams_ == 0))
         status.state = InstrumentState::Rubbish;
-    else if (late)
+    else if (status.overdue)
         status.state = InstrumentState::Silent;
     else if (telegrams_ == 0)
         status.state = InstrumentState::Waiting;

@@ -25,7 +25,7 @@ enum class InstrumentState : std::uint8_t {
     Waiting,  // nothing has come yet
     Sending,
     Silent,   // nothing has come for a while
-    Rubbish,  // nothing that can be read, for a while
+    Rubbish,  // nothing that can be read has come, or not for a while
     Gone,     // the device is not there
 };
 
@@ -33,8 +33,9 @@ struct InstrumentStatus {
     InstrumentState state = InstrumentState::Waiting;
     std::size_t telegrams = 0;  // taken
     std::size_t dropped = 0;
+    bool overdue = false;  // has told nothing for too long
 
-    [[nodiscard]] bool gives_nothing() const { return state >= InstrumentState::Silent; }
+    [[nodiscard]] bool gives_nothing() const { return overdue || state == InstrumentState::Gone; }
 };
 
 /// An instrument that tells nothing for so long is silent.

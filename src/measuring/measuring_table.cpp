@@ -171,7 +171,7 @@ MeasuredRecord measured_record(const StoredRow& row, DecimalSeparator separator)
 
 void take_over(const StoredRow& row, CalcCase& c, DecimalSeparator separator) {
     for (const auto& [own, of_case] : taken_over)
-        c.*of_case = stored_entry(row, field_of(own).name, zel::field_of(of_case), separator);
+        c.*of_case = stored_entry(row, field_of(own).name, field_of(own), separator);
     if (c.Winkel_W_S_db.value > greatest_direction) c.Winkel_W_S_db = entry_of(0, separator);
     std::tie(c.Tag_db, c.Monat_db) = two_numbers(row.trimmed("Datum_mw"), separator);
     std::tie(c.Stunden_db, c.Minuten_db) = two_numbers(row.trimmed("Uhrzeit_mw"), separator);

@@ -16,7 +16,11 @@ constexpr char etx = '\x03';
 constexpr double full_circle = 360;
 
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
-bool is_control(char c) { return (c >= 0 && c < ' ' && c != '\t') || c == '\x7F'; }
+/// ASCII, and what "W/m²" and "°" are made of in UTF-8 and in Latin-1.
+bool is_text(char c) {
+    constexpr std::string_view beyond_ascii = "\xC2\xB2\xB0";
+    return (c >= ' ' && c < '\x7F') || c == '\t' || beyond_ascii.find(c) != std::string_view::npos;
+}
 
 /// Nothing where the text is no number, or not that alone.
 std::optional<double> number(std::string_view text) {
@@ -142,7 +146,7 @@ std::optional<WindTelegram> read_wind_telegram(std::string_view telegram) {
 }
 
 std::optional<std::int16_t> read_radiation_line(std::string_view line) {
-    if (std::any_of(line.begin(), line.end(), is_control)) return std::nullopt;
+    if (!std::all_of(line.begin(), line.end(), is_text)) return std::nullopt;
     const auto begins_number = [&](std::size_t at) {
         return at < line.size() &&
                (is_digit(line[at]) ||

@@ -33,7 +33,7 @@ struct WindTelegram {
 [[nodiscard]] std::optional<WindTelegram> read_wind_telegram(std::string_view telegram);
 
 /// The radiation of a line of text, W/m²: its first number, with a decimal point, rounded to a
-/// whole one. Nothing where it has none from -32768 to 32767, or holds control characters.
+/// whole one. Nothing where it has none from -32768 to 32767, or is no text.
 [[nodiscard]] std::optional<std::int16_t> read_radiation_line(std::string_view line);
 
 /// Cuts telegrams out of the bytes of a port and counts what is dropped. It keeps no more than the

@@ -10,8 +10,10 @@ namespace {
 
 constexpr Font font = {8};
 constexpr Colour frame = rgb(0xB0, 0xB0, 0xB0);
-constexpr double gap = 60;  // twips, between lanes and around texts
+constexpr double gap = 60;       // twips, between lanes
+constexpr double line_gap = 25;  // below a caption
 constexpr int line_width = 2;
+constexpr std::chrono::milliseconds least_span{60000};  // that is shown
 
 /// A lane: what it shows, in which colour, and the least range of its axis.
 struct Lane {
@@ -57,10 +59,13 @@ void Trace::add(std::chrono::milliseconds at, const MeasurementSample& sample) {
 void Trace::draw(Canvas& canvas, const CanvasBox& area, const Locale& locale) const {
     const double text_height = canvas.text_height(font);
     const double lane_height = area.height() / static_cast<double>(std::size(lanes));
+    const std::chrono::duration<double> shown =
+        points_.empty() ? least_span : std::max(least_span, points_.back().at - points_.front().at);
     for (std::size_t i = 0; i < std::size(lanes); ++i) {
         const Lane& lane = lanes[i];
         const double top = area.top + static_cast<double>(i) * lane_height;
-        const CanvasBox plot = {area.left, top + text_height, area.right, top + lane_height - gap};
+        const CanvasBox plot = {area.left, top + text_height + line_gap, area.right,
+                                top + lane_height - gap};
         canvas.text(plot.left, top, lane.caption.in(locale.lang), font, window_text);
         canvas.box(plot, {frame});
         if (points_.empty()) continue;
@@ -85,7 +90,7 @@ void Trace::draw(Canvas& canvas, const CanvasBox& area, const Locale& locale) co
             const std::chrono::duration<double> age = points_.back().at - point.at;
             const double y = (lane.value(point.sample) - middle) / reach + 0.5;
             path.push_back(
-                {plot.right - age / span * plot.width(), plot.bottom - y * plot.height()});
+                {plot.right - age / shown * plot.width(), plot.bottom - y * plot.height()});
         }
         finish();
     }

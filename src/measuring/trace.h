@@ -19,8 +19,8 @@ public:
     /// What comes next does not go on from what is there: a new cycle.
     void interrupt() { interrupted_ = true; }
 
-    /// Draws a lane for each measured value, the newest at the right, each with its greatest and
-    /// least value of the time shown.
+    /// Draws a lane for each measured value, at least a minute of it, the newest at the right, each
+    /// with its greatest and least value of the time shown.
     void draw(Canvas& canvas, const CanvasBox& area, const Locale& locale) const;
 
 private:

@@ -187,8 +187,12 @@ TEST_F(Cycle, tells_what_an_instrument_does) {
     start();
     pass(1s);
     EXPECT_EQ(state(), InstrumentState::Waiting);
+    ports.waiting["sun"] = "cut off\nwatts\n";
+    pass(550ms);
+    EXPECT_EQ(instruments.radiation_meter().state, InstrumentState::Rubbish);
+    EXPECT_FALSE(instruments.radiation_meter().gives_nothing()) << "it may just have begun";
     EXPECT_EQ(cycle.samples().back().Windgeschwindigkeit, 0);
-    pass(2s);
+    pass(1500ms);
     EXPECT_EQ(state(), InstrumentState::Silent);
     pass(1s, [this] { send_both(); });
     EXPECT_EQ(state(), InstrumentState::Sending);

@@ -24,6 +24,15 @@ std::optional<std::string> MeasuringDesk::ask(const Text& title, bool existing) 
         {std::string(title.in(lang)), folder, filters.in(lang), "mdb", existing, "*.mdb"});
 }
 
+/// A file of the program's own is not made here.
+bool MeasuringDesk::is_reserved(const std::string& path) const {
+    const std::string folder = start_folder(parts_.settings.now().Berechnungsdaten);
+    const ReservedName name =
+        reserved_case_database(path, folder.substr(0, folder.size() - 1), parts_.session.lang);
+    if (name.box) parts_.session.tell(*name.box);
+    return name.refused;
+}
+
 /// Other failures are told by the window that opens it.
 bool MeasuringDesk::is_missing(const std::string& path) const {
     try {
@@ -60,7 +69,9 @@ void MeasuringDesk::save(const measuring::MeasuredRecord& record) {
     RowToSave row;
     row.values = measuring::row_of(record, row.cut);
     row.head = forms::shown_measurement(record);
-    const auto save = is_missing(*path) ? save_in_new : save_in_existing;
+    const bool is_new = is_missing(*path);
+    if (is_new && is_reserved(*path)) return;
+    const auto save = is_new ? save_in_new : save_in_existing;
     (void)save(window_parts(), parts_.tables, *path, std::move(row));
 }
 

@@ -21,6 +21,7 @@ public:
 
 private:
     [[nodiscard]] std::optional<std::string> ask(const Text& title, bool existing) const;
+    [[nodiscard]] bool is_reserved(const std::string& path) const;
     [[nodiscard]] bool is_missing(const std::string& path) const;
     [[nodiscard]] DatabaseWindowParts window_parts() const;
 

@@ -9,7 +9,9 @@
 #include "desktop/line/form1_result_page.h"
 #include "desktop/line/form1_transient_page.h"
 #include "desktop/line/line_diagrams.h"
+#include "desktop/line/line_pictures.h"
 #include "desktop/line/line_reports.h"
+#include "desktop/pictures/side_dock.h"
 #include "measuring/measuring_table.h"
 #include "platform/errors.h"
 #include "shell/program_texts.h"
@@ -80,6 +82,14 @@ Form1::Form1(Form1Parts parts)
     transient_->draw = [this] { transient_diagram_->open(); };
     transient_->calculated = [this] { allow_output_of_page(); };
     finish();
+    add_docks(parts);
+}
+
+void Form1::add_docks(const Form1Parts& parts) {
+    pictures_ = new LinePictures({session(), captions(), parts.area.chooser, parts.files}, line_);
+    auto* pictures = new SideDock(*this, pictures_dock, pictures_, captions());
+    pictures->open_by_itself(true);
+    add_view_menu(*this, captions(), {pictures});
 }
 
 Form1::~Form1() = default;
@@ -100,6 +110,7 @@ void Form1::case_changed() {
     conductor_->show_labels();
     result_->case_changed();
     transient_->load();
+    pictures_->show_case();
     steady_diagram_->inputs_changed();
     transient_diagram_->inputs_changed();
     show_print_caption();
@@ -176,6 +187,7 @@ bool Form1::run() {
     shown_run_ = result;
     if (result.may_save) databases().allow_saving(true);
     line_.transient.keep(result, line_.c);
+    pictures_->show_run({{}, line_.c, result});
     load();  // the run reconciles the currents of sub-conductor and bundle
     strip().setTabEnabled(transient_page, true);
     for (const Box& box : result.advice) session().tell(box);
@@ -192,6 +204,7 @@ void Form1::forget_results() {
     result_->reset();
     result_->clear();
     shown_run_.reset();
+    pictures_->forget();
     strip().setTabEnabled(transient_page, false);
 }
 

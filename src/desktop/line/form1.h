@@ -17,6 +17,7 @@ namespace zel {
 
 class ConductorPage;
 class GeneralPage;
+class LinePictures;
 class ResultPage;
 class TransientPage;
 
@@ -65,6 +66,7 @@ private:
     bool run();
     void tell_result_anew();
     void allow_output_of_page();
+    void add_docks(const Form1Parts& parts);
 
     LineCase line_;
     forms::LineForm form_;
@@ -76,6 +78,7 @@ private:
     ConductorPage* conductor_;
     ResultPage* result_;
     TransientPage* transient_;
+    LinePictures* pictures_ = nullptr;
     std::optional<SteadyRunResult> shown_run_;  // the last valid run
     bool shown_run_is_stale_ = false;           // a refused run came after it
     int sharing_;                               // sub-conductors that share the typed currents

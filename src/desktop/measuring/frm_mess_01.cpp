@@ -296,6 +296,7 @@ void FrmMess01::cancel_cycle() {
 /// Shows the means and sounds the alarm. Without a sample there is nothing to sound it for.
 void FrmMess01::cycle_ended() {
     Timer1_->stop();
+    remaining_->clear();
     show_buttons();
     if (!cycle_.means()) {
         parts_.session.dialogs.show(box_in(lang(), no_sample));

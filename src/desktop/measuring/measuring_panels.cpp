@@ -21,11 +21,11 @@ constexpr double twips_per_pixel = 15;
 constexpr Text live_caption = {"Aktuelle Messwerte", "Present values"};
 constexpr Text means_caption = {"Mittelwerte des Meßzyklus", "Means of the measuring cycle"};
 
-constexpr Text direction_label = {"Windrichtung:", "Wind direction:"};
-constexpr Text speed_label = {"Windgeschwindigkeit:", "Wind speed:"};
-constexpr Text temperature_label = {"Lufttemperatur:", "Air temperature:"};
-constexpr Text radiation_label = {"Globalstrahlung:", "Global radiation:"};
-constexpr Text samples_label = {"Anzahl der Messwerte:", "Number of samples:"};
+constexpr Text direction_label = {"Windrichtung", "Wind direction"};
+constexpr Text speed_label = {"Windgeschwindigkeit", "Wind speed"};
+constexpr Text temperature_label = {"Lufttemperatur", "Air temperature"};
+constexpr Text radiation_label = {"Globalstrahlung", "Global radiation"};
+constexpr Text samples_label = {"Anzahl der Messwerte", "Number of samples"};
 
 constexpr const char* nothing = "-";
 /// What the window has always shown for the mean direction.
@@ -33,7 +33,8 @@ constexpr const char* always_shown = "0.0 °";
 
 QLabel* add_value(QGridLayout& grid, Captions& captions, const Text& label, const char* name) {
     const int line = grid.rowCount();
-    QLabel* caption = captions.text(plain_label(), label);
+    QLabel* caption = plain_label();
+    captions.computed([caption, label](LangId lang) { caption->setText(qt(label, lang) + ":"); });
     caption->setWordWrap(true);
     QLabel* value = plain_label(nothing);
     value->setObjectName(name);
@@ -118,6 +119,7 @@ MeansPanel::MeansPanel(Captions& captions, const Session& session)
     extrapolated_ = add(extrapolated_label, "Wind_Hochrechnung");
     samples_ = add(samples_label, "Anzahl");
     grid->addWidget(note_, grid->rowCount(), 0, 1, 2);
+    grid->setRowStretch(grid->rowCount(), 1);
 }
 
 void MeansPanel::clear() {

@@ -3,9 +3,12 @@
 #include <QTabWidget>
 #include <utility>
 
+#include "desktop/pictures/picture_panel.h"
+#include "desktop/pictures/side_dock.h"
 #include "desktop/short_circuit/form_pages.h"
 #include "desktop/short_circuit/result_view.h"
 #include "forms/short_circuit_failures.h"
+#include "pictures/utilisation_picture.h"
 #include "shell/program_texts.h"
 #include "short_circuit/short_circuit_fields.h"
 #include "short_circuit/short_circuit_file.h"
@@ -22,6 +25,9 @@ constexpr Text form_title = {"Thermische Kurzschlußstromfestigkeit nach IEC 865
 constexpr Text print_report_caption = {"Ausdruck: Thermische Kurzschlußfestigkeit",
                                        "Print: thermal short-circuit strength"};
 constexpr std::string_view report_module = "MODUL_IEC865";
+constexpr Text utilisation_name = {"Ausnutzung", "Utilisation"};
+constexpr Text no_picture = {"Das Bild zeigt das Ergebnis, sobald es berechnet ist.",
+                             "The picture shows the result as soon as it is calculated."};
 
 constexpr FormLook look = {
     .row_gap = 8,
@@ -71,14 +77,15 @@ private:
 }  // namespace
 
 KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& name,
-                 const MakeConductorSource& make_conductors)
+                 const MakeConductorSource& make_conductors, Files& files)
     : AreaFrame({"KS_Form1", "mneu", "close_KS_Form1", name, short_circuit_title, form_title,
                  forms::short_circuit_databases()},
                 parts, std::make_unique<CaseRecord>(form, parts.session), {}),
       form_(form),
       record_(form_, parts.session),
       conductors_(make_conductors(*this, [this] { take_over_conductor(); })),
-      result_(new ResultView) {
+      result_(new ResultView),
+      pictures_(new PicturePanel({parts.session, parts.captions, parts.chooser, files})) {
     const FormParts form_parts = {record_,
                                   session(),
                                   captions(),
@@ -95,6 +102,10 @@ KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& nam
         add_page(page, *caption++);
     add_print_button(result_->print_button());
     finish();
+    captions().computed([this](LangId) { show_picture(); });
+    auto* pictures = new SideDock(*this, pictures_dock, pictures_, captions());
+    pictures->open_by_itself(true);
+    add_view_menu(*this, captions(), {pictures});
 }
 
 KsForm1::~KsForm1() = default;
@@ -138,6 +149,7 @@ void KsForm1::leave_page() {
     result_->clear();
     shown_.reset();
     allow_output(false);
+    show_picture();
 }
 
 void KsForm1::turn_to(int page) {
@@ -158,6 +170,16 @@ void KsForm1::run() {
     shown_ = run;
     result_->show_page(run.page);
     allow_output(true);
+    show_picture();
+}
+
+/// The picture belongs to the result page.
+void KsForm1::show_picture() {
+    const LangId lang = session().lang;
+    if (!shown_) return pictures_->show_entries({}, std::string(no_picture.in(lang)));
+    pictures_->show_entries(
+        {{std::string(utilisation_name.in(lang)),
+          [this] { return utilisation_picture(form_.content(), shown_->result, session()); }}});
 }
 
 void KsForm1::go_to(const ShortCircuitRefusal& refusal) {

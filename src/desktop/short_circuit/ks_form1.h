@@ -6,7 +6,12 @@
 #include "desktop/frame/area_frame.h"
 #include "desktop/frame/conductor_source.h"
 #include "forms/short_circuit_form.h"
+#include "platform/files.h"
 #include "short_circuit/short_circuit_run.h"
+
+namespace zel {
+class PicturePanel;
+}
 
 namespace zel::short_circuit {
 
@@ -20,7 +25,7 @@ class KsForm1 : public AreaFrame {
 public:
     /// `name` is what the area calls itself; it may change with the language.
     KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& name,
-            const MakeConductorSource& make_conductors);
+            const MakeConductorSource& make_conductors, Files& files);
     ~KsForm1() override;
 
     void load() override;
@@ -40,6 +45,7 @@ private:
     void start_database();
     void take_over_conductor();
     void run();
+    void show_picture();
     void go_to(const ShortCircuitRefusal& refusal);
 
     ShortCircuitForm& form_;
@@ -49,6 +55,7 @@ private:
     ConductorPage* conductor_;
     ResultView* result_;
     std::optional<ShortCircuitRun> shown_;  // the result, while it is shown
+    PicturePanel* pictures_;
 };
 
 }  // namespace zel::short_circuit

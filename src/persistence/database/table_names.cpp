@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/errors.h"
 #include "platform/text/text.h"
 #include "platform/text/utf8.h"
 #include "shell/program_texts.h"
@@ -23,6 +24,10 @@ constexpr BoxText taken_name = {Icon::Stop,
                                  "Bitte korrigieren Sie ihre Eingabe !",
                                  "The file name {1} in this directory\n"
                                  "is already in use. Please choose another filename "}};
+
+constexpr Text no_name = {"eine Tabelle braucht einen Namen", "a table needs a name"};
+constexpr Text wrong_name = {"{0}: der Name einer Tabelle kann \"{1}\" nicht enthalten",
+                             "{0}: the name of a table cannot have \"{1}\""};
 
 struct Reserved {
     std::string_view name;
@@ -48,6 +53,12 @@ std::optional<std::string> refused_character(std::string_view name) {
             return std::string(character);
     }
     return std::nullopt;
+}
+
+void refuse_table_name(const std::string& name) {
+    if (name.empty()) throw InputError(Reason(no_name));
+    if (const auto character = refused_character(name))
+        throw InputError(Reason(wrong_name, {in_quotes(name), printable(*character)}));
 }
 
 ReservedName reserved_case_database(std::string_view path, std::string_view calculation_folder,

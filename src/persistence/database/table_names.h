@@ -14,6 +14,9 @@ namespace zel {
 /// k. Nothing where all may stand.
 [[nodiscard]] std::optional<std::string> refused_character(std::string_view name);
 
+/// Throws `InputError` where a new table cannot have the name.
+void refuse_table_name(const std::string& name);
+
 /// What is told of a name of a new database.
 struct ReservedName {
     bool refused = false;

@@ -1,0 +1,84 @@
+#include "desktop/line/line_pictures.h"
+
+#include "compare/sensitivity_picture.h"
+#include "pictures/balance_picture.h"
+#include "pictures/conductor_picture.h"
+#include "pictures/methods_picture.h"
+#include "pictures/situation_picture.h"
+
+namespace zel {
+namespace {
+
+constexpr Text methods_name = {"Ergebnisse der Verfahren", "Results of the methods"};
+constexpr Text balance_name = {"Wärmebilanz {0}", "Heat balance {0}"};
+constexpr Text situation_name = {"Leitung, Wind und Sonne", "Line, wind and sun"};
+constexpr Text conductor_name = {"Querschnitt des Leiters", "Cross-section of the conductor"};
+constexpr Text sensitivity_name = {"Was das Ergebnis bewegt, {0}", "What moves the result, {0}"};
+constexpr Text former = {
+    "Die Eingaben haben sich geändert: Ergebnisse und Wärmebilanz sind die der früheren.",
+    "The inputs have changed: results and heat balance are those of the former ones."};
+
+std::string named(const Text& name, Method method, LangId lang) {
+    return fill(name.in(lang), {name_of(method)});
+}
+
+}  // namespace
+
+LinePictures::LinePictures(const PanelParts& parts, const LineCase& line)
+    : PicturePanel(parts), line_(line), session_(parts.session) {
+    parts.captions.computed([this](LangId) { show_case(); });
+}
+
+void LinePictures::show_case() {
+    const bool changed = run_ && steady_inputs(run_->c) != steady_inputs(line_.c);
+    show_entries(entries(), changed ? std::string(former.in(session_.lang)) : std::string());
+}
+
+void LinePictures::show_run(KeptRun run) {
+    run_ = std::move(run);
+    show_case();
+}
+
+void LinePictures::forget() {
+    run_.reset();
+    show_case();
+}
+
+/// Pictures are made when they are looked at, from what is kept here until then.
+std::vector<PictureEntry> LinePictures::entries() const {
+    const LangId lang = session_.lang;
+    std::vector<PictureEntry> entries;
+    if (run_)
+        entries.push_back({std::string(methods_name.in(lang)),
+                           [this] { return methods_picture(run_->c, run_->result, session_); }});
+    entries.push_back({std::string(situation_name.in(lang)),
+                       [this] { return std::optional(situation_picture(line_.c, session_)); }});
+    if (run_) add_results(entries);
+    entries.push_back(
+        {std::string(conductor_name.in(lang)), [this] {
+             const bool same = run_ && steady_inputs(run_->c) == steady_inputs(line_.c);
+             return conductor_picture(line_.c, same ? &run_->result : nullptr, session_);
+         }});
+    return entries;
+}
+
+void LinePictures::add_results(std::vector<PictureEntry>& entries) const {
+    const LangId lang = session_.lang;
+    std::vector<PictureEntry> sensitivities;
+    for (const MethodResult& line : run_->result.methods) {
+        if (!line.outcome.sound()) continue;
+        const Method method = line.method;
+        entries.push_back({named(balance_name, method, lang), [this, method] {
+                               return balance_picture(run_->c, run_->result, method, session_);
+                           }});
+        sensitivities.push_back({named(sensitivity_name, method, lang),
+                                 [this, method]() -> std::optional<Picture> {
+                                     const auto found = sensitivity(run_->c, session_);
+                                     return sensitivity_picture(*found, method, session_);
+                                 },
+                                 false});
+    }
+    entries.insert(entries.end(), sensitivities.begin(), sensitivities.end());
+}
+
+}  // namespace zel

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QDockWidget>
+
+#include "desktop/frame/area_frame.h"
+
+namespace zel {
+
+/// What tells one dock from another.
+struct DockFacts {
+    const char* name;
+    Text title;
+    Text entry;  // of the menu
+    const char* shortcut;
+};
+
+/// A dock to the right of an area's pages. As long as the user has not said otherwise it is there
+/// where the window is wide enough for both; where it is not, it opens as a window of its own.
+class SideDock : public QDockWidget {
+public:
+    SideDock(AreaFrame& form, const DockFacts& facts, QWidget* content, Captions& captions);
+
+    [[nodiscard]] QAction& entry() const { return *entry_; }
+    /// Whether it opens by itself.
+    void open_by_itself(bool opens);
+
+protected:
+    bool eventFilter(QObject* of, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void switched(bool shown);
+    void follow_width();
+    [[nodiscard]] bool has_room() const;
+
+    AreaFrame& form_;
+    QAction* entry_;
+    bool opens_by_itself_ = false;
+    bool chosen_ = false;  // the user has opened or closed it
+};
+
+/// The dock with the pictures of an area.
+inline constexpr DockFacts pictures_dock = {
+    "pictures_dock", {"Bilder", "Pictures"}, {"&Bilder", "&Pictures"}, "Ctrl+Shift+B"};
+
+/// The menu of the docks of `form`, before that of the languages.
+void add_view_menu(AreaFrame& form, Captions& captions, const std::vector<SideDock*>& docks);
+
+}  // namespace zel

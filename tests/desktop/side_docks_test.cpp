@@ -1,0 +1,90 @@
+#include <QAction>
+#include <QDockWidget>
+#include <QPushButton>
+
+#include "desktop/desktop_fixture.h"
+#include "fakes/short_circuit_cases.h"
+#include "workflow/run/page_change.h"
+
+namespace zel {
+namespace {
+
+using testing::HasSubstr;
+
+class SideDocks : public DesktopTest {
+protected:
+    QDockWidget& dock(const char* name) { return control<QDockWidget>(name); }
+    void make_wide() {
+        window->resize(1800, 900);
+        QApplication::processEvents();
+    }
+    std::vector<std::string> pictures() {
+        std::vector<std::string> names;
+        for (const QWidget* view : window->findChildren<QWidget*>("picture"))
+            names.push_back(view->accessibleName().toStdString());
+        return names;
+    }
+};
+
+TEST_F(SideDocks, pictures_stand_beside_pages_where_there_is_room) {
+    open(twin_264_34());
+    EXPECT_TRUE(dock("pictures_dock").isHidden());
+    make_wide();
+    ASSERT_TRUE(dock("pictures_dock").isVisible());
+    EXPECT_FALSE(dock("pictures_dock").isFloating());
+    EXPECT_THAT(pictures(),
+                testing::ElementsAre("Line, wind and sun", "Cross-section of the conductor"));
+    go_to(result_page);
+    EXPECT_THAT(pictures(), testing::Contains("Heat balance by Cigre TB 207"));
+    go_to(input_page);
+    type("Text11", "2");
+    EXPECT_THAT(shown("picture_note"), HasSubstr("The inputs have changed"));
+    go_to(result_page);
+    EXPECT_EQ(shown("picture_note"), "");
+    window->resize(1000, 700);
+    QApplication::processEvents();
+    EXPECT_TRUE(dock("pictures_dock").isHidden());
+}
+
+TEST_F(SideDocks, pictures_open_as_a_window_where_there_is_none) {
+    open(twin_264_34());
+    auto& entry = control<QAction>("show_pictures_dock");
+    entry.trigger();
+    EXPECT_TRUE(dock("pictures_dock").isVisible());
+    EXPECT_TRUE(dock("pictures_dock").isFloating());
+    dock("pictures_dock").close();
+    EXPECT_FALSE(entry.isChecked());
+    make_wide();
+    EXPECT_TRUE(dock("pictures_dock").isHidden());  // as the user has left it
+}
+
+TEST_F(SideDocks, chosen_picture_is_saved) {
+    open(twin_264_34(), LangId::German, DecimalSeparator::Comma);
+    make_wide();
+    go_to(result_page);
+    auto& list = control<QComboBox>("picture_list");
+    list.setCurrentText("Was das Ergebnis bewegt, Cigre TB 207");
+    ASSERT_THAT(pictures(), testing::ElementsAre("Was das Ergebnis nach Cigre TB 207 bewegt"));
+    chooser.paths = {"/p.svg", "/p.gif"};
+    control<QPushButton>("save_picture").click();
+    EXPECT_THAT(disk.files["/p.svg"], HasSubstr(">Windgeschwindigkeit + 0,1 m/s</text>"));
+    control<QPushButton>("save_picture").click();
+    ASSERT_EQ(dialogs.shown.size(), 1U);
+    EXPECT_THAT(dialogs.shown.back().lines.back(), HasSubstr("/p.gif"));
+}
+
+TEST_F(SideDocks, utilisation_stands_beside_the_verdict) {
+    short_circuit = copper_far();
+    open();
+    window = &form_main->ks_form1();
+    window->show();
+    make_wide();
+    EXPECT_THAT(shown("picture_note"), HasSubstr("as soon as it is calculated"));
+    go_to(2);
+    EXPECT_THAT(pictures(), testing::ElementsAre("Thermal short-circuit strength"));
+    go_to(0);
+    EXPECT_TRUE(pictures().empty());
+}
+
+}  // namespace
+}  // namespace zel
