@@ -2,9 +2,11 @@
 
 #include <random>
 
+#include "fakes/memory_canvas.h"
 #include "fakes/scripted_ports.h"
 #include "fakes/test_data.h"
 #include "measuring/measuring_cycle.h"
+#include "measuring/trace.h"
 
 namespace zel::measuring {
 namespace {
@@ -222,6 +224,26 @@ TEST_F(Cycle, stands_five_minutes_of_noise) {
     EXPECT_EQ(cycle.means()->Anzahl, 545U);
     EXPECT_EQ(instruments.anemometer().telegrams, 0U);
     EXPECT_GT(instruments.anemometer().dropped, 1000U);
+}
+
+TEST(Traces, show_the_last_minutes_and_where_a_cycle_begins) {
+    Trace trace;
+    MeasurementSample sample;
+    for (int tick = 0; tick < 700; ++tick) {
+        if (tick == 600) trace.interrupt();
+        sample.Windgeschwindigkeit = tick == 650 ? 9 : 3;
+        trace.add(tick * MeasuringCycle::tick, sample);
+    }
+    MemoryCanvas canvas;
+    trace.draw(canvas, {0, 0, 6000, 4000}, {LangId::German, DecimalSeparator::Comma});
+    EXPECT_EQ(canvas.boxes.size(), 4U);
+    ASSERT_EQ(canvas.paths.size(), 8U);
+    EXPECT_EQ(canvas.texts[1].text, "3,0 m/s … 9,0 m/s");
+    EXPECT_EQ(canvas.paths[0].points.size(), 446U);  // of 5 minutes less the new cycle
+    EXPECT_EQ(canvas.paths[1].points.size(), 100U);
+    for (std::size_t i = 0; i < canvas.paths.size(); ++i)
+        for (const CanvasPoint& point : canvas.paths[i].points)
+            EXPECT_TRUE(canvas.boxes[i / 2].holds(point)) << i;
 }
 
 TEST(Telegrams, are_never_longer_than_the_longest) {

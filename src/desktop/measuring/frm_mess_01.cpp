@@ -132,7 +132,6 @@ QWidget* FrmMess01::make_inputs() {
     };
     Text1_ = new QLineEdit;
     Text1_->setObjectName("Text1");
-    Text1_->installEventFilter(new NumberKeys(Text1_, parts_.session));
     add(Text1_, height_label, "m");
     on(Text1_, &QLineEdit::textEdited, [this] { height_typed(); });
     on(Text1_, &QLineEdit::editingFinished, [this] { height_left(); });

@@ -1,4 +1,4 @@
-#include "adapters/serial/serial_ports.h"
+#include "adapters/posix/serial_ports.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "adapters/serial/serial_ports.h"
+#include "adapters/posix/serial_ports.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -8,8 +8,8 @@
 
 #include <array>
 #include <cerrno>
-#include <cstring>
 
+#include "adapters/posix/descriptor.h"
 #include "platform/errors.h"
 
 namespace zel {
@@ -29,7 +29,7 @@ constexpr Rate rates[] = {{1200, B1200},   {2400, B2400},   {4800, B4800},   {96
                           {19200, B19200}, {38400, B38400}, {57600, B57600}, {115200, B115200}};
 
 [[noreturn]] void refuse(const std::string& device, int error) {
-    throw InputError(at(device, Reason(std::strerror(error))), PlatformFault::DeviceFailed, device);
+    throw InputError(at(device, system_reason(error)), posix_fault(error), device);
 }
 
 class SerialPort : public SensorPort {
