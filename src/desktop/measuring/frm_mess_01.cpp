@@ -230,7 +230,9 @@ void FrmMess01::closeEvent(QCloseEvent* event) {
     Timer1_->stop();
     Timer3_->stop();
     Picture3_->hide();
+    if (!cycle_.runs()) return;
     cycle_.stop();
+    guarded(*this, [this] { show_means(); });
 }
 
 void FrmMess01::S61_Messzyklus_starten() {
@@ -292,21 +294,26 @@ void FrmMess01::cancel_cycle() {
     cycle_ended();
 }
 
-/// Shows the means and sounds the alarm. Without a sample there is nothing to sound it for.
+/// Sounds the alarm. Without a sample there is nothing to sound it for.
 void FrmMess01::cycle_ended() {
     Timer1_->stop();
-    remaining_->clear();
-    show_buttons();
+    show_means();
     if (!cycle_.means()) {
         parts_.session.dialogs.show(box_in(lang(), no_sample));
         return;
     }
-    means_->show_means(*cycle_.means(),
-                       stale_note(cycle_.stale_samples(), cycle_.means()->Anzahl, lang()));
-    show_extrapolated();
     red_ = false;
     Timer3_->start(alarm_ms);
     Picture3_->show();
+}
+
+void FrmMess01::show_means() {
+    remaining_->clear();
+    show_buttons();
+    if (!cycle_.means()) return;
+    means_->show_means(*cycle_.means(),
+                       stale_note(cycle_.stale_samples(), cycle_.means()->Anzahl, lang()));
+    show_extrapolated();
 }
 
 void FrmMess01::show_buttons() {

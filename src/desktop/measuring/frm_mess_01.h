@@ -62,6 +62,7 @@ private:
     void go_on();
     void show_progress();
     void cycle_ended();
+    void show_means();
     void show_buttons();
     void show_extrapolated();
     void sound_alarm();
