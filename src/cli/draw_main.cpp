@@ -15,10 +15,9 @@ std::string draw_alone(DrawingKind kind, const CanvasBox& area, std::string_view
     return drawing_file(kind, area, title, draw);
 }
 
-std::string draw_sheets_alone(const CanvasBox& sheet, std::string_view title,
-                              const DrawSheets& draw) {
+std::string draw_sheets_alone(const SheetsDocument& document) {
     const DrawingSystem system;
-    return sheets_file(sheet, title, draw);
+    return sheets_file(document);
 }
 
 int run(int argc, char** argv) {

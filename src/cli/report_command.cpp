@@ -1,5 +1,3 @@
-#include <cstdlib>
-#include <ctime>
 #include <nlohmann/json.hpp>
 
 #include "adapters/posix/text_file.h"
@@ -7,7 +5,9 @@
 #include "cli/short_circuit_calculation.h"
 #include "cli/transient_calculation.h"
 #include "platform/errors.h"
+#include "program/print_time.h"
 #include "program/stores.h"
+#include "reports/report_file.h"
 #include "reports/report_frame.h"
 #include "reports/steady_report.h"
 #include "reports/transient_report.h"
@@ -35,8 +35,6 @@ constexpr const char* report_notes =
     "set, is the time that is printed. Where a method found nothing the report says so;\n"
     "the exit status is 1 then.\n";
 
-constexpr Text wrong_ending = {"ein Bericht wird als .pdf geschrieben",
-                               "a report is written as .pdf"};
 constexpr Text written = {"{0} geschrieben, {1} Blatt\n", "{0} written, {1} sheets\n"};
 constexpr Text cannot_print = {"der Bericht kann nicht gedruckt werden: {0}",
                                "the report cannot be printed: {0}"};
@@ -48,43 +46,23 @@ struct ReportWords : CaseWords {
     std::optional<PrintLang> print_lang{};
 };
 
-std::tm time_of_report() {
-    std::tm parts{};
-    if (const char* epoch = std::getenv("SOURCE_DATE_EPOCH"); epoch != nullptr) {
-        const std::time_t given = std::strtoll(epoch, nullptr, 10);
-        ::gmtime_r(&given, &parts);
-    } else {
-        const std::time_t now = std::time(nullptr);
-        ::localtime_r(&now, &parts);
-    }
-    return parts;
-}
-
 /// The file that a report goes into.
-class ReportFile {
+class ReportOutput {
 public:
-    ReportFile(const ReportWords& words, const DrawingTools& tools)
+    ReportOutput(const ReportWords& words, const DrawingTools& tools)
         : words_(words),
           tools_(tools),
           print_{
               words.print_lang.value_or(print_lang(ProgramStores().settings().now().LangId_print)),
-              words.separator, print_date_text(time_of_report())} {}
+              words.separator, print_date_text(print_time())} {}
 
     [[nodiscard]] const ReportWords& words() const { return words_; }
     [[nodiscard]] const ReportPrint& print() const { return print_; }
 
     void write(const Report& report) {
-        const std::string bytes =
-            tools_.sheets(report_paper, without_outer_blanks(report.title),
-                          [&](Canvas& canvas, const std::function<void()>& next_sheet) {
-                              const std::vector<ReportSheet> sheets = set_in_sheets(report, canvas);
-                              sheets_ = sheets.size();
-                              for (std::size_t i = 0; i < sheets.size(); ++i) {
-                                  if (i > 0) next_sheet();
-                                  draw(canvas, sheets[i]);
-                              }
-                          });
-        write_text_file(words_.path, bytes);
+        const ReportFile file = file_of(report, print_.lang, tools_.sheets);
+        write_text_file(words_.path, file.pdf);
+        sheets_ = file.sheets;
     }
 
     /// What is told of the written file; nothing of one that was not written.
@@ -110,7 +88,7 @@ private:
 
 class SteadyReport : public CaseRun {
 public:
-    explicit SteadyReport(ReportFile& file)
+    explicit SteadyReport(ReportOutput& file)
         : CaseRun(file.words()),
           file_(file),
           loaded_(load_case(file.words().case_path, file.words(), console())),
@@ -139,7 +117,7 @@ private:
     }
     [[nodiscard]] std::string page() const override { return file_.page(run_.notes); }
 
-    ReportFile& file_;
+    ReportOutput& file_;
     LoadedCase loaded_;
     Session session_;
     SteadyRunResult run_;
@@ -147,7 +125,7 @@ private:
 
 class SteadyGraphReport : public RangeCalculation {
 public:
-    explicit SteadyGraphReport(ReportFile& file) : RangeCalculation(file.words()), file_(file) {}
+    explicit SteadyGraphReport(ReportOutput& file) : RangeCalculation(file.words()), file_(file) {}
 
 private:
     bool find() override {
@@ -161,30 +139,30 @@ private:
     }
     [[nodiscard]] std::string page() const override { return file_.page(notes()); }
 
-    ReportFile& file_;
+    ReportOutput& file_;
 };
 
 class TransientTableReport : public TransientCalculation {
 public:
-    explicit TransientTableReport(ReportFile& file)
+    explicit TransientTableReport(ReportOutput& file)
         : TransientCalculation(file.words(), false), file_(file) {}
 
 private:
     void found() override {
-        file_.write(S03_Print_Tab_transient_Cigre207_601_TBB(calc_case(), report().run,
-                                                             report().notes, file_.print()));
+        file_.write(
+            S03_Print_Tab_transient_Cigre207_601_TBB(calc_case(), report().run, file_.print()));
     }
     [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
         return file_.document(report().notes, messages());
     }
     [[nodiscard]] std::string page() const override { return file_.page(report().notes); }
 
-    ReportFile& file_;
+    ReportOutput& file_;
 };
 
 class TransientGraphReport : public TransientCalculation {
 public:
-    explicit TransientGraphReport(ReportFile& file)
+    explicit TransientGraphReport(ReportOutput& file)
         : TransientCalculation(file.words(), true), file_(file) {}
 
 private:
@@ -199,12 +177,12 @@ private:
     }
     [[nodiscard]] std::string page() const override { return file_.page(report().notes); }
 
-    ReportFile& file_;
+    ReportOutput& file_;
 };
 
 class ShortCircuitReport : public ShortCircuitCalculation {
 public:
-    explicit ShortCircuitReport(ReportFile& file)
+    explicit ShortCircuitReport(ReportOutput& file)
         : ShortCircuitCalculation(file.words()), file_(file) {}
 
 private:
@@ -216,11 +194,11 @@ private:
     }
     [[nodiscard]] std::string page() const override { return file_.page({}); }
 
-    ReportFile& file_;
+    ReportOutput& file_;
 };
 
 void refuse_ending(const std::string& path) {
-    if (!has_ending(path, ".pdf")) throw InputError(at(path, Reason(wrong_ending)));
+    if (!has_ending(path, report_ending)) throw InputError(at(path, Reason(wrong_report_ending)));
 }
 
 template <class Run>
@@ -230,7 +208,7 @@ void add_kind(CommandLine& line, CLI::App& group, const char* name, const char* 
             refuse_ending(given.path);
             if (line.tools().sheets == nullptr)
                 return become_program("zel-draw", line.words(), cannot_print, given.lang);
-            ReportFile file(given, line.tools());
+            ReportOutput file(given, line.tools());
             return Run(file).run();
         });
     add_case_word(command, words);

@@ -94,6 +94,7 @@ Started start_up(const DesktopOptions& options, const DesktopPlatform& platform,
     StartupPlatform startup{platform.system, dialogs, options.separator, options.lang};
     startup.ask_language = ask_language;
     startup.start_companion = platform.start_companion;
+    startup.printers = &platform.printers;
     return S00_Start_Programminitialisierung(platform.settings, startup, true);
 }
 
@@ -132,6 +133,8 @@ int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform 
                        platform.files,
                        platform.workbooks,
                        platform.tables,
+                       platform.printers,
+                       std::move(platform.print_time),
                        platform.sensor_ports,
                        platform.clock,
                        std::move(platform.conductors),

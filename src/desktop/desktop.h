@@ -8,6 +8,7 @@
 #include "persistence/conductor_library.h"
 #include "platform/case_store.h"
 #include "platform/clock.h"
+#include "platform/printers.h"
 #include "platform/sensor_port.h"
 #include "platform/system.h"
 #include "platform/table_store.h"
@@ -39,6 +40,8 @@ struct DesktopPlatform {
     std::vector<std::string> help_folders;  // where the help documents lie
     std::function<void()> start_companion;  // the first start of the conductor database
     Files& files;                           // of the conductors, and the exchange file
+    Printers& printers;
+    std::function<CalendarTime()> print_time;  // of a report, local
     LibraryPlaces conductors{};
 };
 

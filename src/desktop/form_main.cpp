@@ -48,9 +48,10 @@ constexpr QPoint beside(40, 40);  // of a window that is not maximised, from thi
 
 FormMain::FormMain(DesktopState& state)
     : state_(state),
+      printing_({state.session, state.settings, state.chooser, state.files, state.printers,
+                 state.errors, state.print_time}),
       form1_({area_parts(), state.calc_case, state.transient, state.case_path, state.settings,
-              state.errors, state.workbooks, state.files, state.patience_ms, make_conductors(),
-              make_diagrams()}),
+              state.workbooks, state.files, state.patience_ms, make_conductors(), make_diagrams()}),
       ks_form1_(area_parts(), state.short_circuit, state.program.short_circuit_short_name,
                 make_conductors(), state.files),
       frm_mess_01_(measuring_parts()),
@@ -83,7 +84,9 @@ AreaParts FormMain::area_parts() {
             state_.store,
             state_.chooser,
             [this](LangId lang) { switch_language(lang); },
-            make_databases()};
+            make_databases(),
+            state_.errors,
+            printing_};
 }
 
 MakeDatabaseSource FormMain::make_databases() {
@@ -122,7 +125,8 @@ FrmMess01Parts FormMain::measuring_parts() {
 
 MakeDiagramSource FormMain::make_diagrams() {
     return [this](QWidget& form, DiagramForm diagram) {
-        const FrmGraphParts parts = {state_.session, captions_, state_.chooser, state_.files};
+        const FrmGraphParts parts = {state_.session, captions_, state_.chooser, state_.files,
+                                     printing_};
         return std::make_unique<FrmGraph>(form, std::move(diagram), parts);
     };
 }
@@ -150,6 +154,8 @@ void FormMain::make_file_menu() {
     add("m_St_Temp_Excel", steady_excel_caption, [this] { open_excel(ExcelMode::Steady); });
     add("m_transient_Temp_Excel", transient_excel_caption,
         [this] { open_excel(ExcelMode::Transient); });
+    menu->addSeparator();
+    add("mDruckereinrichtung", printer_setup_caption, [this] { printing_.choose_printer(*this); });
     menu->addSeparator();
     add("mBeenden", exit_caption, [this] { close(); })->setShortcut(QKeySequence("Ctrl+Q"));
 }

@@ -8,6 +8,7 @@
 #include "desktop/help_menu.h"
 #include "desktop/line/form1.h"
 #include "desktop/measuring/frm_mess_01.h"
+#include "desktop/printing/print_desk.h"
 #include "desktop/settings/settings_menu.h"
 #include "desktop/short_circuit/ks_form1.h"
 
@@ -53,6 +54,7 @@ private:
 
     DesktopState& state_;
     Captions captions_;  // of all windows
+    PrintDesk printing_;
     Form1 form1_;
     short_circuit::KsForm1 ks_form1_;
     FrmMess01 frm_mess_01_;

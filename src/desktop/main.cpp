@@ -1,10 +1,12 @@
 #include <utility>
 
+#include "adapters/printers/cups_printers.h"
 #include "desktop/desktop.h"
 #include "platform/errors.h"
 #include "program/case_source.h"
 #include "program/command_line.h"
 #include "program/database_files.h"
+#include "program/print_time.h"
 #include "program/stores.h"
 #include "shell/startup.h"
 
@@ -35,6 +37,7 @@ int open_windows(int& argc, char** argv, const DesktopWords& words) {
     JsonCaseStore cases;
     XlsxStore workbooks;
     DatabaseFiles tables;
+    CupsPrinters printers;
     return run_desktop(argc, argv, std::move(desktop),
                        {cases,
                         workbooks,
@@ -47,6 +50,8 @@ int open_windows(int& argc, char** argv, const DesktopWords& words) {
                         {stores.paths.data_folder, document_folder()},
                         [&stores, &options] { start_companion(stores, options.lang); },
                         stores.disk,
+                        printers,
+                        print_time,
                         library_places(stores.paths)});
 }
 

@@ -19,6 +19,9 @@ constexpr Text overflow = {
     "Es hat sich deshalb programmintern eine Division durch 0\n"
     "Bitte überprüfen Sie ihre Eingabe auf Plausibilität bzw. Realitätsnähe\n"
     " u. korrigieren Sie ihre Eingabedaten !"};
+constexpr Text file_blocked = {" Datei bereits von anderer Anwendung geoeffnet. \n"
+                               "Schliessen Sie diese Anwendung und versuchen Sie es \n"
+                               "erneut."};
 constexpr Text any_other = {"Fehler {0} bei Zeile {1} aufgetreten."};
 constexpr Text while_dropping = {
     "Fehler {0} bei Zeile {1} aufgetreten.\n"
@@ -32,7 +35,10 @@ constexpr Text while_dropping = {
 
 constexpr std::string_view title_of_form = " Fehlerhafte Eingabe";
 constexpr std::string_view title_of_procedure = " Fehler in Funktion ";
+constexpr std::string_view title_of_print = " Fehler in Sub ";
 constexpr std::string_view dropping = "Command3_click";  // of the browser
+
+constexpr std::string_view printing = "KS10_tab_print_Kurzschluss_2";
 
 /// The wording; null where the central table has the message.
 const Text* lines_for(const ErrorObject& error, std::string_view procedure) {
@@ -43,6 +49,7 @@ const Text* lines_for(const ErrorObject& error, std::string_view procedure) {
         case PlatformFault::InvalidCall: return &invalid_call;
         case PlatformFault::Overflow:
         case PlatformFault::DivisionByZero: return &overflow;
+        case PlatformFault::FileOpen: return procedure == printing ? &file_blocked : nullptr;
         default: return &row == &unhandled_row() ? &any_other : nullptr;
     }
 }
@@ -51,7 +58,8 @@ std::string title_for(std::string_view procedure, LangId lang) {
     if (procedure == dropping) return std::string(short_circuit_title.in(lang));
     // Event procedures of the forms are named after a control, the others after their step.
     if (!procedure.starts_with("KS")) return std::string(title_of_form);
-    return std::string(title_of_procedure) + std::string(procedure);
+    return std::string(procedure == printing ? title_of_print : title_of_procedure) +
+           std::string(procedure);
 }
 
 }  // namespace

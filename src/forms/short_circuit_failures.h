@@ -7,7 +7,8 @@
 
 namespace zel::forms {
 
-/// The message of a failure in `procedure` of the short-circuit databases where it is not that of
+/// The message of a failure in `procedure` of the short-circuit databases and
+/// the second half of the report where it is not that of
 /// the central table: faults of arithmetic (5, 6, 11), numbers without a row of their own, and
 /// everything that fails while a table is dropped. The cause stands below the fixed wording.
 [[nodiscard]] std::optional<Box> short_circuit_failure(const ErrorObject& error, std::int16_t Zeile,

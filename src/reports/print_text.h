@@ -18,6 +18,17 @@ enum class PrintLang : std::int16_t { German = 1, English = 2, French = 3, Spani
                                                   : PrintLang::German;
 }
 
+/// Of what has texts in German and English only.
+[[nodiscard]] constexpr LangId language_of(PrintLang lang) {
+    return lang == PrintLang::German ? LangId::German : LangId::English;
+}
+
+/// As documents name their language: "de".
+[[nodiscard]] constexpr std::string_view tag_of(PrintLang lang) {
+    constexpr std::string_view tags[] = {"de", "en", "fr", "es"};
+    return tags[static_cast<std::size_t>(lang) - 1];
+}
+
 /// What is printed, in up to four languages. A language may have no text of its own, which is not
 /// the same as an empty one: then the label before it is printed again.
 struct PrintText {

@@ -54,7 +54,8 @@ struct ReportPicture {
 
 /// What follows stands on another sheet.
 struct SheetBreak {
-    std::string title;  // of the sheets from here on
+    std::string title;          // of the sheets from here on
+    std::string sheet_label{};  // of them too; empty where it stays
 };
 
 using ReportBlock =
@@ -74,6 +75,7 @@ struct Report {
     ReportRow print_date;        // of the footer
     ReportRow operator_name;     // of the footer
     std::string footer_sheet{};  // as `sheet_label`
+    std::string program{};       // that made it, with its version: below the number of the sheet
 };
 
 // ---- set in sheets

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <ctime>
-
+#include "platform/clock.h"
 #include "reports/print_text.h"
 #include "reports/report.h"
 #include "steady/case/calc_case.h"
@@ -11,7 +10,7 @@
 namespace zel {
 
 /// When a report is printed, for its footer: "22/11/2026 / 09:05".
-[[nodiscard]] std::string print_date_text(const std::tm& local_time);
+[[nodiscard]] std::string print_date_text(const CalendarTime& time);
 
 /// The project that a report is about.
 struct ReportProject {
@@ -31,6 +30,10 @@ struct FrameTexts {
     PrintText operator_name = {"Bearbeiter(-in):", "operator:"};
     PrintText footer_sheet = {"Blatt {0}/{1}", "page {0}/{1}"};
 };
+
+/// What the program area `program` calls itself, with the date of the program: in German, or in
+/// English for all others.
+[[nodiscard]] std::string program_line(PrintLang lang, const Text& program);
 
 /// Puts the footer to the end of a report.
 void add_footer(Report& report, LabelWriter& say, const FrameTexts& texts,

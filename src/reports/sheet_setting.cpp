@@ -43,7 +43,7 @@ struct RowPlaces {
     double width;
 };
 constexpr RowPlaces wide_row = {4500, 6200, 4700, right - left};
-constexpr RowPlaces half_row = {2950, 3950, 3050, (right - left - 300) / 2};
+constexpr RowPlaces half_row = {2950, 3900, 3050, (right - left - 300) / 2};
 
 class Setter {
 public:
@@ -51,7 +51,8 @@ public:
         : report_(report),
           canvas_(canvas),
           pitch_(canvas.text_height(text_font) * 1.25),
-          title_(report.title) {
+          title_(report.title),
+          label_(report.sheet_label) {
         begin_sheet();
     }
 
@@ -89,6 +90,7 @@ private:
     void begin_sheet() {
         const bool first = sheets_.empty();
         sheets_.emplace_back();
+        labels_.push_back(label_);
         sheet().boxes.push_back({title_box, frame_width});
         text_in({title_box.left + inset, title_y, title_end, title_box.bottom}, title_, title_font);
         if (first && report_.band) add_band(*report_.band);
@@ -97,7 +99,7 @@ private:
     }
 
     void add_band(const ProjectBand& band) {
-        text_in({band_box.left, title_box.bottom + 10, band_box.right, band_box.top - 5}, band.head,
+        text_in({band_box.left, title_box.bottom + 16, band_box.right, band_box.top - 5}, band.head,
                 head_font);
         sheet().boxes.push_back({band_box, 1});
         line(band_box.left, band_rule_y, band_box.right, band_rule_y);
@@ -135,12 +137,14 @@ private:
         line(left, footer_y, right, footer_y);
         const double y = footer_y + inset;
         double x = left;
-        for (const ReportRow* row : {&report_.print_date, &report_.operator_name}) {
+        for (const auto& [row, share] :
+             {std::pair(&report_.print_date, 0.42), {&report_.operator_name, 0.36}}) {
             const std::string words = row->label + " " + row->value;
-            const double width = (right - left) * 0.42;
+            const double width = (right - left) * share;
             text_in({x, y, x + width, y + 2 * pitch_}, words, text_font);
             x += width;
         }
+        if (!report_.program.empty()) text_to(right, y + pitch_, report_.program, text_font);
     }
 
     /// Once their number is known.
@@ -150,7 +154,7 @@ private:
             const auto numbered = [&](const std::string& pattern) {
                 return fill(pattern, {std::to_string(i + 1), all});
             };
-            const std::string label = numbered(report_.sheet_label);
+            const std::string label = numbered(labels_[i]);
             const double x =
                 std::min(sheet_label_x, right - inset - canvas_.text_width(label, text_font));
             sheets_[i].texts.push_back({x, sheet_label_y, label, text_font});
@@ -171,6 +175,7 @@ private:
 
     void add(const SheetBreak& next) {
         title_ = next.title;
+        if (!next.sheet_label.empty()) label_ = next.sheet_label;
         begin_sheet();
     }
 
@@ -344,7 +349,9 @@ private:
     const Canvas& canvas_;
     double pitch_;
     std::string title_;
+    std::string label_;  // of the sheets from here on
     std::vector<ReportSheet> sheets_;
+    std::vector<std::string> labels_;
     double top_ = 0;  // where the present sheet begins
     double y_ = 0;    // how far it is filled
 };

@@ -7,7 +7,7 @@
 #include "reports/steady_report_tables.h"
 #include "steady/case/case_fields.h"
 #include "workflow/rules/derived.h"
-#include "workflow/run/transient.h"
+#include "workflow/run/notes.h"
 
 namespace zel {
 namespace {
@@ -94,34 +94,28 @@ private:
 
     // ---- values of rows
 
-    /// The result that the two currents or the temperature of sheet 1 are: of the method that
-    /// starts a transient, else of the first one that found any.
-    [[nodiscard]] const SteadyResult* printed_result() const {
-        const auto start = transient_method(c_);
-        const SteadyResult* first = nullptr;
-        for (const MethodResult& line : run_.methods) {
-            if (!line.outcome.sound()) continue;
-            if (start && line.method == *start) return &line.outcome;
-            if (first == nullptr) first = &line.outcome;
-        }
-        return first;
+    /// What the two currents and the temperature of sheet 1 are: where a transient would start,
+    /// else what the first method found.
+    [[nodiscard]] std::optional<TransientStart> printed_state() const {
+        if (run_.transient_start) return run_.transient_start;
+        for (const MethodResult& line : run_.methods)
+            if (line.outcome.sound())
+                return TransientStart{line.outcome.current_A.value_or(c_.Stromstaerke_db.value),
+                                      line.outcome.temperature_C.value_or(c_.Leitertemp_db.value)};
+        return std::nullopt;
     }
 
     std::string current(double share, const Entry& given, std::string_view mask) const {
         if (run_.basis.current_given)
             return given.given() ? print_.number(given.value, mask) : std::string(no_value);
-        const SteadyResult* result = printed_result();
-        return result != nullptr && result->current_A
-                   ? print_.number(*result->current_A * share, mask)
-                   : std::string(no_value);
+        const auto state = printed_state();
+        return state ? print_.number(state->current * share, mask) : std::string(no_value);
     }
 
     std::string temperature(std::string_view mask) const {
         if (!run_.basis.current_given) return print_.number(c_.Leitertemp_db.value, mask);
-        const SteadyResult* result = printed_result();
-        return result != nullptr && result->temperature_C
-                   ? print_.number(*result->temperature_C, mask)
-                   : std::string(no_value);
+        const auto state = printed_state();
+        return state ? print_.number(state->temperature, mask) : std::string(no_value);
     }
 
     std::string date_and_time(std::string_view mask) const {
@@ -183,8 +177,7 @@ private:
     [[nodiscard]] std::string mark_of(const PrintedRow& row) const {
         const auto* field = std::get_if<Entry CalcCase::*>(&row.source);
         if (field == nullptr || !(c_.**field).assumed) return {};
-        const LangId lang = print_.lang == PrintLang::German ? LangId::German : LangId::English;
-        return " " + std::string(assumed_mark.in(lang));
+        return " " + std::string(assumed_mark.in(language_of(print_.lang)));
     }
 
     ReportRow printed(const PrintedRow& row) {
@@ -221,14 +214,15 @@ private:
         add(method_radial());
     }
 
-    void add_line(std::string text) {
-        report_.blocks.emplace_back(ReportParagraph{std::move(text)});
-    }
-
     void add_results() {
-        report_.blocks.emplace_back(ReportSection{say(result_head), {}, 1});
+        const std::string head = say(result_head);
+        results_.clear();
         for (const MethodResult& line : run_.methods) add_result(line);
+        report_.blocks.emplace_back(ReportParagraph{joined(results_, "\n"), false, head});
+        for (const Note& note : notes_on(run_, {language_of(print_.lang), print_.separator}))
+            report_.blocks.emplace_back(ReportParagraph{note.text});
     }
+    void add_line(std::string text) { results_.push_back(std::move(text)); }
 
     void add_result(const MethodResult& line) {
         const auto& words = *std::find_if(
@@ -264,6 +258,7 @@ private:
     LabelWriter say_;
     bool busbar_;  // the method of the busbar is the only one
     FrameTexts frame_ = {.print_date = {"Druck-Datum:", "print date:"}};
+    std::vector<std::string> results_;  // a line each
     Report report_;
 };
 
@@ -273,6 +268,10 @@ std::optional<Report> print_tab_stat(const SteadyPrint& steady, const ReportPrin
     if (is_busbar_alone(steady.c)) return S01_print_tab_stat_TBB_1(steady, print);
     if (methods_line(steady.c).empty()) return std::nullopt;
     return S01_print_tab_stat_cigrewebskirn_1(steady, print);
+}
+
+std::string_view steady_procedure(const CalcCase& c) {
+    return is_busbar_alone(c) ? "S01_print_tab_stat_TBB_1" : "S01_print_tab_stat_cigrewebskirn_1";
 }
 
 Report S01_print_tab_stat_cigrewebskirn_1(const SteadyPrint& steady, const ReportPrint& print) {

@@ -24,6 +24,9 @@ struct SteadyPrint {
 [[nodiscard]] std::optional<Report> print_tab_stat(const SteadyPrint& steady,
                                                    const ReportPrint& print);
 
+/// The procedure that makes it.
+[[nodiscard]] std::string_view steady_procedure(const CalcCase& c);
+
 /// Inputs on the first sheet, conductor and results on the second, then the parameter tables.
 [[nodiscard]] Report S01_print_tab_stat_cigrewebskirn_1(const SteadyPrint& steady,
                                                         const ReportPrint& print);

@@ -101,7 +101,7 @@ constexpr PrintedRow rated_current = {
     " A"};
 constexpr PrintText at_temperature = {"bei Leitertemperatur:", "at conductor temperature:"};
 
-constexpr PrintedRow conductor[] = {
+constexpr PrintedRow conductor_names[] = {
     first_name,
     {{"Norm:", "standard:"}, &C::Norm_db},
     second_name,
@@ -109,6 +109,8 @@ constexpr PrintedRow conductor[] = {
     {{"Monat:", "month:"}, &C::Normmonat_db, "00"},
     type_row,
     shape_row,
+};
+constexpr PrintedRow conductor_figures[] = {
     {{"Querschnittsfläche:", "total cross section area:"},
      &C::Seilquerschnitt_db,
      "####0.0#",
@@ -197,8 +199,10 @@ constexpr PrintedRow layer[] = {
      "###0.00#",
      "10^-7 / K^2"},
 };
-constexpr PrintedSection conductor_sections[] = {{{"Leiterdaten", "conductor data"}, conductor, 2},
-                                                 {layer_head, layer, 2}};
+constexpr PrintedSection conductor_sections[] = {
+    {{"Leiterdaten", "conductor data"}, conductor_names, 1},
+    {{"", ""}, conductor_figures, 2},
+    {layer_head, layer, 2}};
 
 constexpr PrintedRow core[] = {
     {{"Drahtanzahl:", "number of wires:"}, &C::DrahtzahlTraeger_db, "##0"},

@@ -84,7 +84,7 @@ constexpr PrintText conductor_temperature = {"Leitertemperatur = ", "conductor t
 constexpr PrintText ambient_temperature = {"Umgebungstemperatur = ", "ambient temperature = "};
 constexpr PrintText angle_note = {"Winkel Wind / Seil = ", "angle wind / conductor = "};
 constexpr PrintText radiation_note = {"Globalstrahlung = ", "sun/sky radiation = "};
-constexpr double graph_height = 11000;  // twips
+constexpr double graph_height = 12400;  // twips
 
 const PrintText& y_axis(Stepped stepped) {
     switch (stepped) {
@@ -117,6 +117,20 @@ constexpr FailureWords failure_words[] = {
       "Please check your input data \nif they are in range of reality !"}},
 };
 
+/// Writes "TB 601" and "TB 207" at the first curve of each, where the two keep clear of each other.
+void tag_methods(Diagram& diagram) {
+    constexpr std::pair<std::string_view, double> tags[] = {{"TB 601", 0.75}, {"TB 207", 0.25}};
+    for (const auto& [tag, place] : tags) {
+        const std::string name = "Cigre " + std::string(tag) + ",";  // the wind comes behind
+        const auto found =
+            std::find_if(diagram.curves.begin(), diagram.curves.end(),
+                         [&](const DiagramCurve& curve) { return curve.name.starts_with(name); });
+        if (found == diagram.curves.end()) continue;
+        found->tag = tag;
+        found->tag_at = place;
+    }
+}
+
 bool finds_all(const ParameterTable& table, std::size_t method) {
     for (std::size_t step = 0; step < table.steps.size(); ++step)
         for (std::size_t wind = 0; wind < table.winds.size(); ++wind)
@@ -142,7 +156,8 @@ void add_tables(Report& report, const ParameterTable& table, const CalcCase& c, 
     const auto said = [&](const PrintText& text) { return std::string(say(text)); };
     report.blocks.emplace_back(
         SheetBreak{said(table.stepped == Stepped::Current ? temperatures_title : currents_title) +
-                   methods_line(c)});
+                       methods_line(c),
+                   said(FrameTexts{.print_date = {"", ""}}.sheet_label)});
     const std::string kind =
         said(words.kind) + said(PrintText(bundle_name(c.Anzahl_Teilleiter_db)));
     for (std::size_t method = 0; method < table.methods.size(); ++method) {
@@ -181,6 +196,7 @@ Report S02_Print_Graph_Steady(const CalcCase& c, const ParameterTable& curves,
     diagram.y.caption = said(y_axis(curves.stepped));
     diagram.x.line_unit = said(unit_of_x);
     diagram.y.line_unit = said(unit_of_y);
+    tag_methods(diagram);
     const bool ambient = curves.stepped == Stepped::AmbientTemperature;
     ReportSection notes = {{}, {}, 2};
     notes.rows = {

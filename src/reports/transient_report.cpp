@@ -109,7 +109,7 @@ constexpr PrintText unit_of_temperature = {"1 Hilfslinieneinheit Temperatur = ",
                                            "1 line unit temperature = "};
 constexpr PrintText unit_of_current = {"1 Hilfslinieneinheit Strom = ", "1 line unit current = "};
 constexpr PrintText bare_conductor_tag = {"blanker Leiter", "blanker Leiter"};
-constexpr double graph_height = 11000;  // twips
+constexpr double graph_height = 12400;  // twips
 
 /// A report of the transient area.
 class TransientPage {
@@ -117,13 +117,14 @@ public:
     TransientPage(const CalcCase& c, const TransientResult& result, const ReportPrint& print)
         : c_(c), result_(result), print_(print), say_(print.lang) {}
 
-    Report table(const std::vector<Note>& notes) {
+    Report table() {
         begin(words_of(result_.method).table_title);
         add_start();
         const std::size_t rows = result_.rows_run();
         for (std::size_t i = 0; i < rows; ++i) add_change(i);
         add_paragraph(say(marks_found));
-        for (const Note& note : notes) add_paragraph(note.text);
+        for (const Note& note : notes_on(result_, c_, {language_of(print_.lang), print_.separator}))
+            add_paragraph(note.text);
         return end();
     }
 
@@ -171,8 +172,7 @@ private:
              print_.number(result_.start.current * c_.Anzahl_Teilleiter_db, "#####0"), " A"});
         section.rows.push_back({say(PrintText(start_temperature_label)),
                                 print_.number(result_.start.temperature, "####0.0"), " °C"});
-        add_paragraph(head, true);
-        add_paragraph(sentence);
+        report_.blocks.emplace_back(ReportParagraph{sentence, false, head});
         report_.blocks.emplace_back(std::move(section));
     }
 
@@ -247,9 +247,8 @@ private:
 }  // namespace
 
 Report S03_Print_Tab_transient_Cigre207_601_TBB(const CalcCase& c, const TransientResult& result,
-                                                const std::vector<Note>& notes,
                                                 const ReportPrint& print) {
-    return TransientPage(c, result, print).table(notes);
+    return TransientPage(c, result, print).table();
 }
 
 Report S04_Print_Graph_transient_Cigre207_601_TBB(const CalcCase& c, const TransientResult& result,

@@ -8,11 +8,10 @@
 
 namespace zel {
 
-/// The table of the transient that a run of `c` found, on one sheet. What was found is marked; a
-/// row that failed says so and is the last one.
+/// The table of the transient that a run of `c` found, on one sheet, with the notes on it. What was
+/// found is marked; a row that failed says so and is the last one.
 [[nodiscard]] Report S03_Print_Tab_transient_Cigre207_601_TBB(const CalcCase& c,
                                                               const TransientResult& result,
-                                                              const std::vector<Note>& notes,
                                                               const ReportPrint& print);
 
 /// The diagram of the same, on one sheet: `series` is the course that was stepped anew.

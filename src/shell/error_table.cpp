@@ -260,8 +260,10 @@ Box error_box(const ErrorRow& row, const ErrorObject& error, std::int16_t Zeile,
               std::string_view module, std::string_view procedure, LangId lang) {
     std::string lines(error_head);
     if (!row.lines.de.empty()) lines += '\n' + std::string(row.lines.in(lang));
-    // The fixed wording says nothing of the cause of an error without a row of its own.
-    if (&row == &unhandled_row() && !error.text.empty()) lines += "\n{5}";
+    // The fixed wording says nothing of the cause of an error without a row of its own, nor which
+    // printer it is that is missing.
+    if ((&row == &unhandled_row() || row.extra == Extra::AsksForPrinter) && !error.text.empty())
+        lines += "\n{5}";
     const std::string number = std::to_string(error.number);
     const std::string Zeile_text = std::to_string(Zeile);
     const std::initializer_list<std::string_view> values = {

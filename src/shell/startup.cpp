@@ -1,5 +1,6 @@
 #include "shell/startup.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "shell/program_texts.h"
@@ -91,6 +92,15 @@ bool read_paths(const ProgramSettings& settings, const StartupPlatform& platform
     return true;
 }
 
+/// The printer that was chosen in a former run, if it is there still; otherwise that of the system
+/// stays the current one.
+void choose_printer(Printers& printers, const std::string& name) {
+    const std::vector<std::string> installed =
+        name.empty() ? std::vector<std::string>() : printers.installed();
+    if (std::find(installed.begin(), installed.end(), name) != installed.end())
+        printers.prefer(name);
+}
+
 }  // namespace
 
 bool runs_on(const std::string& major_version) {
@@ -127,6 +137,7 @@ Started S00_Start_Programminitialisierung(Settings& settings, const StartupPlatf
     if (!read_paths(settings.now(), platform, started)) return ended(StartEnd::NoExchangeFile);
     settings.set_for_this_run(&ProgramSettings::Punkt_Komma_Format_merker,
                               static_cast<std::int16_t>(platform.separator));
+    if (platform.printers != nullptr) choose_printer(*platform.printers, settings.now().DeviceName);
     return started;
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "platform/message_box.h"
+#include "platform/printers.h"
 #include "platform/system.h"
 #include "platform/text/number_text.h"
 #include "shell/program_settings.h"
@@ -41,6 +42,7 @@ struct StartupPlatform {
     /// Called before the paths are read: the first start of the conductor database makes the shared
     /// settings file.
     std::function<void()> start_companion = [] {};
+    Printers* printers = nullptr;  // where the program can print
 };
 
 enum class StartEnd : std::uint8_t { Ready, LanguageCancelled, SystemRefused, NoExchangeFile };

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "reports/report_frame.h"
+#include "shell/program_texts.h"
 #include "short_circuit/conductor_materials.h"
 #include "short_circuit/result_page.h"
 #include "short_circuit/short_circuit_fields.h"
@@ -166,7 +167,8 @@ public:
           print_(print),
           say_(print.lang) {}
 
-    Report KS10_tab_print_Kurzschluss_1() {
+    template <class Guard>
+    Report KS10_tab_print_Kurzschluss_1(const Guard& guard) {
         report_.title = say(title);
         report_.sheet_label = say(sheet_label);
         // In two languages the label of the sheet once more.
@@ -175,9 +177,10 @@ public:
             say_, project_labels, {c_.Projekt_ks, c_.Datum_ks, c_.Bearbeiter_ks, c_.Abteilung_ks});
         report_.band->head = head;
         add_data(calculation_head, calculation_rows);
-        KS10_tab_print_Kurzschluss_2();
+        guard([this] { KS10_tab_print_Kurzschluss_2(); });
         report_.print_date = {say(print_date_label), print_.print_date};
         report_.operator_name = {say(operator_label), c_.Bearbeiter_ks};
+        report_.program = program_line(print_.lang, short_circuit_name);
         return std::move(report_);
     }
 
@@ -242,9 +245,10 @@ private:
 
 }  // namespace
 
-Report KS10_tab_print_Kurzschluss_1(const ShortCircuitCase& c, const ShortCircuitResult& result,
-                                    const ReportPrint& print) {
-    return ShortCircuitPage(c, result, print).KS10_tab_print_Kurzschluss_1();
+Report KS10_tab_print_Kurzschluss_1(
+    const ShortCircuitCase& c, const ShortCircuitResult& result, const ReportPrint& print,
+    const std::function<void(const std::function<void()>& work)>& guard) {
+    return ShortCircuitPage(c, result, print).KS10_tab_print_Kurzschluss_1(guard);
 }
 
 }  // namespace zel

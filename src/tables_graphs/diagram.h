@@ -58,7 +58,8 @@ struct DiagramCurve {
     CurveLook look;
     CurveSign sign = CurveSign::None;
     bool on_right_axis = false;
-    std::string tag{};  // written at the curve
+    std::string tag{};    // written at the curve
+    double tag_at = 0.5;  // share of the points of its first stretch before the tag
     /// In the units of its axes; between two stretches there is no result.
     std::vector<std::vector<CanvasPoint>> stretches;
     /// Draws the curve inside `Diagram::plot_frame` in the colour given; where there is none, the

@@ -279,11 +279,14 @@ private:
         draw_tag(canvas, curve);
     }
 
-    /// Beside the middle of the curve, where it is in the plot.
+    /// Beside the curve, where it is in the plot.
     void draw_tag(Canvas& canvas, const DiagramCurve& curve) const {
         if (curve.tag.empty() || curve.stretches.empty() || curve.stretches.front().empty()) return;
         const auto& points = curve.stretches.front();
-        const CanvasPoint at = frame_.place_of(points[points.size() / 2], curve.on_right_axis);
+        const auto before =
+            static_cast<std::size_t>(static_cast<double>(points.size()) * curve.tag_at);
+        const CanvasPoint at =
+            frame_.place_of(points[std::min(before, points.size() - 1)], curve.on_right_axis);
         const double width = canvas.text_width(curve.tag, font);
         const double x = std::min(at.x + gap, frame_.plot.right - width - gap);
         canvas.text(x, std::min(at.y + gap / 2, frame_.plot.bottom - row_), curve.tag, font, ink());

@@ -233,6 +233,13 @@ std::optional<ParameterTable> calculate_curves(const CalcCase& c, const Session&
 
 Text table_title(Stepped stepped) { return kind_of(stepped).title; }
 
+Text table_print_caption(Stepped stepped) {
+    return stepped == Stepped::Current ? Text{"Ausdruck : &Tabelle Temperaturberechnung",
+                                              "Print: table temperature calculation"}
+                                       : Text{"Ausdruck : &Tabelle Stromstärkeberechnung",
+                                              "Print: table current calculation"};
+}
+
 Text step_label(Stepped stepped) { return kind_of(stepped).step_label; }
 
 std::string cell_text(const std::optional<double>& cell, Stepped stepped,

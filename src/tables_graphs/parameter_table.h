@@ -94,6 +94,8 @@ using TableProgress = std::function<bool(std::size_t done, std::size_t all)>;
 
 /// "table current calculation"
 [[nodiscard]] Text table_title(Stepped stepped);
+/// What printing one is called: "Print: table current calculation".
+[[nodiscard]] Text table_print_caption(Stepped stepped);
 /// What the rows step, with its unit.
 [[nodiscard]] Text step_label(Stepped stepped);
 /// A cell as the table shows it: whole amperes, tenths of a degree; empty without a result.

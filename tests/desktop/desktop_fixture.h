@@ -22,6 +22,7 @@
 #include "fakes/scripted_chooser.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/scripted_ports.h"
+#include "fakes/scripted_printers.h"
 #include "fakes/steady_cases.h"
 #include "forms/line_form.h"
 
@@ -48,6 +49,8 @@ protected:
                                      disk,
                                      *used_workbooks,
                                      *used_tables,
+                                     printers,
+                                     [this] { return print_time; },
                                      sensor_ports,
                                      clock,
                                      {"/shipped", "/data/conductors.csv"}});
@@ -132,6 +135,8 @@ protected:
     WorkbookStore* used_workbooks = &workbooks;
     MemoryTableStore tables;
     TableStore* used_tables = &tables;
+    ScriptedPrinters printers;
+    CalendarTime print_time = {22, 11, 2026, 9, 5};
     ShortCircuitForm short_circuit;  // of the short-circuit area at the start
     ScriptedPorts sensor_ports;
     ScriptedClock clock;

@@ -116,12 +116,13 @@ TEST(RunDesktop, without_a_display_says_so_and_fails) {
     MemoryWorkbookStore workbooks;
     MemoryTableStore tables;
     MemoryFiles files;
+    ScriptedPrinters printers;
     ScriptedPorts sensor_ports;
     const ScriptedClock clock;
-    EXPECT_EQ(run_desktop(
-                  argc, nullptr, {},
-                  {store, workbooks, tables, sensor_ports, clock, settings, {}, {}, {}, {}, files}),
-              1);
+    const DesktopPlatform platform = {store,    workbooks, tables, sensor_ports, clock,
+                                      settings, {},        {},     {},           {},
+                                      files,    printers,  {}};
+    EXPECT_EQ(run_desktop(argc, nullptr, {}, platform), 1);
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("display"));
 }
 

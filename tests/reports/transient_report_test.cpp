@@ -8,6 +8,8 @@
 namespace zel {
 namespace {
 
+const Locale german = {LangId::German, DecimalSeparator::Comma};
+
 /// Three changes of state, the last of which failed.
 struct Ran {
     Ran() {
@@ -21,7 +23,7 @@ struct Ran {
         result.rows[2] = {seeks_current, 0, 80, 30, 0, 1, 0};
     }
     [[nodiscard]] Report table(PrintLang lang) const {
-        return S03_Print_Tab_transient_Cigre207_601_TBB(c, result, {{"code", "a note"}},
+        return S03_Print_Tab_transient_Cigre207_601_TBB(c, result,
                                                         {lang, DecimalSeparator::Comma, "now"});
     }
     CalcCase c = twin_264_34();
@@ -41,29 +43,39 @@ TEST(TransientReport, marks_what_was_found_and_tells_where_it_failed) {
     EXPECT_EQ(report.title,
               "Tabelle zur transienten Berechnung von Stromstärke / Leitertemperatur / Zeitdauer "
               "nach Cigre TB 207");
-    ASSERT_EQ(report.blocks.size(), 9U);  // bundle, start in three, changes, marker line, note
+    ASSERT_EQ(report.blocks.size(), 7U);  // bundle, start in two, changes, marker line
     EXPECT_EQ(std::get<ReportParagraph>(report.blocks[0]).text, "Doppel-Leiter");
-    const auto start = rows_of(report.blocks[3]);
+    const auto start = rows_of(report.blocks[2]);
     EXPECT_EQ(start[0], "Windgeschwindigkeit = 0,6 m/s");
     EXPECT_EQ(start[4], "Stromstärke Ausgangszustand:  800 A");
-    EXPECT_EQ(rows_of(report.blocks[4]),
+    EXPECT_EQ(rows_of(report.blocks[3]),
               (std::vector<std::string>{"Stromstärke neu:1800 A", "Temperatur neu:95,2 °C *",
                                         "Zeitdauer:10 min 0 sec", "t 0-1 = 10,0 min"}));
-    EXPECT_EQ(rows_of(report.blocks[5]),
+    EXPECT_EQ(rows_of(report.blocks[4]),
               (std::vector<std::string>{"Stromstärke neu:600 A", "Temperatur neu:65,0 °C",
                                         "Zeitdauer:8 min 57 sec *", "t0-2 = 18,95 min"}));
-    EXPECT_EQ(rows_of(report.blocks[6])[0], "Stromstärke neu:Error");
-    EXPECT_EQ(std::get<ReportParagraph>(report.blocks[7]).text,
+    EXPECT_EQ(rows_of(report.blocks[5])[0], "Stromstärke neu:Error");
+    EXPECT_EQ(std::get<ReportParagraph>(report.blocks[6]).text,
               "*  kennzeichnet den berechneten Wert");
-    EXPECT_EQ(std::get<ReportParagraph>(report.blocks[8]).text, "a note");
 }
 
 TEST(TransientReport, names_the_duration_of_its_third_block_in_all_languages) {
     const Report spanish = Ran().table(PrintLang::Spanish);
-    EXPECT_EQ(rows_of(spanish.blocks[4])[2], "10 min 0 sec");
-    EXPECT_EQ(rows_of(spanish.blocks[6])[2], "duración:30 min 0 sec");
-    EXPECT_EQ(std::get<ReportParagraph>(spanish.blocks[7]).text, "duración:");
+    EXPECT_EQ(rows_of(spanish.blocks[3])[2], "10 min 0 sec");
+    EXPECT_EQ(rows_of(spanish.blocks[5])[2], "duración:30 min 0 sec");
+    EXPECT_EQ(std::get<ReportParagraph>(spanish.blocks[6]).text, "duración:");
     EXPECT_EQ(spanish.operator_name.label, "duración:");
+}
+
+TEST(TransientReport, tells_its_notes_in_the_language_of_the_paper) {
+    Ran ran;
+    ran.result.checks[2] = CurrentCheck{};
+    const auto notes = notes_on(ran.result, ran.c, german);
+    ASSERT_FALSE(notes.empty());
+    EXPECT_EQ(std::get<ReportParagraph>(ran.table(PrintLang::German).blocks.back()).text,
+              notes.back().text);
+    EXPECT_NE(std::get<ReportParagraph>(ran.table(PrintLang::English).blocks.back()).text,
+              notes.back().text);
 }
 
 TEST(TransientReport, draws_its_graph_in_the_layout_of_paper) {

@@ -11,6 +11,10 @@
 #include <QSvgGenerator>
 #include <clocale>
 #include <cmath>
+#include <qpdf/Buffer.hh>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFObjectHandle.hh>
+#include <qpdf/QPDFWriter.hh>
 
 #include "adapters/qt_canvas/qt_canvas.h"
 #include "platform/errors.h"
@@ -86,6 +90,20 @@ void write_pdf(const Picture& picture, QBuffer& file) {
     paint(picture, pdf, 1, [&pdf] { pdf.newPage(); });
 }
 
+/// Screen readers and searches go by the language of a document, which Qt does not write.
+std::string with_language(const QByteArray& bytes, std::string_view language) {
+    QPDF pdf;
+    pdf.processMemoryFile("report", bytes.data(), static_cast<std::size_t>(bytes.size()));
+    pdf.getRoot().replaceKey("/Lang", QPDFObjectHandle::newString(std::string(language)));
+    QPDFWriter writer(pdf);
+    writer.setOutputMemory();
+    writer.setStreamDataMode(qpdf_s_preserve);
+    writer.setDeterministicID(true);
+    writer.write();
+    const std::shared_ptr<Buffer> written = writer.getBufferSharedPointer();
+    return {reinterpret_cast<const char*>(written->getBuffer()), written->getSize()};
+}
+
 }  // namespace
 
 std::string drawing_file(DrawingKind kind, const CanvasBox& area, std::string_view title,
@@ -108,11 +126,11 @@ std::string drawing_file(DrawingKind kind, const CanvasBox& area, std::string_vi
     return file.data().toStdString();
 }
 
-std::string sheets_file(const CanvasBox& sheet, std::string_view title, const DrawSheets& draw) {
+std::string sheets_file(const SheetsDocument& document) {
     QBuffer file;
     file.open(QIODevice::WriteOnly);
-    write_pdf({sheet, text_of(title), draw}, file);
-    return file.data().toStdString();
+    write_pdf({document.sheet, text_of(document.title), document.draw}, file);
+    return with_language(file.data(), document.language);
 }
 
 DrawingSystem::DrawingSystem() {

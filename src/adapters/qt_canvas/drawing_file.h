@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/canvas.h"
+#include "platform/sheets_document.h"
 
 // Drawings as files: made in memory, for the one writer that puts files on the disk whole.
 
@@ -30,12 +30,8 @@ inline constexpr DrawingEnding drawing_endings[] = {
                                        std::string_view title,
                                        const std::function<void(Canvas&)>& draw);
 
-/// Draws sheet after sheet: calls the function before each but the first.
-using DrawSheets = std::function<void(Canvas&, const std::function<void()>& next_sheet)>;
-
-/// The PDF of sheets of paper, all of the size of `sheet`; otherwise as `drawing_file`.
-[[nodiscard]] std::string sheets_file(const CanvasBox& sheet, std::string_view title,
-                                      const DrawSheets& draw);
+/// The PDF of sheets of paper with title and language; otherwise as `drawing_file`.
+[[nodiscard]] std::string sheets_file(const SheetsDocument& document);
 
 /// Qt as a program without windows needs it for drawing: no display, no words of the command line,
 /// nothing on standard error. One object, made before anything is drawn. Throws `OutputError` where

@@ -33,6 +33,7 @@ constexpr Text show_lines = {"Hilfs&linien einblenden", "Show auxiliary lines"};
 constexpr Text hide_lines = {"Hilfs&linien ausblenden", "Hide auxiliary lines"};
 constexpr Text white_ground = {"Hintergrund weiß", "White background "};
 constexpr Text black_ground = {"Hintergrund schwarz", "Black background"};
+constexpr Text print_caption = {"Graphik drucken", "Print diagram"};
 constexpr Text save_caption = {"&Speichern unter ...", "&Save as ..."};
 constexpr Text back_caption = {"Zurück", "Back"};
 constexpr Text reading_hint = {
@@ -89,6 +90,7 @@ QWidget* FrmGraph::make_actions() {
         {"calculate", calculate_caption, QKeySequence::Refresh, &FrmGraph::open},
         {"lines", hide_lines, {}, &FrmGraph::switch_lines},
         {"ground", black_ground, {}, &FrmGraph::switch_ground},
+        {"print", print_caption, QKeySequence::Print, &FrmGraph::print},
         {"save", save_caption, QKeySequence::Save, &FrmGraph::save},
     };
     auto* actions = new QWidget;
@@ -121,6 +123,7 @@ QWidget* FrmGraph::make_actions() {
     lines_ = add(rows[1]);
     ground_ = add(rows[2]);
     add(rows[3]);
+    add(rows[4]);
     line->addStretch();
     auto* back = parts_.captions.text(new QPushButton, back_caption);
     back->setObjectName("mBack");
@@ -201,6 +204,10 @@ std::string FrmGraph::file_of(const std::string& path) const {
                                          picture_->view(), parts_.session.separator);
                                 });
     throw InputError(Reason(wrong_ending, {path}));
+}
+
+void FrmGraph::print() {
+    if (content_ && form_.may_be_printed()) parts_.printing.print(*this, content_->print);
 }
 
 void FrmGraph::save() {

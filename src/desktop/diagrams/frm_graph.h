@@ -5,6 +5,7 @@
 #include "desktop/frame/captions.h"
 #include "desktop/frame/diagram_source.h"
 #include "desktop/frame/file_chooser.h"
+#include "desktop/frame/print_source.h"
 #include "platform/files.h"
 #include "shell/session.h"
 
@@ -21,6 +22,7 @@ struct FrmGraphParts {
     Captions& captions;
     FileChooser& chooser;
     Files& files;
+    PrintSource& printing;
 };
 
 /// A window with a diagram: `frm_graph_steady`, `frm_graph_unsteady`. It stays open beside its
@@ -43,6 +45,7 @@ private:
     void show_reading(const std::string& text);
     void switch_lines();
     void switch_ground();
+    void print();
     void save();
     [[nodiscard]] std::string file_of(const std::string& path) const;
 

@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QTabWidget>
 #include <algorithm>
@@ -45,6 +46,8 @@ AreaFrame::AreaFrame(const AreaFacts& facts, const AreaParts& parts,
       record_(std::move(record)),
       document_(*record_, parts.session, parts.store, parts.chooser, facts.question_title,
                 std::move(path)),
+      errors_(parts.errors),
+      printing_(parts.printing),
       strip_(new QTabWidget) {
     setObjectName(facts.form);
     strip_->setObjectName("SSTab1");
@@ -72,6 +75,17 @@ void AreaFrame::make_menus() {
     QMenu* file = captions_.title(menuBar()->addMenu(QString()), file_caption);
     for (const MenuRow& row : file_rows) add_action(*file, row);
     file->insertSeparator(file->actions().constLast());
+    print_ = new QAction(file);
+    print_->setObjectName("print_report");
+    print_->setShortcut(QKeySequence::Print);
+    print_->setEnabled(false);
+    on(print_, &QAction::triggered, [this] { print_report(); });
+    file->insertAction(file->actions().constLast(), print_);
+    QAction* printer = captions_.text(new QAction(file), printer_setup_caption);
+    printer->setObjectName("mDruckereinrichtung");
+    on(printer, &QAction::triggered, [this] { choose_printer(); });
+    file->insertAction(file->actions().constLast(), printer);
+    file->insertSeparator(file->actions().constLast());
     QMenu* edit = captions_.title(menuBar()->addMenu(QString()), edit_caption);
     copy_ = add_action(*edit, copy_row);
     copy_->setEnabled(false);
@@ -96,6 +110,7 @@ void AreaFrame::add_page(AreaPage* page, const Text& caption) {
 void AreaFrame::finish() {
     setCentralWidget(strip_);
     on(strip_, &QTabWidget::currentChanged, [this](int to) { page_changed(to); });
+    captions_.computed([this](LangId) { show_print_caption(); });
     pages_.front()->focus_first();
     size_window(*this, window_size);
 }
@@ -136,6 +151,7 @@ void AreaFrame::show_page(int page) {
     const QSignalBlocker quiet(strip_);
     page_ = page;
     strip_->setCurrentIndex(page);
+    show_print_caption();
 }
 
 void AreaFrame::start_anew() {
@@ -169,14 +185,37 @@ void AreaFrame::hide_form() { close(); }
 void AreaFrame::show_new_case() {
     leave_page();
     show_page(0);
-    allow_copy(false);
+    allow_output(false);
     forget_results();
     load();
     pages_.front()->focus_first();
     tell_title();
 }
 
-void AreaFrame::allow_copy(bool allowed) { copy_->setEnabled(allowed); }
+void AreaFrame::allow_output(bool allowed) {
+    copy_->setEnabled(allowed);
+    print_->setEnabled(allowed);
+    for (QPushButton* button : print_buttons_) button->setEnabled(allowed);
+}
+
+void AreaFrame::add_print_button(QPushButton& button) {
+    print_buttons_.push_back(&button);
+    on(&button, &QPushButton::clicked, [this] { print_report(); });
+}
+
+void AreaFrame::show_print_caption() {
+    QString caption = qt(print_caption()).trimmed();
+    print_->setText(caption);
+    caption.remove('&');  // the key of an entry in its menu, which may be that of a page
+    for (QPushButton* button : print_buttons_) button->setText(caption);
+}
+
+void AreaFrame::print_report() {
+    if (!commit()) return;
+    if (const auto order = report_of_page()) print_order(*order);
+}
+
+void AreaFrame::choose_printer() { printing_.choose_printer(*this); }
 
 void AreaFrame::copy_result() {
     const std::string text = text_to_copy();

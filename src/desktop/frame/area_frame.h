@@ -11,8 +11,10 @@
 #include "desktop/frame/database_source.h"
 #include "desktop/frame/document.h"
 #include "desktop/frame/inputs.h"
+#include "desktop/frame/print_source.h"
 
 class QMenu;
+class QPushButton;
 class QTabWidget;
 
 namespace zel {
@@ -56,6 +58,8 @@ struct AreaParts {
     FileChooser& chooser;
     std::function<void(LangId)> switch_language;  // called by the language menu
     MakeDatabaseSource make_databases;
+    ErrorHandling& errors;
+    PrintSource& printing;
 };
 
 /// The form of a program area: pages on the strip `SSTab1`, numbered from 0, and the menus. The
@@ -101,6 +105,13 @@ protected:
     /// After another case has come: forgets what belongs to the former one.
     virtual void forget_results() = 0;
     [[nodiscard]] virtual std::string text_to_copy() = 0;
+    /// What the report of the present page is called where it is asked for, in the language of the
+    /// moment.
+    [[nodiscard]] virtual std::string print_caption() const = 0;
+    /// The report of the present page; nothing where it cannot be printed, which was told.
+    [[nodiscard]] virtual std::optional<PrintOrder> report_of_page() = 0;
+    /// In the language of reports, where the area has no other.
+    virtual void print_order(const PrintOrder& order) { printing_.print(*this, order); }
 
     /// The case has become another one: goes to the first page and forgets the results.
     void show_new_case();
@@ -108,7 +119,11 @@ protected:
     [[nodiscard]] int page() const { return page_; }
     [[nodiscard]] QTabWidget& strip() const { return *strip_; }
     [[nodiscard]] DatabaseSource& databases() const { return *databases_; }
-    void allow_copy(bool allowed);
+    /// Whether there is a result to be copied and printed.
+    void allow_output(bool allowed);
+    /// A button of a page that prints its report, beside the entry of the menu.
+    void add_print_button(QPushButton& button);
+    void show_print_caption();
     /// False where a text was refused.
     [[nodiscard]] bool commit();
     /// The focus goes back to `input`, whose text was refused, once it has gone where it was going.
@@ -117,6 +132,8 @@ protected:
     void show_modified();
     [[nodiscard]] const Session& session() const { return session_; }
     [[nodiscard]] Captions& captions() const { return captions_; }
+    [[nodiscard]] ErrorHandling& errors() const { return errors_; }
+    [[nodiscard]] PrintSource& printing() const { return printing_; }
 
 private:
     struct MenuRow;
@@ -131,6 +148,8 @@ private:
     void save_as();
     void hide_form();
     void copy_result();
+    void print_report();
+    void choose_printer();
 
     AreaFacts facts_;
     const Session& session_;
@@ -138,7 +157,11 @@ private:
     std::unique_ptr<DocumentRecord> record_;
     Document document_;
     QMenu* language_menu_ = nullptr;
+    ErrorHandling& errors_;
+    PrintSource& printing_;
     QAction* copy_ = nullptr;
+    QAction* print_ = nullptr;
+    std::vector<QPushButton*> print_buttons_;
     std::unique_ptr<DatabaseSource> databases_;
     QTabWidget* strip_;
     std::vector<AreaPage*> pages_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -8,6 +9,7 @@
 #include "persistence/conductor_library.h"
 #include "platform/case_store.h"
 #include "platform/clock.h"
+#include "platform/printers.h"
 #include "platform/sensor_port.h"
 #include "platform/system.h"
 #include "platform/table_store.h"
@@ -33,6 +35,8 @@ struct DesktopState {
     Files& files;  // of the conductors, and the exchange file
     WorkbookStore& workbooks;
     TableStore& tables;
+    Printers& printers;
+    std::function<CalendarTime()> print_time;  // of a report, local
     SensorPorts& sensor_ports;
     const Clock& clock;
     LibraryPlaces conductors{};

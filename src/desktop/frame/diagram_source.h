@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "reports/printing.h"
 #include "tables_graphs/diagram.h"
 
 class QWidget;
@@ -16,6 +17,7 @@ namespace zel {
 struct DiagramContent {
     std::function<Diagram(const Locale&)> diagram;
     std::function<std::string()> points;
+    PrintOrder print{};
 };
 
 /// A check box that shows or hides a curve.
@@ -34,6 +36,8 @@ struct DiagramForm {
     std::vector<CurveSwitch> switches{};
     /// The content for the case as it is now; nothing where there is none, which was told.
     std::function<std::optional<DiagramContent>()> calculate;
+    /// Whether it is that of the case still, where only such a one is printed; what is not is told.
+    std::function<bool()> may_be_printed = [] { return true; };
 };
 
 /// A window with a diagram of a form's case, beside the form.

@@ -10,6 +10,7 @@
 #include "desktop/line/form1_transient_page.h"
 #include "desktop/line/line_diagrams.h"
 #include "desktop/line/line_pictures.h"
+#include "desktop/line/line_reports.h"
 #include "desktop/pictures/side_dock.h"
 #include "measuring/measuring_table.h"
 #include "platform/errors.h"
@@ -34,6 +35,9 @@ constexpr Text page_captions[] = {
     {"&Transient", "&Transient"},
 };
 
+constexpr Text print_transient_caption = {"Ausdruck : &Instationäre Berechnung",
+                                          "Print : &Transient calculation"};
+
 }  // namespace
 
 Form1::Form1(Form1Parts parts)
@@ -44,7 +48,6 @@ Form1::Form1(Form1Parts parts)
       form_(parts.c, parts.area.session,
             [&settings = parts.settings] { return settings.language_of_lists(); }),
       settings_(parts.settings),
-      errors_(parts.errors),
       conductors_(parts.make_conductors(*this, [this] { take_over_conductor(); })),
       sharing_(sharing_conductors(parts.c)) {
     const auto refuse = [this](QWidget* input) { refused(input); };
@@ -69,12 +72,15 @@ Form1::Form1(Form1Parts parts)
     on(&general_->Command2(), &QPushButton::clicked, [this] { databases().save_in_fixed(); });
     on(&conductor_->Command3(), &QPushButton::clicked, [this] { open_database(); });
     on(&conductor_->Command4(), &QPushButton::clicked, [this] { take_over_conductor(); });
+    result_->table_calculated = [this] { show_print_caption(); };
+    add_print_button(result_->print_button());
+    add_print_button(transient_->print_button());
     const LineDiagramParts diagrams = {*this, line_, session(), parts.patience};
     steady_diagram_ = parts.make_diagrams(*this, steady_diagram_form(diagrams));
     transient_diagram_ = parts.make_diagrams(*this, transient_diagram_form(diagrams));
     result_->table().draw = [this] { steady_diagram_->open(); };
     transient_->draw = [this] { transient_diagram_->open(); };
-    transient_->calculated = [this] { allow_copy_of_page(); };
+    transient_->calculated = [this] { allow_output_of_page(); };
     finish();
     add_docks(parts);
 }
@@ -107,12 +113,13 @@ void Form1::case_changed() {
     pictures_->show_case();
     steady_diagram_->inputs_changed();
     transient_diagram_->inputs_changed();
+    show_print_caption();
     show_modified();
 }
 
-void Form1::allow_copy_of_page() {
-    allow_copy(page() == transient_page ? line_.transient.result() != nullptr
-                                        : page() == result_page && !shown_run_is_stale_);
+void Form1::allow_output_of_page() {
+    allow_output(page() == transient_page ? line_.transient.result() != nullptr
+                                          : page() == result_page && !shown_run_is_stale_);
 }
 
 void Form1::take_measured(const StoredRow& row) {
@@ -134,7 +141,7 @@ void Form1::apply_settings() {
 bool Form1::may_be_left() { return conductors_->may_be_left() && AreaFrame::may_be_left(); }
 
 void Form1::open_database() {
-    (void)trap(errors_, "Form1", "Command3_click", [this] {
+    (void)trap(errors(), "Form1", "Command3_click", [this] {
         if (!conductors_->start_database())
             throw PlatformError(PlatformFault::ProgramMissing,
                                 settings_.now().Seildatenbanknamepluspfad);
@@ -143,7 +150,7 @@ void Form1::open_database() {
 
 void Form1::take_over_conductor() {
     if (!commit()) return;
-    (void)trap(errors_, "Form1", "Command4_click", [this] {
+    (void)trap(errors(), "Form1", "Command4_click", [this] {
         conductors_->take_over(line_.c, [this] {
             load();
             line_.changed();
@@ -165,7 +172,7 @@ void Form1::turn_to(int to) {
     if (page() == conductor_page) conductor_->show_states();
     if (change.runs) run();
     if (page() == transient_page) transient_->focus_first();
-    allow_copy_of_page();
+    allow_output_of_page();
 }
 
 /// False where the input was refused.
@@ -206,6 +213,24 @@ std::string Form1::text_to_copy() {
     if (!shown_run_) return {};
     const LangId lang = session().lang;
     return result_text(*shown_run_, lang) + notes_text(shown_run_->notes, lang);
+}
+
+std::string Form1::print_caption() const {
+    const LangId lang = session().lang;
+    if (page() == transient_page) return std::string(print_transient_caption.in(lang));
+    if (const ParameterTable* table = result_->table().table())
+        return std::string(table_print_caption(table->stepped).in(lang));
+    return kind_texts(line_.c.Stromstaerke_Merker_db, false, lang).print_caption;
+}
+
+std::optional<PrintOrder> Form1::report_of_page() {
+    if (page() == transient_page) {
+        if (line_.transient.result() == nullptr) return std::nullopt;
+        (void)transient_->brought_up_to_date();
+        return transient_table_order(line_, session());
+    }
+    if (page() != result_page || !shown_run_ || shown_run_is_stale_) return std::nullopt;
+    return steady_table_order(line_.c, *shown_run_, result_->table().table());
 }
 
 }  // namespace zel

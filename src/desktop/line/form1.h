@@ -28,7 +28,6 @@ struct Form1Parts {
     TransientMemory& transient;
     std::string path;  // the file that the case comes from at the start; may be empty
     LiveSettings& settings;
-    ErrorHandling& errors;
     WorkbookStore& workbooks;  // of saved tables
     Files& files;
     int patience;  // in milliseconds: a longer run shows its progress
@@ -57,6 +56,8 @@ protected:
     void turn_to(int to) override;
     void forget_results() override;
     [[nodiscard]] std::string text_to_copy() override;
+    [[nodiscard]] std::string print_caption() const override;
+    [[nodiscard]] std::optional<PrintOrder> report_of_page() override;
 
 private:
     void open_database();
@@ -64,13 +65,12 @@ private:
     void case_changed();
     bool run();
     void tell_result_anew();
+    void allow_output_of_page();
     void add_docks(const Form1Parts& parts);
-    void allow_copy_of_page();
 
     LineCase line_;
     forms::LineForm form_;
     LiveSettings& settings_;
-    ErrorHandling& errors_;
     std::unique_ptr<ConductorSource> conductors_;
     std::unique_ptr<DiagramSource> steady_diagram_;
     std::unique_ptr<DiagramSource> transient_diagram_;

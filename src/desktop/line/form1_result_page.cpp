@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -44,6 +45,7 @@ ResultPage::ResultPage(const TablePanel::Parts& parts)
       tb601_group_(make_tb601()),
       balance_group_(parts.form.captions.title(make_balance(), balance_caption)),
       table_(new TablePanel(parts)),
+      print_(new QPushButton),
       columns_(new QBoxLayout(QBoxLayout::LeftToRight)) {
     for (QLabel* line : {head_line_, methods_line_, balance_}) line->setWordWrap(true);
     Captions& captions = parts.form.captions;
@@ -53,6 +55,9 @@ ResultPage::ResultPage(const TablePanel::Parts& parts)
     results->addLayout(notes_);  // right below the results
     results->addWidget(tb601_group_);
     results->addWidget(make_wind(captions));
+    print_->setObjectName("print_steady");
+    print_->setAutoDefault(true);
+    results->addWidget(print_, 0, Qt::AlignLeft);
     results->addStretch(1);
     columns_->setSpacing(column_gap);
     columns_->addLayout(results);
@@ -66,6 +71,7 @@ ResultPage::ResultPage(const TablePanel::Parts& parts)
     layout->addWidget(balance_group_);
     table_->calculated = [this] {
         clear_balance();
+        table_calculated();
         later(table_->view(), [this] { ensureWidgetVisible(&table_->view()); });
     };
     set_content(content);

@@ -9,6 +9,7 @@
 class QBoxLayout;
 class QGroupBox;
 class QLabel;
+class QPushButton;
 class QVBoxLayout;
 
 namespace zel {
@@ -27,6 +28,9 @@ public:
     [[nodiscard]] bool is_unfinished() const override { return table_->is_unfinished(); }
     void case_changed() { table_->case_changed(); }
     [[nodiscard]] TablePanel& table() { return *table_; }
+    [[nodiscard]] QPushButton& print_button() { return *print_; }
+    /// Called where a table has been calculated.
+    std::function<void()> table_calculated = [] {};
 
     /// A valid run replaces all that is shown.
     void show_run(const SteadyRunResult& run);
@@ -72,6 +76,7 @@ private:
     QGroupBox* tb601_group_;
     QGroupBox* balance_group_;
     TablePanel* table_;
+    QPushButton* print_;
     QBoxLayout* columns_;
 };
 

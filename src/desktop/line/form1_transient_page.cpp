@@ -86,6 +86,7 @@ TransientPage::TransientPage(const TransientRowPanel::Parts& parts, int patience
       former_notice_(parts.captions.text(make_notice("former_start_notice"), former_start)),
       button_(parts.captions.text(new QPushButton, button_caption)),
       diagram_(parts.captions.text(new QPushButton, diagram_caption)),
+      print_(new QPushButton),
       notice_(make_notice("stale_notice")) {
     parts.captions.computed([this](LangId lang) {
         notice_->setText(qt(lines_of(stale_question.lines.in(lang)).front()));
@@ -171,6 +172,10 @@ QWidget* TransientPage::make_actions() {
     diagram_->setMinimumHeight(button_height);
     on(diagram_, &QPushButton::clicked, [this] { show_diagram(); });
     layout->addWidget(diagram_);
+    print_->setObjectName("print_transient");
+    print_->setAutoDefault(true);
+    print_->setMinimumHeight(button_height);
+    layout->addWidget(print_);
     layout->addWidget(notice_);
     layout->addStretch(1);
     return actions;
@@ -187,6 +192,7 @@ void TransientPage::set_tab_order() {
         for (QWidget* input : row->inputs()) follow(input);
     follow(button_);
     follow(diagram_);
+    follow(print_);
     for (const auto& row : rows_) follow(row->off_button());
 }
 
@@ -257,7 +263,6 @@ void TransientPage::calculate() {
     calculated();
 }
 
-/// Where the results are stale, the user is asked whether to calculate anew.
 bool TransientPage::brought_up_to_date() {
     const Session& session = parts_.session;
     if (!is_stale()) return true;

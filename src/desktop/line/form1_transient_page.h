@@ -37,6 +37,11 @@ public:
     /// empty where there are none or the user does not want to.
     [[nodiscard]] std::string text_to_copy();
 
+    [[nodiscard]] QPushButton& print_button() { return *print_; }
+    /// Where the results are stale, the user is asked whether to calculate anew; false where they
+    /// are stale still.
+    [[nodiscard]] bool brought_up_to_date();
+
     /// Called where a run has come to an end.
     std::function<void()> calculated = [] {};
     /// Draws the last transient.
@@ -50,7 +55,6 @@ private:
     void press_button();
     void calculate();
     void show_diagram();
-    [[nodiscard]] bool brought_up_to_date();
     [[nodiscard]] bool is_stale() const;
 
     TransientRowPanel::Parts parts_;
@@ -62,6 +66,7 @@ private:
     QLabel* former_notice_;  // the start is that of a former run
     QPushButton* button_;
     QPushButton* diagram_;
+    QPushButton* print_;
     QLabel* notice_;
     bool running_ = false;
     bool typing_refused_ = false;  // a text was refused while the page was taken in

@@ -2,6 +2,7 @@
 
 #include "desktop/frame/job_runner.h"
 #include "desktop/line/form1_transient_page.h"
+#include "desktop/line/line_reports.h"
 #include "shell/program_texts.h"
 #include "tables_graphs/curve_points.h"
 #include "tables_graphs/steady_diagram.h"
@@ -17,12 +18,6 @@ constexpr CurveSwitch switches[] = {
     {"show_temperature", {"Anzeige Temperaturverlauf", "Show temperature"}, temperature_curve},
 };
 
-constexpr BoxText inputs_changed = {
-    Icon::Stop,
-    short_name,
-    {"Die Eingabedaten haben sich geändert, bitte führen Sie eine neue instationäre Berechnung "
-     "durch !",
-     "There has been a change of input data, please run a new Unsteady-State-Calculation !"}};
 constexpr BoxText no_time = {
     Icon::Stop,
     short_name,
@@ -45,7 +40,8 @@ std::optional<DiagramContent> steady_content(const LineDiagramParts& parts) {
     if (!curves) return std::nullopt;
     return DiagramContent{
         [c, found = *curves](const Locale& locale) { return steady_diagram(found, c, locale); },
-        [c, found = *curves] { return steady_points(found, c); }};
+        [c, found = *curves] { return steady_points(found, c); },
+        steady_graph_order(c, *curves, parts.session)};
 }
 
 /// A transient that has run, with the course that was stepped anew.
@@ -61,10 +57,7 @@ std::optional<DiagramContent> transient_content(const LineDiagramParts& parts) {
     const TransientMemory& memory = parts.line.transient;
     const Session& session = parts.session;
     if (memory.result() == nullptr) return std::nullopt;
-    if (memory.result_is_stale(parts.line.c, session)) {
-        session.tell(box_in(session.lang, inputs_changed));
-        return std::nullopt;
-    }
+    if (!transient_is_current(parts.line, session)) return std::nullopt;
     if (!(TotalTime(memory.result()->rows) > 0)) {
         session.tell(box_in(session.lang, no_time));
         return std::nullopt;
@@ -90,7 +83,8 @@ std::optional<DiagramContent> transient_content(const LineDiagramParts& parts) {
             return transient_points(stored.series,
                                     current_steps(stored.result.rows, stored.result.start,
                                                   stored.c.Anzahl_Teilleiter_db));
-        }};
+        },
+        transient_graph_order(stored.c, stored.result, stored.series)};
 }
 
 }  // namespace
@@ -107,7 +101,8 @@ DiagramForm transient_diagram_form(const LineDiagramParts& parts) {
             diagram_name,
             false,
             {std::begin(switches), std::end(switches)},
-            [parts] { return transient_content(parts); }};
+            [parts] { return transient_content(parts); },
+            [parts] { return transient_is_current(parts.line, parts.session); }};
 }
 
 }  // namespace zel

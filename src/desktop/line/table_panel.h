@@ -34,6 +34,10 @@ public:
     std::function<void()> draw = [] {};
 
     [[nodiscard]] QTableView& view() { return *view_; }
+    /// The table of the case as it stands; null where there is none.
+    [[nodiscard]] const ParameterTable* table() const {
+        return model_.rowCount() > 0 ? &model_.table() : nullptr;
+    }
     void load(bool anew);
     void commit();
     [[nodiscard]] bool is_unfinished() const;

@@ -7,10 +7,12 @@
 #include "desktop/pictures/side_dock.h"
 #include "desktop/short_circuit/form_pages.h"
 #include "desktop/short_circuit/result_view.h"
+#include "forms/short_circuit_failures.h"
 #include "pictures/utilisation_picture.h"
 #include "shell/program_texts.h"
 #include "short_circuit/short_circuit_fields.h"
 #include "short_circuit/short_circuit_file.h"
+#include "short_circuit/short_circuit_report.h"
 #include "short_circuit/short_circuit_table.h"
 
 namespace zel::short_circuit {
@@ -20,6 +22,9 @@ constexpr Text page_captions[] = {{"&Eingabedaten"}, {"&Leiterdaten"}, {"E&rgebn
 constexpr Text form_title = {"Thermische Kurzschlußstromfestigkeit nach IEC 865-1",
                              short_circuit_title.en};
 
+constexpr Text print_report_caption = {"Ausdruck: Thermische Kurzschlußfestigkeit",
+                                       "Print: thermal short-circuit strength"};
+constexpr std::string_view report_module = "MODUL_IEC865";
 constexpr Text utilisation_name = {"Ausnutzung", "Utilisation"};
 constexpr Text no_picture = {"Das Bild zeigt das Ergebnis, sobald es berechnet ist.",
                              "The picture shows the result as soon as it is calculated."};
@@ -95,6 +100,7 @@ KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& nam
     const Text* caption = page_captions;
     for (AreaPage* page : std::initializer_list<AreaPage*>{general_, conductor_, result_})
         add_page(page, *caption++);
+    add_print_button(result_->print_button());
     finish();
     captions().computed([this](LangId) { show_picture(); });
     auto* pictures = new SideDock(*this, pictures_dock, pictures_, captions());
@@ -142,8 +148,8 @@ void KsForm1::take_over_conductor() {
 void KsForm1::leave_page() {
     result_->clear();
     shown_.reset();
+    allow_output(false);
     show_picture();
-    allow_copy(false);
 }
 
 void KsForm1::turn_to(int page) {
@@ -163,8 +169,8 @@ void KsForm1::run() {
     }
     shown_ = run;
     result_->show_page(run.page);
+    allow_output(true);
     show_picture();
-    allow_copy(true);
 }
 
 /// The picture belongs to the result page.
@@ -185,5 +191,28 @@ void KsForm1::go_to(const ShortCircuitRefusal& refusal) {
 }
 
 std::string KsForm1::text_to_copy() { return shown_ ? result_text(shown_->page) : std::string(); }
+
+std::string KsForm1::print_caption() const {
+    return std::string(print_report_caption.in(session().lang));
+}
+
+std::optional<PrintOrder> KsForm1::report_of_page() {
+    if (!shown_) return std::nullopt;
+    return PrintOrder{
+        ReportKind::ShortCircuit, "KS10_tab_print_Kurzschluss_1",
+        [c = form_.content(), result = shown_->result, this](const ReportPrint& print) {
+            return KS10_tab_print_Kurzschluss_1(
+                c, result, print, [this](const std::function<void()>& work) {
+                    (void)trap(errors(), report_module, "KS10_tab_print_Kurzschluss_2", work,
+                               forms::short_circuit_failure);
+                });
+        },
+        report_module};
+}
+
+/// In German whatever the language of reports is: there is no other of the verdict.
+void KsForm1::print_order(const PrintOrder& order) {
+    printing().print(*this, order, PrintLang::German);
+}
 
 }  // namespace zel::short_circuit

@@ -36,6 +36,9 @@ protected:
     void leave_page() override;
     void forget_results() override {}
     [[nodiscard]] std::string text_to_copy() override;
+    [[nodiscard]] std::string print_caption() const override;
+    [[nodiscard]] std::optional<PrintOrder> report_of_page() override;
+    void print_order(const PrintOrder& order) override;
 
 private:
     void case_changed();

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace zel::short_circuit {
@@ -26,7 +27,8 @@ void set_colour(QWidget& widget, QPalette::ColorRole role, Colour colour) {
 
 }  // namespace
 
-ResultView::ResultView() : verdict_(make_label({})), groups_(new QVBoxLayout) {
+ResultView::ResultView()
+    : verdict_(make_label({})), groups_(new QVBoxLayout), print_(new QPushButton) {
     verdict_->setObjectName("verdict");
     QFont font = verdict_->font();
     font.setPointSizeF(font.pointSizeF() * 1.6);
@@ -38,6 +40,9 @@ ResultView::ResultView() : verdict_(make_label({})), groups_(new QVBoxLayout) {
     layout->setSpacing(14);
     layout->addWidget(verdict_);
     layout->addLayout(groups_);
+    print_->setObjectName("Befehl6");
+    print_->setAutoDefault(true);
+    layout->addWidget(print_, 0, Qt::AlignLeft);
     layout->addStretch(1);
     groups_->setSpacing(14);
     set_content(content);

@@ -5,6 +5,7 @@
 
 class QGridLayout;
 class QLabel;
+class QPushButton;
 class QVBoxLayout;
 
 namespace zel::short_circuit {
@@ -15,6 +16,8 @@ class ResultView : public AreaPage {
 public:
     ResultView();
 
+    /// "Befehl6"
+    [[nodiscard]] QPushButton& print_button() { return *print_; }
     void show_page(const VerdictPage& page);
     /// Shows nothing, as before the first run and at every change of the page.
     void clear();
@@ -26,6 +29,7 @@ private:
 
     QLabel* verdict_;
     QVBoxLayout* groups_;
+    QPushButton* print_;
 };
 
 }  // namespace zel::short_circuit

@@ -5,13 +5,11 @@
 
 #include <QImage>
 #include <QPainter>
-#include <QProcess>
-#include <QRegularExpression>
 #include <cmath>
 #include <limits>
 
 #include "adapters/qt_canvas/drawing_file.h"
-#include "fakes/memory_canvas.h"
+#include "adapters/qt_canvas/pdf_words.h"
 #include "tables_graphs/diagram.h"
 
 namespace zel {
@@ -40,27 +38,6 @@ QColor pixel(const QImage& image, int x, int y) {
     return image.pixelColor(x * 192 / 1440, y * 192 / 1440);
 }
 
-/// Draws on another canvas and keeps the texts.
-class Witness : public MemoryCanvas {
-public:
-    explicit Witness(Canvas& real) : real_(real) {}
-    [[nodiscard]] double text_width(std::string_view text, const Font& font) const override {
-        return real_.text_width(text, font);
-    }
-    [[nodiscard]] double text_height(const Font& font) const override {
-        return real_.text_height(font);
-    }
-    void text(double x, double y, std::string_view text, const Font& font, Colour colour) override {
-        MemoryCanvas::text(x, y, text, font, colour);
-        real_.text(x, y, text, font, colour);
-    }
-
-private:
-    Canvas& real_;
-};
-
-using Place = std::tuple<std::string, double, double>;
-
 struct DrawnDiagram {
     std::string file;
     std::vector<Place> texts;
@@ -82,31 +59,14 @@ DrawnDiagram drawn_diagram(DrawingKind kind) {
     return {file, texts};
 }
 
-/// The words of a PDF, in twips.
-std::vector<Place> words_of(const std::string& pdf) {
-    QProcess reader;
-    reader.start("pdftotext", {"-bbox", "-", "-"});
-    reader.write(pdf.data(), static_cast<qint64>(pdf.size()));
-    reader.closeWriteChannel();
-    reader.waitForFinished();
-    const QRegularExpression word(R"re(xMin="(\S+)" yMin="(\S+)".*>(.+)</word>)re");
-    std::vector<Place> words;
-    const QString found = QString::fromUtf8(reader.readAllStandardOutput());
-    for (auto next = word.globalMatch(found); next.hasNext();) {
-        const QRegularExpressionMatch match = next.next();
-        words.emplace_back(match.captured(3).replace("&amp;", "&").toStdString(),
-                           20 * match.captured(1).toDouble(), 20 * match.captured(2).toDouble());
-    }
-    return words;
-}
-
 TEST(QtCanvas, texts_of_a_diagram_stand_in_the_same_places_on_all_surfaces) {
     const DrawnDiagram svg = drawn_diagram(DrawingKind::Svg);
     const DrawnDiagram pdf = drawn_diagram(DrawingKind::Pdf);
     EXPECT_EQ(svg.texts, drawn_diagram(DrawingKind::Png).texts);
     EXPECT_EQ(svg.texts, pdf.texts);
-    const std::vector<Place> words = words_of(pdf.file);
-    if (words.empty()) GTEST_SKIP() << "pdftotext is not installed";
+    const auto pages = words_of(pdf.file);
+    if (pages.empty()) GTEST_SKIP() << "pdftotext is not installed";
+    const std::vector<Place>& words = pages.front();
     std::size_t count = 0;
     for (const auto& [text, x, y] : pdf.texts) {
         const QStringList parts = QString::fromStdString(text).split(' ', Qt::SkipEmptyParts);
