@@ -1,6 +1,4 @@
-#include <nlohmann/json.hpp>
-
-#include "adapters/posix/text_file.h"
+#include "cli/output_file.h"
 #include "cli/range_calculation.h"
 #include "cli/transient_calculation.h"
 #include "platform/errors.h"
@@ -29,7 +27,6 @@ constexpr const char* graph_notes =
 constexpr Text wrong_ending = {
     "ein Diagramm wird als .svg, .png oder .pdf geschrieben, seine Punkte als .csv",
     "a diagram is written as .svg, .png or .pdf, its points as .csv"};
-constexpr Text file_written = {"{0} geschrieben\n", "{0} written\n"};
 constexpr Text cannot_draw = {"das Diagramm kann nicht gezeichnet werden: {0}",
                               "the diagram cannot be drawn: {0}"};
 constexpr Text no_time = {"die Zustandsänderungen dauern keine Zeit, es gibt nichts zu zeichnen",
@@ -43,24 +40,20 @@ struct GraphWords : CaseWords {
 };
 
 /// What a file is to hold: a drawing, or points where there is no kind.
-struct GraphFile {
+struct GraphFile : OutputFile {
     const GraphWords& words;
     decltype(&drawing_file) draw_file;
     std::optional<DrawingKind> kind{};
-    bool written = false;
 
     GraphFile(const GraphWords& given, const DrawingTools& tools)
-        : words(given), draw_file(tools.file) {
+        : OutputFile(given, given.path), words(given), draw_file(tools.file) {
         for (const auto& [ending, drawn] : drawing_endings)
             if (has_ending(given.path, ending)) kind = drawn;
         if (!kind && !has_ending(given.path, ".csv"))
             throw InputError(at(given.path, Reason(wrong_ending)));
     }
 
-    void write(const std::string& bytes) {
-        write_text_file(words.path, bytes);
-        written = true;
-    }
+    using OutputFile::write;
     void write(const Diagram& diagram) {
         DiagramView view;
         view.auxiliary_lines = !words.without_lines;
@@ -70,20 +63,6 @@ struct GraphFile {
         write(draw_file(
             *kind, diagram_sheet, without_outer_blanks(diagram.title),
             [&](Canvas& canvas) { draw(canvas, diagram_sheet, diagram, view, words.separator); }));
-    }
-    /// What is told of the file; "file" is null where a run ended before it was written.
-    [[nodiscard]] std::string document(const std::vector<Note>& notes,
-                                       const std::vector<Message>& messages,
-                                       std::string_view program_end) const {
-        nlohmann::ordered_json document = {
-            {"file", nullptr}, {"notes", json_of(notes)}, {"messages", json_of(messages)}};
-        if (written) document["file"] = words.path;
-        if (!program_end.empty()) document["program_end"] = program_end;
-        return json_text(document);
-    }
-    [[nodiscard]] std::string page(const std::vector<Note>& notes) const {
-        if (!written) return {};
-        return fill(file_written.in(words.lang), {words.path}) + notes_text(notes, words.lang);
     }
 };
 

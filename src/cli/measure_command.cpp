@@ -99,8 +99,8 @@ Entry height_of(const MeasureWords& words) {
 
 Connections named_devices(const std::string& source, const ProgramSettings& settings) {
     const auto comma = source.find(',');
-    if (comma == source.npos || comma == 0 || comma + 1 == source.size() ||
-        source.find(',', comma + 1) != source.npos)
+    if (comma == std::string::npos || comma == 0 || comma + 1 == source.size() ||
+        source.find(',', comma + 1) != std::string::npos)
         throw InputError(Reason(wrong_source));
     return {{source.substr(0, comma), line_of(anemometer_owner, settings)},
             {source.substr(comma + 1), line_of(radiation_owner, settings)}};

@@ -1,8 +1,7 @@
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
-#include "adapters/posix/text_file.h"
 #include "cli/case_output.h"
+#include "cli/output_file.h"
 #include "cli/short_circuit_calculation.h"
 #include "pictures/balance_picture.h"
 #include "pictures/conductor_picture.h"
@@ -33,7 +32,6 @@ constexpr const char* picture_notes =
 
 constexpr Text wrong_ending = {"ein Bild wird als .svg, .png oder .pdf geschrieben",
                                "a picture is written as .svg, .png or .pdf"};
-constexpr Text file_written = {"{0} geschrieben\n", "{0} written\n"};
 constexpr Text cannot_draw = {"das Bild kann nicht gezeichnet werden: {0}",
                               "the picture cannot be drawn: {0}"};
 constexpr Text no_balance = {"kein Verfahren hat ein Ergebnis, dessen Bilanz zu zeichnen wäre",
@@ -49,14 +47,13 @@ struct PictureWords : CaseWords {
 };
 
 /// The file of a picture.
-struct PictureFile {
+struct PictureFile : OutputFile {
     const PictureWords& words;
     decltype(&drawing_file) draw_file;
     DrawingKind kind{};
-    bool written = false;
 
     PictureFile(const PictureWords& given, const DrawingTools& tools)
-        : words(given), draw_file(tools.file) {
+        : OutputFile(given, given.path), words(given), draw_file(tools.file) {
         const auto* row = std::find_if(
             std::begin(drawing_endings), std::end(drawing_endings),
             [&](const DrawingEnding& ending) { return has_ending(given.path, ending.ending); });
@@ -68,22 +65,8 @@ struct PictureFile {
     /// Refuses the case by `reason` where there is no picture.
     void write(const std::optional<Picture>& picture, const Text& reason) {
         if (!picture) throw InputError(at(words.case_path, Reason(reason)));
-        write_text_file(words.path, draw_file(kind, picture_sheet, picture->title,
-                                              [&](Canvas& canvas) { draw(canvas, *picture); }));
-        written = true;
-    }
-    [[nodiscard]] std::string document(const std::vector<Note>& notes,
-                                       const std::vector<Message>& messages,
-                                       std::string_view program_end) const {
-        nlohmann::ordered_json document = {
-            {"file", nullptr}, {"notes", json_of(notes)}, {"messages", json_of(messages)}};
-        if (written) document["file"] = words.path;
-        if (!program_end.empty()) document["program_end"] = program_end;
-        return json_text(document);
-    }
-    [[nodiscard]] std::string page(const std::vector<Note>& notes) const {
-        if (!written) return {};
-        return fill(file_written.in(words.lang), {words.path}) + notes_text(notes, words.lang);
+        OutputFile::write(draw_file(kind, picture_sheet, picture->title,
+                                    [&](Canvas& canvas) { draw(canvas, *picture); }));
     }
 };
 

@@ -1,6 +1,4 @@
-#include <nlohmann/json.hpp>
-
-#include "adapters/posix/text_file.h"
+#include "cli/output_file.h"
 #include "cli/range_calculation.h"
 #include "cli/short_circuit_calculation.h"
 #include "cli/transient_calculation.h"
@@ -35,7 +33,6 @@ constexpr const char* report_notes =
     "set, is the time that is printed. Where a method found nothing the report says so;\n"
     "the exit status is 1 then.\n";
 
-constexpr Text written = {"{0} geschrieben, {1} Blatt\n", "{0} written, {1} sheets\n"};
 constexpr Text cannot_print = {"der Bericht kann nicht gedruckt werden: {0}",
                                "the report cannot be printed: {0}"};
 constexpr Text no_time = {"die Zustandsänderungen dauern keine Zeit, es gibt nichts zu zeichnen",
@@ -47,10 +44,11 @@ struct ReportWords : CaseWords {
 };
 
 /// The file that a report goes into.
-class ReportOutput {
+class ReportOutput : public OutputFile {
 public:
     ReportOutput(const ReportWords& words, const DrawingTools& tools)
-        : words_(words),
+        : OutputFile(words, words.path),
+          words_(words),
           tools_(tools),
           print_{
               words.print_lang.value_or(print_lang(ProgramStores().settings().now().LangId_print)),
@@ -61,29 +59,13 @@ public:
 
     void write(const Report& report) {
         const ReportFile file = file_of(report, print_.lang, tools_.sheets);
-        write_text_file(words_.path, file.pdf);
-        sheets_ = file.sheets;
-    }
-
-    /// What is told of the written file; nothing of one that was not written.
-    [[nodiscard]] std::string page(const std::vector<Note>& notes) const {
-        if (sheets_ == 0) return {};
-        return fill(written.in(words_.lang), {words_.path, std::to_string(sheets_)}) +
-               notes_text(notes, words_.lang);
-    }
-    [[nodiscard]] std::string document(const std::vector<Note>& notes,
-                                       const std::vector<Message>& messages) const {
-        return json_text({{"file", words_.path},
-                          {"sheets", sheets_},
-                          {"notes", json_of(notes)},
-                          {"messages", json_of(messages)}});
+        OutputFile::write(file.pdf, file.sheets);
     }
 
 private:
     const ReportWords& words_;
     const DrawingTools& tools_;
     ReportPrint print_;
-    std::size_t sheets_ = 0;
 };
 
 class SteadyReport : public CaseRun {
@@ -112,8 +94,8 @@ private:
         file_.write(*print_tab_stat({c, run_, table ? &*table : nullptr}, file_.print()));
         return printed(!loaded_.text_refused && sound(run_) && (!table || table->complete()));
     }
-    [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
-        return file_.document(run_.notes, messages());
+    [[nodiscard]] std::string document(std::string_view program_end) const override {
+        return file_.document(run_.notes, messages(), program_end);
     }
     [[nodiscard]] std::string page() const override { return file_.page(run_.notes); }
 
@@ -134,8 +116,8 @@ private:
         file_.write(S02_Print_Graph_Steady(calc_case(), *curves, file_.print()));
         return curves->complete();
     }
-    [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
-        return file_.document(notes(), messages());
+    [[nodiscard]] std::string document(std::string_view program_end) const override {
+        return file_.document(notes(), messages(), program_end);
     }
     [[nodiscard]] std::string page() const override { return file_.page(notes()); }
 
@@ -152,8 +134,8 @@ private:
         file_.write(
             S03_Print_Tab_transient_Cigre207_601_TBB(calc_case(), report().run, file_.print()));
     }
-    [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
-        return file_.document(report().notes, messages());
+    [[nodiscard]] std::string document(std::string_view program_end) const override {
+        return file_.document(report().notes, messages(), program_end);
     }
     [[nodiscard]] std::string page() const override { return file_.page(report().notes); }
 
@@ -172,8 +154,8 @@ private:
         file_.write(S04_Print_Graph_transient_Cigre207_601_TBB(calc_case(), report().run,
                                                                *report().series, file_.print()));
     }
-    [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
-        return file_.document(report().notes, messages());
+    [[nodiscard]] std::string document(std::string_view program_end) const override {
+        return file_.document(report().notes, messages(), program_end);
     }
     [[nodiscard]] std::string page() const override { return file_.page(report().notes); }
 
@@ -189,8 +171,8 @@ private:
     void found() override {
         file_.write(KS10_tab_print_Kurzschluss_1(form().content(), result().result, file_.print()));
     }
-    [[nodiscard]] std::string document(std::string_view /*program_end*/) const override {
-        return file_.document({}, messages());
+    [[nodiscard]] std::string document(std::string_view program_end) const override {
+        return file_.document({}, messages(), program_end);
     }
     [[nodiscard]] std::string page() const override { return file_.page({}); }
 

@@ -1,8 +1,8 @@
 #include "adapters/posix/serial_ports.h"
 
+#include <cstdlib>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
 #include <termios.h>
 #include <unistd.h>
 
