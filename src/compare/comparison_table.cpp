@@ -41,11 +41,7 @@ SheetDesign comparison_sheet(const Comparison& comparison, const Locale& locale)
     int line = 1;
     const auto add = [&](int column, std::variant<std::monostate, double, std::string> content,
                          CellLook look = CellLook::Plain) {
-        DesignCell& cell = sheet.cells.emplace_back();
-        cell.row = line;
-        cell.column = column;
-        cell.content = std::move(content);
-        cell.look = look;
+        add_cell(sheet, line, column, std::move(content), look);
     };
     add(1, std::string(sheet.name), CellLook::ColumnHead);
     add(2, std::string(unit_head.in(locale.lang)), CellLook::ColumnHead);

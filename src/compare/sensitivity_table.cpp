@@ -67,7 +67,7 @@ SheetDesign sensitivity_sheet(const Sensitivity& found, const Locale& locale) {
     int row = 1;
     const auto add = [&](int column, std::variant<std::monostate, double, std::string> content,
                          CellLook look = CellLook::Plain) {
-        sheet.cells.push_back({row, column, std::move(content), look});
+        add_cell(sheet, row, column, std::move(content), look);
     };
     int column = 0;
     for (const Text& head : {input_head, step_head, unit_head})
