@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <thread>
+#include <utility>
 
 #include "cli/case_output.h"
 #include "cli/commands.h"
@@ -146,18 +147,23 @@ public:
             refuse_table_name(table_);
     }
 
-    void add(const std::vector<NamedValue>& row) {
+    /// Gives what could not be stored for want of columns.
+    [[nodiscard]] std::optional<Box> add(const std::vector<NamedValue>& row) {
         if (!std::filesystem::exists(file_)) {
             NewDatabase made(store_, file_);
             save_in_new_table(made.database(), measuring_tables(), table_, row);
             made.keep();
-            return;
+            return std::nullopt;
         }
         const auto database = store_.open(file_);
-        if (!is_there(*database, table_))
-            return save_in_new_table(*database, measuring_tables(), table_, row);
+        if (!is_there(*database, table_)) {
+            save_in_new_table(*database, measuring_tables(), table_, row);
+            return std::nullopt;
+        }
+        const TableInfo table = record_table(*database, measuring_tables(), table_);
         std::vector<std::string> left_out;
-        add_to_table(*database, record_table(*database, measuring_tables(), table_), row, left_out);
+        add_to_table(*database, table, row, left_out);
+        return told_left_out(table, left_out, words_.lang);
     }
 
 private:
@@ -241,11 +247,14 @@ std::optional<Box> measure(MeasuringCycle& cycle, Instruments& instruments,
     constexpr auto step = 10ms;
     LiveLine line(words);
     std::optional<Box> told;
+    std::size_t seen = 0;
     while (cycle.runs() && !told) {
         std::this_thread::sleep_for(step);
         if (interrupted != 0) break;
         cycle.go_on();
-        if (cycle.runs()) told = failure(instruments, words.lang);
+        // Between two ticks nobody reads what has come.
+        const bool ticked = std::exchange(seen, cycle.samples().size()) != cycle.samples().size();
+        if (cycle.runs() && ticked) told = failure(instruments, words.lang);
         line.show(cycle, instruments);
     }
     line.clear();
@@ -302,7 +311,9 @@ bool save(Target& target, const CycleMeans& means, double height, const MeasureW
     std::vector<CutText> cut;
     const double extrapolated = S66_Hochrechnung_wind_v(means.Windgeschw_Mittel, height);
     try {
-        target.add(row_of(measured_record(means, extrapolated, {}, {}, words.separator), cut));
+        const auto left_out =
+            target.add(row_of(measured_record(means, extrapolated, {}, {}, words.separator), cut));
+        if (left_out) tell(*left_out, words, console);
         return true;
     } catch (const PlatformError& error) {
         const std::string why = fill(not_saved.in(words.lang), {error.told(words.lang)});

@@ -29,8 +29,9 @@ struct CycleMeans {
     CalendarTime end;    // of the last one
     std::size_t Anzahl = 0;
     /// As the cycle has always kept it: 450° less an angle that is only found for winds with an
-    /// eastern part; for all others it is made of the angle that the last cycle left. From 0 on,
-    /// not brought below 360: an east wind is 450°.
+    /// eastern part; for all others it is made of the angle that the last cycle left. Not
+    /// brought into 0 to 360: an east wind is 450°, and an angle that was converted twice may leave
+    /// it far below 0.
     double Windrichtung_Mittel = 0;
     /// The direction of the vector mean within 0 to 360°; nothing without wind, and where the winds
     /// cancel each other.

@@ -36,12 +36,13 @@ void SerialInstrument::come_back() {
     }
 }
 
-void SerialInstrument::read(const std::function<bool(std::string_view)>& take) {
+void SerialInstrument::read(const std::function<Taken(std::string_view)>& take) {
     if (!port_) come_back();
     if (!port_) return;
     try {
         cutter_.feed(port_->read(), [&](std::string_view telegram) {
-            if (!take(telegram)) return false;
+            const Taken taken = take(telegram);
+            if (taken != Taken::Measured) return taken == Taken::PassedOver;
             ++telegrams_;
             last_ = clock_.elapsed();
             dropped_till_last_ = cutter_.dropped();
@@ -85,11 +86,11 @@ void SerialInstruments::close() {
 void SerialInstruments::S63_Einlesen_Ultrasonic(Readings& readings) {
     anemometer_.read([&](std::string_view telegram) {
         const auto told = read_wind_telegram(telegram);
-        if (!told) return false;
+        if (!told) return Taken::Dropped;
         take_over(readings.Windrichtung, told->Windrichtung);
         take_over(readings.Windgeschwindigkeit, told->Windgeschwindigkeit);
         take_over(readings.Lufttemperatur, told->Lufttemperatur);
-        return true;
+        return told->Windgeschwindigkeit ? Taken::Measured : Taken::PassedOver;
     });
 }
 
@@ -97,7 +98,7 @@ void SerialInstruments::S64_Einlesen_GM33(Readings& readings) {
     radiation_meter_.read([&](std::string_view line) {
         const auto told = read_radiation_line(line);
         take_over(readings.Globalstrahlung, told);
-        return told.has_value();
+        return told ? Taken::Measured : Taken::Dropped;
     });
 }
 

@@ -65,6 +65,9 @@ struct Connection {
     PortLine line;
 };
 
+/// What a telegram was good for.
+enum class Taken : std::uint8_t { Dropped, PassedOver, Measured };
+
 /// One instrument on a port. A device that goes is opened again when it comes back.
 class SerialInstrument {
 public:
@@ -74,8 +77,9 @@ public:
 
     void open();  // throws `InputError`
     void close();
-    /// Hands what has come in to `take`, which is false where it drops a telegram.
-    void read(const std::function<bool(std::string_view)>& take);
+    /// Hands what has come in to `take`. Only what it has measured keeps the instrument from being
+    /// silent.
+    void read(const std::function<Taken(std::string_view)>& take);
     [[nodiscard]] InstrumentStatus status() const;
 
 private:

@@ -1,6 +1,7 @@
 #include "measuring/measuring_cycle.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace zel::measuring {
@@ -50,7 +51,9 @@ void MeasuringCycle::end() {
 
 std::chrono::milliseconds MeasuringCycle::gone() const { return clock_.elapsed() - begin_; }
 
-int MeasuringCycle::Minuten() const { return static_cast<int>(gone() / one_minute); }
+int MeasuringCycle::Minuten() const {
+    return static_cast<int>(static_cast<std::int64_t>(samples_.size()) * tick / one_minute);
+}
 
 std::chrono::milliseconds MeasuringCycle::remaining() const {
     return std::max(length_ - gone(), std::chrono::milliseconds{0});

@@ -33,7 +33,7 @@ public:
     /// Of this cycle, or of the last one.
     [[nodiscard]] std::span<const MeasurementSample> samples() const { return samples_; }
     [[nodiscard]] const Readings& readings() const { return readings_; }
-    /// Whole minutes of this cycle.
+    /// Whole minutes of this cycle at its last sample.
     [[nodiscard]] int Minuten() const;
     [[nodiscard]] std::chrono::milliseconds remaining() const;
     /// Of the cycle that has ended; nothing where it ended before its first sample.

@@ -213,6 +213,16 @@ TEST_F(Cycle, tells_what_an_instrument_does) {
     EXPECT_EQ(cycle.stale_samples(), stale) << "it is there again at the next tick";
 }
 
+TEST_F(Cycle, counts_an_anemometer_that_tells_no_wind_as_silent) {
+    start();
+    pass(1s, [this] { send_both(); });
+    pass(4s, [this] { ports.waiting["wind"] += "$WIXDR,C,+12.1,C,TEMP*6B\r\n"; });
+    EXPECT_EQ(cycle.readings().Lufttemperatur, 12.1);
+    EXPECT_EQ(instruments.anemometer().dropped, 0U);
+    EXPECT_EQ(instruments.anemometer().state, InstrumentState::Silent);
+    EXPECT_TRUE(instruments.anemometer().gives_nothing());
+}
+
 TEST_F(Cycle, stands_five_minutes_of_noise) {
     std::mt19937 random(20261122);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same each time
     start(5min);

@@ -76,7 +76,12 @@ void set_line(const SerialPort& port, const std::string& device, const PortLine&
     ::cfmakeraw(&settings);
     settings.c_cflag &= ~static_cast<tcflag_t>(CSIZE | PARENB | PARODD | CSTOPB | CRTSCTS);
     settings.c_cflag |= CLOCAL | CREAD | (line.data_bits == 7 ? CS7 : CS8);
-    if (line.parity != Parity::None) settings.c_cflag |= PARENB;
+    settings.c_iflag &= ~static_cast<tcflag_t>(IGNPAR | INPCK);
+    // A byte of wrong parity is read as 0, for which its telegram is dropped.
+    if (line.parity != Parity::None) {
+        settings.c_cflag |= PARENB;
+        settings.c_iflag |= INPCK;
+    }
     if (line.parity == Parity::Odd) settings.c_cflag |= PARODD;
     if (line.stop_bits == 2) settings.c_cflag |= CSTOPB;
     settings.c_cc[VMIN] = 1;

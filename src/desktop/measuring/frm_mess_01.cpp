@@ -350,19 +350,18 @@ void FrmMess01::leave() { close(); }
 
 void FrmMess01::tell(const std::optional<EntryRefusal>& refusal) {
     if (!refusal) return;
-    if (refusal->clears) Text1_->clear();
     parts_.session.dialogs.show(refusal->box);
+    if (refusal->clears) Text1_->clear();
     refused_.to(Text1_);
 }
 
 /// Each change counts, but for one that only begins a number.
 void FrmMess01::height_typed() {
     const std::string text = Text1_->text().trimmed().toStdString();
-    if (!text.empty() && may_become_number(text, parts_.session)) {
+    if (!text.empty() && may_become_number(text, parts_.session))
         Hoehendifferenz_ = {};
-        return;
-    }
-    tell(enter_height(Hoehendifferenz_, text, parts_.session));
+    else
+        tell(enter_height(Hoehendifferenz_, text, parts_.session));
     show_extrapolated();
 }
 

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 
 #include "adapters/qt_canvas/qt_canvas.h"
 #include "desktop/frame/events.h"
@@ -150,6 +151,7 @@ CombinationInput::CombinationInput(const CombinationBox& box, const Session& ses
                                    std::function<void()> changed)
     : box_(box), session_(session), c_(c), changed_(std::move(changed)) {
     setObjectName(box.control);
+    setFocusPolicy(Qt::StrongFocus);
     setEditable(true);
     lineEdit()->setObjectName(objectName() + "_text");
     setInsertPolicy(NoInsert);
@@ -188,6 +190,14 @@ void CombinationInput::chosen(int index) {
     typed_ = false;
     choose(box_, static_cast<std::size_t>(index), c_, session_.separator);
     changed_();
+}
+
+/// The wheel scrolls the window, unless the list has the focus.
+void CombinationInput::wheelEvent(QWheelEvent* event) {
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
 }
 
 void CombinationInput::focusOutEvent(QFocusEvent* event) {

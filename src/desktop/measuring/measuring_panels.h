@@ -87,6 +87,7 @@ public:
 
 protected:
     void focusOutEvent(QFocusEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     void chosen(int index);
