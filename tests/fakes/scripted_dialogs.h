@@ -23,6 +23,12 @@ public:
         return answer;
     }
 
+    bool show_before_others(const Box& box) override {
+        (void)show(box);
+        return leaves_chains;
+    }
+
+    bool leaves_chains = false;  // after the first box of one
     std::deque<Answer> answers;
     std::vector<Box> shown;
     std::function<void()> while_shown;  // looks at what the user sees behind a box
