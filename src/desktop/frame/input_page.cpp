@@ -72,6 +72,10 @@ bool InputPage::is_unfinished() const {
                        [](const FormPanel* panel) { return panel->is_unfinished(); });
 }
 
+void InputPage::show_marks() {
+    for (FormPanel* panel : panels_) panel->show_marks();
+}
+
 QWidget* InputPage::input(const FieldInfo& field) const {
     for (const FormPanel* panel : panels_)
         if (QWidget* found = panel->input(field)) return found;
