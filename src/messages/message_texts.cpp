@@ -25,8 +25,8 @@ std::string refused_text(std::string_view name, const forms::Row& row, const Lim
     const bool has_high = limits->high < unlimited;
     const std::string low = bound_text(limits->low, row, locale.separator);
     std::string high = bound_text(limits->high, row, locale.separator);
-    const std::string unit =
-        row.field->unit.empty() ? std::string() : " " + std::string(row.field->unit);
+    std::string unit(row.field->unit_in(locale.lang));
+    if (!unit.empty()) unit.insert(0, " ");
     if (has_low && has_high) return fill(between.in(locale.lang), {name, quoted, low, high + unit});
     return has_high ? fill(at_most.in(locale.lang), {name, quoted, high + unit})
                     : fill(at_least.in(locale.lang), {name, quoted, low + unit});
