@@ -12,8 +12,9 @@
 namespace zel {
 namespace {
 
-constexpr int gap = 4;     // pixels between the mark and the frame of its input
-constexpr int arrow = 22;  // pixels of a list that its arrow takes
+constexpr int gap = 4;      // pixels between the mark and the frame of its input
+constexpr int padding = 2;  // and between its text and its own edge
+constexpr int arrow = 22;   // pixels of a list that its arrow takes
 
 struct MarkWords {
     std::string_view sign;
@@ -35,9 +36,9 @@ MarkWords words_of(Mark mark) {
 int room_in(const QWidget& input) {
     const QFontMetrics metrics = input.fontMetrics();
     if (const auto* box = qobject_cast<const QLineEdit*>(&input))
-        return box->width() - metrics.horizontalAdvance(box->text()) - 3 * gap;
+        return box->width() - metrics.horizontalAdvance(box->text()) - 2 * gap;
     if (const auto* list = qobject_cast<const QComboBox*>(&input))
-        return list->width() - metrics.horizontalAdvance(list->currentText()) - arrow - 3 * gap;
+        return list->width() - metrics.horizontalAdvance(list->currentText()) - arrow - 2 * gap;
     return input.width() / 2;
 }
 
@@ -53,6 +54,7 @@ FieldMark::FieldMark(QWidget& input) : QLabel(&input), input_(input) {
 
 void FieldMark::show_mark(Mark mark, LangId lang) {
     const auto [sign, word] = words_of(mark);
+    if (sign_.isEmpty() && sign.empty()) return;
     sign_ = qt(sign);
     word_ = qt(word, lang);
     input_.setAccessibleDescription(word_);
@@ -63,15 +65,18 @@ void FieldMark::show_mark(Mark mark, LangId lang) {
     font.setItalic(false);
     setFont(font);
     setForegroundRole(stands_out ? QPalette::Text : QPalette::PlaceholderText);
-    setContentsMargins(gap, 0, gap, 0);
+    setContentsMargins(padding, 0, padding, 0);
     place();
 }
 
 void FieldMark::place() {
-    setText(sign_);
+    const auto fits = [this](const QString& text) {
+        return fontMetrics().horizontalAdvance(text) + 2 * padding <= room_in(input_);
+    };
+    // What needs mending keeps its sign.
+    const QString whole = sign_ + " " + word_;
+    setText(fits(whole) ? whole : fits(word_) && !font().bold() ? word_ : sign_);
     if (!sign_.isEmpty()) {
-        const QString whole = sign_ + " " + word_;
-        if (fontMetrics().horizontalAdvance(whole) + 2 * gap <= room_in(input_)) setText(whole);
         adjustSize();
         const int right = input_.width() - width();
         if (qobject_cast<QComboBox*>(&input_) != nullptr)

@@ -1,6 +1,7 @@
 #include "desktop/frame/message_line.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -36,7 +37,8 @@ std::string in_one_line(const AreaMessage& message) {
     return line;
 }
 
-/// A bold caption and a text in one line, which ends in "..." where it has no room.
+/// A bold caption and a text in one line, which ends in "..." where it has no room. A click and the
+/// key return on it lead to where the message does, also where there is no room for its button.
 class OneLineLabel : public QLabel {
 public:
     void show_line(const QString& caption, const QString& line) {
@@ -68,6 +70,13 @@ protected:
         draw(caption_);
         painter.setFont(font());
         draw(line_);
+    }
+    void mousePressEvent(QMouseEvent* /*event*/) override { emit linkActivated({}); }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+            emit linkActivated({});
+        else
+            QLabel::keyPressEvent(event);
     }
 
 private:
@@ -114,17 +123,21 @@ MessageLine::MessageLine(Shape shape, int number)
     if (shape == Shape::Whole) text_->setAlignment(Qt::AlignTop);
     number_->setVisible(shape == Shape::OneLine);
     on(unfold_, &QPushButton::clicked, [this] {
-        unfolded_ = !unfolded_;
+        is_unfolded_ = !is_unfolded_;
         show_text();
+        unfolded();
     });
     on(go_to_, &QPushButton::clicked, [this] { go_to(*message_.field); });
+    on(text_, &QLabel::linkActivated, [this] {
+        if (message_.field != nullptr) go_to(*message_.field);
+    });
     on(put_back_, &QPushButton::clicked, [this] { put_back(message_); });
 }
 
 void MessageLine::show_message(const AreaMessage& message, int index, int count, const QString& key,
                                LangId lang) {
     using namespace message_texts;
-    if (message.text != message_.text) unfolded_ = false;
+    if (message.text != message_.text) is_unfolded_ = false;
     message_ = message;
     lang_ = lang;
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
@@ -157,10 +170,10 @@ void MessageLine::show_text() {
         const std::string folded = shortened(line, most_folded);
         long_text = folded != line;
         QString text = qt(folded).toHtmlEscaped();
-        if (unfolded_) text = "<br>" + qt(message_.text).toHtmlEscaped().replace("\n", "<br>");
+        if (is_unfolded_) text = "<br>" + qt(message_.text).toHtmlEscaped().replace("\n", "<br>");
         text_->setText("<b>" + caption.toHtmlEscaped() + "</b>&nbsp; " + text);
     }
-    unfold_->setText(qt(unfolded_ ? message_texts::fold : message_texts::unfold, lang_));
+    unfold_->setText(qt(is_unfolded_ ? message_texts::fold : message_texts::unfold, lang_));
     unfold_->setVisible(long_text);
     go_to_->setVisible(fits && message_.field != nullptr);
     put_back_->setVisible(fits && !message_.put_back.empty());

@@ -23,6 +23,7 @@ public:
 
     std::function<void(const FieldInfo&)> go_to;
     std::function<void(const AreaMessage&)> put_back;
+    std::function<void()> unfolded = [] {};  // or folded again: it has another height
 
     /// AreaMessage `index` (from 0) of `count`. `key` puts its text back; empty where another line
     /// has it.
@@ -40,7 +41,7 @@ private:
     Shape shape_;
     LangId lang_ = LangId::English;
     AreaMessage message_;
-    bool unfolded_ = false;
+    bool is_unfolded_ = false;
     QLabel* sign_;
     QLabel* text_;
     QLabel* number_;

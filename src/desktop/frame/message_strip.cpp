@@ -54,6 +54,7 @@ MessageStrip::MessageStrip(Parts parts)
 MessageLine* MessageStrip::make_line(MessageLine::Shape shape, int number) {
     auto* line = new MessageLine(shape, number);
     line->go_to = [this](const FieldInfo& field) { parts_.go_to(field); };
+    line->unfolded = [this] { parts_.results.show_above(true); };
     line->put_back = [this](const AreaMessage& message) { parts_.put_back(message); };
     return line;
 }

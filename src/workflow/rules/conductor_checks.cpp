@@ -135,7 +135,7 @@ constexpr Check checks[] = {
       [](const CalcCase& c) {
           return c.conductor_type_db == steel_cored_conductor && c.DrahtlagenzahlLeiter_db == 1;
       },
-      &not_suitable, &CalcCase::conductor_type_db},
+      &not_suitable, &CalcCase::DrahtlagenzahlLeiter_db},
      {"Das ausgewählte Seil ist ein Verbundleiter mit einer Lage Leitermaterial\n"
       "und einem magnetischen Kern. \n"
       "Dies Seile sind im vorliegenden Programm von der Berechnung nach Cigre TB 601\n"
