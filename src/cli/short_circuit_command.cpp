@@ -18,8 +18,8 @@ constexpr const char* short_circuit_notes =
     "docs/short-circuit.md for every field and formula.\n"
     "\n"
     "With --json standard output is one JSON document with full precision and with all\n"
-    "messages; without it, messages go to standard error. The texts of the checks and the\n"
-    "result are German in both languages.\n";
+    "messages; without it, messages go to standard error. The texts of the checks are German\n"
+    "in both languages, and so are \"ja\" and \"nein\" among the results and all of the document.\n";
 
 class ShortCircuitCommand : public ShortCircuitCalculation {
 public:

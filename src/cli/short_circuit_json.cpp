@@ -7,6 +7,7 @@ namespace zel {
 
 using nlohmann::ordered_json;
 
+/// The words of the document are German in every language, for the programs that read them.
 std::string short_circuit_document(const ShortCircuitRun& run,
                                    const std::vector<Message>& messages) {
     const ShortCircuitResult& result = run.result;
@@ -26,11 +27,11 @@ std::string short_circuit_document(const ShortCircuitRun& run,
     document["S_zul"] = result.S_zul;
     document["verdict_Betriebsmittel"] = result.verdict_Betriebsmittel;
     document["verdict_Leiter"] = result.verdict_Leiter;
-    document["verdict"] = run.page.verdict;
+    document["verdict"] = run.page.verdict.de;
     ordered_json lines = ordered_json::array();
     for (const VerdictGroup& group : run.page.groups)
         for (const VerdictRow& row : group.rows)
-            lines.push_back({{"label", row.label}, {"value", row.value}, {"unit", row.unit}});
+            lines.push_back({{"label", row.label.de}, {"value", row.value}, {"unit", row.unit.de}});
     document["lines"] = std::move(lines);
     return json_text(document);
 }

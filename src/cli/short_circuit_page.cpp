@@ -27,7 +27,7 @@ std::string short_circuit_page(const ShortCircuitForm& form, const ShortCircuitR
     const LangId lang = options.lang;
     return std::string(short_circuit_name.in(lang)) + "   " +
            std::string(short_circuit_title.in(lang)) + "\n" + inputs_of(form, options) + "\n" +
-           std::string(result_caption.in(lang)) + "\n  " + result_text(run.page);
+           std::string(result_caption.in(lang)) + "\n  " + result_text(run.page, lang);
 }
 
 }  // namespace zel

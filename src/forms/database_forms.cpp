@@ -18,7 +18,7 @@ using Values = std::span<const std::string>;
 // ---- the list of all rows, by the places of the list columns
 
 template <std::size_t place>
-std::string value(Values values) {
+std::string value(Values values, LangId /*lang*/) {
     return values[place];
 }
 
@@ -29,7 +29,7 @@ std::string short_name_of(Method method) {
     return std::string(name.starts_with(common) ? name.substr(common.size()) : name);
 }
 
-std::string methods(Values values) {
+std::string methods(Values values, LangId /*lang*/) {
     constexpr std::size_t first = 6;
     std::string names;
     for (const Method method : all_methods)
@@ -38,11 +38,14 @@ std::string methods(Values values) {
     return names;
 }
 
-std::string judged_object(Values values) {
-    const std::string& index = values[4];
-    return index == std::to_string(bare_conductor) ? "blanker Leiter"
-           : index == std::to_string(equipment)    ? "elektrisches Betriebsmittel"
-                                                   : "";
+std::string judged_object(Values values, LangId lang) {
+    constexpr Text objects[] = {{},
+                                {"blanker Leiter", "bare conductor"},
+                                {"elektrisches Betriebsmittel", "electrical equipment"}};
+    for (const std::int16_t index : {bare_conductor, equipment})
+        if (values[4] == std::to_string(index))
+            return std::string(objects[static_cast<std::size_t>(index)].in(lang));
+    return {};
 }
 
 constexpr ListColumn line_list[] = {
@@ -65,7 +68,6 @@ constexpr Text open_filters = {"mdb-Dateien (*.mdb) (*.mdb)\nAlle Dateien (*.*) 
                                "mdb-Dateien (*.mdb) (*.mdb)\nAll files (*.*) (*)"};
 constexpr Text new_filters = {"mdb-Dateien (*.mdb) (*.mdb)\nAlle Dateien (*.*) (*)",
                               "mdb - files (*.mdb) (*.mdb)\nall files (*.*) (*)"};
-constexpr Text german_filters = {open_filters.de};
 
 constexpr Text open_caption = {"Datenbank ö&ffnen ...", "&Open database ..."};
 constexpr Text existing_caption = {"Speichern in &bestehender Datenbank ...",
@@ -161,14 +163,15 @@ DatabaseForms make_short_circuit() {
         .format = short_circuit_tables,
         .open = {"mOeffnendatenbank",
                  open_caption,
-                 {"Datenbank (Access-Format) oeffnen ..."},
-                 german_filters},
+                 {"Datenbank (Access-Format) oeffnen ...", "Open database (Access format) ..."},
+                 open_filters},
         .opens_at_calculations = true,
         .open_calculations = {},
         .save_in_existing = {"mbestehendeDatenbank",
                              existing_caption,
-                             {"Speichern in bestehender Datenbank (Access-Format) ..."},
-                             german_filters},
+                             {"Speichern in bestehender Datenbank (Access-Format) ...",
+                              "Save in existing database (Access-format) ..."},
+                             open_filters},
         .save_in_new = {"mneueDatenbank", new_caption, new_title, new_filters},
         .fixed = {"mStandardfall",
                   {"&Auswahl aus Standardfall-Tabelle", "&Choose from standard-case table"},
@@ -176,7 +179,7 @@ DatabaseForms make_short_circuit() {
                   {"&Speichern in Standardfall-Tabelle", "&Save in standard-case table"},
                   &S::Standardfalldaten,
                   "st_cases",
-                  {" ->Tabelle: st_cases"},
+                  {" ->Tabelle: st_cases", " ->Table: st_cases"},
                   true,
                   {Icon::None,
                    {saved_title.de},
@@ -187,10 +190,10 @@ DatabaseForms make_short_circuit() {
                        LangId /*lang*/) { return reserved_short_circuit_database(path); },
         .browser = "Ks_Form4",
         .loading = "KS7_Datenbank_oeffnen_Tabellen_auflisten",
-        .browser_title = {"Öffnen der Datenbank "},
-        .pages = {Text{"&Eingabedaten"}, Text{"&Leiterdaten"}},
+        .browser_title = {"Öffnen der Datenbank ", "Open database "},
+        .pages = {Text{"&Eingabedaten", "&Input data"}, Text{"&Leiterdaten", "&Conductor data"}},
         .list = short_circuit_list,
-        .count = {"Datensatz {0} von {1}"},
+        .count = {"Datensatz {0} von {1}", "Data record {0} of {1}"},
         .first_number = 1,
         .goes_to_first = false,
         .delete_row = question({delete_row_lines.de}),
@@ -199,15 +202,18 @@ DatabaseForms make_short_circuit() {
              "Do you really to delete this table ?\nAll conductor in there will be lost! "}),
         .save_form = "Ks_Form3",
         .new_form = "Ks_Form8",
-        .save_title = {"Speichern in: {0}"},
-        .new_title = {save_title.de},
+        .save_title = {"Speichern in: {0}", "Save in: {0}"},
+        .new_title = save_title,
         .existing_option = "Option2",
         .new_option = "Option1",
         .choose_hint = {"Wählen Sie eine der nachfolgend im Pull-Down-Listenfeld aufgeführten "
-                        "Tabellen aus."},
-        .name_hint = {"Geben Sie den Namen der neuen Tabelle ein."},
+                        "Tabellen aus.",
+                        "Choose one of the tables of the list."},
+        .name_hint = {"Geben Sie den Namen der neuen Tabelle ein.",
+                      "Enter the name of the new table."},
         .new_hint = {"Der Datensatz wird nun in der neu angelegten Datenbank in der soeben "
-                     "benannten Tabelle gespeichert."},
+                     "benannten Tabelle gespeichert.",
+                     "The data record is now saved in the new database, in the table just named."},
         .name_taken = BoxText{Icon::None,
                               short_circuit_title,
                               {" Eine Tabelle mit diesem Namen ist bereits in der Datenbank  \n"

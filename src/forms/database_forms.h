@@ -28,7 +28,7 @@ struct DatabaseQuestion {
 /// around them.
 struct ListColumn {
     Text head;
-    std::string (*text)(std::span<const std::string> values);
+    std::string (*text)(std::span<const std::string> values, LangId lang);
     int characters;  // wide
     bool is_date = false;
 };

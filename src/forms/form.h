@@ -26,10 +26,10 @@ struct Choice {
 struct Row {
     const char* control;  // object name: focus chain and tests find it
     const FieldInfo* field;
-    MethodSet read_by = every_method;   // see `InputState::needed`
-    Text hint{};                        // may be in English alone, where the label is German alone
+    MethodSet read_by = every_method;  // see `InputState::needed`
+    Text hint{};
     std::span<const Choice> choices{};  // a list instead of a box
-    bool in_report_language = false;    // the texts of the list
+    bool in_report_language = false;    // the texts of the list, in the listing of a stored case
     Text note{};                        // below the input
     bool caption_above = false;         // not beside the input, which is wide
 

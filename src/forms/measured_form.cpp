@@ -73,13 +73,13 @@ private:
 };
 
 template <std::size_t place>
-std::string value(std::span<const std::string> values) {
+std::string value(std::span<const std::string> values, LangId /*lang*/) {
     return values[place];
 }
 
 /// A mean without the digits that nobody reads; what is no number as it is.
 template <std::size_t place>
-std::string mean(std::span<const std::string> values) {
+std::string mean(std::span<const std::string> values, LangId /*lang*/) {
     const auto number = stored_number(values[place]);
     return number ? masked(*number, "##0.0#", DecimalSeparator::Point) : values[place];
 }

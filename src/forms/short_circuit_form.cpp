@@ -13,9 +13,9 @@ bool is_zero(const ShortCircuitCase& c, const Row& row) {
     return number != nullptr && c.**number == 0;
 }
 
-std::string with_unit(const std::string& text, const Row& row) {
-    return text.empty() || row.field->unit.empty() ? text
-                                                   : text + " " + std::string(row.field->unit);
+std::string with_unit(const std::string& text, const Row& row, LangId lang) {
+    const std::string unit(row.field->unit_in(lang));
+    return text.empty() || unit.empty() ? text : text + " " + unit;
 }
 
 }  // namespace
@@ -28,7 +28,8 @@ std::string ShortCircuitRecord::plain_text(const Row& row) const {
     if (row.is_list()) {
         const int index = chosen(row);
         return index == 0 ? std::string()
-                          : std::string(row.choices[static_cast<std::size_t>(index)].text.de);
+                          : std::string(
+                                row.choices[static_cast<std::size_t>(index)].text.in(locale_.lang));
     }
     return label_text(c, key(row), locale_.separator);
 }
@@ -36,11 +37,12 @@ std::string ShortCircuitRecord::plain_text(const Row& row) const {
 std::string ShortCircuitRecord::shown(const Row& row) const {
     std::string text = plain_text(row);
     if (!row.field->of_record) return text;
-    return is_zero(form_.content(), row) ? without_outer_blanks(text) : with_unit(text, row);
+    return is_zero(form_.content(), row) ? without_outer_blanks(text)
+                                         : with_unit(text, row, locale_.lang);
 }
 
 std::string ShortCircuitRecord::listed(const Row& row) const {
-    return with_unit(without_outer_blanks(plain_text(row)), row);
+    return with_unit(without_outer_blanks(plain_text(row)), row, locale_.lang);
 }
 
 int ShortCircuitRecord::chosen(const Row& row) const {

@@ -4,8 +4,8 @@
 #include "platform/text/locale.h"
 #include "short_circuit/short_circuit_form.h"
 
-// The form of a short-circuit case. The captions are German in every language, as the texts of the
-// checks that name them are; the hint says the same in English.
+// The form of a short-circuit case. The texts of its checks are German in every language, so that
+// in English the hint of an input tells what they call it.
 
 namespace zel::forms {
 
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] InputState state(const Row& row) const override;
     [[nodiscard]] std::string listed(const Row& row) const override;
     [[nodiscard]] LangId language_of_choices(const Row& /*row*/) const override {
-        return LangId::German;
+        return locale_.lang;
     }
     std::optional<Refusal> enter(const Row& row, std::string_view text) override;
     void choose(const Row& row, int index) override;

@@ -63,13 +63,17 @@ private:
 
 class ListedShortCircuit : public ShortCircuitRecord {
 public:
-    using ShortCircuitRecord::ShortCircuitRecord;
+    ListedShortCircuit(ShortCircuitForm& form, const Locale& locale)
+        : ShortCircuitRecord(form, locale), lang_(locale.lang) {}
 
     [[nodiscard]] std::string listed(const Row& row) const override {
         if (row.field != &field_of(&ShortCircuitCase::Leitermaterial_ks))
             return ShortCircuitRecord::listed(row);
-        return std::string(material_of_record(static_cast<std::int16_t>(chosen(row))));
+        return std::string(material_of_record(static_cast<std::int16_t>(chosen(row))).in(lang_));
     }
+
+private:
+    LangId lang_;
 };
 
 class ShownShortCircuit : public ShownRecord {

@@ -4,12 +4,14 @@
 #include <span>
 #include <string_view>
 
+#include "platform/text/text.h"
+
 namespace zel {
 
 /// An entry of the material list with the texts that choosing it writes into the boxes. They have a
 /// decimal comma, whatever the separator of the session is.
 struct ConductorMaterial {
-    std::string_view name;  // with its leading blank
+    Text name;  // the German one with its leading blank
     std::string_view waermekapaz;
     std::string_view Tk20_ks;
     std::string_view kappa20_ks;
@@ -22,6 +24,6 @@ struct ConductorMaterial {
 
 /// What a record that is shown, and a report, call the entry `index`. Only the first three
 /// materials have a name there.
-[[nodiscard]] std::string_view material_of_record(std::int16_t index);
+[[nodiscard]] Text material_of_record(std::int16_t index);
 
 }  // namespace zel

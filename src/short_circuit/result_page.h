@@ -6,30 +6,32 @@
 
 #include "platform/canvas.h"
 #include "platform/text/number_text.h"
+#include "platform/text/text.h"
 #include "short_circuit/modul_iec865.h"
 
-// The result page as texts. They are German in every language.
+// The result page as texts. "ja" and "nein" are German in every language; in English the place of
+// the unit says what they mean.
 
 namespace zel {
 
 /// A row of the intermediate results. The value of a flow beyond N is empty.
 struct VerdictRow {
-    std::string_view label;
+    Text label;
     std::string value;
-    std::string_view unit;
-    std::string_view printed_label;  // on paper
+    Text unit;
+    std::string_view printed_label;  // on paper, where all is German
     bool unit_printed = true;        // on paper too
 };
 
 /// The intermediate results of one section of EN 60865-1.
 struct VerdictGroup {
-    std::string_view caption;
+    Text caption;
     std::vector<VerdictRow> rows;
     std::size_t flow_rows = 0;  // the first rows tell of the flows, m, n and I_th of each in turn
 };
 
 struct VerdictPage {
-    std::string_view verdict;
+    Text verdict;
     bool withstands = false;  // the verdict shows green, otherwise red
     std::vector<VerdictGroup> groups;
 };
@@ -44,6 +46,6 @@ inline constexpr Colour colour_of_empty = rgb(192, 192, 192);  // cells of flows
                                              DecimalSeparator separator);
 
 /// The page as plain text, such as the clipboard takes; empty cells are left out.
-[[nodiscard]] std::string result_text(const VerdictPage& page);
+[[nodiscard]] std::string result_text(const VerdictPage& page, LangId lang);
 
 }  // namespace zel

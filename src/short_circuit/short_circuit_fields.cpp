@@ -12,55 +12,105 @@ namespace {
     ShortCircuitField { #name, &ShortCircuitCase::name }
 
 constexpr ShortCircuitField fields[] = {
-    FIELD(Projekt_ks).called("Kennung :").of_length(100),
-    FIELD(Bearbeiter_ks).called("Bearbeiter : ").of_length(100),
-    FIELD(Datum_ks).called("Datum :").of_length(20),
-    FIELD(Abteilung_ks).called("Firma/Abteilung :").of_length(100),
-    FIELD(Frequenz_ks).called("Frequenz des Stromkreises :", "", "Hz").single(),
-    FIELD(Strombegrenzschalter_ks).called("Strombegrenzende Schaltgeräte :").list_to(2),
-    FIELD(generatornah).called("Kurzschluß generatornah / generatorfern :").list_to(2),
-    FIELD(IK2).called("Anfangskurzschlußwechselstrom Ik\" :", "", "kA").single(),
-    FIELD(IK).called("Dauerkurzschlußwechselstrom Ik :", "", "kA").single(),
-    FIELD(Kappa).called("Faktor kappa :").single(),
-    FIELD(Anzahl_KS_fluesse).called("Anzahl der Kurzschlußstromflüsse :").list_to(3),
-    FIELD(Tk1).called("Dauer des 1. Stromflusses T_k1 :", "", "s").single(),
-    FIELD(Tk2).called("Dauer des 2. Stromflusses T_k2 :", "", "s").single(),
-    FIELD(Tk3).called("Dauer des 3. Stromflusses T_k3 :", "", "s").single(),
-    FIELD(Ith).called("thermisch gleichwertiger Kurzzeitstrom I_th :", "", "kA").single(),
-    FIELD(T_k).called("Dauer des Kurzschlußstromes T_k :", "", "s").single(),
-    FIELD(Leiter_Bmittel).called("blanker Leiter / elektrisches Betriebsmittel :").list_to(2),
-    FIELD(Tkr).called("Bemessungs-Kurzzeit T_kr :", "", "s").single(),
-    FIELD(Ithr).called("Bemessungs-Kurzzeitstrom I_thr :", "", "kA").single(),
-    FIELD(theta_b).called("Temperatur bei Kurzschlußbeginn theta_b :", "", "°C").single(),
-    FIELD(theta_e).called("- bei Kurzschlußende theta_e :", "", "°C").single(),
-    FIELD(A_Leiter).called("Leitermaterialquerschnitt:", "", "qmm").shown_by("####0.0###").single(),
+    FIELD(Projekt_ks).called("Kennung :", "Identification :").of_length(100),
+    FIELD(Bearbeiter_ks).called("Bearbeiter : ", "Operator :").of_length(100),
+    FIELD(Datum_ks).called("Datum :", "Date :").of_length(20),
+    FIELD(Abteilung_ks).called("Firma/Abteilung :", "Company/department :").of_length(100),
+    FIELD(Frequenz_ks)
+        .called("Frequenz des Stromkreises :", "Frequency of the circuit :", "Hz")
+        .single(),
+    FIELD(Strombegrenzschalter_ks)
+        .called("Strombegrenzende Schaltgeräte :", "Current-limiting switchgear :")
+        .list_to(2),
+    FIELD(generatornah)
+        .called("Kurzschluß generatornah / generatorfern :",
+                "Short circuit near / far from generator :")
+        .list_to(2),
+    FIELD(IK2)
+        .called("Anfangskurzschlußwechselstrom Ik\" :",
+                "Initial symm. short-circuit current Ik\" :", "kA")
+        .single(),
+    FIELD(IK)
+        .called("Dauerkurzschlußwechselstrom Ik :", "Steady-state short-circuit current Ik :", "kA")
+        .single(),
+    FIELD(Kappa).called("Faktor kappa :", "Factor kappa :").single(),
+    FIELD(Anzahl_KS_fluesse)
+        .called("Anzahl der Kurzschlußstromflüsse :", "Number of short-circuit current flows :")
+        .list_to(3),
+    FIELD(Tk1)
+        .called("Dauer des 1. Stromflusses T_k1 :", "Duration of the 1st flow T_k1 :", "s")
+        .single(),
+    FIELD(Tk2)
+        .called("Dauer des 2. Stromflusses T_k2 :", "Duration of the 2nd flow T_k2 :", "s")
+        .single(),
+    FIELD(Tk3)
+        .called("Dauer des 3. Stromflusses T_k3 :", "Duration of the 3rd flow T_k3 :", "s")
+        .single(),
+    FIELD(Ith)
+        .called("thermisch gleichwertiger Kurzzeitstrom I_th :",
+                "Thermal equivalent short-time current I_th :", "kA")
+        .single(),
+    FIELD(T_k)
+        .called(
+            "Dauer des Kurzschlußstromes T_k :", "Duration of the short-circuit current T_k :", "s")
+        .single(),
+    FIELD(Leiter_Bmittel)
+        .called("blanker Leiter / elektrisches Betriebsmittel :",
+                "Bare conductor / electrical equipment :")
+        .list_to(2),
+    FIELD(Tkr).called("Bemessungs-Kurzzeit T_kr :", "Rated short time T_kr :", "s").single(),
+    FIELD(Ithr)
+        .called(
+            "Bemessungs-Kurzzeitstrom I_thr :", "Rated short-time withstand current I_thr :", "kA")
+        .single(),
+    FIELD(theta_b)
+        .called("Temperatur bei Kurzschlußbeginn theta_b :",
+                "Temperature at start of short circuit theta_b :", "°C")
+        .single(),
+    FIELD(theta_e)
+        .called("- bei Kurzschlußende theta_e :", "- at end of short circuit theta_e :", "°C")
+        .single(),
+    FIELD(A_Leiter)
+        .called("Leitermaterialquerschnitt:", "Section of the conductor material:", "qmm")
+        .unit_in_english("mm²")
+        .shown_by("####0.0###")
+        .single(),
     FIELD(Leitermaterial_ks)
-        .called("Auswahl Leitermaterialen mit vordefinierte Materialparametern:")
+        .called("Auswahl Leitermaterialen mit vordefinierte Materialparametern:",
+                "Conductor materials with predefined parameters:")
         .list_to(7),
     FIELD(waermekapaz)
-        .called("spez. Wärmekapazität:", "", "J / (Kg * K)")
+        .called("spez. Wärmekapazität:", "Specific heat capacity:", "J / (Kg * K)")
         .shown_by("####0")
         .single(),
     FIELD(kappa20_ks)
-        .called("spez. Leitfähigkeit bei 20 °C:", "", "m / (Ohm * mm^2)")
+        .called("spez. Leitfähigkeit bei 20 °C:", "Conductivity at 20 °C:", "m / (Ohm * mm^2)")
         .shown_by("####0.0#")
         .single(),
     FIELD(Tk20_ks)
-        .called("Temperaturkoeffizient für 20 °C:", "", "1 / K")
+        .called("Temperaturkoeffizient für 20 °C:", "Temperature coefficient at 20 °C:", "1 / K")
         .shown_by("#0.0###")
         .single(),
-    FIELD(Dichte_rho).called("Dichte:", "", "kg / m^3").shown_by("#####0").single(),
-    FIELD(werkstoff_ks).called("Werkstoff:").of_length(50).from_record(),
-    FIELD(Nennquerschnitt_ks).called("Nennquerschnitt:").of_length(50).from_record(),
-    FIELD(Norm_ks).called("Norm:").of_length(100).from_record(),
-    FIELD(Normjahr_ks).called("gültig ab (Jahr):").shown_by("0000").from_record(),
-    FIELD(Normmonat_ks).called("Monat:").shown_by("00").from_record(),
+    FIELD(Dichte_rho).called("Dichte:", "Density:", "kg / m^3").shown_by("#####0").single(),
+    FIELD(werkstoff_ks).called("Werkstoff:", "Material:").of_length(50).from_record(),
+    FIELD(Nennquerschnitt_ks)
+        .called("Nennquerschnitt:", "Nominal section:")
+        .of_length(50)
+        .from_record(),
+    FIELD(Norm_ks).called("Norm:", "Standard:").of_length(100).from_record(),
+    FIELD(Normjahr_ks)
+        .called("gültig ab (Jahr):", "Valid since (year):")
+        .shown_by("0000")
+        .from_record(),
+    FIELD(Normmonat_ks).called("Monat:", "Month:").shown_by("00").from_record(),
     FIELD(Seilquerschnitt_ks)
-        .called("Gesamtquerschnitt:", "", "qmm")
+        .called("Gesamtquerschnitt:", "Total section:", "qmm")
+        .unit_in_english("mm²")
         .shown_by("####0.0###")
         .from_record(),
     FIELD(Mantelquerschnitt_ks)
-        .called("Mantelquerschnitt:", "", "qmm")
+        .called("Mantelquerschnitt:", "Section of the sheath:", "qmm")
+        .unit_in_english("mm²")
         .shown_by("####0.0###")
         .from_record(),
 };

@@ -189,7 +189,7 @@ private:
     void KS10_tab_print_Kurzschluss_2() {
         if (is_conductor(c_)) add_data(conductor_head, conductor_rows);
         const std::string head = say(verdict_head);
-        report_.blocks.emplace_back(ReportParagraph{std::string(page_.verdict), true, head});
+        report_.blocks.emplace_back(ReportParagraph{std::string(page_.verdict.de), true, head});
         for (const VerdictGroup& group : page_.groups) add_results(group);
     }
 
@@ -212,7 +212,7 @@ private:
 
     [[nodiscard]] std::string value_of(const DataRow& row) const {
         if (row.field == ShortCircuitKey(&C::Leitermaterial_ks))
-            return without_outer_blanks(material_of_record(c_.Leitermaterial_ks));
+            return without_outer_blanks(material_of_record(c_.Leitermaterial_ks).de);
         if (field_of(row.field).of_record)
             return without_outer_blanks(label_text(c_, row.field, print_.separator));
         if (const auto* selection = std::get_if<ListKey>(&row.field)) {
@@ -227,11 +227,11 @@ private:
 
     void add_results(const VerdictGroup& group) {
         ReportSection section;
-        section.head = say({group.caption, "xxx", "xxx", "xxx"});
+        section.head = say({group.caption.de, "xxx", "xxx", "xxx"});
         for (const VerdictRow& row : group.rows)
             if (!row.value.empty())
                 section.rows.push_back({say(awaited(row.printed_label)), row.value,
-                                        std::string(row.unit_printed ? row.unit : ""),
+                                        std::string(row.unit_printed ? row.unit.de : ""),
                                         !is_number(row.value)});
         report_.blocks.emplace_back(std::move(section));
     }

@@ -88,11 +88,9 @@ TEST_F(FormRows, each_input_has_label_hint_and_name_in_both_languages) {
             for (const Row& row : section.rows) {
                 if (!section.typed) continue;
                 const Text& label = row.field->label;
-                const QString hint = qt(row.hint, lang);
-                const QString name =
-                    label.en.empty() && !hint.isEmpty() ? hint : qt(label, lang).trimmed();
-                EXPECT_EQ(texts_of(row), std::tuple(qt(label, lang).trimmed(), hint, name))
-                    << row.control;
+                const QString name = qt(label, lang).trimmed();
+                EXPECT_FALSE(label.en.empty()) << row.control;
+                EXPECT_EQ(texts_of(row), std::tuple(name, qt(row.hint, lang), name)) << row.control;
             }
     };
     for (const auto& [lang, action] : {std::pair(LangId::German, "m_userinterface_german"),

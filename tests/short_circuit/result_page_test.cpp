@@ -21,23 +21,23 @@ VerdictPage page_of(const ShortCircuitForm& form,
 std::vector<std::string> texts(const VerdictGroup& group) {
     std::vector<std::string> all;
     for (const VerdictRow& row : group.rows)
-        all.push_back(std::string(row.label) + "|" + row.value + "|" + std::string(row.unit));
+        all.push_back(std::string(row.label.de) + "|" + row.value + "|" + std::string(row.unit.de));
     return all;
 }
 
 TEST(ResultPage, one_flow_leaves_the_cells_of_the_others_empty) {
     const VerdictPage page = page_of(copper_far());
-    EXPECT_EQ(page.verdict, "Der Leiter ist thermisch kurzschlußfest !");
+    EXPECT_EQ(page.verdict.de, "Der Leiter ist thermisch kurzschlußfest !");
     EXPECT_TRUE(page.withstands);
     ASSERT_THAT(page.groups, SizeIs(2));
-    EXPECT_EQ(page.groups[0].caption, "Zwischenergebnisse nach EN 60865-1 ; Abschnitt 3.2.2");
+    EXPECT_EQ(page.groups[0].caption.de, "Zwischenergebnisse nach EN 60865-1 ; Abschnitt 3.2.2");
     EXPECT_THAT(texts(page.groups[0]),
                 ElementsAre("1. Stromfluss, Faktor m:|0.045|", "Faktor n :|1.0|",
                             "I_th1 :|20.44|kA", "2. Stromfluss, Faktor m:||", "Faktor n :||",
                             "I_th2 :||kA", "3. Stromfluss, Faktor m:||", "Faktor n :||",
                             "I_th3 :||kA", "thermisch gleichwertiger Kurzzeitstrom I_th :|20.44|kA",
                             "Kurzschlußstromdauer T_k :|1.0|s"));
-    EXPECT_EQ(page.groups[1].caption, "Zwischenergebnisse nach EN 60865-1 ; Abschnitt 3.2.4.2");
+    EXPECT_EQ(page.groups[1].caption.de, "Zwischenergebnisse nach EN 60865-1 ; Abschnitt 3.2.4.2");
     EXPECT_THAT(texts(page.groups[1]),
                 ElementsAre("Faktor K zur Berechnung von S_thr :|126.59|As^0.5/qmm",
                             "Bemessungs-Kurzzeitstromdichte S_thr :|126.59|A/qmm",
@@ -48,7 +48,7 @@ TEST(ResultPage, one_flow_leaves_the_cells_of_the_others_empty) {
 
 TEST(ResultPage, three_flows_fill_all_cells_with_the_separator_of_the_session) {
     const VerdictPage page = page_of(aluminium_near(), DecimalSeparator::Comma);
-    EXPECT_EQ(page.verdict, "Der Leiter ist thermisch nicht kurzschlußfest !");
+    EXPECT_EQ(page.verdict.de, "Der Leiter ist thermisch nicht kurzschlußfest !");
     EXPECT_FALSE(page.withstands);
     EXPECT_THAT(
         texts(page.groups.at(0)),
@@ -62,10 +62,10 @@ TEST(ResultPage, three_flows_fill_all_cells_with_the_separator_of_the_session) {
 
 TEST(ResultPage, given_current_shows_no_flows) {
     const VerdictPage page = page_of(limited_equipment());
-    EXPECT_EQ(page.verdict, "Das Betriebsmittel ist thermisch nicht kurzschlußfest !");
+    EXPECT_EQ(page.verdict.de, "Das Betriebsmittel ist thermisch nicht kurzschlußfest !");
     EXPECT_FALSE(page.withstands);
     ASSERT_THAT(page.groups, SizeIs(1));
-    EXPECT_EQ(page.groups[0].caption, "Zwischenergebnisse nach EN 60865-1 ; Abschnitt 3.2.4.1");
+    EXPECT_EQ(page.groups[0].caption.de, "Zwischenergebnisse nach EN 60865-1 ; Abschnitt 3.2.4.1");
     EXPECT_THAT(texts(page.groups[0]),
                 ElementsAre("Tk <= Tkr :|nein|", "I_thr * SQR(T_kr / T_k) :|14.43|kA",
                             "I_th <= I_thr * SQR(T_kr / T_k) :|nein|"));
@@ -87,14 +87,21 @@ TEST(ResultPage, equipment_that_withstands_a_longer_flow) {
     ShortCircuitTyping typing{limited_equipment()};
     typing.type(&C::Ith, "12.5").type(&C::T_k, "4");
     const VerdictPage page = page_of(typing.form);
-    EXPECT_EQ(page.verdict, "Das Betriebsmittel ist thermisch kurzschlußfest !");
+    EXPECT_EQ(page.verdict.de, "Das Betriebsmittel ist thermisch kurzschlußfest !");
     EXPECT_TRUE(page.withstands);
     EXPECT_EQ(texts(page.groups.at(0)).back(), "I_th <= I_thr * SQR(T_kr / T_k) :|ja|");
 }
 
+TEST(ResultPage, english_page_says_what_its_german_answers_mean) {
+    const std::string text = result_text(page_of(limited_equipment()), LangId::English);
+    EXPECT_THAT(text, testing::HasSubstr("The equipment does not withstand"));
+    EXPECT_THAT(text, testing::ContainsRegex("T_k\\) : +nein \\(no\\)"));
+    EXPECT_THAT(text, testing::Not(testing::HasSubstr("Abschnitt")));
+}
+
 TEST(ResultPage, nothing_computed_shows_nothing) {
     const VerdictPage page = KS_Ergebnisanzeige({}, {}, DecimalSeparator::Point);
-    EXPECT_EQ(page.verdict, "");
+    EXPECT_EQ(page.verdict.de, "");
     EXPECT_THAT(page.groups, IsEmpty());
 }
 

@@ -179,7 +179,7 @@ constexpr MaterialRow material_rows[] = {
 TEST(MaterialList, writes_texts_with_a_comma_and_32_bit_numbers) {
     ShortCircuitForm form;
     for (const auto& [index, name, c, alpha20, kappa20, rho, values] : material_rows) {
-        EXPECT_EQ(conductor_materials()[static_cast<std::size_t>(index)].name, name);
+        EXPECT_EQ(conductor_materials()[static_cast<std::size_t>(index)].name.de, name);
         form.choose(&C::Leitermaterial_ks, index);
         const C& content = form.content();
         EXPECT_EQ(content.Leitermaterial_ks, index);
@@ -191,7 +191,7 @@ TEST(MaterialList, writes_texts_with_a_comma_and_32_bit_numbers) {
     const Entry kept = form.content().waermekapaz;
     form.choose(&C::Leitermaterial_ks, 0);
     EXPECT_EQ(form.content().waermekapaz, kept) << "index 0 leaves the values alone";
-    EXPECT_EQ(conductor_materials()[0].name,
+    EXPECT_EQ(conductor_materials()[0].name.de,
               " Benutzerdefinierte Werteeingabe oder aus Seildatenbank eingelesen");
 }
 

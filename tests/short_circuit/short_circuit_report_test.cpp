@@ -155,7 +155,7 @@ TEST(ShortCircuitReport, has_the_values_of_the_screen) {
                                     c);
             }
         }
-        json shown = {run.page.verdict};
+        json shown = {run.page.verdict.de};
         for (const VerdictGroup& group : run.page.groups)
             for (const VerdictRow& row : group.rows)
                 if (!row.value.empty()) shown.push_back(row.value);

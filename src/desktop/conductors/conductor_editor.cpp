@@ -122,7 +122,7 @@ ConductorEditor::ConductorEditor(QWidget* parent, const ConductorParts& parts,
       find_(captions_.placeholder(new QLineEdit, find_hint)),
       view_(new QTableView),
       count_(new QLabel),
-      sheet_(new ConductorSheet(parts.session, parts.settings, captions_)) {
+      sheet_(new ConductorSheet(parts.session, captions_)) {
     setObjectName("conductor_editor");
     captions_.window_title(static_cast<QWidget*>(this), window_title);
     auto* split = new QSplitter;

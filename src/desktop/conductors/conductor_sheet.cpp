@@ -60,11 +60,10 @@ void open_input(QWidget& input, bool open) {
 
 }  // namespace
 
-ConductorSheet::ConductorSheet(const Session& session, const LiveSettings& settings,
-                               Captions& captions)
+ConductorSheet::ConductorSheet(const Session& session, Captions& captions)
     : session_(session),
       captions_(captions),
-      form_(c_, session, [&settings] { return settings.language_of_lists(); }),
+      form_(c_, session),
       sections_(forms::conductor_sections()) {
     sections_[section::designation].columns = 1;
     sections_[section::ac_pairs].columns = side_by_side;

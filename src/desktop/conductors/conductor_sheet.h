@@ -6,7 +6,6 @@
 
 #include "desktop/frame/form_panel.h"
 #include "desktop/frame/inputs.h"
-#include "desktop/frame/live_settings.h"
 #include "forms/line_form.h"
 #include "persistence/library_conductor.h"
 #include "workflow/run/steady_methods.h"
@@ -19,7 +18,7 @@ namespace zel {
 /// it scrolls together, so that no part takes the room of another.
 class ConductorSheet : public QScrollArea {
 public:
-    ConductorSheet(const Session& session, const LiveSettings& settings, Captions& captions);
+    ConductorSheet(const Session& session, Captions& captions);
 
     /// Shows `conductor`; its values can be changed where `open` is set.
     void show_conductor(const LibraryConductor& conductor, bool open);

@@ -39,7 +39,7 @@ void RecordList::read(Database& database, const std::string& table) {
                     values.push_back(value ? without_outer_blanks(*value) : std::string());
                 Line line = {key, {}, qt(joined(values, "\n")).toLower()};
                 for (const forms::ListColumn& column : forms_.list)
-                    line.texts.push_back(column.text(values));
+                    line.texts.push_back(column.text(values, lang_));
                 line.words += "\n" + qt(joined(line.texts, "\n")).toLower();
                 lines_.push_back(std::move(line));
                 return true;

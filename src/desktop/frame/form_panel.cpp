@@ -89,7 +89,7 @@ void FormPanel::add_row(const Row& row, bool new_line, int column) {
     }
     if (!wide) {
         QLabel* unit = make_label();
-        unit->setText(qt(row.field->unit));
+        unit->setText(qt(row.field->unit_in(parts_.session.lang)));
         grid_->addWidget(field.unit = unit, line, column + 2);
     }
     enter_captions(index);
@@ -163,15 +163,11 @@ void FormPanel::enter_captions(std::size_t index) {
     parts_.captions.computed([this, index](LangId) { show_label(fields_[index]); });
 }
 
-/// Where a label is German alone, the hint tells in English what stands there.
 void FormPanel::show_label(const Field& field) const {
     const LangId lang = parts_.session.lang;
     const Text label = parts_.record.label(*field.row);
     field.label->setText(qt(label, lang).trimmed());
-    const QString hint = qt(field.row->hint, lang);
-    const bool hint_is_name = label.en.empty() && !hint.isEmpty();
-    if (QWidget* input = field.input())
-        input->setAccessibleName(hint_is_name ? hint : field.label->text());
+    if (QWidget* input = field.input()) input->setAccessibleName(field.label->text());
 }
 
 void FormPanel::name_choices(const Field& field) const {
@@ -246,14 +242,14 @@ void FormPanel::show_beside(const Field& field, bool assumed) const {
     field.input()->setFont(font);
     if (auto* unit = qobject_cast<QLabel*>(field.unit); unit != nullptr && field.edit != nullptr)
         unit->setText(
-            (qt(field.row->field->unit) + " " + qt(parts_.record.beside(*field.row))).trimmed());
+            (qt(field.row->field->unit_in(lang)) + " " + qt(parts_.record.beside(*field.row)))
+                .trimmed());
 }
 
 void FormPanel::load(Field& field, bool anew) {
     const bool open = show_state(field);
     show_label(field);
     if (field.list != nullptr) {
-        if (field.row->in_report_language) name_choices(field);
         field.list->setCurrentIndex(parts_.record.chosen(*field.row));
         return;
     }

@@ -13,8 +13,6 @@ struct LiveSettings {
 
     [[nodiscard]] const ProgramSettings& now() const { return store.now(); }
 
-    [[nodiscard]] LangId language_of_lists() const { return zel::language_of_lists(now()); }
-
     /// Changes a setting, which takes effect in all windows and is stored at once.
     void change(NumberMember setting, std::int16_t value) {
         store.set(setting, value);

@@ -50,8 +50,7 @@ Form1::Form1(Form1Parts parts)
                 std::make_unique<LineRecord>(parts.c, parts.area.session, parts.settings),
                 std::move(parts.path)),
       line_{parts.c, parts.transient, [this] { case_changed(); }},
-      form_(parts.c, parts.area.session,
-            [&settings = parts.settings] { return settings.language_of_lists(); }),
+      form_(parts.c, parts.area.session),
       settings_(parts.settings),
       conductors_(parts.make_conductors(*this, [this] { take_over_conductor(); })),
       sharing_(sharing_conductors(parts.c)) {

@@ -61,11 +61,11 @@ std::vector<RefusedText> LineRecord::take(const StoredRow& row) {
 }
 
 std::unique_ptr<forms::ShownRecord> LineRecord::shown(const StoredRow& row) const {
-    return forms::shown_line(row, settings_.store, session_, settings_.language_of_lists());
+    return forms::shown_line(row, settings_.store, session_, session_.lang);
 }
 
 std::unique_ptr<forms::ShownRecord> LineRecord::shown() const {
-    return forms::shown_line(c_, session_, settings_.language_of_lists());
+    return forms::shown_line(c_, session_, session_.lang);
 }
 
 std::optional<Box> LineRecord::refusal_to_keep() const {

@@ -13,20 +13,17 @@ namespace {
 
 constexpr int gap = 12;  // pixels between columns
 
-// The captions are German in every language, the hints say the same in English.
 struct ButtonRow {
     const char* name;
     Text caption;
-    Text hint;
 };
 constexpr ButtonRow start_button = {
-    "Command3", {"Aus Seildatenbank auswählen"}, {"", "Choose in the conductor database"}};
-constexpr ButtonRow take_over_button = {
-    "Command4", {"Übernehmen"}, {"", "Take over the chosen conductor"}};
+    "Command3", {"Aus Seildatenbank auswählen", "Choose from conductor database"}};
+constexpr ButtonRow take_over_button = {"Command4", {"Übernehmen", "Take over"}};
 constexpr ButtonRow open_standard_button = {
-    "Befehl5", {"Aus&wahl aus Standardfall-Tabelle"}, {"", "Choose from the standard-case table"}};
+    "Befehl5", {"Aus&wahl aus Standardfall-Tabelle", "Choose from sta&ndard-case table"}};
 constexpr ButtonRow save_standard_button = {
-    "Command2", {"S&peichern in Standardfall-Tabelle"}, {"", "Save in the standard-case table"}};
+    "Command2", {"S&peichern in Standardfall-Tabelle", "Sa&ve in standard-case table"}};
 
 /// The columns side by side, with the room that is left below them.
 QWidget* content_of(const std::vector<QWidget*>& columns) {
@@ -41,7 +38,7 @@ QPushButton* make_button(const ButtonRow& row, Captions& captions, std::function
     auto* button = new QPushButton;
     button->setObjectName(row.name);
     on(button, &QPushButton::clicked, std::move(act));
-    return captions.tool_tip(captions.text(button, row.caption), row.hint);
+    return captions.text(button, row.caption);
 }
 
 }  // namespace

@@ -18,7 +18,9 @@
 namespace zel::short_circuit {
 namespace {
 
-constexpr Text page_captions[] = {{"&Eingabedaten"}, {"&Leiterdaten"}, {"E&rgebnis"}};
+constexpr Text page_captions[] = {{"&Eingabedaten", "&Input data"},
+                                  {"&Leiterdaten", "&Conductor data"},
+                                  {"E&rgebnis", "&Result"}};
 constexpr Text form_title = {"Thermische Kurzschlußstromfestigkeit nach IEC 865-1",
                              short_circuit_title.en};
 
@@ -102,7 +104,10 @@ KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& nam
         add_page(page, *caption++);
     add_print_button(result_->print_button());
     finish();
-    captions().computed([this](LangId) { show_picture(); });
+    captions().computed([this](LangId lang) {
+        if (shown_) result_->show_page(shown_->page, lang);
+        show_picture();
+    });
     auto* pictures = new SideDock(*this, pictures_dock, pictures_, captions());
     pictures->open_by_itself(true);
     add_view_menu(*this, captions(), {pictures});
@@ -138,7 +143,8 @@ void KsForm1::take_over_conductor() {
     case_changed();
     for (const auto& [box, refusal] : refused) {
         Box told = refusal.box;
-        told.lines.insert(told.lines.begin(), without_outer_blanks(field_of(box).label.de));
+        told.lines.insert(told.lines.begin(),
+                          without_outer_blanks(field_of(box).label.in(session().lang)));
         session().tell(told);
     }
     if (!refused.empty()) conductor_->input(field_of(refused.front().box))->setFocus();
@@ -168,7 +174,7 @@ void KsForm1::run() {
         return;
     }
     shown_ = run;
-    result_->show_page(run.page);
+    result_->show_page(run.page, session().lang);
     allow_output(true);
     show_picture();
 }
@@ -190,7 +196,9 @@ void KsForm1::go_to(const ShortCircuitRefusal& refusal) {
     if (input != nullptr) refused(input);  // once the keys that led here have moved the focus
 }
 
-std::string KsForm1::text_to_copy() { return shown_ ? result_text(shown_->page) : std::string(); }
+std::string KsForm1::text_to_copy() {
+    return shown_ ? result_text(shown_->page, session().lang) : std::string();
+}
 
 std::string KsForm1::print_caption() const {
     return std::string(print_report_caption.in(session().lang));

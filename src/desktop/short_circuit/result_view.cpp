@@ -57,18 +57,18 @@ void ResultView::clear() {
     widget()->hide();
 }
 
-void ResultView::show_page(const VerdictPage& page) {
+void ResultView::show_page(const VerdictPage& page, LangId lang) {
     clear();
-    verdict_->setText(qt(page.verdict));
+    verdict_->setText(qt(page.verdict, lang));
     set_colour(*verdict_, QPalette::WindowText,
                page.withstands ? colour_of_strong : colour_of_weak);
     int number = 0;
-    for (const VerdictGroup& group : page.groups) add_group(group, number++);
+    for (const VerdictGroup& group : page.groups) add_group(group, number++, lang);
     widget()->show();
 }
 
-void ResultView::add_group(const VerdictGroup& group, int number) {
-    auto* box = new QGroupBox(qt(group.caption));
+void ResultView::add_group(const VerdictGroup& group, int number, LangId lang) {
+    auto* box = new QGroupBox(qt(group.caption, lang));
     box->setObjectName(QString("group_%1").arg(number));
     auto* grid = new QGridLayout(inside_of(*box));
     grid->setHorizontalSpacing(10);
@@ -77,7 +77,7 @@ void ResultView::add_group(const VerdictGroup& group, int number) {
     for (std::size_t i = 0; i < group.rows.size(); ++i) {
         const std::size_t beside = i < group.flow_rows ? i % rows_of_flow : 0;
         add_row(*grid, group.rows[i], line, static_cast<int>(beside) * columns_per_row,
-                QString("value_%1_%2").arg(number).arg(i));
+                QString("value_%1_%2").arg(number).arg(i), lang);
         if (i + 1 >= group.flow_rows || beside + 1 == rows_of_flow) ++line;
     }
     grid->setColumnStretch(rows_of_flow * columns_per_row, 1);
@@ -87,7 +87,7 @@ void ResultView::add_group(const VerdictGroup& group, int number) {
 }
 
 void ResultView::add_row(QGridLayout& grid, const VerdictRow& row, int line, int column,
-                         const QString& name) {
+                         const QString& name, LangId lang) {
     auto* value = make_label(qt(row.value));
     value->setObjectName(name);
     value->setMinimumWidth(value_width);
@@ -95,9 +95,9 @@ void ResultView::add_row(QGridLayout& grid, const VerdictRow& row, int line, int
     value->setAutoFillBackground(true);
     value->setMargin(3);
     set_colour(*value, QPalette::Window, row.value.empty() ? colour_of_empty : white);
-    grid.addWidget(make_label(qt(row.label)), line, column);
+    grid.addWidget(make_label(qt(row.label, lang)), line, column);
     grid.addWidget(value, line, column + 1);
-    grid.addWidget(make_label(qt(row.unit)), line, column + 2);
+    grid.addWidget(make_label(qt(row.unit, lang)), line, column + 2);
 }
 
 }  // namespace zel::short_circuit

@@ -18,14 +18,14 @@ public:
 
     /// "Befehl6"
     [[nodiscard]] QPushButton& print_button() { return *print_; }
-    void show_page(const VerdictPage& page);
+    void show_page(const VerdictPage& page, LangId lang);
     /// Shows nothing, as before the first run and at every change of the page.
     void clear();
 
 private:
-    void add_group(const VerdictGroup& group, int number);
+    void add_group(const VerdictGroup& group, int number, LangId lang);
     static void add_row(QGridLayout& grid, const VerdictRow& row, int line, int column,
-                        const QString& name);
+                        const QString& name, LangId lang);
 
     QLabel* verdict_;
     QVBoxLayout* groups_;

@@ -36,7 +36,8 @@ struct FieldInfo {
     /// On a form, as it stands there: with its colon. German alone where `en` is empty.
     Text label{};
     std::string_view unit{};
-    std::string_view mask{};  // by which a number is shown that was not typed
+    std::string_view english_unit{};  // where it is spelled in another way, see `unit_in`
+    std::string_view mask{};          // by which a number is shown that was not typed
     /// Where it stands without a form around it, as in workbooks; see `long_label_of`.
     Text long_label{};
     std::string_view long_unit{};
@@ -46,6 +47,9 @@ struct FieldInfo {
     bool of_record = false;       // comes with the record of a conductor and is not typed
     bool nothing_at_0 = false;    // a 0 says that there is no input
 
+    [[nodiscard]] std::string_view unit_in(LangId lang) const {
+        return lang == LangId::English && !english_unit.empty() ? english_unit : unit;
+    }
     [[nodiscard]] bool is_number() const {
         return kind == FieldKind::Number || kind == FieldKind::Single;
     }
@@ -108,6 +112,9 @@ struct Field : FieldInfo {
     [[nodiscard]] constexpr Field called(std::string_view de, std::string_view en = {},
                                          std::string_view its_unit = {}) const {
         return with(&FieldInfo::label, Text{de, en}).with(&FieldInfo::unit, its_unit);
+    }
+    [[nodiscard]] constexpr Field unit_in_english(std::string_view its_unit) const {
+        return with(&FieldInfo::english_unit, its_unit);
     }
     [[nodiscard]] constexpr Field called_alone(std::string_view de, std::string_view en,
                                                std::string_view its_unit = {}) const {
