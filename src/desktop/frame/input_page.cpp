@@ -76,6 +76,13 @@ void InputPage::show_marks() {
     for (FormPanel* panel : panels_) panel->show_marks();
 }
 
+std::vector<forms::PendingText> InputPage::pending() const {
+    std::vector<forms::PendingText> texts;
+    for (const FormPanel* panel : panels_)
+        for (forms::PendingText& text : panel->pending()) texts.push_back(std::move(text));
+    return texts;
+}
+
 QWidget* InputPage::input(const FieldInfo& field) const {
     for (const FormPanel* panel : panels_)
         if (QWidget* found = panel->input(field)) return found;

@@ -30,13 +30,6 @@ QStyle::StandardPixmap sign_of(const AreaMessage& message) {
                                                         : QStyle::SP_MessageBoxInformation;
 }
 
-std::string in_one_line(const AreaMessage& message) {
-    std::string line;
-    for (const std::string& part : lines_of(message.text))
-        line += (line.empty() ? "" : " ") + without_outer_blanks(part);
-    return line;
-}
-
 /// A bold caption and a text in one line, which ends in "..." where it has no room. A click and the
 /// key return on it lead to where the message does, also where there is no room for its button.
 class OneLineLabel : public QLabel {
@@ -144,7 +137,7 @@ void MessageLine::show_message(const AreaMessage& message, int index, int count,
     sign_->setPixmap(style()->standardIcon(sign_of(message)).pixmap(size));
     const std::string spoken =
         fill(place_in_strip.in(lang), {std::to_string(index + 1), std::to_string(count),
-                                       message.caption + ": " + in_one_line(message)});
+                                       message.caption + ": " + in_one_line(message.text)});
     text_->setAccessibleName(qt(spoken));
     number_->setText(QString("%1/%2").arg(index + 1).arg(count));
     const QString label = qt(put_back_label, lang);
@@ -158,7 +151,7 @@ void MessageLine::show_message(const AreaMessage& message, int index, int count,
 }
 
 void MessageLine::show_text() {
-    const std::string line = in_one_line(message_);
+    const std::string line = in_one_line(message_.text);
     const QString caption = qt(message_.caption);
     bool fits = true;
     bool long_text = false;
