@@ -56,9 +56,10 @@ void AreaPage::show_above(bool shown) {
 void AreaPage::place_above() {
     if (above_ == nullptr) return;
     constexpr int most = 2;  // the page keeps one part of so many
-    const int wanted = above_->isHidden() ? 0 : above_->heightForWidth(width());
+    const int room = viewport()->width();  // beside the bar, which is as high as page and widget
+    const int wanted = above_->isHidden() ? 0 : above_->heightForWidth(room);
     const QMargins margins(0, std::min(wanted, height() / most), 0, 0);
-    above_->setGeometry(0, 0, width(), margins.top());
+    above_->setGeometry(0, 0, room, margins.top());
     if (viewportMargins() != margins) setViewportMargins(margins);
 }
 
