@@ -13,11 +13,11 @@
 
 #include "desktop/frame/events.h"
 #include "desktop/frame/language_menu.h"
+#include "desktop/frame/reading_width.h"
 
 namespace zel {
 namespace {
 
-constexpr int most_width = 1300;  // pixels, of a page's content
 constexpr QSize window_size(1260, 750);
 
 constexpr Text no_name = {"Unbenannt", "Untitled"};
@@ -34,7 +34,7 @@ struct AreaFrame::MenuRow {
 };
 
 void AreaPage::set_content(QWidget* content) {
-    content->setMaximumWidth(most_width);
+    content->setMaximumWidth(reading_width(*content));
     setWidget(content);
 }
 
