@@ -16,12 +16,12 @@
 #include "desktop/frame/events.h"
 #include "desktop/frame/language_menu.h"
 #include "desktop/frame/message_strip.h"
+#include "desktop/frame/reading_width.h"
 #include "messages/message_texts.h"
 
 namespace zel {
 namespace {
 
-constexpr int most_width = 1300;  // pixels, of a page's content
 constexpr QSize window_size(1260, 750);
 
 constexpr Text no_name = {"Unbenannt", "Untitled"};
@@ -38,7 +38,7 @@ struct AreaFrame::MenuRow {
 };
 
 void AreaPage::set_content(QWidget* content) {
-    content->setMaximumWidth(most_width);
+    content->setMaximumWidth(reading_width(*content));
     setWidget(content);
 }
 
@@ -55,7 +55,7 @@ void AreaPage::show_above(bool shown) {
 
 void AreaPage::place_above() {
     if (above_ == nullptr) return;
-    constexpr int most = 2;  // the page keeps one part of so many
+    constexpr int most = 2;                // the page keeps one part of so many
     const int room = viewport()->width();  // beside the bar, which is as high as page and widget
     const int wanted = above_->isHidden() ? 0 : above_->heightForWidth(room);
     const QMargins margins(0, std::min(wanted, height() / most), 0, 0);
