@@ -25,20 +25,26 @@ void evaluation(benchmark::State& state) {
 }
 BENCHMARK(evaluation);
 
-void current_from_temperature(benchmark::State& state, std::int16_t layers, double section) {
+void current_from_temperature(benchmark::State& state, std::int16_t layers, double section,
+                              SearchPace pace = SearchPace::AllPoints) {
     const SteadyInputBlock in = line(layers, section);
-    for (auto _ : state) benchmark::DoNotOptimize(solve_current(in, 80));
+    for (auto _ : state) benchmark::DoNotOptimize(solve_current(in, 80, pace));
 }
 BENCHMARK_CAPTURE(current_from_temperature, three_layers, 3, 263.7);
 BENCHMARK_CAPTURE(current_from_temperature, two_layers, 2, 263.7);
 BENCHMARK_CAPTURE(current_from_temperature, two_thin_layers, 2, 174);
+BENCHMARK_CAPTURE(current_from_temperature, three_layers_new_points, 3, 263.7,
+                  SearchPace::NewPoints);
+BENCHMARK_CAPTURE(current_from_temperature, two_layers_new_points, 2, 263.7, SearchPace::NewPoints);
 
-void temperature_from_current(benchmark::State& state, std::int16_t layers, double section) {
+void temperature_from_current(benchmark::State& state, std::int16_t layers, double section,
+                              SearchPace pace = SearchPace::AllPoints) {
     const SteadyInputBlock in = line(layers, section);
-    for (auto _ : state) benchmark::DoNotOptimize(solve_temperature(in, 400));
+    for (auto _ : state) benchmark::DoNotOptimize(solve_temperature(in, 400, pace));
 }
 BENCHMARK_CAPTURE(temperature_from_current, three_layers, 3, 263.7);
 BENCHMARK_CAPTURE(temperature_from_current, two_layers, 2, 263.7);
 BENCHMARK_CAPTURE(temperature_from_current, two_thin_layers, 2, 174);
+BENCHMARK_CAPTURE(temperature_from_current, two_layers_new_points, 2, 263.7, SearchPace::NewPoints);
 
 }  // namespace

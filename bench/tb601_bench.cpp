@@ -18,18 +18,20 @@ void tb601_evaluation(benchmark::State& state) {
 }
 BENCHMARK(tb601_evaluation);
 
-void tb601_current_from_temperature(benchmark::State& state) {
+void tb601_current_from_temperature(benchmark::State& state, SearchPace pace) {
     const TB601Params params = records_of(line_264_34()).params;
     TB601State s;
-    for (auto _ : state) benchmark::DoNotOptimize(solve_current(params, s, 80));
+    for (auto _ : state) benchmark::DoNotOptimize(solve_current(params, s, 80, pace));
 }
-BENCHMARK(tb601_current_from_temperature);
+BENCHMARK_CAPTURE(tb601_current_from_temperature, all_points, SearchPace::AllPoints);
+BENCHMARK_CAPTURE(tb601_current_from_temperature, new_points, SearchPace::NewPoints);
 
-void tb601_temperature_from_current(benchmark::State& state) {
+void tb601_temperature_from_current(benchmark::State& state, SearchPace pace) {
     const TB601Params params = records_of(line_264_34()).params;
     TB601State s;
-    for (auto _ : state) benchmark::DoNotOptimize(solve_temperature(params, s, 400));
+    for (auto _ : state) benchmark::DoNotOptimize(solve_temperature(params, s, 400, pace));
 }
-BENCHMARK(tb601_temperature_from_current);
+BENCHMARK_CAPTURE(tb601_temperature_from_current, all_points, SearchPace::AllPoints);
+BENCHMARK_CAPTURE(tb601_temperature_from_current, new_points, SearchPace::NewPoints);
 
 }  // namespace

@@ -86,6 +86,18 @@ struct PreparedTerms {
     [[nodiscard]] double PR(double Ts) const { return parts.radiation.at(Ts); }
 };
 
+/// The Joule heating of `Anew` at a current, and all else as worked out before.
+template <class Anew, class Parts>
+struct TermsAtTemperature {
+    Anew anew;
+    const Parts& parts;
+
+    [[nodiscard]] Term PJ(double Ts) const { return anew.PJ(Ts); }
+    [[nodiscard]] double PS() const { return parts.solar; }
+    [[nodiscard]] Term PC(double /*Ts*/) const { return parts.convection; }
+    [[nodiscard]] double PR(double /*Ts*/) const { return parts.radiation; }
+};
+
 /// Takes the terms of one evaluation as they come. A numeric fault of a term goes before its own
 /// failure.
 class TermTaker {
@@ -200,6 +212,28 @@ SteadyFailure SteadyBalance::evaluate(double temperature, HeatTerms& terms) cons
     if (const auto* busbar = std::get_if<BusbarParts>(&parts_))
         return take_terms(PreparedTerms<BusbarParts>{*busbar}, busbar_faults, temperature, terms);
     return evaluate_anew(input_, current_, temperature, terms);
+}
+
+SteadyBalanceAt::SteadyBalanceAt(const SteadyInputBlock& input, double temperature)
+    : input_(input), temperature_(temperature) {
+    const ArithmeticScope arithmetic;
+    const auto work_out = [&](const auto& terms) {
+        parts_ = Parts{computed(terms.PS()), terms.PC(temperature), terms.PR(temperature)};
+        parts_->convection.value = computed(parts_->convection.value);
+        parts_->radiation = computed(parts_->radiation);
+    };
+    if (input.method == HeatTermMethod::TB207) work_out(Tb207Terms{input, 0});
+    if (input.method == HeatTermMethod::TBB) work_out(BusbarTerms{input, 0});
+    if (arithmetic.fault() != ArithmeticFault::None) parts_.reset();
+}
+
+SteadyFailure SteadyBalanceAt::evaluate(double current, HeatTerms& terms) const {
+    if (!parts_) return evaluate_anew(input_, current, temperature_, terms);
+    if (input_.method == HeatTermMethod::TB207)
+        return take_terms(TermsAtTemperature<Tb207Terms, Parts>{{input_, current}, *parts_},
+                          tb207_faults, temperature_, terms);
+    return take_terms(TermsAtTemperature<BusbarTerms, Parts>{{input_, current}, *parts_},
+                      busbar_faults, temperature_, terms);
 }
 
 }  // namespace zel

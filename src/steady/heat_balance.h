@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <variant>
 
 #include "steady/case/calc_case.h"
@@ -88,6 +89,28 @@ private:
     double current_;
     /// Empty where working them out met a fault: each evaluation is then to meet it anew.
     std::variant<std::monostate, Tb207Parts, BusbarParts> parts_;
+};
+
+/// The heat balance at one temperature, for many currents: of these the Joule heating alone
+/// depends. Gives bit for bit what `ST_F00_heat_terms_eval` gives, failures included.
+class SteadyBalanceAt {
+public:
+    /// At `temperature` (°C). `input` must outlive the balance.
+    SteadyBalanceAt(const SteadyInputBlock& input, double temperature);
+
+    /// The heat terms at `current` (A).
+    SteadyFailure evaluate(double current, HeatTerms& terms) const;
+
+private:
+    struct Parts {
+        double solar;
+        Term convection;
+        double radiation;
+    };
+    const SteadyInputBlock& input_;
+    double temperature_;
+    /// Empty where working them out met a fault: each evaluation is then to meet it anew.
+    std::optional<Parts> parts_;
 };
 
 }  // namespace zel

@@ -1,7 +1,5 @@
 #include "steady/steady_solver.h"
 
-#include "steady/three_point_bisection.h"
-
 namespace zel {
 namespace {
 
@@ -12,13 +10,14 @@ constexpr Bisection<SteadyFailure> current_search = {0.001, 0, CurrentAllAbove, 
 constexpr Bisection<SteadyFailure> temperature_search = {
     0.001, 0.5, TemperatureAllAbove, TemperatureAllBelow, TemperatureNotReached};
 
-/// Searches for the `variable` of `state`.
-SteadySolution solve(const SteadyInputBlock& input, SteadyStateBlock state,
+/// Searches for the `variable` of `state` by the evaluations of `balance`.
+template <class Balance>
+SteadySolution solve(const Balance& balance, SteadyStateBlock state,
                      double SteadyStateBlock::*variable, const BisectionPoints& start,
-                     const Bisection<SteadyFailure>& search) {
-    const SteadyFailure failure = bisect(start, search, [&](double point, double& residual) {
+                     const Bisection<SteadyFailure>& search, SearchPace pace) {
+    const SteadyFailure failure = bisect(pace, start, search, [&](double point, double& residual) {
         state.*variable = point;
-        const SteadyFailure met = ST_F00_heat_terms_eval(state, input);
+        const SteadyFailure met = balance.evaluate(point, state.terms);
         residual = net_power(state.terms);
         return met;
     });
@@ -27,14 +26,14 @@ SteadySolution solve(const SteadyInputBlock& input, SteadyStateBlock state,
 
 }  // namespace
 
-SteadySolution solve_current(const SteadyInputBlock& input, double temperature) {
-    return solve(input, {0, temperature, {}}, &SteadyStateBlock::current, {0, 2000, 99999},
-                 current_search);
+SteadySolution solve_current(const SteadyInputBlock& input, double temperature, SearchPace pace) {
+    return solve(SteadyBalanceAt(input, temperature), {0, temperature, {}},
+                 &SteadyStateBlock::current, {0, 2000, 99999}, current_search, pace);
 }
 
-SteadySolution solve_temperature(const SteadyInputBlock& input, double current) {
-    return solve(input, {current, 0, {}}, &SteadyStateBlock::temperature, {-100, 200, 500},
-                 temperature_search);
+SteadySolution solve_temperature(const SteadyInputBlock& input, double current, SearchPace pace) {
+    return solve(SteadyBalance(input, current), {current, 0, {}}, &SteadyStateBlock::temperature,
+                 {-100, 200, 500}, temperature_search, pace);
 }
 
 SteadySolution ST_00_CigreTB207_temp_strom_steady_state(const CalcCase& c, double delta) {

@@ -35,11 +35,12 @@ struct PreparedTerms {
 };
 
 template <class Source>
-Tb601Failure take_terms(const TB601Params& params, TB601State& state, const Source& source) {
+Tb601Failure take_terms(const TB601Params& params, TB601State& state, const Source& source,
+                        Tb601WarmResistance& warm) {
     const ArithmeticScope arithmetic;
     HeatTerms& terms = state.terms;
 
-    const Tb601Term PJ = ST_F01_CigreTB601_PJ_steady(params, state, arithmetic);
+    const Tb601Term PJ = ST_F01_CigreTB601_PJ_steady(params, state, arithmetic, warm);
     if (PJ.failure) return PJ.failure;
     terms.PJ = PJ.value;
 
@@ -65,7 +66,8 @@ Tb601Failure take_terms(const TB601Params& params, TB601State& state, const Sour
 }  // namespace
 
 Tb601Failure ST_CigreTB601_Heat_Balance(const TB601Params& params, TB601State& state) {
-    return take_terms(params, state, Terms{params});
+    Tb601WarmResistance warm;
+    return take_terms(params, state, Terms{params}, warm);
 }
 
 Tb601Balance::Tb601Balance(const TB601Params& params) : params_(params) {
@@ -76,8 +78,8 @@ Tb601Balance::Tb601Balance(const TB601Params& params) : params_(params) {
 }
 
 Tb601Failure Tb601Balance::evaluate(TB601State& state) const {
-    if (parts_) return take_terms(params_, state, PreparedTerms<Parts>{*parts_});
-    return take_terms(params_, state, Terms{params_});
+    if (parts_) return take_terms(params_, state, PreparedTerms<Parts>{*parts_}, warm_);
+    return take_terms(params_, state, Terms{params_}, warm_);
 }
 
 }  // namespace zel

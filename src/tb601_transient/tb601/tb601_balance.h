@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "tb601_transient/tb601/tb601_cause.h"
+#include "tb601_transient/tb601/tb601_joule.h"
 #include "tb601_transient/tb601/tb601_params.h"
 #include "tb601_transient/tb601/tb601_radial.h"
 #include "tb601_transient/tb601/tb601_terms.h"
@@ -16,7 +17,9 @@ namespace zel {
 [[nodiscard]] Tb601Failure ST_CigreTB601_Heat_Balance(const TB601Params& params, TB601State& state);
 
 /// The heat balance in one surrounding, for many states: what these do not change is worked out
-/// once. Gives bit for bit what `ST_CigreTB601_Heat_Balance` gives, failures included.
+/// once, and what the temperature alone decides once for states in a row that have the same. Gives
+/// bit for bit what `ST_CigreTB601_Heat_Balance` gives, failures included. For one thread, and for
+/// states with the same table of resistances.
 class Tb601Balance {
 public:
     /// `params` must outlive the balance.
@@ -35,6 +38,7 @@ private:
     const TB601Params& params_;
     /// Empty where working them out met a fault: each evaluation is then to meet it anew.
     std::optional<Parts> parts_;
+    mutable Tb601WarmResistance warm_;
 };
 
 }  // namespace zel

@@ -85,20 +85,35 @@ double solid_conductor_factor(double De, double Rho, double F) {
     return narrowed_to_single(De * De * pi * Rac / (4 * Rho));
 }
 
-Tb601Term by_table(const TB601State& state, const ArithmeticScope& arithmetic) {
-    const double R =
-        computed(static_cast<double>(ST_F01_CigreTB601_Resistance(state.table, state.T)));
-    if (const auto failure = fault_in(Tb601Procedure::Resistance, arithmetic)) return {0, failure};
-    return {state.I * state.I * R};
+Tb601Term by_table(const TB601State& state, const ArithmeticScope& arithmetic,
+                   Tb601WarmResistance& warm) {
+    if (!warm.known || warm.T != state.T) {
+        const double R =
+            computed(static_cast<double>(ST_F01_CigreTB601_Resistance(state.table, state.T)));
+        if (const auto failure = fault_in(Tb601Procedure::Resistance, arithmetic))
+            return {0, failure};
+        warm = {true, state.T, R, 0};
+    }
+    return {state.I * state.I * warm.R};
 }
 
-Tb601Term by_formula(const TB601Params& p, TB601State& state, const ArithmeticScope& arithmetic) {
+/// DC resistance and skin effect at `T` of the state; a fault is not remembered.
+Tb601Failure warm_up(const TB601Params& p, const TB601State& state,
+                     const ArithmeticScope& arithmetic, Tb601WarmResistance& warm) {
+    if (warm.known && warm.T == state.T) return {};
+    warm.known = false;
     const double Rdc = computed(p.R20 * temperature_factor(p, state.T));
-    if (const auto failure = fault_in(Tb601Procedure::JouleHeating, arithmetic))
-        return {0, failure};
+    if (const auto failure = fault_in(Tb601Procedure::JouleHeating, arithmetic)) return failure;
     const double skin = computed(ST_F06_CigreTB601_skin_effect_factor_601(p, state));
-    if (const auto failure = fault_in(Tb601Procedure::SkinEffect, arithmetic)) return {0, failure};
-    state.KSkinRaw = skin;
+    if (const auto failure = fault_in(Tb601Procedure::SkinEffect, arithmetic)) return failure;
+    warm = {true, state.T, Rdc, skin};
+    return {};
+}
+
+Tb601Term by_formula(const TB601Params& p, TB601State& state, const ArithmeticScope& arithmetic,
+                     Tb601WarmResistance& warm) {
+    if (const auto failure = warm_up(p, state, arithmetic, warm)) return {0, failure};
+    state.KSkinRaw = warm.skin;
     state.KSkin = state.KSkinRaw;
 
     double magnetic = 1;
@@ -110,14 +125,14 @@ Tb601Term by_formula(const TB601Params& p, TB601State& state, const ArithmeticSc
     if (const auto failure = fault_in(Tb601Procedure::MagneticHeating, arithmetic))
         return {0, failure};
     state.KMag = magnetic;
-    return {state.I * state.I * state.KSkin * state.KMag * Rdc};
+    return {state.I * state.I * state.KSkin * state.KMag * warm.R};
 }
 
-Tb601Term joule_heating(const TB601Params& p, TB601State& state,
-                        const ArithmeticScope& arithmetic) {
+Tb601Term joule_heating(const TB601Params& p, TB601State& state, const ArithmeticScope& arithmetic,
+                        Tb601WarmResistance& warm) {
     if (p.F > 0.5 && p.F < 61) {
-        if (p.ROption == resistance_by_table) return by_table(state, arithmetic);
-        if (p.ROption == resistance_by_formula) return by_formula(p, state, arithmetic);
+        if (p.ROption == resistance_by_table) return by_table(state, arithmetic, warm);
+        if (p.ROption == resistance_by_formula) return by_formula(p, state, arithmetic, warm);
         return {0};
     }
     if (p.F >= 0 && p.F < 0.5)
@@ -129,9 +144,16 @@ Tb601Term joule_heating(const TB601Params& p, TB601State& state,
 
 Tb601Term ST_F01_CigreTB601_PJ_steady(const TB601Params& params, TB601State& state,
                                       const ArithmeticScope& arithmetic) {
+    Tb601WarmResistance warm;
+    return ST_F01_CigreTB601_PJ_steady(params, state, arithmetic, warm);
+}
+
+Tb601Term ST_F01_CigreTB601_PJ_steady(const TB601Params& params, TB601State& state,
+                                      const ArithmeticScope& arithmetic,
+                                      Tb601WarmResistance& warm) {
     state.KSkin = 0;
     if (state.I == 0) return {0};
-    Tb601Term PJ = joule_heating(params, state, arithmetic);
+    Tb601Term PJ = joule_heating(params, state, arithmetic, warm);
     PJ.value = computed(PJ.value);
     if (!PJ.failure) PJ.failure = fault_in(Tb601Procedure::JouleHeating, arithmetic);
     return PJ;

@@ -8,11 +8,25 @@
 
 namespace zel {
 
+/// What the Joule heating takes from the temperature alone, remembered for the next current at the
+/// same one.
+struct Tb601WarmResistance {
+    bool known = false;
+    double T = 0;     // °C
+    double R = 0;     // ohm/m, DC, or AC by the table
+    double skin = 0;  // ratio of AC to DC resistance
+};
+
 /// Joule heating at `I` and `T` of the state, W/m; sets `KSkin`, `KSkinRaw` and `KMag`. 0 for a
 /// frequency that is negative, exactly 0.5, or 61 Hz and above. Fails with `SingleLayer`, and with
 /// a fault charged to the procedure that met it.
 [[nodiscard]] Tb601Term ST_F01_CigreTB601_PJ_steady(const TB601Params& params, TB601State& state,
                                                     const ArithmeticScope& arithmetic);
+
+/// The same, bit for bit, with what `warm` remembers of these `params` at the last temperature.
+[[nodiscard]] Tb601Term ST_F01_CigreTB601_PJ_steady(const TB601Params& params, TB601State& state,
+                                                    const ArithmeticScope& arithmetic,
+                                                    Tb601WarmResistance& warm);
 
 /// The AC resistance (ohm/m) at `T` (°C) on the straight line through two neighbouring points,
 /// the outermost ones beyond the ends.

@@ -15,10 +15,11 @@ constexpr Bisection<Tb601Failure> temperature_search = {0.01, 0.1, TemperatureAl
 
 /// Searches for the `variable` of `state`.
 Tb601Failure solve(const TB601Params& params, TB601State& state, double TB601State::*variable,
-                   const BisectionPoints& start, const Bisection<Tb601Failure>& search) {
+                   const BisectionPoints& start, const Bisection<Tb601Failure>& search,
+                   SearchPace pace) {
     const ArithmeticScope arithmetic;
     const Tb601Balance balance(params);
-    return bisect(start, search, [&](double point, double& residual) -> Tb601Failure {
+    return bisect(pace, start, search, [&](double point, double& residual) -> Tb601Failure {
         state.*variable = point;
         if (const auto failure = balance.evaluate(state)) return failure;
         residual = computed(net_power(state.terms));
@@ -28,14 +29,16 @@ Tb601Failure solve(const TB601Params& params, TB601State& state, double TB601Sta
 
 }  // namespace
 
-Tb601Failure solve_current(const TB601Params& params, TB601State& state, double T) {
+Tb601Failure solve_current(const TB601Params& params, TB601State& state, double T,
+                           SearchPace pace) {
     state.T = T;
-    return solve(params, state, &TB601State::I, {0, 2000, 99999}, current_search);
+    return solve(params, state, &TB601State::I, {0, 2000, 99999}, current_search, pace);
 }
 
-Tb601Failure solve_temperature(const TB601Params& params, TB601State& state, double I) {
+Tb601Failure solve_temperature(const TB601Params& params, TB601State& state, double I,
+                               SearchPace pace) {
     state.I = I;
-    return solve(params, state, &TB601State::T, {params.Ta, 200, 500}, temperature_search);
+    return solve(params, state, &TB601State::T, {params.Ta, 200, 500}, temperature_search, pace);
 }
 
 Tb601Failure ST_00_CigreTB601_temp_strom_steady_state(const CalcCase& c, double delta,
