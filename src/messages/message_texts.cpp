@@ -21,15 +21,19 @@ std::string refused_text(std::string_view name, const forms::Row& row, const Lim
     const auto number = parse_number(typed, locale.separator);
     if (!number || limits == nullptr || limits->holds(*number))
         return fill(no_number.in(locale.lang), {name, quoted});
-    const bool has_low = limits->low > -unlimited;
-    const bool has_high = limits->high < unlimited;
-    const std::string low = bound_text(limits->low, row, locale.separator);
-    std::string high = bound_text(limits->high, row, locale.separator);
+    return fill(out_of_range.in(locale.lang), {name, quoted, range_text(row, *limits, locale)});
+}
+
+std::string range_text(const forms::Row& row, const Limits& limits, const Locale& locale) {
+    const bool has_low = limits.low > -unlimited;
+    const bool has_high = limits.high < unlimited;
+    const std::string low = bound_text(limits.low, row, locale.separator);
+    const std::string high = bound_text(limits.high, row, locale.separator);
     std::string unit(row.field->unit_in(locale.lang));
     if (!unit.empty()) unit.insert(0, " ");
-    if (has_low && has_high) return fill(between.in(locale.lang), {name, quoted, low, high + unit});
-    return has_high ? fill(at_most.in(locale.lang), {name, quoted, high + unit})
-                    : fill(at_least.in(locale.lang), {name, quoted, low + unit});
+    if (has_low && has_high) return fill(between.in(locale.lang), {low, high + unit});
+    if (has_high) return fill(at_most.in(locale.lang), {high + unit});
+    return has_low ? fill(at_least.in(locale.lang), {low + unit}) : std::string();
 }
 
 std::string some_of(const std::vector<std::string>& names, LangId lang) {

@@ -30,12 +30,12 @@ inline constexpr Text and_more = {" und {0} weitere", " and {0} more"};
 
 inline constexpr Text no_number = {"{0}: Ihre Eingabe {1} ist keine Zahl.",
                                    "{0}: you typed {1}, which is no number."};
-inline constexpr Text between = {"{0}: Sie haben {1} eingegeben; zulässig: {2} bis {3}.",
-                                 "{0}: you typed {1}; allowed: {2} to {3}."};
-inline constexpr Text at_most = {"{0}: Sie haben {1} eingegeben; zulässig: höchstens {2}.",
-                                 "{0}: you typed {1}; allowed: at most {2}."};
-inline constexpr Text at_least = {"{0}: Sie haben {1} eingegeben; zulässig: mindestens {2}.",
-                                  "{0}: you typed {1}; allowed: at least {2}."};
+inline constexpr Text out_of_range = {"{0}: Sie haben {1} eingegeben; zulässig: {2}.",
+                                      "{0}: you typed {1}; allowed: {2}."};
+inline constexpr Text between = {"{0} bis {1}", "{0} to {1}"};
+inline constexpr Text at_most = {"höchstens {0}", "at most {0}"};
+inline constexpr Text at_least = {"mindestens {0}", "at least {0}"};
+inline constexpr Text allowed = {"Zulässig: {0}", "Allowed: {0}"};
 
 // Marks of inputs, and how many of them a page has.
 inline constexpr Text needed_word = {"nötig", "needed"};
@@ -51,6 +51,10 @@ inline constexpr Text wrong_count = {"{0} zu korrigieren", "{0} to be corrected"
 [[nodiscard]] std::string refused_text(std::string_view name, const forms::Row& row,
                                        const Limits* limits, std::string_view typed,
                                        const Locale& locale);
+
+/// "0 to 80 m/s", "at most 4500 m"; empty where the limits leave every number.
+[[nodiscard]] std::string range_text(const forms::Row& row, const Limits& limits,
+                                     const Locale& locale);
 
 /// "Wind speed, Latitude, Emissivity and 2 more"
 [[nodiscard]] std::string some_of(const std::vector<std::string>& names, LangId lang);

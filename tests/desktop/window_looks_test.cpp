@@ -122,6 +122,28 @@ TEST_P(WindowLooks, show_all_texts_and_name_all_controls) {
     }
 }
 
+/// Unit and limits of each input, for who cannot see what stands beside it.
+TEST_F(DesktopTest, inputs_say_their_units) {
+    for (const LangId lang : {german, english}) {
+        open(twin_264_34(), lang, DecimalSeparator::Point);
+        for (const forms::Section& section : forms::line_sections())
+            for (const forms::Row& row : section.rows) {
+                if (!section.typed) continue;
+                const auto* input = form1().findChild<QWidget*>(row.control);
+                ASSERT_NE(input, nullptr) << row.control;
+                EXPECT_THAT(input->accessibleDescription().toStdString(),
+                            testing::HasSubstr(std::string(row.field->unit_in(lang))))
+                    << row.control;
+            }
+        const auto& wind = control("Text11");
+        EXPECT_EQ(wind.accessibleDescription(), lang == german ? "0 bis 80 m/s" : "0 to 80 m/s");
+        EXPECT_EQ(wind.toolTip(),
+                  lang == german ? "Zulässig: 0 bis 80 m/s" : "Allowed: 0 to 80 m/s");
+        EXPECT_THAT(control("Text25").toolTip().toStdString(),
+                    testing::HasSubstr(lang == german ? "negativ" : "negative"));
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(All, WindowLooks, testing::ValuesIn(looks),
                          [](const auto& row) { return row.param.name; });
 

@@ -57,7 +57,7 @@ void FieldMark::show_mark(Mark mark, LangId lang) {
     if (sign_.isEmpty() && sign.empty()) return;
     sign_ = qt(sign);
     word_ = qt(word, lang);
-    input_.setAccessibleDescription(word_);
+    describe();
     // What needs mending stands out in any palette: bold, in the colour of texts.
     const bool stands_out = mark == Mark::Missing || mark == Mark::Wrong;
     QFont font = input_.font();
@@ -67,6 +67,16 @@ void FieldMark::show_mark(Mark mark, LangId lang) {
     setForegroundRole(stands_out ? QPalette::Text : QPalette::PlaceholderText);
     setContentsMargins(padding, 0, padding, 0);
     place();
+}
+
+void FieldMark::tell_before(const QString& facts) {
+    facts_ = facts;
+    describe();
+}
+
+void FieldMark::describe() {
+    const bool both = !facts_.isEmpty() && !word_.isEmpty();
+    input_.setAccessibleDescription(facts_ + (both ? "; " : "") + word_);
 }
 
 void FieldMark::place() {

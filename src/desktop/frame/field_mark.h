@@ -14,13 +14,18 @@ public:
     explicit FieldMark(QWidget& input);
 
     void show_mark(Mark mark, LangId lang);
+    /// What the accessible description says of the input before the mark.
+    void tell_before(const QString& facts);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void place();
 
+    void describe();
+
     QWidget& input_;
+    QString facts_;
     QString sign_;
     QString word_;
 };

@@ -9,6 +9,7 @@
 #include "desktop/frame/events.h"
 #include "desktop/frame/field_mark.h"
 #include "desktop/frame/inputs.h"
+#include "messages/message_texts.h"
 
 namespace zel {
 namespace {
@@ -256,12 +257,25 @@ bool FormPanel::show_state(const Field& field) {
     return open;
 }
 
-/// What nobody gave is told by the box, in italics, behind its unit and by the hint.
+/// What nobody gave is told by the box, in italics, behind its unit and by the hint. The hint tells
+/// the limits, and a screen reader the unit too.
 void FormPanel::show_beside(const Field& field, bool assumed) const {
     const LangId lang = parts_.session.lang;
-    const QString mark = assumed ? qt(assumed_mark, lang) : QString();
-    const QString hint = qt(field.row->hint, lang);
-    field.input()->setToolTip(hint.isEmpty() || mark.isEmpty() ? hint + mark : hint + " " + mark);
+    const Limits* limits = parts_.record.limits(*field.row);
+    const std::string range =
+        limits == nullptr ? "" : message_texts::range_text(*field.row, *limits, parts_.session);
+    QStringList hints = {qt(field.row->hint, lang)};
+    if (!range.empty()) hints << qt(fill(message_texts::allowed.in(lang), {range}));
+    if (assumed) hints << qt(assumed_mark, lang);
+    hints.removeAll("");
+    field.input()->setToolTip(hints.join("\n"));
+    QStringList facts = {qt(range.empty() ? field.row->field->unit_in(lang) : range)};
+    if (assumed) facts << qt(assumed_mark, lang);
+    facts.removeAll("");
+    if (field.mark != nullptr)
+        field.mark->tell_before(facts.join("; "));
+    else
+        field.input()->setAccessibleDescription(facts.join("; "));
     QFont font = field.input()->font();
     font.setItalic(assumed);
     field.input()->setFont(font);
