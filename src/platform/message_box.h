@@ -10,8 +10,8 @@
 namespace zel {
 
 enum class Icon { None, Stop, Warning, Question };
-enum class Buttons { Ok, YesNo };
-enum class Answer { Ok, Yes, No };
+enum class Buttons { Ok, YesNo, SaveDiscardCancel };
+enum class Answer { Ok, Yes, No, Save, Discard, Cancel };
 
 /// "none", "stop", "warning" or "question".
 [[nodiscard]] std::string_view name_of(Icon icon);
@@ -47,6 +47,12 @@ class Dialogs {
 public:
     virtual ~Dialogs() = default;
     virtual Answer show(const Box& box) = 0;
+    /// Shows a box that merely informs and that others follow; true where the user wants to see no
+    /// more of them.
+    virtual bool show_before_others(const Box& box) {
+        (void)show(box);
+        return false;
+    }
 };
 
 /// Records every box and answers as a run without a user does.

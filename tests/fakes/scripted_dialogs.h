@@ -23,7 +23,13 @@ public:
         return answer;
     }
 
+    bool show_before_others(const Box& box) override {
+        (void)show(box);
+        return leaves_chains;
+    }
+
     std::deque<Answer> answers;
+    bool leaves_chains = false;  // the user wants no box that can be left with those before it
     std::vector<Box> shown;
     std::function<void()> while_shown;  // looks at what the user sees behind a box
 };
