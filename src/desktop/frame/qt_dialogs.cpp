@@ -22,6 +22,9 @@ constexpr int beside_text = 110;  // pixels: the icon, and what is around it
 constexpr Text ok_caption = {"OK", "OK"};
 constexpr Text yes_caption = {"&Ja", "&Yes"};
 constexpr Text no_caption = {"&Nein", "&No"};
+constexpr Text save_caption = {"&Speichern", "&Save"};
+constexpr Text discard_caption = {"&Verwerfen", "&Discard"};
+constexpr Text cancel_caption = {"&Abbrechen", "&Cancel"};
 
 QMessageBox::Icon qt_icon(Icon icon) {
     switch (icon) {
@@ -44,6 +47,20 @@ void widen(QMessageBox& window) {
         std::min({lines.width() + margin, longest_line, widest_box - beside_text}));
 }
 
+/// Cancel is the escape key, Save the default.
+Answer asked_to_save(QMessageBox& window, LangId lang) {
+    window.addButton(QMessageBox::Save)->setText(qt(save_caption, lang));
+    window.addButton(QMessageBox::Discard)->setText(qt(discard_caption, lang));
+    window.addButton(QMessageBox::Cancel)->setText(qt(cancel_caption, lang));
+    window.setDefaultButton(QMessageBox::Save);
+    window.setEscapeButton(QMessageBox::Cancel);
+    switch (window.exec()) {
+        case QMessageBox::Save: return Answer::Save;
+        case QMessageBox::Discard: return Answer::Discard;
+        default: return Answer::Cancel;
+    }
+}
+
 }  // namespace
 
 Answer QtDialogs::show(const Box& box) {
@@ -59,6 +76,7 @@ Answer QtDialogs::show(const Box& box) {
         window.exec();
         return Answer::Ok;
     }
+    if (box.buttons == Buttons::SaveDiscardCancel) return asked_to_save(window, lang);
     window.addButton(QMessageBox::Yes)->setText(qt(yes_caption, lang));
     window.addButton(QMessageBox::No)->setText(qt(no_caption, lang));
     window.setDefaultButton(QMessageBox::No);

@@ -33,6 +33,7 @@ SideDock::SideDock(AreaFrame& form, const DockFacts& facts, QWidget* content, Ca
     form.addDockWidget(Qt::RightDockWidgetArea, this);
     hide();
     on(entry_, &QAction::triggered, [this](bool shown) { switched(shown); });
+    on(this, &QDockWidget::visibilityChanged, [this] { entry_->setChecked(!isHidden()); });
     form.installEventFilter(this);
 }
 
@@ -44,7 +45,7 @@ void SideDock::open_by_itself(bool opens) {
 }
 
 void SideDock::switched(bool shown) {
-    chosen_ = true;
+    set_chosen();
     if (shown && !has_room() && !isFloating()) {
         setFloating(true);
         resize(usual_size.boundedTo(form_.size()));
@@ -58,7 +59,7 @@ void SideDock::switched(bool shown) {
 }
 
 void SideDock::follow_width() {
-    if (chosen_ || !opens_by_itself_) return;
+    if (is_chosen() || !opens_by_itself_) return;
     const bool shown = has_room();
     if (shown == !isHidden()) return;
     setVisible(shown);
@@ -72,7 +73,7 @@ bool SideDock::eventFilter(QObject* of, QEvent* event) {
 }
 
 void SideDock::closeEvent(QCloseEvent* event) {
-    chosen_ = true;
+    set_chosen();
     entry_->setChecked(false);
     QDockWidget::closeEvent(event);
 }

@@ -3,6 +3,7 @@
 #include <QDockWidget>
 
 #include "desktop/frame/area_frame.h"
+#include "desktop/frame/window_memory.h"
 
 namespace zel {
 
@@ -32,11 +33,13 @@ private:
     void switched(bool shown);
     void follow_width();
     [[nodiscard]] bool has_room() const;
+    /// Whether the user has opened or closed it.
+    [[nodiscard]] bool is_chosen() const { return property(WindowMemory::dock_chosen).toBool(); }
+    void set_chosen() { setProperty(WindowMemory::dock_chosen, true); }
 
     AreaFrame& form_;
     QAction* entry_;
     bool opens_by_itself_ = false;
-    bool chosen_ = false;  // the user has opened or closed it
 };
 
 /// The dock with the pictures of an area.
