@@ -24,7 +24,7 @@ constexpr LinkedLibrary libraries[] = {
      {"Arbeitsmappen lesen und schreiben", "reading and writing workbooks"},
      "pugixml"},
     {"libxlsxwriter",
-     ZEL_VERSION_XLSXWRITER,
+     {},  // its package names another number
      "BSD-2-Clause",
      {"neue Arbeitsmappen", "new workbooks"},
      "xlsxwriter"},
@@ -45,7 +45,7 @@ constexpr LinkedLibrary libraries[] = {
     {"CLI11", ZEL_VERSION_CLI11, "BSD-3-Clause", {"Befehlszeile", "command line"}, "CLI11"},
     {"GNU C and C++ library",
      {},
-     "LGPL-2.1-or-later, GPL-3.0 with GCC Runtime Library Exception",
+     "LGPL-2.1-or-later, GPL-3.0 (GCC exception)",
      {"Laufzeit, Threads", "run time, threads"},
      "Threads"},
 };
