@@ -112,6 +112,17 @@ void check(const std::vector<ChosenStep>& steps, const std::vector<const CaseFie
             throw InputError(Reason(no_input, {in_quotes(chosen.field)}));
 }
 
+/// Whether a step of an angle leads to another branch of its fold: the folded angle then moves by
+/// more than the step.
+bool folds_otherwise(const CalcCase& before, const CalcCase& after) {
+    const auto turned = [](const CalcCase& c) {
+        return c.Winkel_W_S_db.value - c.Winkel_S_S_db.value;
+    };
+    const double folded = std::abs(S_Winkel_Wind_Leiter(after) - S_Winkel_Wind_Leiter(before));
+    constexpr double noise = 1e-9;  // degrees
+    return folded > std::abs(turned(after) - turned(before)) + noise;
+}
+
 /// The line with its changes; nothing where its input cannot be moved.
 std::optional<SensitivityLine> moved(SensitivityLine line, const CalcCase& c,
                                      const Sensitivity& found, const Session& session) {
@@ -119,6 +130,7 @@ std::optional<SensitivityLine> moved(SensitivityLine line, const CalcCase& c,
         const auto changed = with_step(c, *line.field, step, session);
         if (!changed) continue;
         line.step = step;
+        line.across_fold = folds_otherwise(c, *changed);
         const auto results = results_of(*changed, session);
         if (results.size() != found.results.size()) return std::nullopt;
         for (std::size_t i = 0; i < results.size(); ++i)
@@ -136,6 +148,16 @@ double SensitivityLine::largest() const {
     double most = 0;
     for (const auto& change : changes) most = std::max(most, std::abs(change.value_or(0)));
     return most;
+}
+
+std::vector<const SensitivityLine*> moving(const Sensitivity& found, std::size_t method) {
+    std::vector<const SensitivityLine*> lines;
+    for (const SensitivityLine& line : found.lines)
+        if (line.changes[method].value_or(0) != 0) lines.push_back(&line);
+    std::stable_sort(lines.begin(), lines.end(), [method](const auto* a, const auto* b) {
+        return std::abs(*a->changes[method]) > std::abs(*b->changes[method]);
+    });
+    return lines;
 }
 
 std::optional<Sensitivity> sensitivity(const CalcCase& given, const Session& session,

@@ -25,6 +25,7 @@ struct SensitivityLine {
     const CaseField* field = nullptr;
     double step = 0;            // as it was done: downwards where upwards is not allowed
     bool is_hundredth = false;  // of the value: the usual step of a field without one of its own
+    bool across_fold = false;   // the angle between wind and line is folded otherwise behind it
     /// By method, A of the bundle or K; nothing where the method has no result at one of the two.
     std::vector<std::optional<double>> changes{};
 
@@ -38,6 +39,11 @@ struct Sensitivity {
     /// The input that moves a result most comes first. What moves none is left out.
     std::vector<SensitivityLine> lines;
 };
+
+/// The lines with a change of the result at `method`, a place in `found.methods`: what moves it
+/// most comes first.
+[[nodiscard]] std::vector<const SensitivityLine*> moving(const Sensitivity& found,
+                                                         std::size_t method);
 
 /// Told how many of all inputs are done, and answers whether to go on.
 using SensitivityProgress = std::function<bool(std::size_t done, std::size_t all)>;
@@ -53,7 +59,11 @@ using SensitivityProgress = std::function<bool(std::size_t done, std::size_t all
 [[nodiscard]] SheetDesign sensitivity_sheet(const Sensitivity& found, const Locale& locale);
 [[nodiscard]] std::string sensitivity_text(const Sensitivity& found, const Locale& locale);
 
-/// What a line is called: "Wind speed + 0.1 m/s", "DC resistance at 20 °C + 1 %".
+/// What a line is called: "Wind speed + 0.1 m/s", "DC resistance at 20 °C + 1 %". An asterisk
+/// marks a step across the fold of the wind angle, which `fold_note` explains.
 [[nodiscard]] std::string step_label(const SensitivityLine& line, const Locale& locale);
+
+/// What is to be said below lines with such a step; empty where there is none.
+[[nodiscard]] std::string fold_note(const Sensitivity& found, LangId lang);
 
 }  // namespace zel

@@ -14,6 +14,8 @@ constexpr Text explained = {"Änderung von {0}, wenn sich eine Eingabe um ihren 
                             "Change of {0} where one input moves by its step"};
 constexpr std::size_t most_bars = 10;
 
+constexpr double note_height = 750;  // twips
+
 constexpr Colour upwards = rgb(190, 90, 30);
 constexpr Colour downwards = rgb(50, 120, 190);
 
@@ -27,26 +29,28 @@ std::optional<Picture> sensitivity_picture(const Sensitivity& found, Method meth
     if (!found.results[index]) return std::nullopt;
     const std::string_view unit = found.of_temperature ? " K" : " A";
     std::vector<Bar> bars;
-    for (const SensitivityLine& line : found.lines) {
-        const auto& change = line.changes[index];
-        if (!change || *change == 0) continue;
-        bars.push_back({step_label(line, locale), change,
-                        (*change > 0 ? "+" : "") + masked(*change, "0.0#", locale.separator) +
-                            std::string(unit),
-                        *change > 0 ? upwards : downwards});
+    for (const SensitivityLine* line : moving(found, index)) {
+        const double change = *line->changes[index];
+        bars.push_back(
+            {step_label(*line, locale), change,
+             (change > 0 ? "+" : "") + masked(change, "0.0#", locale.separator) + std::string(unit),
+             change > 0 ? upwards : downwards});
     }
-    std::stable_sort(bars.begin(), bars.end(), [](const Bar& a, const Bar& b) {
-        return std::abs(*a.value) > std::abs(*b.value);
-    });
     if (bars.size() > most_bars) bars.resize(most_bars);
     const std::string result =
         masked(*found.results[index], found.of_temperature ? "0.0" : "0", locale.separator) +
         (found.of_temperature ? " °C" : " A");
     return Picture{fill(title.in(locale.lang), {name_of(method)}),
-                   [bars, about = fill(explained.in(locale.lang), {result})](Canvas& canvas) {
+                   [bars, about = fill(explained.in(locale.lang), {result}),
+                    note = fold_note(found, locale.lang)](Canvas& canvas) {
                        write(canvas, {picture_margin, picture_top - 200}, Side::Left, about,
                              small_font, faint_ink);
-                       draw_bars(canvas, bars, {}, picture_top + 250, picture_sheet.bottom - 250);
+                       draw_bars(canvas, bars, {}, picture_top + 250,
+                                 picture_sheet.bottom - (note.empty() ? 250 : note_height));
+                       write_lines(canvas,
+                                   {picture_margin, picture_sheet.bottom - note_height + 100},
+                                   Side::Left, picture_sheet.width() - 2 * picture_margin, note,
+                                   small_font, faint_ink);
                    }};
 }
 

@@ -12,6 +12,12 @@ constexpr Text temperature_name = {"Empfindlichkeit Temperatur", "Sensitivity te
 constexpr Text input_head = {"Eingabe", "Input"};
 constexpr Text step_head = {"Schritt", "Step"};
 constexpr Text unit_head = {"Einheit", "Unit"};
+constexpr std::string_view fold_mark = " *";
+constexpr Text fold_words = {
+    "* Der Winkel zwischen Wind und Leiter wird durch Abziehen gefaltet: jenseits von 90° zählt er "
+    "wieder ab 0°. Dieser Schritt führt darüber hinweg.",
+    "* The angle between wind and line is folded by subtraction: beyond 90° it counts from 0° "
+    "again. This step leads across."};
 constexpr Text result_label = {"Ergebnis", "Result"};
 
 std::string_view unit_of(const Sensitivity& found) { return found.of_temperature ? "K" : "A"; }
@@ -27,6 +33,10 @@ std::string name_of_input(const SensitivityLine& line, LangId lang) {
     return std::string(long_label_of(*line.field).in(lang));
 }
 
+std::string marked_name(const SensitivityLine& line, LangId lang) {
+    return name_of_input(line, lang) + std::string(line.across_fold ? fold_mark : "");
+}
+
 }  // namespace
 
 std::string step_label(const SensitivityLine& line, const Locale& locale) {
@@ -35,7 +45,14 @@ std::string step_label(const SensitivityLine& line, const Locale& locale) {
                                  ? "1 %"
                                  : plain_number(std::abs(line.step), locale.separator) +
                                        (unit.empty() || unit == "°" ? unit : " " + unit);
-    return name_of_input(line, locale.lang) + (line.step < 0 ? " − " : " + ") + step;
+    return name_of_input(line, locale.lang) + (line.step < 0 ? " − " : " + ") + step +
+           std::string(line.across_fold ? fold_mark : "");
+}
+
+std::string fold_note(const Sensitivity& found, LangId lang) {
+    const bool any = std::any_of(found.lines.begin(), found.lines.end(),
+                                 [](const SensitivityLine& line) { return line.across_fold; });
+    return std::string(any ? fold_words.in(lang) : "");
 }
 
 std::string sensitivity_text(const Sensitivity& found, const Locale& locale) {
@@ -54,7 +71,8 @@ std::string sensitivity_text(const Sensitivity& found, const Locale& locale) {
         for (const auto& change : line.changes)
             lines.back().push_back(change ? change_text(*change, found, locale.separator) : "-");
     }
-    return text_table(lines);
+    const std::string note = fold_note(found, locale.lang);
+    return text_table(lines) + (note.empty() ? "" : note + "\n");
 }
 
 SheetDesign sensitivity_sheet(const Sensitivity& found, const Locale& locale) {
@@ -77,7 +95,7 @@ SheetDesign sensitivity_sheet(const Sensitivity& found, const Locale& locale) {
             CellLook::ColumnHead);
     for (const SensitivityLine& line : found.lines) {
         ++row;
-        add(1, name_of_input(line, locale.lang), CellLook::Label);
+        add(1, marked_name(line, locale.lang), CellLook::Label);
         add(2, line.step);
         add(3, std::string(long_unit_of(*line.field)), CellLook::Note);
         column = 3;
@@ -86,6 +104,8 @@ SheetDesign sensitivity_sheet(const Sensitivity& found, const Locale& locale) {
             if (change) add(column, *change);
         }
     }
+    const std::string note = fold_note(found, locale.lang);
+    if (!note.empty()) add_cell(sheet, row + 2, 1, note, CellLook::Note);
     return sheet;
 }
 

@@ -47,6 +47,12 @@ struct Section {
     Text note{};            // above the rows
 };
 
+/// A text that stands in the box of a row and is not entered yet.
+struct PendingText {
+    const Row* row;
+    std::string text;
+};
+
 struct InputState {
     bool open = true;      // takes an input
     bool needed = true;    // label and unit are not greyed

@@ -130,7 +130,8 @@ private:
         CanvasBox plot;
         plot.left = area_.left + margin + label;
         plot.right = area_.right - margin - (diagram_.right ? label : 0);
-        header_top_ = area_.top + margin + canvas.text_height(title_font) + gap;
+        header_top_ = area_.top + margin;
+        if (!diagram_.title.empty()) header_top_ += canvas.text_height(title_font) + gap;
         plot.top = header_top_ + static_cast<double>(header_rows()) * row_ + gap + row_;
         plot.bottom = below_plot_ - 3 * row_ - tick;  // values, caption, units of the lines
         plot.right = std::max(plot.right, plot.left + least_plot);

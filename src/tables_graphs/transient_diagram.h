@@ -31,4 +31,15 @@ enum TransientCurve : std::uint8_t { current_curve = 0, temperature_curve = 1 };
                                                        const Locale& locale,
                                                        PlotMode mode = PlotMode::Screen);
 
+/// The curves as they stand below the rows of a page: without title and header, over ranges of
+/// whole steps, with a line at `limit` (°C) where there is one. Nothing where no time passes.
+[[nodiscard]] std::optional<Diagram> course_diagram(const TransientCourse& course,
+                                                    std::optional<double> limit,
+                                                    const Locale& locale);
+
+/// "Highest temperature 95.2 °C at 10.0 min; above 80 °C from 3.1 to 14.2 min", of the points of
+/// the course. Empty where no time passes.
+[[nodiscard]] std::string course_text(const TransientCourse& course, std::optional<double> limit,
+                                      const Locale& locale);
+
 }  // namespace zel

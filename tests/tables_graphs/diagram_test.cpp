@@ -1,5 +1,6 @@
 #include "tables_graphs/diagram.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -233,6 +234,29 @@ TEST_F(TransientDiagramTest, draws_the_points_of_the_series_and_marks_each_chang
             return line.pen.style == LineStyle::Dashes && line.x1 == x && line.x2 == x;
         })) << mark.text;
     }
+}
+
+/// Row 1 heats from below 60 °C, row 2 ends at 70 °C, row 3 at 80 °C.
+TEST_F(TransientDiagramTest, tells_when_the_limit_is_exceeded) {
+    const auto told = [&](std::optional<double> limit) {
+        return course_text(course(), limit, locale);
+    };
+    EXPECT_EQ(told({}), told(500).substr(0, told({}).size()));
+    EXPECT_THAT(told(500), testing::EndsWith("; 500 °C are not exceeded"));
+    EXPECT_THAT(told(-50), testing::EndsWith("; above -50 °C from 0.0 min to the end"));
+    EXPECT_THAT(told(75),
+                testing::ContainsRegex("; above 75 °C from 3[0-9]\\.[0-9] min to the end"));
+    const Diagram diagram = course_diagram(course(), 120, locale).value();
+    EXPECT_EQ(diagram.legend.back().text, "Limit temperature 120 °C");
+    for (const DiagramCurve& curve : diagram.curves)
+        for (const auto& stretch : curve.stretches)
+            for (const CanvasPoint& p : stretch) {
+                const ValueRange& range =
+                    curve.on_right_axis ? diagram.right->range : diagram.y.range;
+                EXPECT_GT(p.y, range.low) << curve.name;
+                EXPECT_LT(p.y, range.high) << curve.name;
+            }
+    EXPECT_EQ(course_diagram(course(), {}, locale)->curves.size(), 2U);
 }
 
 TEST_F(TransientDiagramTest, scales_by_the_extremes_of_the_rows) {

@@ -19,7 +19,7 @@ constexpr Text heads[] = {
 constexpr Text hint = {
     "Ein Klick oder die Eingabetaste öffnet die Arbeitsmappe und kopiert den Namen der Zelle",
     "A click or Return opens the workbook and copies the name of the cell"};
-constexpr int lines_at_once = 6;
+constexpr int lines_at_once = 4;
 constexpr int widest_input = 160;  // pixels
 
 }  // namespace

@@ -9,9 +9,9 @@
 #include <algorithm>
 
 #include "adapters/qt_canvas/drawing_file.h"
-#include "desktop/diagrams/diagram_picture.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/sheet_saving.h"
+#include "desktop/pictures/diagram_picture.h"
 #include "platform/errors.h"
 #include "platform/text/text.h"
 

@@ -197,10 +197,14 @@ void FormPanel::commit() {
         if (field.edit != nullptr) take_in(field);
 }
 
-bool FormPanel::is_unfinished() const {
-    return std::any_of(fields_.begin(), fields_.end(), [](const Field& field) {
-        return field.edit != nullptr && field.edit->text() != qt(field.seen);
-    });
+bool FormPanel::is_unfinished() const { return !pending().empty(); }
+
+std::vector<forms::PendingText> FormPanel::pending() const {
+    std::vector<forms::PendingText> texts;
+    for (const Field& field : fields_)
+        if (field.edit != nullptr && field.edit->text() != qt(field.seen))
+            texts.push_back({field.row, field.edit->text().toStdString()});
+    return texts;
 }
 
 void FormPanel::load(bool anew) {

@@ -59,6 +59,9 @@ public:
     /// Whether there is any.
     [[nodiscard]] bool is_unfinished() const;
 
+    /// The texts that are typed and not yet taken in.
+    [[nodiscard]] std::vector<forms::PendingText> pending() const;
+
     /// The inputs in the order of the rows.
     [[nodiscard]] std::vector<QWidget*> inputs() const;
     /// The input of `field`, or null.

@@ -72,6 +72,13 @@ bool InputPage::is_unfinished() const {
                        [](const FormPanel* panel) { return panel->is_unfinished(); });
 }
 
+std::vector<forms::PendingText> InputPage::pending() const {
+    std::vector<forms::PendingText> texts;
+    for (const FormPanel* panel : panels_)
+        for (forms::PendingText& text : panel->pending()) texts.push_back(std::move(text));
+    return texts;
+}
+
 QWidget* InputPage::input(const FieldInfo& field) const {
     for (const FormPanel* panel : panels_)
         if (QWidget* found = panel->input(field)) return found;

@@ -18,6 +18,8 @@ public:
     void commit() override;
     [[nodiscard]] bool is_unfinished() const override;
     void focus_first() override;
+    /// The texts that are typed and not yet taken in.
+    [[nodiscard]] std::vector<forms::PendingText> pending() const;
     /// Shows which inputs are open and which are needed.
     void show_states();
     void show_labels();

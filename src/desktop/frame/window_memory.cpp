@@ -51,12 +51,13 @@ void notice_user(QHeaderView& header) {
     });
 }
 
-QList<QDockWidget*> chosen_docks(const QMainWindow& window) {
-    QList<QDockWidget*> docks = window.findChildren<QDockWidget*>();
-    docks.removeIf([](const QDockWidget* dock) {
-        return !dock->property(WindowMemory::dock_chosen).toBool();
-    });
-    return docks;
+/// The docks that the user has opened (1) or closed (0): "pictures_dock=1,..."
+QString chosen_docks(const QMainWindow& window) {
+    QStringList chosen;
+    for (const QDockWidget* dock : window.findChildren<QDockWidget*>())
+        if (const QVariant open = dock->property(WindowMemory::dock_chosen); open.isValid())
+            chosen.append(dock->objectName() + (open.toBool() ? "=1" : "=0"));
+    return chosen.join(',');
 }
 
 }  // namespace
@@ -108,16 +109,13 @@ void WindowMemory::restore(QWidget& window) const {
 void WindowMemory::restore_docks(QMainWindow& window) const {
     if (window.property(known).toBool()) return;
     window.setProperty(known, true);
-    const QStringList chosen = read(window.objectName() + ".chosen_docks").split(',');
-    bool any = false;
-    for (QDockWidget* dock : window.findChildren<QDockWidget*>()) {
-        if (!chosen.contains(dock->objectName())) continue;
-        dock->setProperty(dock_chosen, true);
-        any = true;
-    }
-    if (!any) return;
+    const QString chosen = read(window.objectName() + ".chosen_docks");
+    if (chosen.isEmpty()) return;
     const QByteArray state = read(window.objectName() + ".docks").toLatin1();
     window.restoreState(QByteArray::fromBase64(state));
+    for (const QString& dock : chosen.split(','))
+        if (auto* found = window.findChild<QDockWidget*>(dock.section('=', 0, 0)))
+            found->setProperty(dock_chosen, dock.endsWith("=1"));
 }
 
 void WindowMemory::restore_columns(QWidget& window) const {
@@ -146,10 +144,9 @@ void WindowMemory::keep(const QWidget& window) const {
     }
     const auto* main = qobject_cast<const QMainWindow*>(&window);
     if (main == nullptr) return;
-    QStringList chosen;
-    for (const QDockWidget* dock : chosen_docks(*main)) chosen.append(dock->objectName());
+    const QString chosen = chosen_docks(*main);
     if (chosen.isEmpty()) return;
-    write(window.objectName() + ".chosen_docks", chosen.join(','));
+    write(window.objectName() + ".chosen_docks", chosen);
     write(window.objectName() + ".docks", main->saveState().toBase64());
 }
 

@@ -15,7 +15,7 @@ namespace zel {
 /// as far as the user has opened or closed them, and the columns that he has made wider. A
 /// maximised window has no place. A write that fails is not reported.
 ///
-/// A dock tells by its property `dock_chosen` that the user has said whether it is there.
+/// A dock has the property `dock_chosen`, true or false, once the user has opened or closed it.
 class WindowMemory : public QObject {
 public:
     static constexpr const char* dock_chosen = "chosen";

@@ -12,6 +12,7 @@
 #include "desktop/line/line_diagrams.h"
 #include "desktop/line/line_pictures.h"
 #include "desktop/line/line_reports.h"
+#include "desktop/line/live_results.h"
 #include "desktop/pictures/compare_panel.h"
 #include "desktop/pictures/side_dock.h"
 #include "measuring/measuring_table.h"
@@ -54,7 +55,7 @@ Form1::Form1(Form1Parts parts)
       conductors_(parts.make_conductors(*this, [this] { take_over_conductor(); })),
       sharing_(sharing_conductors(parts.c)) {
     const auto refuse = [this](QWidget* input) { refused(input); };
-    const auto typed = [this] { show_modified(); };
+    const auto typed = [this] { this->typed(); };
     FormParts form = {form_, session(), captions(), refuse, [this] { line_.changed(); }};
     form.typed = typed;
     FormParts conductor_form = form;
@@ -101,7 +102,15 @@ void Form1::add_docks(const Form1Parts& parts) {
          }});
     auto* comparison = new SideDock(*this, comparison_dock, comparison_, captions());
     tabifyDockWidget(pictures, comparison);
-    add_view_menu(*this, captions(), {pictures, comparison});
+    live_ = new LiveResults({line_, session(), captions(), [this] {
+                                 auto texts = general_->pending();
+                                 for (auto& text : conductor_->pending())
+                                     texts.push_back(std::move(text));
+                                 return texts;
+                             }});
+    live_dock_ = new SideDock(*this, live_dock, live_, captions());
+    live_dock_->open_by_itself(true);
+    add_view_menu(*this, captions(), {live_dock_, pictures, comparison});
 }
 
 /// A kept run becomes the case.
@@ -123,6 +132,16 @@ void Form1::tell_result_anew() {
     if (shown_run_is_stale_) result_->show_nothing_new();
 }
 
+void Form1::typed() {
+    show_modified();
+    live_->update_results();
+}
+
+void Form1::load() {
+    AreaFrame::load();
+    live_->update_results();
+}
+
 /// Follows every change of the case: what hangs on it is brought into line.
 void Form1::case_changed() {
     const int sharing = sharing_conductors(line_.c);
@@ -132,10 +151,17 @@ void Form1::case_changed() {
     result_->case_changed();
     transient_->load();
     pictures_->show_case();
+    live_->update_results();
     steady_diagram_->inputs_changed();
     transient_diagram_->inputs_changed();
     show_print_caption();
     show_modified();
+}
+
+/// The pages of results have their own.
+void Form1::follow_page() {
+    live_dock_->belong_here(page() == input_page || page() == conductor_page);
+    allow_output_of_page();
 }
 
 void Form1::allow_output_of_page() {
@@ -193,7 +219,7 @@ void Form1::turn_to(int to) {
     if (page() == conductor_page) conductor_->show_states();
     if (change.runs) run();
     if (page() == transient_page) transient_->focus_first();
-    allow_output_of_page();
+    follow_page();
 }
 
 /// False where the input was refused.
@@ -228,6 +254,7 @@ void Form1::forget_results() {
     result_->clear();
     shown_run_.reset();
     pictures_->forget();
+    live_->forget();
     strip().setTabEnabled(transient_page, false);
 }
 

@@ -20,7 +20,9 @@ class ConductorPage;
 class ComparePanel;
 class GeneralPage;
 class LinePictures;
+class LiveResults;
 class ResultPage;
+class SideDock;
 class TransientPage;
 
 /// What the area of the thermal rating works with.
@@ -49,6 +51,7 @@ public:
     void take_measured(const StoredRow& row);
     /// Another window has changed inputs of the case.
     void show_changed_inputs();
+    void load() override;
 
     /// Shows the settings as they are now.
     void apply_settings();
@@ -68,6 +71,8 @@ private:
     bool run();
     void tell_result_anew();
     void allow_output_of_page();
+    void follow_page();
+    void typed();
     void add_docks(const Form1Parts& parts);
     void open_run(const KeptRun& run);
 
@@ -82,6 +87,8 @@ private:
     ResultPage* result_;
     TransientPage* transient_;
     LinePictures* pictures_ = nullptr;
+    LiveResults* live_ = nullptr;
+    SideDock* live_dock_ = nullptr;
     ComparePanel* comparison_ = nullptr;
     std::optional<SteadyRunResult> shown_run_;  // the last valid run
     bool shown_run_is_stale_ = false;           // a refused run came after it

@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
@@ -11,6 +12,7 @@
 
 #include "desktop/frame/events.h"
 #include "desktop/frame/job_runner.h"
+#include "desktop/line/course_panel.h"
 #include "workflow/run/notes.h"
 #include "workflow/run/transient_text.h"
 
@@ -22,6 +24,8 @@ constexpr Text rows_caption = {"Zustandsänderungen", "Change-of-states"};
 constexpr Text method_caption = {"Berechnungsverfahren :", "Calculation method :"};
 constexpr Text button_caption = {"Bere&chnen", "Calc&ulate"};
 constexpr Text diagram_caption = {"&Graphische Darstellung ...", "Diagra&m ..."};
+constexpr Text origin_caption = {"Herkunft :", "Origin :"};
+constexpr Text origin = {"letzte stationäre Berechnung, {0}", "last steady calculation, {0}"};
 constexpr Text no_state = {"-", "-"};
 constexpr Text former_start = {
     "Dieser Zustand ist der einer früheren Berechnung: die letzte ergab keinen.",
@@ -83,11 +87,13 @@ TransientPage::TransientPage(const TransientRowPanel::Parts& parts, int patience
       method_(make_label("transient_method")),
       start_current_(make_label("start_current")),
       start_temperature_(make_label("start_temperature")),
+      start_origin_(make_label("start_origin")),
       former_notice_(parts.captions.text(make_notice("former_start_notice"), former_start)),
       button_(parts.captions.text(new QPushButton, button_caption)),
       diagram_(parts.captions.text(new QPushButton, diagram_caption)),
       print_(new QPushButton),
-      notice_(make_notice("stale_notice")) {
+      notice_(make_notice("stale_notice")),
+      curve_(new CoursePanel(parts.session, parts.captions)) {
     parts.captions.computed([this](LangId lang) {
         notice_->setText(qt(lines_of(stale_question.lines.in(lang)).front()));
         for (const auto& row : rows_) row->show_note();
@@ -99,7 +105,8 @@ TransientPage::TransientPage(const TransientRowPanel::Parts& parts, int patience
     layout->addWidget(make_start());
     layout->addWidget(make_rows());
     layout->addWidget(make_actions());
-    layout->addStretch(1);
+    layout->addWidget(curve_, 1);
+    layout->addStretch();
     set_content(content);
     set_tab_order();
     TransientPage::load();
@@ -117,7 +124,8 @@ QGroupBox* TransientPage::make_start() {
         QLabel* value;
     } lines[] = {{"caption_transient_method", method_caption, method_},
                  {"caption_start_current", start_current_label, start_current_},
-                 {"caption_start_temperature", start_temperature_label, start_temperature_}};
+                 {"caption_start_temperature", start_temperature_label, start_temperature_},
+                 {"caption_start_origin", origin_caption, start_origin_}};
     int line = 0;
     for (const auto& [name, caption, value] : lines) {
         QLabel* label = make_label(name);
@@ -193,6 +201,7 @@ void TransientPage::set_tab_order() {
     follow(button_);
     follow(diagram_);
     follow(print_);
+    follow(curve_->limit_box());
     for (const auto& row : rows_) follow(row->off_button());
 }
 
@@ -212,11 +221,16 @@ void TransientPage::load() {
                                   : qt(no_state, lang));
     start_temperature_->setText(start ? qt(start_temperature_text(*start, separator))
                                       : qt(no_state, lang));
+    const auto& start_method = parts_.line.transient.basis().start_method;
+    start_origin_->setText(start_method ? qt(fill(origin.in(lang), {name_of(*start_method)}))
+                                        : qt(no_state, lang));
     former_notice_->setVisible(parts_.line.transient.start_is_former());
     const bool stale = is_stale();
     for (const auto& row : rows_) row->load(stale);
     notice_->setVisible(stale);
-    diagram_->setEnabled(parts_.line.transient.result() != nullptr);
+    const bool has_run = parts_.line.transient.result() != nullptr;
+    diagram_->setEnabled(has_run);
+    has_run ? curve_->tell_stale(stale) : curve_->forget();
 }
 
 void TransientPage::commit() {
@@ -240,15 +254,19 @@ void TransientPage::calculate() {
     CalcCase c = parts_.line.c;
     MethodMemory memory = *parts_.session.memory;
     TransientResult result;
+    std::optional<std::vector<RowSeries>> series;
     RunProgress progress(*this, parts_.session.lang, patience_);
     run_job(progress, parts_.session.dialogs,
-            [&c, &memory, &result, basis = parts_.line.transient.basis(),
+            [&c, &memory, &result, &series, basis = parts_.line.transient.basis(),
              session = parts_.session](Job& job) {
                 const auto observer = [&job, lang = session.lang](const TransientProgress& at) {
                     job.tell(progress_of(at, lang));
                     return !job.cancelled();
                 };
-                RunTransient(c, basis, session.apart(job.dialogs(), &memory), observer, result);
+                const Session apart = session.apart(job.dialogs(), &memory);
+                RunTransient(c, basis, apart, observer, result);
+                if (result.input_valid && result.end != TransientEnd::Cancelled)
+                    series = transient_series(c, basis, result, apart, observer);
             });
     if (!result.input_valid) {
         parts_.session.tell(result.refusal.box);
@@ -259,6 +277,8 @@ void TransientPage::calculate() {
     parts_.line.c = c;
     *parts_.session.memory = memory;
     parts_.line.transient.keep(result, c);
+    curve_->forget();
+    if (series) curve_->show_course({c, result, *std::move(series)});
     parts_.line.changed();
     calculated();
 }

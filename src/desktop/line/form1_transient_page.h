@@ -14,6 +14,7 @@ class QPushButton;
 
 namespace zel {
 
+class CoursePanel;
 struct JobProgress;
 
 [[nodiscard]] JobProgress progress_of(const TransientProgress& at, LangId lang);
@@ -63,11 +64,13 @@ private:
     QLabel* method_;
     QLabel* start_current_;
     QLabel* start_temperature_;
+    QLabel* start_origin_;
     QLabel* former_notice_;  // the start is that of a former run
     QPushButton* button_;
     QPushButton* diagram_;
     QPushButton* print_;
     QLabel* notice_;
+    CoursePanel* curve_;
     bool running_ = false;
     bool typing_refused_ = false;  // a text was refused while the page was taken in
 };

@@ -1,6 +1,7 @@
 #include "desktop/line/line_diagrams.h"
 
 #include "desktop/frame/job_runner.h"
+#include "desktop/line/course_panel.h"
 #include "desktop/line/form1_transient_page.h"
 #include "desktop/line/line_reports.h"
 #include "shell/program_texts.h"
@@ -43,15 +44,6 @@ std::optional<DiagramContent> steady_content(const LineDiagramParts& parts) {
         [c, found = *curves] { return steady_points(found, c); },
         steady_graph_order(c, *curves, parts.session)};
 }
-
-/// A transient that has run, with the course that was stepped anew.
-struct StoredCourse {
-    CalcCase c;
-    TransientResult result;
-    std::vector<RowSeries> series;
-
-    [[nodiscard]] TransientCourse course() const { return {c, result.start, result.rows, series}; }
-};
 
 std::optional<DiagramContent> transient_content(const LineDiagramParts& parts) {
     const TransientMemory& memory = parts.line.transient;

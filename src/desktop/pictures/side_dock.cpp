@@ -15,67 +15,89 @@ constexpr Text menu_caption = {"&Fenster", "Wind&ow"};
 // Pixels: the content of a page is not wider than its part of it.
 constexpr int room_for_page = 1260;
 constexpr int least_width = 400;
+constexpr int least_height = 750;  // of a window with a dock below its pages
 constexpr QSize usual_size(560, 640);
 
 }  // namespace
 
 SideDock::SideDock(AreaFrame& form, const DockFacts& facts, QWidget* content, Captions& captions)
-    : QDockWidget(&form), form_(form), entry_(new QAction(this)) {
+    : QDockWidget(&form), form_(form), area_(facts.area), entry_(new QAction(this)) {
     setObjectName(facts.name);
     captions.window_title(static_cast<QWidget*>(this), facts.title);
     captions.text(entry_, facts.entry);
     entry_->setObjectName(QString("show_") + facts.name);
     entry_->setShortcut(QKeySequence(facts.shortcut));
     entry_->setCheckable(true);
-    content->setMinimumWidth(least_width);
+    if (!is_below()) content->setMinimumWidth(least_width);
     setWidget(content);
-    setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
-    form.addDockWidget(Qt::RightDockWidgetArea, this);
+    setAllowedAreas(is_below() ? Qt::TopDockWidgetArea | Qt::BottomDockWidgetArea
+                               : Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    form.addDockWidget(area_, this);
     hide();
     on(entry_, &QAction::triggered, [this](bool shown) { switched(shown); });
-    on(this, &QDockWidget::visibilityChanged, [this] { entry_->setChecked(!isHidden()); });
     form.installEventFilter(this);
 }
 
-bool SideDock::has_room() const { return form_.width() >= room_for_page + least_width; }
+bool SideDock::has_room() const {
+    return is_below() ? form_.height() >= least_height
+                      : form_.width() >= room_for_page + least_width;
+}
+
+void SideDock::share_width() {
+    if (!is_below()) form_.resizeDocks({this}, {form_.width() - room_for_page}, Qt::Horizontal);
+}
 
 void SideDock::open_by_itself(bool opens) {
     opens_by_itself_ = opens;
-    follow_width();
+    follow_room();
 }
 
 void SideDock::switched(bool shown) {
-    set_chosen();
     if (shown && !has_room() && !isFloating()) {
         setFloating(true);
         resize(usual_size.boundedTo(form_.size()));
         move(form_.geometry().right() - width(), form_.geometry().top() + 60);
     }
     setVisible(shown);
+    set_chosen(shown);
     if (!shown) return;
     raise();
     if (isFloating()) activateWindow();
-    if (!isFloating()) form_.resizeDocks({this}, {form_.width() - room_for_page}, Qt::Horizontal);
+    if (!isFloating()) share_width();
 }
 
-void SideDock::follow_width() {
-    if (is_chosen() || !opens_by_itself_) return;
-    const bool shown = has_room();
+void SideDock::belong_here(bool belongs) {
+    belongs_here_ = belongs;
+    entry_->setEnabled(belongs);
+    follow_room();
+}
+
+void SideDock::follow_room() {
+    if (!is_chosen()) entry_->setChecked(opens_by_itself_ && has_room());
+    const bool shown = belongs_here_ && entry_->isChecked();
     if (shown == !isHidden()) return;
     setVisible(shown);
-    entry_->setChecked(shown);
-    if (shown) form_.resizeDocks({this}, {form_.width() - room_for_page}, Qt::Horizontal);
+    if (shown && !isFloating()) share_width();
 }
 
 bool SideDock::eventFilter(QObject* of, QEvent* event) {
-    if (of == &form_ && event->type() == QEvent::Resize) guarded(*this, [this] { follow_width(); });
+    if (of == &form_ && event->type() == QEvent::Resize) guarded(*this, [this] { follow_room(); });
     return QDockWidget::eventFilter(of, event);
 }
 
 void SideDock::closeEvent(QCloseEvent* event) {
-    set_chosen();
-    entry_->setChecked(false);
+    set_chosen(false);
     QDockWidget::closeEvent(event);
+}
+
+/// What the user has said now, or in another run of the program.
+bool SideDock::event(QEvent* event) {
+    if (event->type() == QEvent::DynamicPropertyChange && is_chosen())
+        guarded(*this, [this] {
+            entry_->setChecked(property(WindowMemory::dock_chosen).toBool());
+            follow_room();
+        });
+    return QDockWidget::event(event);
 }
 
 void add_view_menu(AreaFrame& form, Captions& captions, const std::vector<SideDock*>& docks) {

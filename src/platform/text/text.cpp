@@ -73,6 +73,15 @@ std::string without_outer_blanks(std::string_view text) {
     return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
 }
 
+std::string in_one_line(std::string_view lines) {
+    std::string text;
+    for (const std::string& line : lines_of(lines)) {
+        if (!text.empty()) text += ' ';
+        text += without_outer_blanks(line);
+    }
+    return text;
+}
+
 bool same_name(std::string_view a, std::string_view b) {
     const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c; };
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),

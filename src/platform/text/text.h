@@ -64,6 +64,9 @@ struct Reason {
 /// A wording without the blanks around it, which have no place in plain text.
 [[nodiscard]] std::string without_outer_blanks(std::string_view text);
 
+/// The lines of a text as one, parted by single blanks.
+[[nodiscard]] std::string in_one_line(std::string_view lines);
+
 /// Whether two names are one, without regard to the case of ASCII letters.
 [[nodiscard]] bool same_name(std::string_view a, std::string_view b);
 

@@ -25,15 +25,6 @@ std::optional<Box> S_Eingabepruefung_steady(const CalcCase& c, LangId lang) {
 
 namespace {
 
-std::string in_one_line(std::string_view lines) {
-    std::string text;
-    for (const std::string& line : lines_of(lines)) {
-        if (!text.empty()) text += ' ';
-        text += without_outer_blanks(line);
-    }
-    return text;
-}
-
 CalcCase with_only(const CalcCase& c, Method method) {
     CalcCase alone = c;
     static_cast<MethodSelection&>(alone) = MethodSelection{};

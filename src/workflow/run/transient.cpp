@@ -1,6 +1,7 @@
 #include "workflow/run/transient.h"
 
 #include <algorithm>
+#include <array>
 
 #include "platform/text/number_text.h"
 #include "workflow/rules/steady_check.h"
@@ -22,6 +23,18 @@ double shown_current(const SteadyRunResult& steady, Method method) {
         return parse_number(shown, any_separator).value_or(0) / n;
     }
     return 0;
+}
+
+/// The method whose result a transient starts from: the last to run of those that found one.
+std::optional<Method> starting_method(const SteadyRunResult& steady) {
+    using Order = std::array<Method, 3>;
+    const Order last_first = steady.basis.current_given
+                                 ? Order{Method::TB601, Method::TBB, Method::TB207}
+                                 : Order{Method::TB207, Method::TBB, Method::TB601};
+    for (const Method method : last_first)
+        for (const MethodResult& line : steady.methods)
+            if (line.method == method && line.outcome.sound()) return method;
+    return std::nullopt;
 }
 
 constexpr BoxText no_method = {
@@ -137,7 +150,10 @@ TransientEnd run_rows(const CalcCase& c, const TransientBasis& basis, const Sess
 
 void take_over(TransientBasis& basis, const SteadyRunResult& steady, const CalcCase& c) {
     if (!steady.input_valid) return;
-    if (steady.transient_start) basis.start = steady.transient_start;
+    if (steady.transient_start) {
+        basis.start = steady.transient_start;
+        basis.start_method = starting_method(steady);
+    }
     basis.angle = steady.angle;
     if (steady.basis.current_given) {
         basis.Is_TB601 = basis.Is_TB207 = c.Stromstaerke_db.value;

@@ -22,6 +22,7 @@ namespace zel {
 struct TransientBasis {
     /// Of the last method that found one; a later run that finds none leaves it. Nothing before.
     std::optional<TransientStart> start;
+    std::optional<Method> start_method;
     double Is_TB601 = 0;  // A, steady current of one sub-conductor as the result page shows it;
     double Is_TB207 = 0;  // 0 where it shows no number. The second is that of TB 207 or TBB
     double angle = 0;     // degrees, the folded angle as the last run left it

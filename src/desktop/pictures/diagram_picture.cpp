@@ -1,4 +1,4 @@
-#include "desktop/diagrams/diagram_picture.h"
+#include "desktop/pictures/diagram_picture.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

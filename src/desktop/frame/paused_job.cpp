@@ -1,0 +1,44 @@
+#include "desktop/frame/paused_job.h"
+
+#include <utility>
+
+#include "desktop/frame/events.h"
+
+namespace zel {
+
+PausedJob::PausedJob(int pause_ms) {
+    pause_.setSingleShot(true);
+    pause_.setInterval(pause_ms);
+    on(&pause_, &QTimer::timeout, [this] { begin(); });
+}
+
+void PausedJob::start(Job::Work work, std::function<void()> found) {
+    cancel();
+    work_ = std::move(work);
+    found_ = std::move(found);
+    pause_.start();
+}
+
+void PausedJob::cancel() {
+    pause_.stop();
+    job_.reset();
+}
+
+void PausedJob::begin() {
+    // A call of a former job may come late: it then finds this one still at work, or ends it.
+    job_ = std::make_unique<Job>(std::move(work_), [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { guarded(*this, [this] { end(); }); }, Qt::QueuedConnection);
+    });
+    job_->begin();
+}
+
+void PausedJob::end() {
+    if (!job_ || !job_->ended()) return;
+    const std::unique_ptr<Job> job = std::move(job_);
+    const bool complete = !job->cancelled();
+    job->finish();
+    if (complete) found_();
+}
+
+}  // namespace zel
