@@ -205,4 +205,13 @@ std::vector<ComparedRow> changed_inputs(Runs runs, const Locale& locale) {
     return changed;
 }
 
+std::vector<std::string> changed_names(const CalcCase& run, const CalcCase& now,
+                                       const Locale& locale) {
+    const KeptRun kept[] = {{{}, run, {}}, {{}, now, {}}};
+    const KeptRun* const runs[] = {&kept[0], &kept[1]};
+    std::vector<std::string> names;
+    for (ComparedRow& row : changed_inputs(runs, locale)) names.push_back(std::move(row.label));
+    return names;
+}
+
 }  // namespace zel

@@ -55,6 +55,10 @@ enum class ComparedInputs : std::uint8_t {
 [[nodiscard]] std::vector<ComparedRow> changed_inputs(std::span<const KeptRun* const> runs,
                                                       const Locale& locale);
 
+/// The names of the inputs by which `now` differs from the case `run`, of those that are read.
+[[nodiscard]] std::vector<std::string> changed_names(const CalcCase& run, const CalcCase& now,
+                                                     const Locale& locale);
+
 /// As lines for a terminal or the clipboard; a star stands before what differs.
 [[nodiscard]] std::string comparison_text(const Comparison& comparison);
 

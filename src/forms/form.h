@@ -9,6 +9,7 @@
 #include "platform/message_box.h"
 #include "steady/case/field.h"
 #include "steady/case/method.h"
+#include "workflow/rules/rule_tables.h"
 
 // The inputs of a record as a person sees them: sections of rows, in the order in which they are
 // filled in. Windows and listings are made from these tables and ask the record behind them through
@@ -65,6 +66,14 @@ struct Refusal {
     bool text_stays = false;  // in the box, to be corrected; otherwise what is `shown` stands there
 };
 
+/// What a check refuses in a record as it is.
+struct Complaint {
+    const FieldInfo* field;  // by which it is met
+    int page;                // of the form, where that is
+    bool missing;            // nothing stands there; otherwise what does is wrong
+    Box box;                 // by which a run is refused
+};
+
 /// A record behind its form. It is read and changed through the rows of its own sections.
 class Record {
 public:
@@ -98,6 +107,12 @@ public:
     /// A key changed the text of the row's box, which is not yet entered.
     virtual void typed_into(const Row& /*row*/) {}
 
+    /// The limits of the numbers that the row takes; null where there are none.
+    [[nodiscard]] virtual const Limits* limits(const Row& /*row*/) const { return nullptr; }
+    /// What the checks before a run refuse, in their order, each field once: the first is what a
+    /// run is refused by.
+    [[nodiscard]] virtual std::vector<Complaint> complaints() const { return {}; }
+
     /// Whether number boxes take only keys that a number is made of.
     [[nodiscard]] virtual bool filters_keys() const { return false; }
     /// The control to which tab and return lead from `control` by a chain of the form; empty where
@@ -109,5 +124,11 @@ public:
 
 /// The row of `field`, or null where no section has one.
 [[nodiscard]] const Row* row_of(std::span<const Section> sections, const FieldInfo& field);
+
+/// Adds a complaint, unless there is one about its field.
+void add_once(std::vector<Complaint>& complaints, Complaint complaint);
+
+/// Whether there is no input: no text, no choice, nothing ticked.
+[[nodiscard]] bool is_empty(const FieldRef& field);
 
 }  // namespace zel::forms

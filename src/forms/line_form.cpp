@@ -7,6 +7,8 @@
 #include "platform/rounding.h"
 #include "tables_graphs/parameter_table.h"
 #include "workflow/rules/entry_rules.h"
+#include "workflow/rules/steady_check.h"
+#include "workflow/run/page_change.h"
 
 namespace zel::forms {
 namespace {
@@ -164,6 +166,27 @@ void LineForm::choose(const Row& row, int index) {
 
 void LineForm::typed_into(const Row& row) {
     if (const auto* number = member<Number>(row)) (c_.**number).assumed = false;
+}
+
+const Limits* LineForm::limits(const Row& row) const {
+    const auto* number = member<Number>(row);
+    return number == nullptr ? nullptr : limits_of(*number);
+}
+
+std::vector<Complaint> LineForm::complaints() const {
+    std::vector<Complaint> found;
+    for (const steady_check::Check* check : steady_check::all_refusals(c_)) {
+        const CaseField& field = field_of(check->rule.place);
+        const auto on_field = [&](const Section& section) {
+            return std::any_of(section.rows.begin(), section.rows.end(),
+                               [&](const Row& row) { return row.field == &field; });
+        };
+        const auto sections = line_sections();
+        const auto section = std::find_if(sections.begin(), sections.end(), on_field);
+        add_once(found, {&field, section == sections.end() ? input_page : section->page,
+                         is_empty(field.of(c_)), check->box(locale_.lang)});
+    }
+    return found;
 }
 
 std::string_view LineForm::next_control(std::string_view control) const {

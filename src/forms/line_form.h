@@ -38,6 +38,9 @@ public:
     void choose(const Row& row, int index) override;
     /// What is typed is no longer assumed, even where it stays the same.
     void typed_into(const Row& row) override;
+    [[nodiscard]] const Limits* limits(const Row& row) const override;
+    /// The choice of methods and that of the mode, which no row holds, stand on the first page.
+    [[nodiscard]] std::vector<Complaint> complaints() const override;
     [[nodiscard]] bool filters_keys() const override { return true; }
     [[nodiscard]] std::string_view next_control(std::string_view control) const override;
 

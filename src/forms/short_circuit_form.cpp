@@ -1,5 +1,6 @@
 #include "forms/short_circuit_form.h"
 
+#include "short_circuit/input_check.h"
 #include "short_circuit/short_circuit_fields.h"
 
 namespace zel::forms {
@@ -72,6 +73,21 @@ void ShortCircuitRecord::choose(const Row& row, int index) {
 
 void ShortCircuitRecord::typed_into(const Row& row) {
     if (const auto* box = std::get_if<NumberKey>(&key(row))) form_.typed_into(*box);
+}
+
+const Limits* ShortCircuitRecord::limits(const Row& row) const {
+    const auto* box = std::get_if<NumberKey>(&key(row));
+    return box == nullptr ? nullptr : &limits_of(*box);
+}
+
+std::vector<Complaint> ShortCircuitRecord::complaints() const {
+    std::vector<Complaint> found;
+    ShortCircuitCase c = form_.content();
+    for (ShortCircuitRefusal& refusal : all_refusals(c)) {
+        const ShortCircuitField& field = field_of(refusal.focus);
+        add_once(found, {&field, refusal.page, is_empty(field.of(c)), std::move(refusal.box)});
+    }
+    return found;
 }
 
 }  // namespace zel::forms

@@ -27,6 +27,9 @@ public:
     std::optional<Refusal> enter(const Row& row, std::string_view text) override;
     void choose(const Row& row, int index) override;
     void typed_into(const Row& row) override;
+    [[nodiscard]] const Limits* limits(const Row& row) const override;
+    /// The boxes are German in every language.
+    [[nodiscard]] std::vector<Complaint> complaints() const override;
 
 private:
     [[nodiscard]] std::string plain_text(const Row& row) const;

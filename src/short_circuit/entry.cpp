@@ -84,12 +84,6 @@ constexpr BoxLimits rules[] = {
     {&C::Dichte_rho, &density},
 };
 
-Limits limits_of(NumberKey box) {
-    const auto* const rule = std::find_if(std::begin(rules), std::end(rules),
-                                          [&](const BoxLimits& r) { return r.box == box; });
-    return rule == std::end(rules) ? Limits{} : *rule->limits;
-}
-
 std::optional<NumberRefusal> refusal(std::optional<float> number, const Limits& limits,
                                      LangId lang) {
     const Text* told = number ? limits.broken_by(static_cast<double>(*number)) : nullptr;
@@ -99,6 +93,13 @@ std::optional<NumberRefusal> refusal(std::optional<float> number, const Limits& 
 }
 
 }  // namespace
+
+const Limits& limits_of(NumberKey box) {
+    static constexpr Limits any_number;
+    const auto* const rule = std::find_if(std::begin(rules), std::end(rules),
+                                          [&](const BoxLimits& r) { return r.box == box; });
+    return rule == std::end(rules) ? any_number : *rule->limits;
+}
 
 std::optional<NumberRefusal> enter(Entry& field, NumberKey box, std::string_view text,
                                    const Locale& locale) {

@@ -6,6 +6,7 @@
 #include "platform/message_box.h"
 #include "platform/text/locale.h"
 #include "short_circuit/short_circuit_case.h"
+#include "workflow/rules/rule_tables.h"
 
 namespace zel {
 
@@ -21,5 +22,8 @@ struct NumberRefusal {
 /// the number. Limits are inclusive and compared at 32 bits.
 std::optional<NumberRefusal> enter(Entry& field, NumberKey box, std::string_view text,
                                    const Locale& locale);
+
+/// The limits of `box`.
+[[nodiscard]] const Limits& limits_of(NumberKey box);
 
 }  // namespace zel

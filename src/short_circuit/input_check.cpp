@@ -160,4 +160,13 @@ std::optional<ShortCircuitRefusal> first_refusal(const ShortCircuitCase& c) {
     return refusal_by(entry_checks, c);
 }
 
+std::vector<ShortCircuitRefusal> all_refusals(const ShortCircuitCase& c) {
+    std::vector<ShortCircuitRefusal> refusals;
+    for (const ShortCircuitCheck& check : entry_checks)
+        if (check.refuses(c)) refusals.push_back({check.rule.place, check.box(LangId::German)});
+    if (!refusals.empty()) return refusals;
+    if (auto refusal = arithmetic_refusal(c)) refusals.push_back(*std::move(refusal));
+    return refusals;
+}
+
 }  // namespace zel

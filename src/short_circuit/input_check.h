@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "platform/message_box.h"
 #include "short_circuit/short_circuit_case.h"
@@ -44,5 +45,9 @@ using ShortCircuitCheck = Check<ShortCircuitCase, InputPlace>;
 ///
 /// A negative section meets none, but it would withstand everything, and is refused too.
 [[nodiscard]] std::optional<ShortCircuitRefusal> arithmetic_refusal(const ShortCircuitCase& c);
+
+/// All checks of the gate that refuse `c`, in their order; where none does, what the calculation
+/// cannot do.
+[[nodiscard]] std::vector<ShortCircuitRefusal> all_refusals(const ShortCircuitCase& c);
 
 }  // namespace zel

@@ -53,6 +53,22 @@ TEST_F(QtDialogsTest, question_shows_plain_lines_with_no_as_default) {
     EXPECT_EQ(answer, Answer::Yes);
 }
 
+TEST_F(QtDialogsTest, rest_of_a_chain_can_be_left_by_one_key) {
+    const auto left = [this](int key) {
+        QTimer::singleShot(0, [key] {
+            auto& window = *qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            EXPECT_EQ(window.defaultButton(), window.button(QMessageBox::Ok));
+            const auto rest = window.buttons().back();
+            EXPECT_EQ(rest->text(), "&Rest in die Liste");
+            key == Qt::Key_R ? rest->click() : press(window, key);
+        });
+        return dialogs.show_before_others({Icon::Warning, "VOR", {"Eins"}});
+    };
+    EXPECT_TRUE(left(Qt::Key_R));
+    EXPECT_FALSE(left(Qt::Key_Return));
+    EXPECT_FALSE(left(Qt::Key_Escape));
+}
+
 TEST_F(QtDialogsTest, no_and_escape_answer_no) {
     EXPECT_EQ(show(question, [](QMessageBox& w) { w.button(QMessageBox::No)->click(); }),
               Answer::No);

@@ -255,6 +255,8 @@ private:
                 key(widget(step[i]), step[1]);
                 EXPECT_TRUE(widget(step[i + 1]).hasFocus()) << step[i];
             }
+        else if (verb == "leaves_chains")
+            dialogs.leaves_chains = true;
         else if (verb == "launcher_works")
             launcher.works = step.at(1);
         else if (verb == "close")
@@ -491,8 +493,9 @@ private:
 };
 
 const bool registered = [] {
-    for (const char* area : {"form1", "case_files", "keys", "parameter_table", "transient_page",
-                             "ks_form1", "conductors", "settings", "databases", "measuring"})
+    for (const char* area :
+         {"form1", "case_files", "keys", "parameter_table", "transient_page", "ks_form1",
+          "conductors", "settings", "databases", "measuring", "messages"})
         for (const json& script : test_data(std::string("windows/") + area))
             testing::RegisterTest(area, script.at("name").get<std::string>().c_str(), nullptr,
                                   nullptr, __FILE__, __LINE__,

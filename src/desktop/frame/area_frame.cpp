@@ -3,10 +3,12 @@
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
 #include <utility>
@@ -14,6 +16,8 @@
 #include "desktop/frame/edit_actions.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/language_menu.h"
+#include "desktop/frame/message_strip.h"
+#include "messages/message_texts.h"
 
 namespace zel {
 namespace {
@@ -40,6 +44,32 @@ void AreaPage::set_content(QWidget* content) {
     setWidget(content);
 }
 
+void AreaPage::put_above(QScrollArea* widget) {
+    above_ = widget;
+    widget->setParent(this);
+    widget->hide();
+}
+
+void AreaPage::show_above(bool shown) {
+    above_->setVisible(shown);
+    place_above();
+}
+
+void AreaPage::place_above() {
+    if (above_ == nullptr) return;
+    constexpr int most = 2;                // the page keeps one part of so many
+    const int room = viewport()->width();  // beside the bar, which is as high as page and widget
+    const int wanted = above_->isHidden() ? 0 : above_->heightForWidth(room);
+    const QMargins margins(0, std::min(wanted, height() / most), 0, 0);
+    above_->setGeometry(0, 0, room, margins.top());
+    if (viewportMargins() != margins) setViewportMargins(margins);
+}
+
+void AreaPage::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    place_above();
+}
+
 AreaFrame::AreaFrame(const AreaFacts& facts, const AreaParts& parts,
                      std::unique_ptr<DocumentRecord> record, std::string path)
     : facts_(facts),
@@ -51,7 +81,8 @@ AreaFrame::AreaFrame(const AreaFacts& facts, const AreaParts& parts,
       errors_(parts.errors),
       printing_(parts.printing),
       recent_(parts.recent),
-      strip_(new QTabWidget) {
+      strip_(new QTabWidget),
+      messages_(parts.session) {
     setObjectName(facts.form);
     strip_->setObjectName("SSTab1");
     captions_.computed([this](LangId) { tell_title(); });
@@ -105,6 +136,22 @@ void AreaFrame::add_edit_menu() {
     copy_ = add_action(*edit, copy_row);
     copy_->setEnabled(false);
     add_action(*edit, calculate_row);
+    add_message_actions(*edit);
+}
+
+void AreaFrame::add_message_actions(QMenu& edit) {
+    using namespace message_texts;
+    edit.addSeparator();
+    next_message_ = captions_.text(edit.addAction(QString()), next_message);
+    next_message_->setObjectName("next_message");
+    next_message_->setShortcut(QKeySequence("F6"));
+    on(next_message_, &QAction::triggered, [this] { message_strip_->focus_next(); });
+    put_back_ = captions_.text(edit.addAction(QString()), put_back_text);
+    put_back_->setObjectName("put_back");
+    put_back_->setShortcut(QKeySequence("F8"));
+    on(put_back_, &QAction::triggered, [this] {
+        if (const AreaMessage* message = message_strip_->to_put_back()) put_back(*message);
+    });
 }
 
 QAction* AreaFrame::add_action(QMenu& menu, const MenuRow& row) {
@@ -118,13 +165,40 @@ QAction* AreaFrame::add_action(QMenu& menu, const MenuRow& row) {
 void AreaFrame::add_page(AreaPage* page, const Text& caption) {
     const int index = strip_->addTab(page, QString());
     pages_.push_back(page);
-    captions_.computed([this, index, caption](LangId lang) {
-        strip_->setTabText(index, qt(caption, lang).trimmed());
-    });
+    page_captions_.push_back(caption);
+    captions_.computed([this, index](LangId) { show_tab(index); });
 }
 
-void AreaFrame::finish() {
+/// Needed and wrong inputs are counted apart.
+void AreaFrame::show_tab(int page) {
+    using namespace message_texts;
+    const LangId lang = session_.lang;
+    const QString caption = qt(page_captions_[static_cast<std::size_t>(page)], lang).trimmed();
+    const MarkCount count = messages_.count(page);
+    QString text = caption;
+    QStringList words;
+    const auto add = [&](int number, std::string_view sign, const Text& word) {
+        if (number == 0) return;
+        text += QString("  %1%2").arg(qt(sign)).arg(number);
+        words << qt(fill(word.in(lang), {std::to_string(number)}));
+    };
+    add(count.needed, needed_sign, needed_count);
+    add(count.wrong, wrong_sign, wrong_count);
+    if (strip_->tabText(page) != text) strip_->setTabText(page, text);
+    strip_->setTabToolTip(page, words.join(", "));
+    strip_->tabBar()->setAccessibleTabName(
+        page, words.isEmpty() ? QString() : QString(caption).remove('&') + ", " + words.join(", "));
+}
+
+void AreaFrame::finish(AreaPage& results, const forms::Record& record) {
     setCentralWidget(strip_);
+    message_strip_ = new MessageStrip({*strip_, results, messages_, session_,
+                                       [this](const FieldInfo& field) { go_to(field); },
+                                       [this](const AreaMessage& message) { put_back(message); },
+                                       put_back_->shortcut().toString(QKeySequence::NativeText)});
+    messages_.changed = [this] { show_messages(); };
+    captions_.computed([this](LangId) { messages_.inputs_changed(); });
+    messages_.watch(record);
     on(strip_, &QTabWidget::currentChanged, [this](int to) { page_changed(to); });
     captions_.computed([this](LangId) { show_print_caption(); });
     pages_.front()->focus_first();
@@ -139,6 +213,35 @@ void AreaFrame::tell_title() {
     setWindowTitle(qt(name.empty() ? no_name.in(lang) : name) + "[*] - " +
                    qt(facts_.short_name, lang) + " - " + qt(facts_.title, lang));
     show_modified();
+}
+
+void AreaFrame::show_messages() {
+    for (int page = 0; page < static_cast<int>(pages_.size()); ++page) {
+        show_tab(page);
+        pages_[static_cast<std::size_t>(page)]->show_marks();
+    }
+    message_strip_->show_lines();
+    put_back_->setEnabled(message_strip_->to_put_back() != nullptr);
+}
+
+void AreaFrame::go_to(const FieldInfo& field) {
+    for (int page = 0; page < static_cast<int>(pages_.size()); ++page) {
+        QWidget* input = pages_[static_cast<std::size_t>(page)]->input(field);
+        if (input == nullptr) continue;
+        strip_->setCurrentIndex(page);
+        if (strip_->currentIndex() != page) return;
+        input->setFocus(Qt::ShortcutFocusReason);
+        if (auto* box = qobject_cast<QLineEdit*>(input)) box->selectAll();
+        return;
+    }
+}
+
+/// The line that it comes from may go meanwhile.
+void AreaFrame::put_back(AreaMessage message) {
+    go_to(*message.field);
+    // As if it were typed; the box can undo it.
+    if (auto* box = qobject_cast<QLineEdit*>(focusWidget()); box != nullptr && box->hasFocus())
+        box->insert(qt(message.put_back));
 }
 
 void AreaFrame::show_modified() {
@@ -175,6 +278,7 @@ void AreaFrame::show_page(int page) {
     page_ = page;
     strip_->setCurrentIndex(page);
     show_print_caption();
+    if (message_strip_ != nullptr) show_messages();
 }
 
 void AreaFrame::start_anew() {
@@ -232,6 +336,7 @@ void AreaFrame::show_new_case() {
     show_page(0);
     allow_output(false);
     forget_results();
+    messages_.forget();
     load();
     pages_.front()->focus_first();
     tell_title();

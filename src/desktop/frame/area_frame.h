@@ -13,12 +13,15 @@
 #include "desktop/frame/inputs.h"
 #include "desktop/frame/print_source.h"
 #include "desktop/frame/recent_menu.h"
+#include "messages/area_messages.h"
 
 class QMenu;
 class QPushButton;
 class QTabWidget;
 
 namespace zel {
+
+class MessageStrip;
 
 /// A page of an area, which scrolls where the window is too small for it. Most pages only show.
 class AreaPage : public QScrollArea {
@@ -34,10 +37,24 @@ public:
     /// Whether there is any.
     [[nodiscard]] virtual bool is_unfinished() const { return false; }
     virtual void focus_first() {}
+    /// The input of `field`, or null.
+    [[nodiscard]] virtual QWidget* input(const FieldInfo& /*field*/) const { return nullptr; }
+    /// Shows which inputs are needed or wrong.
+    virtual void show_marks() {}
+
+    /// Puts a widget above the page, which has room there only as long as it is shown.
+    void put_above(QScrollArea* widget);
+    void show_above(bool shown);
 
 protected:
     /// Shows `content`, no wider than is good for reading.
     void set_content(QWidget* content);
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void place_above();
+
+    QScrollArea* above_ = nullptr;
 };
 
 /// What tells one area from another.
@@ -103,8 +120,9 @@ protected:
               std::unique_ptr<DocumentRecord> record, std::string path);
 
     void add_page(AreaPage* page, const Text& caption);
-    /// To be called once all pages are there.
-    void finish();
+    /// To be called once all pages are there. Messages stand on the page of `results`, and beside
+    /// the tabs; they mark the inputs of `record`.
+    void finish(AreaPage& results, const forms::Record& record);
 
     /// Goes to another page after the present one could be left; it calls `show_page`.
     virtual void turn_to(int page) { show_page(page); }
@@ -138,6 +156,9 @@ protected:
     void refused(QWidget* input) { refused_.to(input); }
     /// Also what is typed but not yet finished is a change.
     void show_modified();
+    [[nodiscard]] AreaMessages& messages() { return messages_; }
+    /// Goes to the page of `field`, and to its input.
+    void go_to(const FieldInfo& field);
     [[nodiscard]] const Session& session() const { return session_; }
     [[nodiscard]] Captions& captions() const { return captions_; }
     [[nodiscard]] ErrorHandling& errors() const { return errors_; }
@@ -147,6 +168,10 @@ private:
     struct MenuRow;
 
     void make_menus();
+    void add_message_actions(QMenu& edit);
+    void show_messages();
+    void show_tab(int page);
+    void put_back(AreaMessage message);
     QAction* add_action(QMenu& menu, const MenuRow& row);
     void tell_title();
     void page_changed(int to);
@@ -179,6 +204,11 @@ private:
     std::vector<AreaPage*> pages_;
     int page_ = 0;  // the page that was left, at a change
     FocusReturn refused_;
+    AreaMessages messages_;
+    std::vector<Text> page_captions_;
+    QAction* next_message_ = nullptr;
+    QAction* put_back_ = nullptr;
+    MessageStrip* message_strip_ = nullptr;
 };
 
 }  // namespace zel

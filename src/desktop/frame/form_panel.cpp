@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "desktop/frame/events.h"
+#include "desktop/frame/field_mark.h"
 #include "desktop/frame/inputs.h"
 
 namespace zel {
@@ -79,6 +80,7 @@ void FormPanel::add_row(const Row& row, bool new_line, int column) {
         field.shown->setTextInteractionFlags(Qt::TextSelectableByMouse);
     else
         field.label->setBuddy(content);
+    if (parts_.messages != nullptr && field.shown == nullptr) field.mark = new FieldMark(*content);
     const bool wide = field.edit == nullptr || row.is_free_text() || !has_units(section_);
     if (row.caption_above) {
         grid_->addWidget(field.label, line, column, 1, 3);
@@ -124,6 +126,7 @@ QLineEdit* FormPanel::make_edit(std::size_t index) {
     on(edit, &QLineEdit::textEdited, [this, index] {
         parts_.record.typed_into(*fields_[index].row);
         (void)show_state(fields_[index]);
+        tell_typing(fields_[index]);
         parts_.typed();
     });
     if (row.is_free_text()) return edit;
@@ -143,6 +146,7 @@ QComboBox* FormPanel::make_list(const Row& row) {
     if (parts_.look.return_leaves_lists) list->installEventFilter(new FocusChain(list));
     on(list, &QComboBox::activated, [this, &row](int index) {
         parts_.record.choose(row, index);
+        if (parts_.messages != nullptr) parts_.messages->entered(*row.field);
         parts_.changed();
     });
     return list;
@@ -179,6 +183,13 @@ void FormPanel::name_choices(const Field& field) const {
     field.list->setCurrentIndex(parts_.record.chosen(*field.row));
 }
 
+/// A text that is again what it was is not being typed.
+void FormPanel::tell_typing(const Field& field) const {
+    if (parts_.messages == nullptr) return;
+    const QString text = field.edit->text();
+    parts_.messages->typing(*field.row->field, !text.isEmpty() && text != qt(field.seen));
+}
+
 void FormPanel::take_in(Field& field) {
     const std::string typed = field.edit->text().toStdString();
     if (typed == field.seen) return;
@@ -186,6 +197,9 @@ void FormPanel::take_in(Field& field) {
     field.kept = parts_.record.shown(*field.row);
     field.seen = refusal && refusal->text_stays ? typed : field.kept;
     show_in(*field.edit, field.seen);
+    if (parts_.messages != nullptr)
+        refusal ? parts_.messages->refused(*field.row, typed, refusal->text_stays)
+                : parts_.messages->entered(*field.row->field);
     parts_.changed();
     if (!refusal) return;
     parts_.session.tell(refusal->box);
@@ -213,6 +227,12 @@ void FormPanel::load(bool anew) {
 
 void FormPanel::show_states() {
     for (const Field& field : fields_) (void)show_state(field);
+}
+
+void FormPanel::show_marks() {
+    for (const Field& field : fields_)
+        if (field.mark != nullptr)
+            field.mark->show_mark(parts_.messages->mark(*field.row->field), parts_.session.lang);
 }
 
 void FormPanel::show_labels() {

@@ -7,6 +7,7 @@
 
 #include "desktop/frame/captions.h"
 #include "forms/form.h"
+#include "messages/area_messages.h"
 #include "shell/session.h"
 
 class QComboBox;
@@ -15,6 +16,8 @@ class QLabel;
 class QLineEdit;
 
 namespace zel {
+
+class FieldMark;
 
 /// What the panels of one area have in common that those of another have not.
 struct FormLook {
@@ -35,6 +38,7 @@ struct FormParts {
     std::function<void()> changed;          // called when the record has changed
     FormLook look{};
     std::function<void()> typed = [] {};  // called at each key that changes a text
+    AreaMessages* messages = nullptr;     // of the area; without it no input bears a mark
 };
 
 /// A section of a form as a framed group: label, input and unit of each row in an aligned grid.
@@ -52,6 +56,8 @@ public:
     void load_anew() { load(true); }
     /// Shows which inputs are open and which are needed.
     void show_states();
+    /// Shows which inputs are needed or wrong.
+    void show_marks();
     /// What an input is called may hang on others.
     void show_labels();
     /// Takes in what is typed but not yet finished.
@@ -89,8 +95,9 @@ private:
         QComboBox* list = nullptr;  // or this
         QLabel* shown = nullptr;    // or this, of what is not typed
         QWidget* unit = nullptr;    // or what stands in its place
-        std::string seen{};         // the text of the box when it was taken in or shown
-        std::string kept{};         // what the record made of it
+        FieldMark* mark = nullptr;
+        std::string seen{};  // the text of the box when it was taken in or shown
+        std::string kept{};  // what the record made of it
 
         [[nodiscard]] QWidget* input() const;
     };
@@ -108,6 +115,7 @@ private:
     void show_beside(const Field& field, bool assumed) const;
     void load(bool anew);
     void load(Field& field, bool anew);
+    void tell_typing(const Field& field) const;
     void take_in(Field& field);
 
     const forms::Section& section_;

@@ -72,6 +72,10 @@ bool InputPage::is_unfinished() const {
                        [](const FormPanel* panel) { return panel->is_unfinished(); });
 }
 
+void InputPage::show_marks() {
+    for (FormPanel* panel : panels_) panel->show_marks();
+}
+
 std::vector<forms::PendingText> InputPage::pending() const {
     std::vector<forms::PendingText> texts;
     for (const FormPanel* panel : panels_)

@@ -23,8 +23,8 @@ public:
     /// Shows which inputs are open and which are needed.
     void show_states();
     void show_labels();
-    /// The input of `field`, or null.
-    [[nodiscard]] QWidget* input(const FieldInfo& field) const;
+    [[nodiscard]] QWidget* input(const FieldInfo& field) const override;
+    void show_marks() override;
 
 protected:
     /// The panels by the order of the sections.

@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "desktop/frame/widgets.h"
+#include "messages/message_texts.h"
 
 namespace zel {
 namespace {
@@ -61,16 +62,20 @@ Answer asked_to_save(QMessageBox& window, LangId lang) {
     }
 }
 
-}  // namespace
-
-Answer QtDialogs::show(const Box& box) {
-    const LangId lang = lang_ != nullptr ? *lang_ : LangId::English;
-    QMessageBox window(QApplication::activeWindow());
+void fill_in(QMessageBox& window, const Box& box) {
     window.setIcon(qt_icon(box.icon));
     window.setWindowTitle(qt(box.title));
     window.setTextFormat(Qt::PlainText);
     window.setText(qt(joined(box.lines, "\n")));
     widen(window);
+}
+
+}  // namespace
+
+Answer QtDialogs::show(const Box& box) {
+    const LangId lang = lang_ != nullptr ? *lang_ : LangId::English;
+    QMessageBox window(QApplication::activeWindow());
+    fill_in(window, box);
     if (box.buttons == Buttons::Ok) {
         window.addButton(QMessageBox::Ok)->setText(qt(ok_caption, lang));
         window.exec();
@@ -82,6 +87,20 @@ Answer QtDialogs::show(const Box& box) {
     window.setDefaultButton(QMessageBox::No);
     window.setEscapeButton(QMessageBox::No);
     return window.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+bool QtDialogs::show_before_others(const Box& box) {
+    const LangId lang = lang_ != nullptr ? *lang_ : LangId::English;
+    QMessageBox window(QApplication::activeWindow());
+    fill_in(window, box);
+    QPushButton* ok = window.addButton(QMessageBox::Ok);
+    ok->setText(qt(ok_caption, lang));
+    const QPushButton* rest =
+        window.addButton(qt(message_texts::rest_in_list, lang), QMessageBox::ActionRole);
+    window.setDefaultButton(ok);
+    window.setEscapeButton(ok);
+    window.exec();
+    return window.clickedButton() == rest;
 }
 
 bool QtLauncher::open_document(const std::string& path) {

@@ -5,6 +5,7 @@
 #include <QTime>
 #include <utility>
 
+#include "compare/comparison.h"
 #include "desktop/frame/events.h"
 #include "desktop/line/form1_input_pages.h"
 #include "desktop/line/form1_result_page.h"
@@ -16,6 +17,7 @@
 #include "desktop/pictures/compare_panel.h"
 #include "desktop/pictures/side_dock.h"
 #include "measuring/measuring_table.h"
+#include "messages/box_chain.h"
 #include "persistence/case_file.h"
 #include "platform/errors.h"
 #include "shell/program_texts.h"
@@ -58,6 +60,7 @@ Form1::Form1(Form1Parts parts)
     const auto typed = [this] { this->typed(); };
     FormParts form = {form_, session(), captions(), refuse, [this] { line_.changed(); }};
     form.typed = typed;
+    form.messages = &messages();
     FormParts conductor_form = form;
     conductor_form.look.row_gap = 6;
     general_ = new GeneralPage(form, line_, settings_);
@@ -85,7 +88,11 @@ Form1::Form1(Form1Parts parts)
     result_->table().draw = [this] { steady_diagram_->open(); };
     transient_->draw = [this] { transient_diagram_->open(); };
     transient_->calculated = [this] { allow_output_of_page(); };
-    finish();
+    messages().changed_inputs = [this] {
+        return shown_run_ ? changed_names(run_case_, line_.c, session())
+                          : std::vector<std::string>();
+    };
+    finish(*result_, form_);
     add_docks(parts);
 }
 
@@ -117,6 +124,7 @@ void Form1::add_docks(const Form1Parts& parts) {
 void Form1::open_run(const KeptRun& run) {
     if (!commit() || !may_be_replaced()) return;
     line_.c = run.c;
+    messages().forget();
     load();
     line_.changed();
     strip().setCurrentIndex(input_page);
@@ -129,6 +137,7 @@ void Form1::tell_result_anew() {
     if (!shown_run_) return;
     write_texts(*shown_run_, session());
     result_->show_run(*shown_run_);
+    if (!shown_run_is_stale_) messages().renew_notes(shown_run_->notes);
     if (shown_run_is_stale_) result_->show_nothing_new();
 }
 
@@ -156,6 +165,7 @@ void Form1::case_changed() {
     transient_diagram_->inputs_changed();
     show_print_caption();
     show_modified();
+    messages().inputs_changed();
 }
 
 /// The pages of results have their own.
@@ -224,23 +234,34 @@ void Form1::turn_to(int to) {
 
 /// False where the input was refused.
 bool Form1::run() {
-    const SteadyRunResult result = RunSteady(line_.c, session());
+    BoxChain boxes(session().dialogs);
+    SteadyRunResult result;
+    boxes.collect([&] { RunSteady(line_.c, session().apart(boxes, session().memory), result); });
+    boxes.show_waiting(!result.advice.empty());
     shown_run_is_stale_ = !result.input_valid;
     if (!result.input_valid) {
         result_->show_nothing_new();
+        messages().run_refused(result.refusal);
         return false;
     }
+    show_result(result);
+    for (const Box& box : result.advice) (void)boxes.show(box);
+    boxes.show_waiting(false);
+    messages().run_done(boxes.told(), result.notes);
+    return true;
+}
+
+void Form1::show_result(SteadyRunResult result) {
     result_->show_run(result);
-    shown_run_ = result;
     if (result.may_save) databases().allow_saving(true);
     line_.transient.keep(result, line_.c);
     const KeptRun kept = {QTime::currentTime().toString("HH:mm:ss").toStdString(), line_.c, result};
     pictures_->show_run(kept);
     comparison_->keep(kept);
+    shown_run_ = std::move(result);
+    run_case_ = line_.c;
     load();  // the run reconciles the currents of sub-conductor and bundle
     strip().setTabEnabled(transient_page, true);
-    for (const Box& box : result.advice) session().tell(box);
-    return true;
 }
 
 /// Results and an opened transient belong to the former case.

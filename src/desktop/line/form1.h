@@ -69,6 +69,7 @@ private:
     void take_over_conductor();
     void case_changed();
     bool run();
+    void show_result(SteadyRunResult result);
     void tell_result_anew();
     void allow_output_of_page();
     void follow_page();
@@ -91,6 +92,7 @@ private:
     SideDock* live_dock_ = nullptr;
     ComparePanel* comparison_ = nullptr;
     std::optional<SteadyRunResult> shown_run_;  // the last valid run
+    CalcCase run_case_;                         // its inputs
     bool shown_run_is_stale_ = false;           // a refused run came after it
     int sharing_;                               // sub-conductors that share the typed currents
 };

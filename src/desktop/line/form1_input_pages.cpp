@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/frame/events.h"
+#include "desktop/frame/field_mark.h"
 #include "desktop/line/frm_emissivity.h"
 #include "forms/given_value.h"
 #include "forms/line_form.h"
@@ -34,6 +35,10 @@ constexpr Text take_over_hint = {"Den dort ausgewählten Leiter übernehmen",
 constexpr Text not_available = {"Dieses Verfahren ist in dieser Version nicht verfügbar.",
                                 "This method is not available in this version."};
 
+// What a check tells that is met by a choice without a row.
+const FieldInfo& mode_field() { return field_of(&CalcCase::Leitertemp_Merker_db); }
+const FieldInfo& methods_field() { return field_of(flag_of(all_methods.front())); }
+
 }  // namespace
 
 GeneralPage::GeneralPage(const FormParts& parts, LineCase& line, const LiveSettings& settings)
@@ -41,7 +46,8 @@ GeneralPage::GeneralPage(const FormParts& parts, LineCase& line, const LiveSetti
       line_(line),
       settings_(settings),
       mode_(make_mode_list()),
-      keep_(parts.captions.text(new QPushButton, keep_caption)) {
+      keep_(parts.captions.text(new QPushButton, keep_caption)),
+      mode_mark_(new FieldMark(*mode_)) {
     keep_->setObjectName("Command2");
     enum { project, geography, date, surroundings, overhead_line, given, measured };
     QToolButton* age_button = make_age_button();
@@ -111,6 +117,7 @@ void GeneralPage::ask_age() {
 QGroupBox* GeneralPage::make_methods() {
     Captions& captions = parts().captions;
     auto* group = captions.title(new QGroupBox, methods_caption);
+    group->setObjectName("methods");
     auto* layout = new QHBoxLayout(inside_of(*group));
     for (const forms::MethodRow& row : forms::method_rows()) {
         auto* box = captions.text(new QCheckBox, row.label);
@@ -127,7 +134,22 @@ QGroupBox* GeneralPage::make_methods() {
         method_boxes_.push_back(box);
     }
     layout->addStretch();
+    methods_mark_ = new FieldMark(*group);
     return group;
+}
+
+QWidget* GeneralPage::input(const FieldInfo& field) const {
+    if (&field == &mode_field()) return mode_;
+    if (&field == &methods_field()) return method_boxes_.front();
+    return InputPage::input(field);
+}
+
+void GeneralPage::show_marks() {
+    InputPage::show_marks();
+    const AreaMessages& messages = *parts().messages;
+    const LangId lang = parts().session.lang;
+    mode_mark_->show_mark(messages.mark(mode_field()), lang);
+    methods_mark_->show_mark(messages.mark(methods_field()), lang);
 }
 
 void GeneralPage::show_measured() { measured_->setVisible(settings_.now().Mess_merker != 0); }

@@ -11,6 +11,8 @@ class QToolButton;
 
 namespace zel {
 
+class FieldMark;
+
 /// Page 0: project, geography, surroundings, line, what is given, and the methods.
 class GeneralPage : public InputPage {
 public:
@@ -18,6 +20,9 @@ public:
 
     void load() override;
     void load_anew() override;
+    /// Also the list of the mode, and the choice of methods.
+    [[nodiscard]] QWidget* input(const FieldInfo& field) const override;
+    void show_marks() override;
     /// The button that adds the case to the table at hand.
     [[nodiscard]] QPushButton& Command2() { return *keep_; }
     /// Shows the fields of measured values where the settings want them.
@@ -36,6 +41,8 @@ private:
     QComboBox* mode_;
     QPushButton* keep_;
     std::vector<QCheckBox*> method_boxes_;
+    FieldMark* mode_mark_;
+    FieldMark* methods_mark_ = nullptr;
 };
 
 /// Page 1: the conductor. `Command3` opens the conductor database, `Command4` takes over what was

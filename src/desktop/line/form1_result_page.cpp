@@ -38,7 +38,6 @@ QString named(const char* prefix, Method method) { return prefix + qt(key_of(met
 ResultPage::ResultPage(const TablePanel::Parts& parts)
     : head_line_(make_label("head_line", 1.25, true)),
       methods_line_(make_label("methods_line")),
-      notes_(new QVBoxLayout),
       balance_(make_label("balance_line")),
       angle_(make_label("angle")),
       wind_(make_label("perpendicular_wind")),
@@ -52,7 +51,6 @@ ResultPage::ResultPage(const TablePanel::Parts& parts)
     auto* results = new QVBoxLayout;
     results->setSpacing(14);
     results->addWidget(captions.title(make_results(), results_caption));
-    results->addLayout(notes_);  // right below the results
     results->addWidget(tb601_group_);
     results->addWidget(make_wind(captions));
     print_->setObjectName("print_steady");
@@ -171,17 +169,6 @@ void ResultPage::show_run(const SteadyRunResult& run) {
     balance_group_->setVisible(!run.balance_lines.empty());
     angle_->setText(qt(run.angle_text));
     wind_->setText(qt(run.perpendicular_wind_text));
-    show_notes(run.notes);
-}
-
-void ResultPage::show_notes(const std::vector<Note>& notes) {
-    while (note_lines_.size() < notes.size()) {
-        const QString name = QString("note(%1)").arg(note_lines_.size());
-        note_lines_.push_back(new NoteLine(NoteLine::Sign::Note, name));
-        notes_->addWidget(note_lines_.back());
-    }
-    for (std::size_t i = 0; i < note_lines_.size(); ++i)
-        note_lines_[i]->tell(i < notes.size() ? std::string_view(notes[i].text) : "");
 }
 
 void ResultPage::show_nothing_new() {

@@ -10,14 +10,11 @@ class QBoxLayout;
 class QGroupBox;
 class QLabel;
 class QPushButton;
-class QVBoxLayout;
 
 namespace zel {
 
-class NoteLine;
-
-/// Page 2: what the steady run found, with the program's own notes on it, and the parameter table
-/// beside that, or below it where the window is narrow.
+/// Page 2: what the steady run found, and the parameter table beside that, or below it where the
+/// window is narrow.
 class ResultPage : public AreaPage {
 public:
     explicit ResultPage(const TablePanel::Parts& parts);
@@ -26,6 +23,9 @@ public:
     void load_anew() override { table_->load(true); }
     void commit() override { table_->commit(); }
     [[nodiscard]] bool is_unfinished() const override { return table_->is_unfinished(); }
+    [[nodiscard]] QWidget* input(const FieldInfo& field) const override {
+        return table_->input(field);
+    }
     void case_changed() { table_->case_changed(); }
     [[nodiscard]] TablePanel& table() { return *table_; }
     [[nodiscard]] QPushButton& print_button() { return *print_; }
@@ -61,15 +61,12 @@ private:
     [[nodiscard]] QGroupBox* make_tb601();
     [[nodiscard]] QGroupBox* make_balance();
     [[nodiscard]] QGroupBox* make_wind(Captions& captions);
-    void show_notes(const std::vector<Note>& notes);
     void clear_balance();
 
     QLabel* head_line_;
     QLabel* methods_line_;
     std::vector<Line> lines_;
     std::vector<DetailLine> tb601_lines_;  // two temperatures, then three factors
-    QVBoxLayout* notes_;
-    std::vector<NoteLine*> note_lines_;
     QLabel* balance_;
     QLabel* angle_;
     QLabel* wind_;

@@ -209,6 +209,12 @@ bool TablePanel::is_unfinished() const {
                        [](const FormPanel* panel) { return panel->is_unfinished(); });
 }
 
+QWidget* TablePanel::input(const FieldInfo& field) const {
+    for (const FormPanel* panel : panels_)
+        if (QWidget* found = panel->input(field)) return found;
+    return nullptr;
+}
+
 void TablePanel::case_changed() {
     const bool of_current = stepped_by(parts_.c) == Stepped::Current;
     panels_[temperatures]->setVisible(!of_current);

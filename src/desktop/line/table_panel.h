@@ -41,6 +41,8 @@ public:
     void load(bool anew);
     void commit();
     [[nodiscard]] bool is_unfinished() const;
+    /// The input of `field`, or null.
+    [[nodiscard]] QWidget* input(const FieldInfo& field) const;
     /// Shows what hangs on the case. A table that is not that of the case any more goes.
     void case_changed();
     /// Shows no table, as before the first one.

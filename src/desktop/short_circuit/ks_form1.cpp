@@ -94,7 +94,8 @@ KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& nam
                                   [this](QWidget* input) { refused(input); },
                                   [this] { case_changed(); },
                                   look,
-                                  [this] { show_modified(); }};
+                                  [this] { show_modified(); },
+                                  &messages()};
     general_ = new GeneralPage(
         form_parts, [this] { databases().open_fixed(); }, [this] { databases().save_in_fixed(); });
     conductor_ = new ConductorPage(
@@ -103,7 +104,7 @@ KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& nam
     for (AreaPage* page : std::initializer_list<AreaPage*>{general_, conductor_, result_})
         add_page(page, *caption++);
     add_print_button(result_->print_button());
-    finish();
+    finish(*result_, record_);
     captions().computed([this](LangId lang) {
         if (shown_) result_->show_page(shown_->page, lang);
         show_picture();
@@ -121,6 +122,7 @@ void KsForm1::case_changed() {
     conductor_->load();
     strip().setTabEnabled(short_circuit::conductor_page, form_.conductor_page_is_open());
     show_modified();
+    messages().inputs_changed();
 }
 
 void KsForm1::load() {
@@ -170,9 +172,13 @@ void KsForm1::run() {
     }();
     if (run.refusal) {
         session().tell(run.refusal->box);
-        go_to(*run.refusal);
+        messages().run_refused(run.refusal->box);
+        const FieldInfo& field = field_of(run.refusal->focus);
+        go_to(field);
+        refused(focusWidget());  // once the keys that led here have moved the focus
         return;
     }
+    messages().run_done({}, {});
     shown_ = run;
     result_->show_page(run.page, session().lang);
     allow_output(true);
@@ -186,14 +192,6 @@ void KsForm1::show_picture() {
     pictures_->show_entries(
         {{std::string(utilisation_name.in(lang)),
           [this] { return utilisation_picture(form_.content(), shown_->result, session()); }}});
-}
-
-void KsForm1::go_to(const ShortCircuitRefusal& refusal) {
-    strip().setCurrentIndex(refusal.page);
-    const FieldInfo& field = field_of(refusal.focus);
-    QWidget* input = general_->input(field);
-    if (input == nullptr) input = conductor_->input(field);
-    if (input != nullptr) refused(input);  // once the keys that led here have moved the focus
 }
 
 std::string KsForm1::text_to_copy() {

@@ -46,7 +46,6 @@ private:
     void take_over_conductor();
     void run();
     void show_picture();
-    void go_to(const ShortCircuitRefusal& refusal);
 
     ShortCircuitForm& form_;
     forms::ShortCircuitRecord record_;

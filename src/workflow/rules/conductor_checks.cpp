@@ -60,50 +60,53 @@ bool reads_dc_resistance(const CalcCase& c) {
     return (selected(c) & (TB207 | Webs | Kirn)) != 0 || c.ACDC_R_Option_Merker_db == dc_resistance;
 }
 
+template <unsigned methods, auto field, const BoxText& frame>
+constexpr Rule needs = {read_by<methods>, not_positive<field>, &frame, field};
+
 constexpr Check checks[] = {
-    {{read_by<always>, not_positive<&CalcCase::conductor_type_db>, &conductor},
-     {"Leiterart", "conductor type"}},
-    {{read_by<always>, not_positive<&CalcCase::conductor_shape_db>, &conductor},
+    {needs<always, &CalcCase::conductor_type_db, conductor>, {"Leiterart", "conductor type"}},
+    {needs<always, &CalcCase::conductor_shape_db, conductor>,
      {"Leiteroberfläche", "conductor shape"}},
-    {{read_by<always>, not_positive<&CalcCase::Seildurchmesser_db>, &conductor_sentence},
+    {needs<always, &CalcCase::Seildurchmesser_db, conductor_sentence>,
      {"erfolgte keine Angabe zum Seildurchmesser!", "Conductor diameter "}},
     {{read_by<TB601 | TB207 | Webs | Kirn>,
       [](const CalcCase& c) {
           return reads_dc_resistance(c) && not_positive<&CalcCase::DCR_20_db>(c);
       },
-      &conductor_sentence},
+      &conductor_sentence, &CalcCase::DCR_20_db},
      {"erfolgte keine Angabe zum Widerstandsbelag!", "DC-resistance at 20°C "}},
-    {{read_by<TBB>, not_positive<&CalcCase::DrahtdurchmesserLeiter_db>, &conductor},
+    {needs<TBB, &CalcCase::DrahtdurchmesserLeiter_db, conductor>,
      {"Wandstärke\n"
       "der Kreisring-Stromschiene.",
       "Conductor layer data: Wall thickness\n"
       "of the tubular busbar !"}},
-    {{read_by<TB601 | TB207>, not_positive<&CalcCase::DrahtdurchmesserLeiter_db>, &conductor},
+    {needs<TB601 | TB207, &CalcCase::DrahtdurchmesserLeiter_db, conductor>,
      {"Drahtdurchmesser\n"
       "des Leiterwerkstoffes.",
       "Conductor layer data: Diameter of wires "}},
-    {{read_by<TB601 | TB207>, not_positive<&CalcCase::DrahtlagenzahlLeiter_db>, &conductor},
+    {needs<TB601 | TB207, &CalcCase::DrahtlagenzahlLeiter_db, conductor>,
      {"Drahtlagenanzahl", "Conductor layer data: Number of layers "}},
-    {{read_by<TB601 | TB207>, not_positive<&CalcCase::Mantelquerschnitt_db>, &conductor},
+    {needs<TB601 | TB207, &CalcCase::Mantelquerschnitt_db, conductor>,
      {"Gesamtfläche (Mantelquerschnitt)", "Conductor layer data: Conductor cross section area "}},
-    {{read_by<TB601 | TBB | Webs>, not_positive<&CalcCase::DC_Resist_Leiter_db>, &conductor},
+    {needs<TB601 | TBB | Webs, &CalcCase::DC_Resist_Leiter_db, conductor>,
      {"DC-Resistivität", "Conductor layer data: DC-Resistivity at 20°C "}},
-    {{read_by<always>, not_positive<&CalcCase::T_Koeff_DC_Resist_Leiter_linear_db>, &conductor},
+    {needs<always, &CalcCase::T_Koeff_DC_Resist_Leiter_linear_db, conductor>,
      {"linearen Temperaturkoeffizienten der DC-Resistivität",
       "Conductor layer data: linear temperature coefficient DC-Resistivity"}},
     // A given 0 is a value here.
-    {{read_by<TB601>, missing<&CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db>, &conductor},
+    {{read_by<TB601>, missing<&CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db>, &conductor,
+      &CalcCase::T_Koeff_DC_Resist_Leiter_quadrat_db},
      {"quadratischen Temperaturkoeffizienten der DC-Resistivität",
       "Conductor layer data: quadratic temperature coefficient DC-Resistivity"}},
     {{read_by<TB601>,
       [](const CalcCase& c) {
           return has_core(c) && not_positive<&CalcCase::KerndurchmesserTraeger_db>(c);
       },
-      &conductor},
+      &conductor, &CalcCase::KerndurchmesserTraeger_db},
      {"Kerndurchmesser", "Core data: core diameter"}},
     {{read_by<TB207 | Webs | Kirn>,
       [](const CalcCase& c) { return c.ACDC_R_Option_Merker_db == ac_resistance_pairs; },
-      &not_admissible},
+      &not_admissible, &CalcCase::ACDC_R_Option_Merker_db},
      {"Bei Auswahl der Berechnungsmethode nach Cigre TB 207, Webs oder Kirn kann die Berechnung nur mit\n"
       "DC-Widerstand und Temperaturkoeffizient durchgführt werden. \n"
       "Bitte ändern sie die Berechnungsmethode oder die Auswahl der Widerstände!",
@@ -116,7 +119,7 @@ constexpr Check checks[] = {
           return c.ACDC_R_Option_Merker_db != dc_resistance &&
                  c.ACDC_R_Option_Merker_db != ac_resistance_pairs;
       },
-      &no_resistance_choice},
+      &no_resistance_choice, &CalcCase::ACDC_R_Option_Merker_db},
      {"Bei Auswahl der Berechnungsmethode nach Cigre TB 601 muß eine Auswahl getroffen werden,\n"
       "ob mit DC-Widerstand und Temperaturkoeffizient\n"
       "oder mit Wertepaaren: AC-Widerstände / Temperaturen\n"
@@ -132,7 +135,7 @@ constexpr Check checks[] = {
       [](const CalcCase& c) {
           return c.conductor_type_db == steel_cored_conductor && c.DrahtlagenzahlLeiter_db == 1;
       },
-      &not_suitable},
+      &not_suitable, &CalcCase::DrahtlagenzahlLeiter_db},
      {"Das ausgewählte Seil ist ein Verbundleiter mit einer Lage Leitermaterial\n"
       "und einem magnetischen Kern. \n"
       "Dies Seile sind im vorliegenden Programm von der Berechnung nach Cigre TB 601\n"
@@ -153,7 +156,7 @@ constexpr Check checks[] = {
           return is_homogeneous(c) &&
                  not_positive<&CalcCase::radialthermalconductivity_unter_KPT_db>(c);
       },
-      &incomplete},
+      &incomplete, &CalcCase::radialthermalconductivity_unter_KPT_db},
      {"Es erfolgte keine Angabe zur radialen thermischen Leitfähigkeit des Leiters\n"
       "Bitte geben sie einen Wert ein.",
       "You havn't made an input for the radial thermal conductivity of the conductor."}},
@@ -162,7 +165,7 @@ constexpr Check checks[] = {
           return !is_homogeneous(c) &&
                  not_positive<&CalcCase::radialthermalconductivity_unter_KPT_db>(c);
       },
-      &incomplete},
+      &incomplete, &CalcCase::radialthermalconductivity_unter_KPT_db},
      {"Es erfolgte keine Angabe zur radialen thermischen Leitfähigkeit des Leiters\n"
       "unterhalb der Kniepunkt-Temperatur.",
       "You havn't made an input for the radial thermal conductivity of the conductor\n"
@@ -171,7 +174,7 @@ constexpr Check checks[] = {
       [](const CalcCase& c) {
           return !is_homogeneous(c) && not_positive<&CalcCase::KniepunktTemperatur_db>(c);
       },
-      &incomplete},
+      &incomplete, &CalcCase::KniepunktTemperatur_db},
      {"Es erfolgte keine Angabe zur Kniepunkt-Temperatur des Verbundleiters.",
       "You havn't made an input for the knee-point-temperature of the composite conductor."}},
     {{read_by<TB601>,
@@ -179,7 +182,7 @@ constexpr Check checks[] = {
           return !is_homogeneous(c) &&
                  not_positive<&CalcCase::radialthermalconductivity_ueber_KPT_db>(c);
       },
-      &incomplete},
+      &incomplete, &CalcCase::radialthermalconductivity_ueber_KPT_db},
      {"Es erfolgte keine Angabe zur radialen thermischen Leitfähigkeit des Verbundleiters\n"
       "oberhalb der Kniepunkt-Temperatur.",
       "You havn't made an input for the radial thermal conductivity of the composite conductor\n"

@@ -106,12 +106,6 @@ constexpr FieldRule rules[] = {
     {&CalcCase::Messwert_Temperatur_db, nullptr},
 };
 
-const Limits* limits_of(Entry CalcCase::*key) {
-    const auto* const rule = std::find_if(std::begin(rules), std::end(rules),
-                                          [&](const FieldRule& r) { return r.field == key; });
-    return rule == std::end(rules) ? &any_number : rule->limits;
-}
-
 std::optional<BoxText> refusal(std::optional<double> number, const Limits& limits) {
     if (!number) return not_numeric;
     const Text* const told = limits.broken_by(*number);
@@ -120,6 +114,12 @@ std::optional<BoxText> refusal(std::optional<double> number, const Limits& limit
 }
 
 }  // namespace
+
+const Limits* limits_of(Entry CalcCase::*key) {
+    const auto* const rule = std::find_if(std::begin(rules), std::end(rules),
+                                          [&](const FieldRule& r) { return r.field == key; });
+    return rule == std::end(rules) ? &any_number : rule->limits;
+}
 
 std::optional<Box> enter(Entry& field, Entry CalcCase::*key, std::string_view text,
                          const Locale& locale) {

@@ -6,6 +6,7 @@
 #include "platform/message_box.h"
 #include "platform/text/locale.h"
 #include "steady/case/calc_case.h"
+#include "workflow/rules/rule_tables.h"
 
 namespace zel {
 
@@ -21,6 +22,9 @@ std::optional<Box> enter(CalcCase& c, Entry CalcCase::*key, std::string_view tex
 /// and there is no limit.
 std::optional<Box> enter(Entry& field, Entry CalcCase::*key, std::string_view text,
                          const Locale& locale);
+
+/// The limits of the numeric field `key`; null where it takes any text.
+[[nodiscard]] const Limits* limits_of(Entry CalcCase::*key);
 
 /// What becomes of a key that is pressed in a numeric field.
 struct FilteredKey {

@@ -15,6 +15,14 @@ const Check* first_refusal(const CalcCase& c) {
     return refusal != nullptr ? refusal : first_refusing(conductor_checks(), c);
 }
 
+std::vector<const Check*> all_refusals(const CalcCase& c) {
+    std::vector<const Check*> refusals;
+    for (const auto checks : {input_checks(), conductor_checks()})
+        for (const Check& check : checks)
+            if (check.refuses(c)) refusals.push_back(&check);
+    return refusals;
+}
+
 }  // namespace steady_check
 
 std::optional<Box> S_Eingabepruefung_steady(const CalcCase& c, LangId lang) {

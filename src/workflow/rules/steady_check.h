@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "steady/case/calc_case.h"
+#include "steady/case/case_fields.h"
 #include "steady/case/method.h"
 #include "workflow/rules/rule_tables.h"
 
@@ -34,7 +34,9 @@ namespace zel {
 /// The rows. Their order is behaviour: only the first refusal is shown.
 namespace zel::steady_check {
 
-using Check = zel::Check<CalcCase>;
+/// The place of a check is the input by which it is met.
+using Rule = zel::Rule<CalcCase, FieldKey>;
+using Check = zel::Check<CalcCase, FieldKey>;
 
 /// The methods and what is typed into the forms.
 [[nodiscard]] std::span<const Check> input_checks();
@@ -47,6 +49,9 @@ using Check = zel::Check<CalcCase>;
 
 /// The first check that refuses the case, or null where it may run.
 [[nodiscard]] const Check* first_refusal(const CalcCase& c);
+
+/// All checks that refuse the case, in their order.
+[[nodiscard]] std::vector<const Check*> all_refusals(const CalcCase& c);
 
 constexpr unsigned bit(Method method) { return 1U << static_cast<unsigned>(method); }
 
@@ -93,5 +98,13 @@ template <auto field>
 bool not_positive(const CalcCase& c) {
     return !positive(c.*field);
 }
+
+// The two sorts of rules that most checks of inputs are.
+
+template <unsigned methods, auto field>
+inline constexpr Rule lacks = {read_by<methods>, missing<field>, &incomplete, field};
+
+template <unsigned methods, auto field, int low, int high>
+inline constexpr Rule beyond = {read_by<methods>, outside<field, low, high>, &incorrect, field};
 
 }  // namespace zel::steady_check

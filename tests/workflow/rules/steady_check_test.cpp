@@ -124,6 +124,13 @@ TEST(SteadyCheck, each_fault_is_refused_by_its_own_box) {
             }
 }
 
+TEST(SteadyCheck, each_check_leads_to_the_input_that_mends_its_fault) {
+    for (const json& fault : data.at("faults")) {
+        const auto& check = *checks()[fault.at("check").get<std::size_t>() - 1];
+        EXPECT_TRUE(fault.at("set").contains(name_of(check.rule.place))) << fault;
+    }
+}
+
 TEST(SteadyCheck, fault_is_refused_where_one_of_the_selected_methods_reads_it) {
     for (const json& fault : data.at("faults")) {
         if (fault.contains("unreachable")) continue;

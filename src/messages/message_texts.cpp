@@ -1,0 +1,42 @@
+#include "messages/message_texts.h"
+
+#include "platform/text/number_text.h"
+
+namespace zel::message_texts {
+namespace {
+
+constexpr std::size_t most_names = 3;
+
+/// A bound held at 32 bits shows as it is meant.
+std::string bound_text(double bound, const forms::Row& row, DecimalSeparator separator) {
+    const bool single = row.field->kind == FieldKind::Single;
+    return plain_number(single ? decimal_of_single(bound) : bound, separator);
+}
+
+}  // namespace
+
+std::string refused_text(std::string_view name, const forms::Row& row, const Limits* limits,
+                         std::string_view typed, const Locale& locale) {
+    const std::string quoted = in_quotes(typed);
+    const auto number = parse_number(typed, locale.separator);
+    if (!number || limits == nullptr || limits->holds(*number))
+        return fill(no_number.in(locale.lang), {name, quoted});
+    const bool has_low = limits->low > -unlimited;
+    const bool has_high = limits->high < unlimited;
+    const std::string low = bound_text(limits->low, row, locale.separator);
+    std::string high = bound_text(limits->high, row, locale.separator);
+    std::string unit(row.field->unit_in(locale.lang));
+    if (!unit.empty()) unit.insert(0, " ");
+    if (has_low && has_high) return fill(between.in(locale.lang), {name, quoted, low, high + unit});
+    return has_high ? fill(at_most.in(locale.lang), {name, quoted, high + unit})
+                    : fill(at_least.in(locale.lang), {name, quoted, low + unit});
+}
+
+std::string some_of(const std::vector<std::string>& names, LangId lang) {
+    if (names.size() <= most_names) return joined(names, ", ");
+    const std::vector<std::string> first(names.begin(), names.begin() + most_names);
+    return joined(first, ", ") +
+           fill(and_more.in(lang), {std::to_string(names.size() - most_names)});
+}
+
+}  // namespace zel::message_texts
