@@ -13,7 +13,6 @@
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 #include <cmath>
-#include <mutex>
 
 #include "desktop/batch/wrong_cell_list.h"
 #include "desktop/frame/events.h"
@@ -87,85 +86,10 @@ QString plain_caption(const Text& text, LangId lang) { return qt(text, lang).rep
 
 std::string folder_of_path(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
 
-/// The boxes of a run, as far as the user wants to see them. Questions are always asked.
-class SeenBoxes : public Dialogs {
-public:
-    explicit SeenBoxes(Dialogs& shown_by) : shown_by_(shown_by) {}
-
-    Answer show(const Box& box) override {
-        if (!left_ || box.buttons != Buttons::Ok) return shown_by_.show(box);
-        unseen_.push_back(joined(box.lines, "\n"));
-        return Answer::Ok;
-    }
-    bool show_before_others(const Box& box) override {
-        if (!left_) left_ = shown_by_.show_before_others(box);
-        return left_;
-    }
-    [[nodiscard]] const std::vector<std::string>& unseen() const { return unseen_; }
-
-private:
-    Dialogs& shown_by_;
-    bool left_ = false;
-    std::vector<std::string> unseen_;
-};
-
 }  // namespace
 
-/// The wrong cells that a run has found until now.
-class FrmExcelIO::FoundCells {
-public:
-    void clear() {
-        const std::lock_guard lock(mutex_);
-        cells_.clear();
-    }
-    void add(const WrongCell& cell) {
-        const std::lock_guard lock(mutex_);
-        cells_.push_back(cell);
-    }
-    [[nodiscard]] std::vector<WrongCell> all() const {
-        const std::lock_guard lock(mutex_);
-        return cells_;
-    }
-
-private:
-    mutable std::mutex mutex_;
-    std::vector<WrongCell> cells_;
-};
-
-/// Hands the progress of a batch to the job that it runs in.
-class FrmExcelIO::Observer : public BatchObserver {
-public:
-    Observer(Job& job, FoundCells& found, LangId lang) : job_(job), found_(found), lang_(lang) {}
-
-    void status(const std::string& line) override { tell(at_.line, line); }
-    void percent(double percent) override {
-        if (!job_.cancelled()) tell(at_.percent, percent);
-    }
-    void active_rows(const std::string& line) override { tell(at_.amount, line); }
-    void rows_done(int done, int active) override {
-        tell(at_.done, rows_line(done, active, lang_));
-    }
-    void wrong_cell(const WrongCell& cell) override { found_.add(cell); }
-    void time_suffix(std::string_view suffix) override { tell(at_.time_suffix, suffix); }
-    bool cancelled() override { return job_.cancelled(); }
-
-private:
-    template <class T, class Value>
-    void tell(T& part, const Value& value) {
-        part = value;
-        job_.tell(at_);
-    }
-
-    Job& job_;
-    FoundCells& found_;
-    LangId lang_;
-    JobProgress at_;
-};
-
-FrmExcelIO::~FrmExcelIO() = default;
-
 FrmExcelIO::FrmExcelIO(QWidget* parent, DesktopState& state, ExcelMode mode)
-    : QDialog(parent), state_(state), mode_(mode), found_(std::make_unique<FoundCells>()) {
+    : QDialog(parent), state_(state), mode_(mode) {
     setObjectName("frm_excel_IO");
     // Nothing may change under a run.
     setWindowModality(Qt::ApplicationModal);
@@ -300,7 +224,7 @@ void FrmExcelIO::show_job(Job& job, const JobProgress& at, double seconds) {
     status_->setText(qt(at.line));
     active_rows_->setText(qt(at.amount));
     done_rows_->setText(qt(at.done));
-    wrong_cells_->show_cells(found_->all());
+    wrong_cells_->show_cells(found_.all());
     show_percent(at.percent);
     elapsed_->setText(qt(fill(elapsed_line.in(lang()), {duration_text(seconds) + at.time_suffix})));
 }
@@ -342,7 +266,7 @@ void FrmExcelIO::run(std::string_view module, std::string_view procedure, const 
     } const running(*this);
     summary_->clear();
     done_rows_->clear();
-    found_->clear();
+    found_.clear();
     wrong_cells_->show_cells({});
     trap(state_.errors, module, procedure, [&] { run_job(*this, state_.session.dialogs, work); });
 }
@@ -356,12 +280,12 @@ void FrmExcelIO::start() {
     std::vector<std::string> unseen;
     run(module_name,
         steady ? "S_00_io_excel_gesamt_rahmen_stat" : "S_100_io_excel_gesamt_rahmen_transient",
-        [&result, &unseen, &found = *found_, calculate, session = state_.session,
+        [&result, &unseen, &found = found_, calculate, session = state_.session,
          settings = state_.settings.now(), preset = state_.calc_case, &store = state_.workbooks,
          path = path_, data_folder = state_.data_folder](Job& job) {
             SeenBoxes boxes(job.dialogs());
             const Session of_job = session.apart(boxes, nullptr);
-            Observer observer(job, found, session.lang);
+            BatchWatch observer(job, found, session.lang);
             BatchJob batch = {store, path, of_job, observer, preset, data_folder, path};
             batch.Excel_Leiterdaten_Merker = settings.Excel_Leiterdaten_Merker;
             batch.Excel_Zelle_Array_Schreiben_Merker = settings.Excel_Zelle_Array_Schreiben_Merker;

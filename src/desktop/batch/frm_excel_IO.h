@@ -2,11 +2,11 @@
 
 #include <QDialog>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "desktop/batch/batch_watch.h"
 #include "desktop/frame/desktop_state.h"
 #include "desktop/frame/job_runner.h"
 #include "excel_batch/batch_run.h"
@@ -33,7 +33,6 @@ enum class ExcelMode : std::int16_t { Steady = 1, Transient = 2 };
 class FrmExcelIO : public QDialog, private JobDisplay {
 public:
     FrmExcelIO(QWidget* parent, DesktopState& state, ExcelMode mode);
-    ~FrmExcelIO() override;
 
     /// The workbook that is proposed where one is asked for.
     void propose(const std::string& path) { proposed_ = path; }
@@ -43,9 +42,6 @@ protected:
     void reject() override;
 
 private:
-    class Observer;
-    class FoundCells;
-
     using TestRows = std::function<std::optional<int>(
         WorkbookStore&, const std::string&, const Session&, const excel_batch::RowsCancelled&)>;
 
@@ -84,7 +80,7 @@ private:
     ExcelMode mode_;
     std::string path_;      // of the last workbook
     std::string proposed_;  // of the next
-    std::unique_ptr<FoundCells> found_;
+    FoundCells found_;
     Job* job_ = nullptr;             // that runs
     std::vector<QWidget*> at_rest_;  // cannot be used while a workbook is calculated
     QRadioButton* with_conductor_ = nullptr;
