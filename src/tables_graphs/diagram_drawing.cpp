@@ -137,6 +137,8 @@ private:
         plot.right = std::max(plot.right, plot.left + least_plot);
         plot.bottom = std::max(plot.bottom, plot.top + least_plot);
         frame_ = frame_in(plot, diagram_, view_);
+        // The values beside a low plot would run into each other.
+        most_high_ = std::clamp(static_cast<int>(plot.height() / (1.6 * row_)), 2, most_steps);
     }
 
     void draw_header(Canvas& canvas) const {
@@ -172,9 +174,9 @@ private:
 
     /// Calls `at` for each auxiliary line of a range, with the text of its value.
     template <typename At>
-    void each_step(const DiagramAxis& axis, const ValueRange& range, DecimalSeparator separator,
-                   At at) const {
-        const double step = round_step(range.width(), most_steps);
+    void each_step(const DiagramAxis& axis, const ValueRange& range, int most,
+                   DecimalSeparator separator, At at) const {
+        const double step = round_step(range.width(), most);
         const double noise = step * 1e-6;
         for (double n = std::ceil((range.low - noise) / step); n * step <= range.high + noise; ++n)
             at(n * step, step_text(axis, n * step, step, separator));
@@ -191,25 +193,29 @@ private:
     void draw_axis_lines(Canvas& canvas, DecimalSeparator separator) const {
         const CanvasBox& plot = frame_.plot;
         double free_from = area_.left;
-        each_step(diagram_.x, frame_.x, separator, [&](double value, const std::string& text) {
-            const double x = frame_.place_of({value, frame_.y.low}, false).x;
-            if (view_.auxiliary_lines) canvas.line(x, plot.top, x, plot.bottom, {line_ink()});
-            canvas.line(x, plot.bottom, x, plot.bottom + tick, {ink()});
-            const double width = canvas.text_width(text, font);
-            if (x - width / 2 < free_from) return;
-            canvas.text(x - width / 2, plot.bottom + tick, text, font, ink());
-            free_from = x + width / 2 + gap;
-        });
-        each_step(diagram_.y, frame_.y, separator, [&](double value, const std::string& text) {
-            const double y = frame_.place_of({frame_.x.low, value}, false).y;
-            if (view_.auxiliary_lines) canvas.line(plot.left, y, plot.right, y, {line_ink()});
-            canvas.line(plot.left - tick, y, plot.left, y, {ink()});
-            canvas.text(plot.left - tick - gap / 2 - canvas.text_width(text, font), y - row_ / 2,
-                        text, font, ink());
-        });
+        each_step(diagram_.x, frame_.x, most_steps, separator,
+                  [&](double value, const std::string& text) {
+                      const double x = frame_.place_of({value, frame_.y.low}, false).x;
+                      if (view_.auxiliary_lines)
+                          canvas.line(x, plot.top, x, plot.bottom, {line_ink()});
+                      canvas.line(x, plot.bottom, x, plot.bottom + tick, {ink()});
+                      const double width = canvas.text_width(text, font);
+                      if (x - width / 2 < free_from) return;
+                      canvas.text(x - width / 2, plot.bottom + tick, text, font, ink());
+                      free_from = x + width / 2 + gap;
+                  });
+        each_step(diagram_.y, frame_.y, most_high_, separator,
+                  [&](double value, const std::string& text) {
+                      const double y = frame_.place_of({frame_.x.low, value}, false).y;
+                      if (view_.auxiliary_lines)
+                          canvas.line(plot.left, y, plot.right, y, {line_ink()});
+                      canvas.line(plot.left - tick, y, plot.left, y, {ink()});
+                      canvas.text(plot.left - tick - gap / 2 - canvas.text_width(text, font),
+                                  y - row_ / 2, text, font, ink());
+                  });
         draw_captions(canvas, separator);
         if (!diagram_.right) return;
-        each_step(*diagram_.right, frame_.right, separator,
+        each_step(*diagram_.right, frame_.right, most_high_, separator,
                   [&](double value, const std::string& text) {
                       const double y = frame_.place_of({frame_.x.low, value}, true).y;
                       if (view_.auxiliary_lines)
@@ -231,17 +237,17 @@ private:
                         diagram_.right->caption, font, ink());
         if (!view_.auxiliary_lines) return;
         double x = area_.left + margin;
-        const auto tell = [&](const DiagramAxis& axis, const ValueRange& range) {
-            const double step = round_step(range.width(), most_steps);
+        const auto tell = [&](const DiagramAxis& axis, const ValueRange& range, int most) {
+            const double step = round_step(range.width(), most);
             const std::string end =
                 axis.line_unit_end.empty() ? " " + axis.unit : axis.line_unit_end;
             const std::string text = axis.line_unit + step_text(axis, step, step, separator) + end;
             canvas.text(x, plot.bottom + tick + 2 * row_, text, font, ink());
             x += width(text) + 4 * gap;
         };
-        tell(diagram_.x, frame_.x);
-        tell(diagram_.y, frame_.y);
-        if (diagram_.right) tell(*diagram_.right, frame_.right);
+        tell(diagram_.x, frame_.x, most_steps);
+        tell(diagram_.y, frame_.y, most_high_);
+        if (diagram_.right) tell(*diagram_.right, frame_.right, most_high_);
     }
 
     void draw_marks(Canvas& canvas) const {
@@ -337,6 +343,7 @@ private:
     double row_;  // height of a line of text
     double header_top_ = 0;
     double below_plot_ = 0;
+    int most_high_ = most_steps;  // auxiliary lines across
     std::vector<Entry> legend_;
     DiagramFrame frame_;
 };

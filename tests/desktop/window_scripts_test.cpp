@@ -15,6 +15,7 @@
 #include <map>
 
 #include "desktop/desktop_fixture.h"
+#include "desktop/window_checks.h"
 #include "fakes/short_circuit_cases.h"
 #include "fakes/steady_cases.h"
 #include "fakes/tb601_cases.h"
@@ -337,7 +338,12 @@ private:
         else if (verb == "is_open")
             EXPECT_TRUE(top_window(step.at(1)).isVisible());
         else if (verb == "unique_keys")
-            expect_unique_keys(step.size() > 1 ? step[1].get<std::string>() : "");
+            EXPECT_THAT(shared_keys(*window, step.size() > 1 ? step[1].get<std::string>() : ""),
+                        testing::IsEmpty());
+        else if (verb == "sound_looks") {
+            EXPECT_THAT(cut_texts(*window), testing::IsEmpty());
+            EXPECT_THAT(nameless_controls(*window), testing::IsEmpty());
+        }
         else if (verb == "in_sight")
             EXPECT_EQ(widget(step.at(1)).visibleRegion(), QRegion(widget(step[1]).rect()));
         else if (verb == "focus")
@@ -430,36 +436,6 @@ private:
 
     /// No two controls in sight, and no two entries of a menu, have the same alt key, but for
     /// `shared`.
-    void expect_unique_keys(const std::string& shared) {
-        QStringList texts;
-        for (const QMenuBar* bar : window->findChildren<QMenuBar*>())
-            for (const QAction* menu : bar->actions()) texts << menu->text();
-        const auto in_sight = [this](const QWidget& part) {
-            return part.isVisible() && part.window() == window;
-        };
-        for (const QTabBar* bar : window->findChildren<QTabBar*>())
-            for (int i = 0; in_sight(*bar) && i < bar->count(); ++i) texts << bar->tabText(i);
-        for (const QAbstractButton* button : window->findChildren<QAbstractButton*>())
-            if (in_sight(*button)) texts << button->text();
-        for (const QLabel* label : window->findChildren<QLabel*>())
-            if (label->buddy() != nullptr && in_sight(*label)) texts << label->text();
-        expect_unique(texts, shared);
-        for (const QMenu* menu : window->findChildren<QMenu*>()) {
-            texts.clear();
-            for (const QAction* entry : menu->actions()) texts << entry->text();
-            expect_unique(texts, shared);
-        }
-    }
-    static void expect_unique(const QStringList& texts, const std::string& shared) {
-        std::map<QString, QString> taken;
-        for (const QString& text : texts) {
-            const QString key = QKeySequence::mnemonic(text).toString();
-            if (key.isEmpty() || key.toStdString() == shared) continue;
-            const auto [former, is_free] = taken.try_emplace(key, text);
-            EXPECT_TRUE(is_free) << former->second.toStdString() << " / " << text.toStdString();
-        }
-    }
-
     /// Title, folder and preset name of the last question for a path.
     void expect_asked(const json& step) {
         const PathQuestion& question = chooser.questions.back();

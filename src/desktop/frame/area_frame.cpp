@@ -17,12 +17,12 @@
 #include "desktop/frame/events.h"
 #include "desktop/frame/language_menu.h"
 #include "desktop/frame/message_strip.h"
+#include "desktop/frame/reading_width.h"
 #include "messages/message_texts.h"
 
 namespace zel {
 namespace {
 
-constexpr int most_width = 1300;  // pixels, of a page's content
 constexpr QSize window_size(1260, 750);
 
 constexpr Text no_name = {"Unbenannt", "Untitled"};
@@ -40,7 +40,7 @@ struct AreaFrame::MenuRow {
 };
 
 void AreaPage::set_content(QWidget* content) {
-    content->setMaximumWidth(most_width);
+    content->setMaximumWidth(reading_width(*content));
     setWidget(content);
 }
 

@@ -131,6 +131,7 @@ QLineEdit* FormPanel::make_edit(std::size_t index) {
     });
     if (row.is_free_text()) return edit;
     edit->setAlignment(Qt::AlignRight);
+    understand_pasted_numbers(*edit, parts_.session);
     if (!parts_.record.filters_keys()) return edit;
     edit->installEventFilter(new NumberKeys(edit, parts_.session));
     // An input method would type past the filter of keys.
@@ -152,7 +153,11 @@ QComboBox* FormPanel::make_list(const Row& row) {
     return list;
 }
 
-void FormPanel::add_note(const Text& note) { add_below(parts_.captions.text(make_label(), note)); }
+void FormPanel::add_note(const Text& note) {
+    QLabel* label = make_label();
+    label->setWordWrap(true);
+    add_below(parts_.captions.text(label, note));
+}
 
 void FormPanel::enter_captions(std::size_t index) {
     parts_.captions.computed([this, index](LangId lang) {

@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QChar>
 #include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
 #include <QStyleOption>
 #include <QStylePainter>
 #include <QWheelEvent>
@@ -11,6 +13,7 @@
 
 #include "desktop/frame/events.h"
 #include "desktop/frame/widgets.h"
+#include "platform/text/pasted_number.h"
 #include "workflow/rules/entry_rules.h"
 
 namespace zel {
@@ -34,7 +37,70 @@ bool is_command(const QKeyEvent& key) {
            modifiers == (Qt::ControlModifier | Qt::ShiftModifier);
 }
 
+constexpr Text which_number = {"Welche Zahl ist gemeint?", "Which number is meant?"};
+
+/// Watches what is put into a box at once, which no key types.
+class PastedNumbers : public QObject {
+public:
+    PastedNumbers(QLineEdit& edit, const Session& session)
+        : QObject(&edit), edit_(edit), session_(session) {
+        on(&edit, &QLineEdit::textChanged, [this](const QString& text) {
+            // What the program shows counts as known at once.
+            if (!edit_.isModified()) known_ = text;
+        });
+        on(&edit, &QLineEdit::textEdited, [this] { look(); });
+    }
+
+private:
+    void look() {
+        const QString text = edit_.text();
+        const bool pasted = is_put_in(text);
+        known_ = text;
+        if (!pasted) return;
+        const auto readings = readings_of(text.toStdString(), session_.separator);
+        if (readings.size() == 1) return put(qt(readings.front()));
+        if (readings.size() > 1) ask(readings);
+    }
+
+    /// Whether more than one letter of the text is new, at one place.
+    [[nodiscard]] bool is_put_in(const QString& text) const {
+        qsizetype same = 0;
+        const qsizetype shorter = std::min(text.size(), known_.size());
+        while (same < shorter && text[same] == known_[same]) ++same;
+        qsizetype end = 0;
+        while (end < shorter - same &&
+               text[text.size() - 1 - end] == known_[known_.size() - 1 - end])
+            ++end;
+        return text.size() - same - end > 1;
+    }
+
+    void put(const QString& number) {
+        edit_.selectAll();
+        edit_.insert(number);
+    }
+
+    void ask(const std::vector<std::string>& readings) {
+        auto* list = new QMenu(&edit_);
+        list->setObjectName("pasted_readings");
+        list->setAttribute(Qt::WA_DeleteOnClose);
+        list->addAction(qt(which_number, session_.lang))->setEnabled(false);
+        for (const std::string& reading : readings)
+            on(list->addAction(qt(reading)), &QAction::triggered,
+               [this, number = qt(reading)] { put(number); });
+        list->setActiveAction(list->actions().at(1));
+        list->popup(edit_.mapToGlobal(QPoint(0, edit_.height())));
+    }
+
+    QLineEdit& edit_;
+    const Session& session_;
+    QString known_;
+};
+
 }  // namespace
+
+void understand_pasted_numbers(QLineEdit& edit, const Session& session) {
+    new PastedNumbers(edit, session);
+}
 
 bool FocusChain::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return false;

@@ -7,6 +7,8 @@
 
 #include "shell/session.h"
 
+class QLineEdit;
+
 // What inputs do beyond those of the library.
 
 namespace zel {
@@ -42,6 +44,11 @@ private:
 
     const Session& session_;
 };
+
+/// A number that is pasted into `edit` as another program writes it, with the other separator or
+/// with groups of digits, becomes one of the session. Where it has two readings ("1.000"), a list
+/// below the box asks which; left without a choice, the text stays as it is.
+void understand_pasted_numbers(QLineEdit& edit, const Session& session);
 
 /// Installed on a box, it calls `leave` when the focus goes to another input, and not when only the
 /// window is left.

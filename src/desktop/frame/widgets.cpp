@@ -57,6 +57,11 @@ void size_window(QWidget& window, QSize wanted) {
     window.resize(wanted.width(), std::min(wanted.height(), most.height()));
 }
 
+bool is_dark(const QPalette& palette) {
+    constexpr int middle = 128;  // of 255
+    return palette.color(QPalette::Window).lightness() < middle;
+}
+
 WaitCursor::WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
 
 WaitCursor::~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPalette>
 #include <QSize>
 #include <QString>
 #include <QWidget>
@@ -37,6 +38,9 @@ void make_scrolling(QScrollArea& area);
 /// Gives `window`, which has its content, this size, or what its screen has room for. Without a
 /// height it gets the one that its texts need at that width.
 void size_window(QWidget& window, QSize wanted);
+
+/// Whether a theme writes light on dark.
+[[nodiscard]] bool is_dark(const QPalette& palette);
 
 /// Shows that the program works, as long as it lives.
 class WaitCursor {

@@ -20,7 +20,7 @@ constexpr Text picture_name = {"Verlauf von Temperatur und Strom",
 constexpr Text no_number = {"\"{0}\" ist keine Zahl. ", "\"{0}\" is no number. "};
 constexpr Text of_former = {"Verlauf der früheren Eingaben. ", "Course of the former inputs. "};
 constexpr int limit_width = 72;  // pixels
-constexpr int least_height = 180;
+constexpr int least_height = 220;
 
 /// The admissible temperature, as it is typed; empty where none is known.
 std::string known_limit(const CalcCase& c) {
@@ -97,8 +97,7 @@ void CoursePanel::show_anew() {
     setVisible(diagram.has_value());
     if (!diagram) return;
     DiagramView view = picture_->view();
-    constexpr int dark = 128;  // of 255
-    view.black_ground = palette().color(QPalette::Window).lightness() < dark;
+    view.black_ground = is_dark(palette());
     picture_->set_view(view);
     picture_->show_diagram(*std::move(diagram), session_.separator);
     show_text();

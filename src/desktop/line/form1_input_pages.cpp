@@ -10,6 +10,7 @@
 
 #include "desktop/frame/events.h"
 #include "desktop/frame/field_mark.h"
+#include "desktop/frame/two_way_grid.h"
 #include "desktop/line/frm_emissivity.h"
 #include "forms/given_value.h"
 #include "forms/line_form.h"
@@ -54,13 +55,16 @@ GeneralPage::GeneralPage(const FormParts& parts, LineCase& line, const LiveSetti
     panel(given).add_on_top(mode_);
     panel(overhead_line).add_beside("Text2", age_button);
     auto* content = new QWidget;
-    auto* columns = new QHBoxLayout;
-    columns->setSpacing(gap);
-    columns->addWidget(column_of({project, geography}), 1);
-    columns->addWidget(column_of({date, surroundings}), 1);
-    columns->addWidget(column_of({overhead_line, given, measured}), 1);
+    auto* columns = new TwoWayGrid(gap);
+    columns->place(column_of({project, geography}), {0, 0, 2, 1}, {0, 0, 2, 1});
+    columns->place(column_of({date}), {0, 1}, {2, 0});
+    columns->place(column_of({surroundings}), {1, 1}, {0, 1});
+    columns->place(column_of({overhead_line, given, measured}), {0, 2, 2, 1}, {1, 1, 2, 1});
+    columns->share({1, 1, 1}, {1, 1}, 1, 2);
+    parts.captions.computed([middle = std::vector<FormPanel*>{&panel(date), &panel(surroundings)}](
+                                LangId) { align(middle); });
     auto* layout = new QVBoxLayout(content);
-    layout->addLayout(columns);
+    layout->addWidget(columns);
     layout->addWidget(make_methods());
     layout->addWidget(keep_, 0, Qt::AlignRight);
     layout->addStretch(1);
@@ -185,31 +189,21 @@ ConductorPage::ConductorPage(const FormParts& parts)
     captions.tool_tip(captions.text(open_database_, open_database_caption), open_database_hint);
     captions.tool_tip(captions.text(take_over_, take_over_caption), take_over_hint);
     enum { designation, kind, geometry, resistance, conductivity, material, core, ac_pairs };
-    auto* materials = new QHBoxLayout;
-    materials->setSpacing(gap);
-    materials->addWidget(column_of({material}));
-    materials->addWidget(column_of({core}));
-    auto* right = new QVBoxLayout;
-    right->addLayout(materials);
-    right->addWidget(&panel(ac_pairs), 1);
-    auto* columns = new QHBoxLayout;
-    columns->setSpacing(gap);
-    columns->addWidget(column_of({geometry, resistance, conductivity}), 3);
-    columns->addLayout(right, 7);
+    auto* grid = new TwoWayGrid(gap);
+    for (QPushButton* button : {open_database_, take_over_})
+        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
+    grid->place(open_database_, {0, 0}, {0, 0});
+    grid->place(take_over_, {1, 0}, {0, 1});
+    grid->place(&panel(designation), {0, 1, 2, 2}, {1, 0, 1, 2});
+    grid->place(&panel(kind), {2, 0, 1, 3}, {2, 0, 1, 2});
+    grid->place(column_of({geometry, resistance, conductivity}), {3, 0, 2, 1}, {3, 0, 2, 1});
+    grid->place(column_of({material}), {3, 1}, {3, 1});
+    grid->place(column_of({core}), {3, 2}, {4, 1});
+    grid->place(&panel(ac_pairs), {4, 1, 1, 2}, {5, 0, 1, 2});
+    grid->share({6, 7, 7}, {1, 1}, 4, 4);
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
-    auto* buttons = new QVBoxLayout;
-    for (QPushButton* button : {open_database_, take_over_}) {
-        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
-        buttons->addWidget(button);
-    }
-    auto* choice = new QHBoxLayout;
-    choice->setSpacing(gap);
-    choice->addLayout(buttons);
-    choice->addWidget(&panel(designation), 1);
-    layout->addLayout(choice);
-    layout->addWidget(&panel(kind));
-    layout->addLayout(columns);
+    layout->addWidget(grid);
     layout->addStretch(1);
     set_content(content);
     // The chain of the conductivities is a ring, and the equivalent radius leads into it.

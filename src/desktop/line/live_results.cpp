@@ -154,6 +154,15 @@ void LiveResults::show_outlook() {
                                  transient_line(*found_, parts_.session)})
             if (!line.empty()) lines.push_back(std::move(line));
     outlook_->setText(qt(joined(lines, "\n")));
+    need_height();
+}
+
+/// Docks do not ask how high a text is at their width.
+void LiveResults::need_height() { setMinimumHeight(layout()->heightForWidth(width())); }
+
+void LiveResults::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    need_height();
 }
 
 }  // namespace zel

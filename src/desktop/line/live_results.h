@@ -35,6 +35,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     struct Column {
@@ -47,6 +48,7 @@ private:
     void show_column(const Column& column, const MethodResult* line) const;
     void look_further();
     void show_outlook();
+    void need_height();
 
     Parts parts_;
     LiveRating rating_;

@@ -31,6 +31,7 @@ constexpr int cell_padding = 2;  // pixels
 constexpr int line_height = 22;
 constexpr int least_height = 200;  // of the table
 
+constexpr Text table_name = {"Parametertabelle", "Parameter table"};
 constexpr Text choose_step = {"Schrittweite auswählen", "Choose the step"};
 constexpr Text save_title = {"Tabelle speichern", "Save table"};
 constexpr BoxText saved = {
@@ -100,6 +101,7 @@ TablePanel::TablePanel(const Parts& parts)
         setTabOrder(last, steps);
         last = steps;
     }
+    parts.form.captions.accessible_name(view_, table_name);
     parts.form.captions.computed([this](LangId) {
         show_captions();
         model_.retell();

@@ -6,17 +6,22 @@
 #include <QMenuBar>
 
 #include "desktop/frame/events.h"
+#include "desktop/frame/reading_width.h"
 
 namespace zel {
 namespace {
 
 constexpr Text menu_caption = {"&Fenster", "Wind&ow"};
 
-// Pixels: the content of a page is not wider than its part of it.
-constexpr int room_for_page = 1260;
+// Pixels.
 constexpr int least_width = 400;
 constexpr int least_height = 750;  // of a window with a dock below its pages
 constexpr QSize usual_size(560, 640);
+
+int room_for_page(const QWidget& form) {
+    constexpr int room_to_spare = 40;  // of a page beside its content
+    return reading_width(form) - room_to_spare;
+}
 
 }  // namespace
 
@@ -40,11 +45,12 @@ SideDock::SideDock(AreaFrame& form, const DockFacts& facts, QWidget* content, Ca
 
 bool SideDock::has_room() const {
     return is_below() ? form_.height() >= least_height
-                      : form_.width() >= room_for_page + least_width;
+                      : form_.width() >= room_for_page(form_) + least_width;
 }
 
 void SideDock::share_width() {
-    if (!is_below()) form_.resizeDocks({this}, {form_.width() - room_for_page}, Qt::Horizontal);
+    if (!is_below())
+        form_.resizeDocks({this}, {form_.width() - room_for_page(form_)}, Qt::Horizontal);
 }
 
 void SideDock::open_by_itself(bool opens) {
