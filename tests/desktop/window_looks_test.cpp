@@ -69,7 +69,7 @@ protected:
 
     void look_at(QWidget& seen, const std::string& name) {
         SCOPED_TRACE(name);
-        QApplication::processEvents();
+        for (int layout = 0; layout < 3; ++layout) QApplication::processEvents();
         EXPECT_THAT(cut_texts(seen), IsEmpty());
         EXPECT_THAT(nameless_controls(seen), IsEmpty());
         EXPECT_THAT(shared_keys(seen), IsEmpty());
