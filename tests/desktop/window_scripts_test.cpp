@@ -343,8 +343,7 @@ private:
         else if (verb == "sound_looks") {
             EXPECT_THAT(cut_texts(*window), testing::IsEmpty());
             EXPECT_THAT(nameless_controls(*window), testing::IsEmpty());
-        }
-        else if (verb == "in_sight")
+        } else if (verb == "in_sight")
             EXPECT_EQ(widget(step.at(1)).visibleRegion(), QRegion(widget(step[1]).rect()));
         else if (verb == "focus")
             EXPECT_TRUE(widget(step.at(1)).hasFocus());

@@ -80,9 +80,10 @@ void MessageStrip::show_lines() {
     if (on_results()) show_list();
     parts_.results.show_above(on_results() && !lines_.empty());
     in_bar_ = std::min(in_bar_, lines_.empty() ? 0 : lines_.size() - 1);
-    if (!lines_.empty())
-        bar_->show_message(lines_[in_bar_], static_cast<int>(in_bar_),
-                           static_cast<int>(lines_.size()), key_of(in_bar_), lang);
+    // Also a line that is not there has its names.
+    bar_->show_message(lines_.empty() ? AreaMessage() : lines_[in_bar_], static_cast<int>(in_bar_),
+                       static_cast<int>(lines_.size()),
+                       lines_.empty() ? QString() : key_of(in_bar_), lang);
     bar_->setVisible(!on_results() && !lines_.empty());
     place_bar();
 }
