@@ -61,6 +61,9 @@ void AreaPage::place_above() {
     const int room = viewport()->width();  // beside the bar, which is as high as page and widget
     const int wanted = above_->isHidden() ? 0 : above_->heightForWidth(room);
     const QMargins margins(0, std::min(wanted, height() / most), 0, 0);
+    // A bar that was needed once would make its lines wrap, and stay needed.
+    above_->setVerticalScrollBarPolicy(wanted > margins.top() ? Qt::ScrollBarAsNeeded
+                                                              : Qt::ScrollBarAlwaysOff);
     above_->setGeometry(0, 0, room, margins.top());
     if (viewportMargins() != margins) setViewportMargins(margins);
 }
