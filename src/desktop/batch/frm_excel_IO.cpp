@@ -12,6 +12,7 @@
 #include <QRegularExpression>
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <cmath>
 
 #include "desktop/batch/wrong_cell_list.h"
@@ -305,6 +306,8 @@ void FrmExcelIO::show_result(const BatchResult& result, const std::vector<std::s
     for (const std::string& lines : unseen) text += (text.empty() ? "" : "\n") + lines;
     done_rows_->setText(qt(end_line(result, lang())));
     summary_->setText(qt(text + notes_text(notes_of(result, lang()), lang())));
+    summary_->setMinimumHeight(
+        std::max(summary_->minimumHeight(), summary_->heightForWidth(summary_->width())));
     copy_->setEnabled(true);
 }
 
