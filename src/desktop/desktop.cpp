@@ -12,10 +12,12 @@
 
 #include "desktop/form_main.h"
 #include "desktop/frame/application.h"
+#include "desktop/frame/events.h"
 #include "desktop/frame/qt_dialogs.h"
 #include "desktop/frame/qt_file_chooser.h"
 #include "desktop/frame/widgets.h"
 #include "desktop/frame/window_icon.h"
+#include "desktop/frame/window_memory.h"
 #include "desktop/frm_languageselect.h"
 #include "forms/line_form.h"
 #include "platform/text/utf8.h"
@@ -151,8 +153,12 @@ int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform 
     else
         adopt_settings(state.calc_case, state.settings.store, state.session);
     application.tell_errors_by(&state.errors);
+    const WindowMemory memory(platform.settings.user_store());
     FormMain form_main(state);
     form_main.show_first();
+    if (options.has_case) form_main.show_form1();
+    if (!options.open_path.empty())
+        later(form_main, [&] { form_main.open_file(options.open_path); });
     const int status = Application::exec();
     application.tell_errors_by(nullptr);
     return status;

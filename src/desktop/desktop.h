@@ -25,6 +25,8 @@ struct DesktopOptions {
     DecimalSeparator separator = DecimalSeparator::Point;
     CalcCase start_case{};     // shown from the start
     std::string start_path{};  // the file that it comes from
+    bool has_case = false;     // its form opens in front
+    std::string open_path{};   // another file, to be opened in the window that it belongs to
 };
 
 /// The adapters that the windows work with.

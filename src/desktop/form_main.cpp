@@ -17,6 +17,8 @@
 #include "desktop/frame/events.h"
 #include "desktop/frame/language_menu.h"
 #include "desktop/frame/window_icon.h"
+#include "desktop/start_links.h"
+#include "forms/file_sort.h"
 #include "shell/case_settings.h"
 #include "shell/program_texts.h"
 #include "steady/case/case_fields.h"
@@ -48,6 +50,7 @@ constexpr QPoint beside(40, 40);  // of a window that is not maximised, from thi
 
 FormMain::FormMain(DesktopState& state)
     : state_(state),
+      recent_(state.settings.store.user_store()),
       printing_({state.session, state.settings, state.chooser, state.files, state.printers,
                  state.errors, state.print_time}),
       form1_({area_parts(), state.calc_case, state.transient, state.case_path, state.settings,
@@ -56,6 +59,8 @@ FormMain::FormMain(DesktopState& state)
                 make_conductors(), state.files),
       frm_mess_01_(measuring_parts()),
       help_menu_(state.session, state.launcher, state.help_folders),
+      drops_({this, &form1_, &ks_form1_, &frm_mess_01_},
+             [this](const std::string& path) { open_file(path); }),
       shown_full_screen_(full_screen()) {
     setObjectName("form_main");
     captions_.window_title(static_cast<QWidget*>(this), short_name);
@@ -69,8 +74,9 @@ FormMain::FormMain(DesktopState& state)
     add_settings(form1_, MenuWindow::Form1, &form1_.language_menu());
     add_settings(ks_form1_, MenuWindow::KS_Form1, &ks_form1_.language_menu());
     add_language_menu(*menuBar(), captions_, [this](LangId lang) { switch_language(lang); });
-    for (QMainWindow* window : std::initializer_list<QMainWindow*>{this, &form1_, &ks_form1_})
-        help_menu_.add_to(*window->menuBar(), captions_);
+    for (QMainWindow* window : std::initializer_list<QMainWindow*>{this, &form1_})
+        help_menu_.add_to(*window->menuBar(), captions_, "mBenutzerhandbuch");
+    help_menu_.add_to(*ks_form1_.menuBar(), captions_, "mKS_Benutzerhandbuch");
     state_.settings.changed = [this] { apply_settings(); };
     setCentralWidget(make_content());
     set_qt_language(state_.session.lang);
@@ -86,7 +92,8 @@ AreaParts FormMain::area_parts() {
             [this](LangId lang) { switch_language(lang); },
             make_databases(),
             state_.errors,
-            printing_};
+            printing_,
+            {recent_, state_.files, [this](const std::string& path) { open_file(path); }}};
 }
 
 MakeDatabaseSource FormMain::make_databases() {
@@ -201,6 +208,12 @@ QWidget* FormMain::make_content() {
     layout->addWidget(captions_.text(make_label(1.3, false), long_title));
     layout->addSpacing(16);
     layout->addWidget(areas, 0, Qt::AlignHCenter);
+    layout->addWidget(new StartLinks({recent_, state_.files,
+                                      [this](const std::string& path) { open_file(path); }},
+                                     state_.session, captions_,
+                                     state_.conductors.shipped_folder + "/examples",
+                                     [this](const std::string& path) { open_example(path); }),
+                      0, Qt::AlignHCenter);
     layout->addStretch();
     layout->addWidget(version_label);
     return content;
@@ -235,10 +248,43 @@ void FormMain::place_beside(QWidget& window) const {
                 std::max(room.top(), std::min(wanted.y(), last.y())));
 }
 
+void FormMain::open_file(const std::string& path) {
+    switch (forms::sort_of(path, state_.store)) {
+        case forms::FileSort::Workbook: return open_workbook(path);
+        case forms::FileSort::Database: {
+            AreaFrame& area =
+                ks_form1_.isActiveWindow() ? static_cast<AreaFrame&>(ks_form1_) : form1_;
+            open(area);
+            return area.open_database(path);
+        }
+        case forms::FileSort::LineCase: open(form1_); return form1_.open_file(path);
+        case forms::FileSort::ShortCircuitCase: open(ks_form1_); return ks_form1_.open_file(path);
+    }
+}
+
+void FormMain::open_example(const std::string& path) {
+    const bool line = forms::sort_of(path, state_.store) == forms::FileSort::LineCase;
+    AreaFrame& area = line ? static_cast<AreaFrame&>(form1_) : ks_form1_;
+    open(area);
+    area.open_file(path, true);
+}
+
+/// What is no workbook is told where it is calculated.
+void FormMain::open_workbook(const std::string& path) {
+    std::optional<excel_batch::WorkbookKind> kind;
+    (void)trap(state_.errors, "frm_excel_IO", "S_01_io_excel_arbeitsmappe_auswaehlen",
+               [&] { kind = excel_batch::kind_of(*state_.workbooks.open(path)); });
+    open_excel(kind == excel_batch::WorkbookKind::Transient ? ExcelMode::Transient
+                                                            : ExcelMode::Steady,
+               path);
+}
+
 /// The conductor of the case is that of the input pages as they are now.
-void FormMain::open_excel(ExcelMode mode) {
+void FormMain::open_excel(ExcelMode mode, const std::string& workbook) {
     form1_.take_in();
-    FrmExcelIO(this, state_, mode).exec();
+    FrmExcelIO window(this, state_, mode);
+    window.propose(workbook);
+    window.exec();
 }
 
 bool FormMain::full_screen() const { return state_.settings.now().Vollbildmodus == 1; }

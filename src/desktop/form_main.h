@@ -5,6 +5,7 @@
 #include "desktop/batch/frm_excel_IO.h"
 #include "desktop/databases/database_desk.h"
 #include "desktop/frame/desktop_state.h"
+#include "desktop/frame/file_drops.h"
 #include "desktop/help_menu.h"
 #include "desktop/line/form1.h"
 #include "desktop/measuring/frm_mess_01.h"
@@ -28,6 +29,9 @@ public:
 
     /// Shows the window as `Vollbildmodus` says.
     void show_first();
+    void show_form1() { open(form1_); }
+    /// Opens a file in the window that it belongs to.
+    void open_file(const std::string& path);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -45,7 +49,10 @@ private:
     void switch_language(LangId lang);
     void open(QWidget& form);
     void place_beside(QWidget& window) const;
-    void open_excel(ExcelMode mode);
+    /// `workbook` is proposed; it may be empty.
+    void open_excel(ExcelMode mode, const std::string& workbook = {});
+    void open_workbook(const std::string& path);
+    void open_example(const std::string& path);
     void end(QCloseEvent& event);
     void apply_settings();
     void apply_separator();
@@ -54,12 +61,14 @@ private:
 
     DesktopState& state_;
     Captions captions_;  // of all windows
+    RecentFiles recent_;
     PrintDesk printing_;
     Form1 form1_;
     short_circuit::KsForm1 ks_form1_;
     FrmMess01 frm_mess_01_;
     std::vector<std::unique_ptr<SettingsMenu>> settings_menus_;
     HelpMenu help_menu_;
+    FileDrops drops_;
     bool shown_full_screen_ = false;  // what the windows follow now
 };
 

@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <filesystem>
 
+#include "desktop/about_box.h"
 #include "desktop/frame/events.h"
 #include "shell/program_texts.h"
 
@@ -13,6 +14,8 @@ namespace zel {
 namespace {
 
 constexpr Text menu_caption = {"&Hilfe", "&Help"};
+
+constexpr Text about_caption = {"&Info zum Programm ...", "&About the program ..."};
 
 constexpr HelpDocument documents[] = {
     {"mKurzanleitung",
@@ -51,13 +54,18 @@ constexpr BoxText not_opened = {
 
 std::span<const HelpDocument> help_documents() { return documents; }
 
-void HelpMenu::add_to(QMenuBar& bar, Captions& captions) {
+void HelpMenu::add_to(QMenuBar& bar, Captions& captions, std::string_view first_help) {
     QMenu* menu = captions.title(bar.addMenu(QString()), menu_caption);
     for (const HelpDocument& document : documents) {
         QAction* action = captions.text(menu->addAction(QString()), document.caption);
         action->setObjectName(document.menu_entry);
+        if (document.menu_entry == first_help) action->setShortcut(QKeySequence::HelpContents);
         on(action, &QAction::triggered, [this, &document] { open(document); });
     }
+    menu->addSeparator();
+    QAction* about = captions.text(menu->addAction(QString()), about_caption);
+    about->setObjectName("about");
+    on(about, &QAction::triggered, [this, &bar] { show_about(bar.window(), session_.lang); });
 }
 
 void HelpMenu::open(const HelpDocument& document) {

@@ -24,13 +24,15 @@ struct HelpDocument {
 [[nodiscard]] std::span<const HelpDocument> help_documents();
 
 /// The menu of the help documents, which lie in the folders `folders`, looked for in this order.
-/// One that is missing, or that the system has no program for, is told.
+/// One that is missing, or that the system has no program for, is told. Below them stands what the
+/// program is and what it is built with.
 class HelpMenu {
 public:
     HelpMenu(const Session& session, Launcher& launcher, std::vector<std::string> folders)
         : session_(session), launcher_(launcher), folders_(std::move(folders)) {}
 
-    void add_to(QMenuBar& bar, Captions& captions);
+    /// F1 opens the document of the entry `first_help`.
+    void add_to(QMenuBar& bar, Captions& captions, std::string_view first_help);
 
 private:
     void open(const HelpDocument& document);

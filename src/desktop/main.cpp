@@ -2,6 +2,7 @@
 
 #include "adapters/printers/cups_printers.h"
 #include "desktop/desktop.h"
+#include "forms/file_sort.h"
 #include "platform/errors.h"
 #include "program/case_source.h"
 #include "program/command_line.h"
@@ -29,12 +30,16 @@ int open_windows(int& argc, char** argv, const DesktopWords& words) {
     options.lang = words.lang.value_or(stored_choice(settings.now()).lang);
     options.separator = words.separator.value_or(system_separator());
     DesktopOptions desktop = {words.lang, options.separator};
-    if (!words.case_path.empty()) {
+    JsonCaseStore cases;
+    const bool is_file = words.case_path != "-";
+    if (is_file && forms::sort_of(words.case_path, cases) != forms::FileSort::LineCase) {
+        desktop.open_path = words.case_path;
+    } else if (!words.case_path.empty()) {
         Console console(options);
         desktop.start_case = load_case(words.case_path, options, console).c;
-        if (words.case_path != "-") desktop.start_path = words.case_path;
+        if (is_file) desktop.start_path = words.case_path;
+        desktop.has_case = true;
     }
-    JsonCaseStore cases;
     XlsxStore workbooks;
     DatabaseFiles tables;
     CupsPrinters printers;

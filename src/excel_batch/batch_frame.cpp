@@ -10,17 +10,6 @@ constexpr std::string_view batch_module = "MOD02EXCEL";
 
 std::string file_name(const std::string& path) { return path.substr(path.find_last_of('/') + 1); }
 
-bool is_transient(Workbook& workbook) {
-    try {
-        workbook.select(fixed_sheet);
-    } catch (const WorkbookError& error) {
-        // Told by the steps.
-        if (error.fault() == WorkbookFault::NoSheet) return false;
-        throw;
-    }
-    return kind_of(workbook.text(identifier_row, identifier_column)) == WorkbookKind::Transient;
-}
-
 /// The run as far as it is the same for all kinds of workbooks.
 class Frame {
 public:
@@ -83,7 +72,7 @@ private:
         const SheetOrigin here = origin(fixed_sheet);
         CellReading reading(here);
         steps_->read_fixed_input(*workbook_, reading);
-        excel_batch::tell(job_.session, reading.refusals());
+        excel_batch::tell(job_, reading.refusals());
         if (reading.sound()) return true;
         tell(fixed_input_refused, fixed_sheet);
         return false;
@@ -123,7 +112,9 @@ private:
 
 BatchResult run_batch(const BatchJob& job) {
     return Frame(job).run([&](Workbook& workbook) {
-        return is_transient(workbook) ? transient_steps(job) : steady_steps(job);
+        // A missing sheet is told by the steps.
+        return kind_of(workbook) == WorkbookKind::Transient ? transient_steps(job)
+                                                            : steady_steps(job);
     });
 }
 

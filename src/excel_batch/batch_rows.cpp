@@ -62,6 +62,8 @@ public:
         const auto active = count_active_rows();
         if (!active) return PassEnd::Refused;
         const LangId lang = job_.session.lang;
+        result_.to_calculate = *active;
+        job_.observer.rows_done(0, *active);
         job_.observer.active_rows(fill(active_rows_line.in(lang), {std::to_string(*active)}));
         PassEnd end = work_.prepare ? work_.prepare(*active) : PassEnd::Done;
         if (end == PassEnd::Done) end = walk(*active);
@@ -80,7 +82,7 @@ private:
             ++active;
             if (work_.seen) work_.seen(row);
         }
-        tell(job_.session, flags.refusals());
+        tell(job_, flags.refusals());
         return flags.sound() ? std::optional(active) : std::nullopt;
     }
 
@@ -100,13 +102,14 @@ private:
                 if (is_active) {
                     if (!take(number, outcomes[slot])) return PassEnd::Wrong;
                     percentage.show(++result_.active);
+                    job_.observer.rows_done(result_.active, active);
                 } else {
                     ++result_.inactive;
                 }
                 ++result_.rows;
                 if (job_.observer.cancelled()) return PassEnd::Stopped;
             }
-            tell(job_.session, flags.refusals());
+            tell(job_, flags.refusals());
             if (!flags.sound()) return PassEnd::Wrong;
         }
         if (!ended_) tell_rows_beyond();
@@ -145,7 +148,7 @@ private:
         if (!outcome.program_end.empty())
             throw ProgramEnd(std::string(origin_.sheet) + ", row " + std::to_string(row) + ": " +
                              outcome.program_end);
-        tell(job_.session, outcome.refusals);
+        tell(job_, outcome.refusals);
         if (!outcome.refusals.empty()) return false;
         for (const auto& [column, number, text] : outcome.cells) {
             if (number)
@@ -189,6 +192,13 @@ private:
 
 void tell(const Session& session, const std::vector<Box>& boxes) {
     for (const Box& box : boxes) session.tell(box);
+}
+
+void tell(const BatchJob& job, const std::vector<WrongCell>& cells) {
+    for (const WrongCell& cell : cells) job.observer.wrong_cell(cell);
+    if (job.session.Meldung_merker != RunMode::Messages) return;
+    for (const WrongCell& cell : cells)
+        if (job.session.dialogs.show_before_others(cell.box)) return;
 }
 
 std::optional<double> rounded(double value, std::string_view mask) {

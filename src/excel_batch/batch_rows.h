@@ -25,7 +25,7 @@ struct ResultCell {
 
 /// What became of one row.
 struct RowOutcome {
-    std::vector<Box> refusals;  // of wrong cells; the row was not calculated then
+    std::vector<WrongCell> refusals;  // the row was not calculated then
     std::vector<ResultCell> cells;
     int errors = 0;                       // results that could not be calculated
     std::vector<std::string_view> notes;  // codes of what is remarkable about the results
@@ -36,6 +36,9 @@ struct RowOutcome {
 [[nodiscard]] std::optional<double> rounded(double value, std::string_view mask);
 
 void tell(const Session& session, const std::vector<Box>& boxes);
+/// Tells wrong cells: the observer all of them, the user box by box as far as he wants to see them.
+/// What ends the run by them is told in boxes behind these.
+void tell(const BatchJob& job, const std::vector<WrongCell>& cells);
 
 /// How the work on the rows ended.
 enum class PassEnd : std::uint8_t {

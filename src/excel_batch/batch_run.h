@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "excel_batch/workbook_contract.h"
+#include "platform/message_box.h"
 #include "platform/workbook.h"
 #include "shell/session.h"
 #include "steady/case/calc_case.h"
@@ -13,6 +14,19 @@
 // What a batch needs and what it gives.
 
 namespace zel::excel_batch {
+
+/// A cell that a run refuses.
+struct WrongCell {
+    Box box;            // by which it is told
+    std::string sheet;  // of the workbook
+    int row = 0;
+    int column = 0;
+    std::string text{};    // that stands there
+    std::string reason{};  // in one line; empty where no more is known than that it is wrong
+
+    /// "C46"
+    [[nodiscard]] std::string name() const;
+};
 
 /// Who watches a run, on the thread that the run has. Nothing here changes the results but the wish
 /// to stop.
@@ -23,6 +37,10 @@ public:
     virtual void percent(double percent) = 0;
     /// How many rows are to be calculated.
     virtual void active_rows(const std::string& line) = 0;
+    /// How many of the active rows are calculated; `active` is 0 before they are counted.
+    virtual void rows_done(int /*done*/, int /*active*/) {}
+    /// Called of all wrong cells of a sheet or a row before the first of them is told in a box.
+    virtual void wrong_cell(const WrongCell& /*cell*/) {}
     /// What follows the elapsed time wherever it is shown.
     virtual void time_suffix(std::string_view suffix) = 0;
     /// Asked behind each row: whether the run is to stop there.
@@ -59,8 +77,9 @@ struct BatchNote {
 
 struct BatchResult {
     BatchEnd end = BatchEnd::Refused;
-    int rows = 0;  // that were read: active and inactive ones
-    int active = 0;
+    int rows = 0;          // that were read: active and inactive ones
+    int active = 0;        // that were calculated
+    int to_calculate = 0;  // active rows of the workbook, as far as they were counted
     int inactive = 0;
     int errors = 0;                    // results that could not be calculated
     std::vector<BatchNote> notes;      // in the order of their first rows

@@ -2,6 +2,7 @@
 
 #include <chrono>
 
+#include "platform/cell_name.h"
 #include "tb601_transient/transient/transient_texts.h"
 #include "workflow/run/notes.h"
 
@@ -19,6 +20,14 @@ constexpr Text summary = {
     "calculated.\n"
     "The results can be viewed now with Excel within the file: {3}   \n"
     "in worksheet:   {4}"};
+
+constexpr Text rows_calculated = {"{0} von {1} aktiven Zeilen berechnet",
+                                  "{0} of {1} active rows calculated"};
+constexpr Text rows_saved = {"{0} von {1} aktiven Zeilen sind berechnet und gespeichert.",
+                             "{0} of {1} active rows are calculated and saved."};
+constexpr Text nothing_saved = {"Nichts wurde gespeichert, die Arbeitsmappe ist unverändert.",
+                                "Nothing was saved, the workbook is unchanged."};
+constexpr Text no_correct_input = {"keine korrekte Eingabe", "no correct input"};
 
 constexpr Text counted_note = {"{0} Zeilen, zuerst Zeile {1}: {2}", "{0} rows, first row {1}: {2}"};
 
@@ -53,6 +62,29 @@ std::vector<Note> notes_of(const BatchResult& result, LangId lang) {
                                             {std::to_string(note.rows),
                                              std::to_string(note.first_row), text.in(lang)})});
     return notes;
+}
+
+std::string WrongCell::name() const { return cell_name(row, column); }
+
+std::string rows_line(int done, int active, LangId lang) {
+    return fill(rows_calculated.in(lang), {std::to_string(done), std::to_string(active)});
+}
+
+std::string end_line(const BatchResult& result, LangId lang) {
+    if (!result.saved) return std::string(nothing_saved.in(lang));
+    return fill(rows_saved.in(lang),
+                {std::to_string(result.active), std::to_string(result.to_calculate)});
+}
+
+std::string reason_of(const WrongCell& cell, LangId lang) {
+    return cell.reason.empty() ? std::string(no_correct_input.in(lang)) : cell.reason;
+}
+
+std::string cells_text(const std::vector<WrongCell>& cells, LangId lang) {
+    std::string text;
+    for (const WrongCell& cell : cells)
+        text += joined({cell.sheet, cell.name(), cell.text, reason_of(cell, lang)}, "\t") + "\n";
+    return text;
 }
 
 std::vector<std::string> summary_of(const BatchResult& result, std::string_view workbook,

@@ -92,6 +92,18 @@ inline constexpr BoxText rows_beyond_limit = {
      "No more than {0} rows can be calculated.\n"
      "Row {1} and those behind it were not calculated."}};
 
+/// "12 of 300 rows calculated", while a run goes on.
+[[nodiscard]] std::string rows_line(int done, int active, LangId lang);
+
+/// What has become of the rows at the end of a run, however it ended.
+[[nodiscard]] std::string end_line(const BatchResult& result, LangId lang);
+
+/// A line for each wrong cell, as the clipboard takes them: sheet, name, text and reason.
+[[nodiscard]] std::string cells_text(const std::vector<WrongCell>& cells, LangId lang);
+
+/// Why a cell is refused.
+[[nodiscard]] std::string reason_of(const WrongCell& cell, LangId lang);
+
 /// The lines at the end of a run that went through: what was read, and where the results stand.
 [[nodiscard]] std::vector<std::string> summary_of(const BatchResult& result,
                                                   std::string_view workbook, LangId lang);

@@ -134,13 +134,21 @@ void CellReading::refuse(const CellText& cell, const Text& permissible) {
                      {origin_.workbook, origin_.sheet, std::to_string(cell.column),
                       std::to_string(cell.row), cell.text});
     append_lines(box, std::string(permissible.in(origin_.lang)));
-    refusals_.push_back(std::move(box));
+    refusals_.push_back({std::move(box), std::string(origin_.sheet), cell.row, cell.column,
+                         cell.text, std::string(permissible.in(origin_.lang))});
 }
 
 void CellReading::refuse(Box box, const CellText& cell) {
-    append_lines(box, fill(cell_place.in(origin_.lang), {origin_.sheet, std::to_string(cell.column),
-                                                         std::to_string(cell.row), cell.text}));
-    refusals_.push_back(std::move(box));
+    refuse_as_told(std::move(box), cell);
+    append_lines(refusals_.back().box,
+                 fill(cell_place.in(origin_.lang), {origin_.sheet, std::to_string(cell.column),
+                                                    std::to_string(cell.row), cell.text}));
+}
+
+void CellReading::refuse_as_told(Box box, const CellText& cell) {
+    std::string reason = joined(box.lines, " ");
+    refusals_.push_back({std::move(box), std::string(origin_.sheet), cell.row, cell.column,
+                         cell.text, std::move(reason)});
 }
 
 std::optional<double> CellReading::sound_number(const CellText& cell, const Limits& limits,

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "excel_batch/batch_run.h"
 #include "excel_batch/input_cells.h"
 #include "excel_batch/workbook_contract.h"
 #include "platform/workbook.h"
@@ -76,18 +77,19 @@ public:
     void refuse(const CellText& cell, const Text& permissible = {});
     /// `box` is told, followed by the place of the cell.
     void refuse(Box box, const CellText& cell);
-    void refuse(Box box) { refusals_.push_back(std::move(box)); }
+    /// `box` is told as it is; it is about the cell, or about the sheet that begins with it.
+    void refuse_as_told(Box box, const CellText& cell);
 
     [[nodiscard]] bool sound() const { return refusals_.empty(); }
-    [[nodiscard]] const std::vector<Box>& refusals() const { return refusals_; }
-    [[nodiscard]] std::vector<Box> take_refusals() { return std::move(refusals_); }
+    [[nodiscard]] const std::vector<WrongCell>& refusals() const { return refusals_; }
+    [[nodiscard]] std::vector<WrongCell> take_refusals() { return std::move(refusals_); }
 
 private:
     [[nodiscard]] std::optional<double> sound_number(const CellText& cell, const Limits& limits,
                                                      CellKind kind);
 
     const SheetOrigin& origin_;
-    std::vector<Box> refusals_;
+    std::vector<WrongCell> refusals_;
 };
 
 }  // namespace zel::excel_batch

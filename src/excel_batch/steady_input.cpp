@@ -29,7 +29,10 @@ bool take_methods(Workbook& workbook, WorkbookKind kind, LangId lang, CalcCase& 
     }
     const unsigned methods = selected(c);
     if ((methods & TBB) == 0 || (methods & (TB601 | TB207 | Webs | Kirn)) == 0) return true;
-    reading.refuse(box_in(lang, busbar_beside_line));
+    for (const ChoiceCell& cell : method_cells())
+        if (cell.field == flag_of(Method::TBB))
+            reading.refuse_as_told(box_in(lang, busbar_beside_line),
+                                   fixed_cell(workbook, cell.row));
     return false;
 }
 
@@ -61,7 +64,8 @@ void S_02_io_excel_Fixed_input_einlesen_pruefen_stat(Workbook& workbook, Workboo
                                                      CellReading& reading) {
     const std::string identifier = workbook.text(identifier_row, identifier_column);
     if (auto refusal = identifier_refusal(identifier, wanted, lang))
-        return reading.refuse(std::move(*refusal));
+        return reading.refuse_as_told(std::move(*refusal),
+                                      {identifier_row, identifier_column, identifier});
     if (!take_methods(workbook, wanted, lang, c, reading)) return;
     const auto at = [&](const InputCell& cell) { return fixed_cell(workbook, cell.fixed_row); };
     for (const InputCell& cell : line_cells()) reading.take(cell, at(cell), c);

@@ -291,6 +291,13 @@ WorkbookDesign template_design(WorkbookKind kind, LangId lang,
     return {steady_fixed(kind, lang, conductor), steady_rows(kind, lang, conductor)};
 }
 
+std::string template_name(WorkbookKind kind, LangId lang) {
+    constexpr Text names[] = {{"Vorlage_stationaer", "template_steady"},
+                              {"Vorlage_stationaer_Leiter", "template_steady_conductors"},
+                              {"Vorlage_instationaer", "template_transient"}};
+    return std::string(names[static_cast<std::size_t>(kind)].in(lang));
+}
+
 std::string template_title(WorkbookKind kind, LangId lang) {
     return std::string(titles[static_cast<std::size_t>(kind)].in(lang));
 }

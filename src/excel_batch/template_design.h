@@ -15,6 +15,9 @@ namespace zel::excel_batch {
 [[nodiscard]] WorkbookDesign template_design(WorkbookKind kind, LangId lang,
                                              const std::optional<CalcCase>& conductor);
 
+/// What a file of that workbook may be called, without an ending.
+[[nodiscard]] std::string template_name(WorkbookKind kind, LangId lang);
+
 /// The title of that workbook.
 [[nodiscard]] std::string template_title(WorkbookKind kind, LangId lang);
 

@@ -195,7 +195,7 @@ private:
             CalcCase c = fixed_.c;
             CellReading reading(origin);
             take(row_texts(workbook, transient_columns(), row), c, reading);
-            tell(job_.session, reading.refusals());
+            tell(job_, reading.refusals());
             if (!reading.sound()) return PassEnd::Wrong;
         }
         return PassEnd::Done;

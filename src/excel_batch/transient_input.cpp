@@ -45,7 +45,8 @@ void S_102_io_excel_Fixed_input_einlesen_pruefen_transient(Workbook& workbook, L
                                                            CellReading& reading) {
     const std::string identifier = workbook.text(identifier_row, identifier_column);
     if (auto refusal = identifier_refusal(identifier, WorkbookKind::Transient, lang))
-        return reading.refuse(std::move(*refusal));
+        return reading.refuse_as_told(std::move(*refusal),
+                                      {identifier_row, identifier_column, identifier});
     CalcCase& c = fixed.c;
     for (const Method method : all_methods) c.*flag_of(method) = method == Method::TB601 ? 1 : 0;
     const auto at = [&](const InputCell& cell) { return fixed_cell(workbook, cell.fixed_row); };

@@ -45,6 +45,16 @@ std::optional<WorkbookKind> kind_of(std::string_view identifier) {
     return std::nullopt;
 }
 
+std::optional<WorkbookKind> kind_of(Workbook& workbook) {
+    try {
+        workbook.select(fixed_sheet);
+    } catch (const WorkbookError& error) {
+        if (error.fault() == WorkbookFault::NoSheet) return std::nullopt;
+        throw;
+    }
+    return kind_of(workbook.text(identifier_row, identifier_column));
+}
+
 CellArea result_area(WorkbookKind kind) {
     const KindRow& row = row_of(kind);
     return {row.first_row, row.first_result_column, row.first_row + row_limit - 1,

@@ -54,6 +54,9 @@ inline constexpr std::array kinds = {
 /// The kind that a text in cell B2 names, or nothing.
 [[nodiscard]] std::optional<WorkbookKind> kind_of(std::string_view identifier);
 
+/// What a workbook that is to be looked at is for, if anything. Throws `WorkbookError`.
+[[nodiscard]] std::optional<WorkbookKind> kind_of(Workbook& workbook);
+
 /// The refusal of a workbook whose cell B2 does not hold an identifier of the wanted kind.
 [[nodiscard]] std::optional<Box> identifier_refusal(std::string_view identifier,
                                                     WorkbookKind wanted, LangId lang);

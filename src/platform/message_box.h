@@ -10,8 +10,8 @@
 namespace zel {
 
 enum class Icon { None, Stop, Warning, Question };
-enum class Buttons { Ok, YesNo };
-enum class Answer { Ok, Yes, No };
+enum class Buttons { Ok, YesNo, SaveDiscardCancel };
+enum class Answer { Ok, Yes, No, Save, Discard, Cancel };
 
 /// "none", "stop", "warning" or "question".
 [[nodiscard]] std::string_view name_of(Icon icon);

@@ -133,6 +133,9 @@ public:
     void reread(NumberMember member);
     void reread_all();
 
+    /// The store of the user, where more than settings is kept.
+    [[nodiscard]] SettingsStore& user_store() const { return *user_; }
+
     /// Writes as `set` does, but throws `OutputError` where the value cannot be written.
     void write(const SettingRow& row, std::string_view value);
 

@@ -111,7 +111,7 @@ TEST_F(DiagramWindows, follow_language_inputs_and_case) {
     form1().findChild<QAction*>("m_userinterface_german")->trigger();
     EXPECT_EQ(graph.windowTitle(), "Graphische Darstellung");
     EXPECT_TRUE(has(saved(graph, "/d/g.svg"), "Leitertemperatur in °C"));
-    dialogs.answers = {Answer::Yes, Answer::Yes};
+    dialogs.answers = {Answer::Discard, Answer::Yes};
     form1().findChild<QAction*>("new_case")->trigger();
     EXPECT_FALSE(graph.isVisible());
 }

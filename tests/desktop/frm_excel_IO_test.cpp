@@ -6,6 +6,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableWidget>
 #include <QTimer>
 
 #include "desktop/desktop_fixture.h"
@@ -90,8 +91,49 @@ TEST_F(FrmExcelIOTest, wrong_input_is_told_in_boxes) {
     EXPECT_EQ(dialogs.shown[0].lines[0], "Maximum value for altitude is 4500 m above sea level !");
     EXPECT_EQ(batch.store.saved, 0);
     EXPECT_EQ(line("summary"), "");
+    EXPECT_EQ(line("done_rows"), "Nothing was saved, the workbook is unchanged.");
     EXPECT_EQ(at<QProgressBar>("progress").format().toStdString(), "0 %");
     EXPECT_TRUE(can_click("Command1"));
+}
+
+TEST_F(FrmExcelIOTest, wrong_cells_stay_in_a_list_that_leads_to_them) {
+    fill(1);
+    auto& list = at<QTableWidget>("wrong_cells");
+    EXPECT_FALSE(list.isVisible());
+    batch.set_fixed(19, 5000);
+    batch.set_fixed(46, 900);
+    dialogs.leaves_chains = true;
+    dialogs.while_shown = [&] { EXPECT_EQ(list.rowCount(), 2) << "behind the first box"; };
+    click("Command1");
+    EXPECT_EQ(dialogs.shown.size(), 1U);
+    EXPECT_THAT(line("summary"), HasSubstr("incorrect input data in excel sheet"));
+    ASSERT_TRUE(list.isVisible());
+    list.setCurrentCell(1, 0);
+    press(list, Qt::Key_Return);
+    EXPECT_THAT(launcher.opened, ElementsAre(excel_batch::BatchOfRows::path));
+    EXPECT_EQ(QApplication::clipboard()->text(), "C46");
+    EXPECT_THAT(line("status"), HasSubstr("The clipboard holds C46 (worksheet fixed_input)"));
+    click("copy_summary");
+    EXPECT_THAT(QApplication::clipboard()->text().toStdString(),
+                HasSubstr("fixed_input\tC19\t5000"));
+    batch.set_fixed(19, 100);
+    batch.set_fixed(46, 80);
+    click("Command1");
+    EXPECT_FALSE(list.isVisible());
+}
+
+TEST_F(FrmExcelIOTest, an_empty_template_is_that_of_the_chosen_form) {
+    for (const auto& [option, kind] :
+         {std::pair{"Option7", WorkbookKind::SteadyVar}, {"Option8", WorkbookKind::SteadyFix}}) {
+        at<QRadioButton>(option).click();
+        click("save_template");
+        EXPECT_EQ(batch.workbook(), excel_batch::cells_of(excel_batch::template_design(
+                                        kind, LangId::English, std::nullopt)));
+    }
+    EXPECT_TRUE(can_click("Command2"));
+    chooser.paths.emplace_back("/data/templates/Template_out_german.xlsx");
+    at<QPushButton>("save_template").click();
+    EXPECT_EQ(dialogs.shown.back().lines[1], "Template_out_german.xlsx");
 }
 
 TEST_F(FrmExcelIOTest, failing_files_are_told_by_the_error_table) {
@@ -119,6 +161,7 @@ TEST_F(FrmExcelIOTest, a_run_can_be_cancelled_behind_a_row) {
     click("Command1");
     EXPECT_THAT(line("summary"), HasSubstr("The calculation was cancelled. The rows"));
     EXPECT_EQ(line("status"), "");
+    EXPECT_THAT(line("done_rows"), testing::MatchesRegex("[0-9]+ of 3000 active rows are .*"));
     EXPECT_LT(at<QProgressBar>("progress").value(), at<QProgressBar>("progress").maximum());
     EXPECT_EQ(batch.store.saved, 1);
     EXPECT_EQ(batch.result(3004, 34), "");

@@ -177,7 +177,7 @@ TEST_F(SettingsWindows, a_help_document_is_opened_and_a_missing_one_is_told) {
     english();
     Captions captions;
     HelpMenu menu(state->session, launcher, {"/nowhere", folder.path()});
-    menu.add_to(*help.menuBar(), captions);
+    menu.add_to(*help.menuBar(), captions, "mBenutzerhandbuch");
     trigger(help, "mBenutzerhandbuch");
     trigger(help, "mLeiterdatenblatt");
     EXPECT_THAT(launcher.opened, ElementsAre(folder.file("zel_usermanual.pdf"),

@@ -101,7 +101,7 @@ TEST_F(SideDocks, pinned_runs_stand_beside_the_next) {
         QApplication::clipboard()->text().toStdString(),
         testing::AllOf(testing::StartsWith("zel steady -"), HasSubstr("Windgeschwindigkeit_db\n")));
     runs.setCurrentRow(1);
-    dialogs.answers = {Answer::Yes};
+    dialogs.answers = {Answer::Discard};
     control<QPushButton>("open_run").click();
     EXPECT_EQ(pages().currentIndex(), input_page);
     EXPECT_EQ(typed_in("Text11"), "0.6");

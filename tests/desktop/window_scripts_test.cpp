@@ -98,6 +98,15 @@ MemoryTable empty_table(const std::string& name, std::size_t columns) {
     return table;
 }
 
+Answer answer_named(const std::string& name) {
+    const std::map<std::string, Answer> answers = {{"yes", Answer::Yes},
+                                                   {"no", Answer::No},
+                                                   {"save", Answer::Save},
+                                                   {"discard", Answer::Discard},
+                                                   {"cancel", Answer::Cancel}};
+    return answers.at(name);
+}
+
 /// "~" stands before a part of the text.
 bool fits(const std::string& text, const std::string& expected) {
     if (!expected.starts_with('~')) return text == expected;
@@ -220,7 +229,7 @@ private:
             part_of_window<QAction>(first).trigger();
         else if (verb == "answers")
             for (std::size_t i = 1; i < step.size(); ++i)
-                dialogs.answers.push_back(step[i] == "yes" ? Answer::Yes : Answer::No);
+                dialogs.answers.push_back(answer_named(step[i]));
         else if (verb == "paths")
             for (std::size_t i = 1; i < step.size(); ++i) chooser.paths.push_back(step[i]);
         else if (verb == "disk")

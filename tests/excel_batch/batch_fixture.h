@@ -26,11 +26,15 @@ public:
     void percent(double percent) override { percents.push_back(percent); }
     void active_rows(const std::string& line) override { statuses.push_back(line); }
     void time_suffix(std::string_view text) override { suffix = text; }
+    void rows_done(int done, int /*active*/) override { most_done = done; }
+    void wrong_cell(const WrongCell& cell) override { wrong_cells.push_back(cell); }
     bool cancelled() override { return ++rows == stop_after; }
 
     std::vector<std::string> statuses;
     std::vector<double> percents;
     std::string suffix;
+    std::vector<WrongCell> wrong_cells;
+    int most_done = -1;
     int rows = 0;
     int stop_after = -1;
 };

@@ -123,6 +123,34 @@ TEST_F(SteadyBatch, a_failing_save_comes_through) {
     EXPECT_THROW((void)run(), OutputError);
 }
 
+TEST_F(SteadyBatch, wrong_cells_are_all_listed_even_where_the_user_leaves_their_boxes) {
+    for (const bool leaves : {false, true}) {
+        dialogs = {};
+        observer = {};
+        dialogs.leaves_chains = leaves;
+        start(WorkbookKind::SteadyFix, line_of_all_methods());
+        set_fixed(19, 5000);
+        fixed()[{46, 3}] = std::string("80.5");
+        const BatchResult result = run();
+        EXPECT_EQ(dialogs.shown.size(), leaves ? 2U : 3U)
+            << "the last tells that the run has ended";
+        EXPECT_EQ(cells_text(observer.wrong_cells, LangId::English),
+                  "fixed_input\tC19\t5000\tMaximum value for altitude is 4500 m above sea level ! "
+                  "Minimum value for altitude is 0 m above sea level !\n"
+                  "fixed_input\tC46\t80.5\tno correct input\n");
+        EXPECT_EQ(end_line(result, LangId::English),
+                  "Nothing was saved, the workbook is unchanged.");
+    }
+}
+
+TEST_F(SteadyBatch, the_end_line_counts_the_rows_that_stand_in_the_workbook) {
+    start(WorkbookKind::SteadyFix, line_of_all_methods());
+    for (int i = 0; i < 5; ++i) add_row(line_of_all_methods());
+    observer.stop_after = 2;
+    EXPECT_EQ(end_line(run(), LangId::English), "2 of 5 active rows are calculated and saved.");
+    EXPECT_EQ(observer.most_done, 2);
+}
+
 TEST_F(SteadyBatch, merged_cells_are_refused_in_the_result_area_alone) {
     for (const auto& [wanted, last_input, first_result] :
          {std::tuple{WorkbookKind::SteadyFix, 33, 34}, {WorkbookKind::SteadyVar, 71, 72}}) {

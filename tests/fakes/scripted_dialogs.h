@@ -28,8 +28,8 @@ public:
         return leaves_chains;
     }
 
-    bool leaves_chains = false;  // after the first box of one
     std::deque<Answer> answers;
+    bool leaves_chains = false;  // the user wants no box that can be left with those before it
     std::vector<Box> shown;
     std::function<void()> while_shown;  // looks at what the user sees behind a box
 };

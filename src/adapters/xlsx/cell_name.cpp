@@ -13,15 +13,6 @@ void skip_dollar(std::string_view text, std::size_t& i) {
 
 }  // namespace
 
-std::string column_letters(int column) {
-    std::string text;
-    for (; column > 0; column = (column - 1) / letters)
-        text.insert(text.begin(), static_cast<char>('A' + (column - 1) % letters));
-    return text;
-}
-
-std::string cell_name(int row, int column) { return column_letters(column) + std::to_string(row); }
-
 std::optional<CellPlace> cell_place(std::string_view name) {
     CellPlace place = {0, 0};
     std::size_t i = 0;

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/cell_name.h"
 #include "platform/workbook.h"
 
 namespace zel::xlsx {
@@ -11,12 +12,6 @@ namespace zel::xlsx {
 // Of a worksheet, as the file format has it.
 inline constexpr int largest_column = 16384;
 inline constexpr int largest_row = 1048576;
-
-/// "AH" of 34.
-[[nodiscard]] std::string column_letters(int column);
-
-/// "AH5"
-[[nodiscard]] std::string cell_name(int row, int column);
 
 struct CellPlace {
     int row;

@@ -1,6 +1,8 @@
 #include "desktop/batch/frm_excel_IO.h"
 
+#include <QClipboard>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,11 +12,15 @@
 #include <QRegularExpression>
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <cmath>
 
+#include "desktop/batch/wrong_cell_list.h"
 #include "desktop/frame/events.h"
+#include "desktop/frame/sheet_saving.h"
 #include "desktop/frame/widgets.h"
 #include "excel_batch/batch_texts.h"
+#include "excel_batch/template_design.h"
 #include "excel_batch/test_rows.h"
 #include "forms/config_options.h"
 #include "workflow/run/notes.h"
@@ -45,6 +51,17 @@ constexpr Text open_caption = {"Aktuelle &Arbeitsmappe in Excel öffnen",
                                "Open present &workbook in Excel"};
 constexpr Text stop_caption = {"Excel-Berechnung &abbrechen", "&Cancel Excel calculation"};
 constexpr Text close_caption = {"Fenster schließen", "Close window"};
+constexpr Text template_caption = {"&Leere Vorlage speichern ...", "Save empty &template ..."};
+constexpr SavingWords template_words = {
+    {"Leere Vorlage speichern", "Save empty template"},
+    {"Excel-Dateien (*.xlsx) (*.xlsx)", "Excel files (*.xlsx) (*.xlsx)"},
+    "xlsx",
+    {"Die Vorlage kann nicht gespeichert werden:\n{0}", "The template can not be saved:\n{0}"}};
+constexpr Text template_saved = {"Die leere Vorlage steht in {0}.", "The empty template is {0}."};
+constexpr Text copy_caption = {"&Zusammenfassung kopieren", "Copy su&mmary"};
+constexpr Text cell_opened = {
+    "Die Arbeitsmappe wird geöffnet. In der Zwischenablage steht {0} (Arbeitsblatt {1}).",
+    "The workbook is being opened. The clipboard holds {0} (worksheet {1})."};
 constexpr Text random_caption = {"Auswahl Arbeitsmappe / Generierung zufälliger Datensätze",
                                  "Select workbook / generate random data sets"};
 constexpr Text deviation_caption = {
@@ -70,30 +87,6 @@ QString plain_caption(const Text& text, LangId lang) { return qt(text, lang).rep
 
 std::string folder_of_path(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
 
-/// Hands the progress of a batch to the job that it runs in.
-class Observer : public BatchObserver {
-public:
-    explicit Observer(Job& job) : job_(job) {}
-
-    void status(const std::string& line) override { tell(at_.line, line); }
-    void percent(double percent) override {
-        if (!job_.cancelled()) tell(at_.percent, percent);
-    }
-    void active_rows(const std::string& line) override { tell(at_.amount, line); }
-    void time_suffix(std::string_view suffix) override { tell(at_.time_suffix, suffix); }
-    bool cancelled() override { return job_.cancelled(); }
-
-private:
-    template <class T, class Value>
-    void tell(T& part, const Value& value) {
-        part = value;
-        job_.tell(at_);
-    }
-
-    Job& job_;
-    JobProgress at_;
-};
-
 }  // namespace
 
 FrmExcelIO::FrmExcelIO(QWidget* parent, DesktopState& state, ExcelMode mode)
@@ -107,16 +100,23 @@ FrmExcelIO::FrmExcelIO(QWidget* parent, DesktopState& state, ExcelMode mode)
     if (mode == ExcelMode::Steady) layout->addWidget(make_choice());
     QPushButton* start = make_button("Command1", start_caption, &FrmExcelIO::start);
     start->setDefault(true);
-    layout->addWidget(start);
+    auto* first = new QHBoxLayout;
+    first->addWidget(start, 1);
+    first->addWidget(make_button("save_template", template_caption, &FrmExcelIO::save_template));
+    layout->addLayout(first);
     layout->addWidget(make_progress());
     stop_button_ = make_button("Command3", stop_caption, &FrmExcelIO::stop);
     open_ = make_button("Command2", open_caption, &FrmExcelIO::open_workbook);
+    copy_ = make_button("copy_summary", copy_caption, &FrmExcelIO::copy_summary);
+    wrong_cells_ = new WrongCellList(lang(), [this](const WrongCell& cell) { go_to(cell); });
+    layout->addWidget(wrong_cells_, 1);
     if (state.settings.now().frm_excel_IO_height == excel_height_with_tests)
         layout->addWidget(make_tests());
     layout->addStretch();
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(stop_button_);
     buttons->addWidget(open_);
+    buttons->addWidget(copy_);
     buttons->addStretch();
     buttons->addWidget(make_button("Command6", close_caption, &FrmExcelIO::close_window));
     layout->addLayout(buttons);
@@ -173,13 +173,14 @@ QWidget* FrmExcelIO::make_progress() {
     };
     status_ = line("status");
     active_rows_ = line("active_rows");
+    done_rows_ = line("done_rows");
     elapsed_ = line("elapsed");
     summary_ = line("summary");
-    summary_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    summary_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     summary_->setMinimumHeight(5 * summary_->fontMetrics().lineSpacing());
     summary_->setAlignment(Qt::AlignTop);
     for (QWidget* widget : std::initializer_list<QWidget*>{note, progress_, status_, active_rows_,
-                                                           elapsed_, summary_})
+                                                           done_rows_, elapsed_, summary_})
         layout->addWidget(widget);
     return area;
 }
@@ -215,12 +216,16 @@ void FrmExcelIO::set_running(bool running) {
     for (QWidget* widget : at_rest_) widget->setEnabled(!running);
     stop_button_->setEnabled(running);
     open_->setEnabled(!running && !path_.empty());
+    copy_->setEnabled(!running && !summary_->text().isEmpty());
+    wrong_cells_->setEnabled(!running);
 }
 
 void FrmExcelIO::show_job(Job& job, const JobProgress& at, double seconds) {
     job_ = &job;
     status_->setText(qt(at.line));
     active_rows_->setText(qt(at.amount));
+    done_rows_->setText(qt(at.done));
+    wrong_cells_->show_cells(found_.all());
     show_percent(at.percent);
     elapsed_->setText(qt(fill(elapsed_line.in(lang()), {duration_text(seconds) + at.time_suffix})));
 }
@@ -234,13 +239,16 @@ void FrmExcelIO::show_percent(double percent) {
 
 bool FrmExcelIO::choose_workbook() {
     while (true) {
-        PathQuestion question = {std::string(select_title.in(lang())), folder_of_path(path_),
+        const std::string& last = proposed_.empty() ? path_ : proposed_;
+        PathQuestion question = {std::string(select_title.in(lang())), folder_of_path(last),
                                  select_filters.in(lang()), "xlsx"};
         question.existing = true;
+        question.name = proposed_.substr(folder_of_path(proposed_).size());
         const auto path = state_.chooser.path_to_select(question);
         if (!path) return false;
         if (!is_shipped_template(*path, state_.data_folder)) {
             path_ = *path;
+            proposed_.clear();
             return true;
         }
         const std::string name = path->substr(path->rfind('/') + 1);
@@ -258,6 +266,9 @@ void FrmExcelIO::run(std::string_view module, std::string_view procedure, const 
         FrmExcelIO& form_;
     } const running(*this);
     summary_->clear();
+    done_rows_->clear();
+    found_.clear();
+    wrong_cells_->show_cells({});
     trap(state_.errors, module, procedure, [&] { run_job(*this, state_.session.dialogs, work); });
 }
 
@@ -267,29 +278,37 @@ void FrmExcelIO::start() {
     const auto calculate =
         steady ? S_00_io_excel_gesamt_rahmen_stat : S_100_io_excel_gesamt_rahmen_transient;
     BatchResult result;
+    std::vector<std::string> unseen;
     run(module_name,
         steady ? "S_00_io_excel_gesamt_rahmen_stat" : "S_100_io_excel_gesamt_rahmen_transient",
-        [&result, calculate, session = state_.session, settings = state_.settings.now(),
-         preset = state_.calc_case, &store = state_.workbooks, path = path_,
-         data_folder = state_.data_folder](Job& job) {
-            const Session of_job = session.apart(job.dialogs(), nullptr);
-            Observer observer(job);
+        [&result, &unseen, &found = found_, calculate, session = state_.session,
+         settings = state_.settings.now(), preset = state_.calc_case, &store = state_.workbooks,
+         path = path_, data_folder = state_.data_folder](Job& job) {
+            SeenBoxes boxes(job.dialogs());
+            const Session of_job = session.apart(boxes, nullptr);
+            BatchWatch observer(job, found, session.lang);
             BatchJob batch = {store, path, of_job, observer, preset, data_folder, path};
             batch.Excel_Leiterdaten_Merker = settings.Excel_Leiterdaten_Merker;
             batch.Excel_Zelle_Array_Schreiben_Merker = settings.Excel_Zelle_Array_Schreiben_Merker;
             result = calculate(batch);
+            unseen = boxes.unseen();
         });
-    show_result(result);
+    show_result(result, unseen);
 }
 
-void FrmExcelIO::show_result(const BatchResult& result) {
+void FrmExcelIO::show_result(const BatchResult& result, const std::vector<std::string>& unseen) {
     std::string text = joined(result.summary, "\n");
     const bool stopped = result.end == BatchEnd::Stopped;
     if (stopped) text = (result.saved ? stopped_saved : stopped_unsaved).in(lang());
     if (stopped || result.end == BatchEnd::Refused) status_->clear();
     // The percentage of a stopped run stays where its rows stand in the workbook.
     if (!stopped || !result.saved) show_percent(result.end == BatchEnd::Done ? 100 : 0);
+    for (const std::string& lines : unseen) text += (text.empty() ? "" : "\n") + lines;
+    done_rows_->setText(qt(end_line(result, lang())));
     summary_->setText(qt(text + notes_text(notes_of(result, lang()), lang())));
+    summary_->setMinimumHeight(
+        std::max(summary_->minimumHeight(), summary_->heightForWidth(summary_->width())));
+    copy_->setEnabled(true);
 }
 
 void FrmExcelIO::stop() {
@@ -301,6 +320,40 @@ void FrmExcelIO::open_workbook() {
         if (!state_.launcher.open_document(path_))
             throw PlatformError(PlatformFault::ProgramMissing, path_ + ": no program opens it");
     });
+}
+
+/// No way of a desktop to open a document names a cell in it.
+void FrmExcelIO::go_to(const WrongCell& cell) {
+    QGuiApplication::clipboard()->setText(qt(cell.name()));
+    status_->setText(qt(fill(cell_opened.in(lang()), {cell.name(), cell.sheet})));
+    open_workbook();
+}
+
+void FrmExcelIO::save_template() {
+    const WorkbookKind kind = mode_ == ExcelMode::Transient  ? WorkbookKind::Transient
+                              : with_conductor_->isChecked() ? WorkbookKind::SteadyVar
+                                                             : WorkbookKind::SteadyFix;
+    const auto write = [&](const std::string& path) -> std::optional<Box> {
+        if (is_shipped_template(path, state_.data_folder))
+            return box_in(lang(), template_refused, {path.substr(folder_of_path(path).size())});
+        state_.workbooks.create(path, template_design(kind, lang(), std::nullopt),
+                                template_title(kind, lang()));
+        path_ = proposed_ = path;
+        status_->setText(qt(fill(template_saved.in(lang()), {path})));
+        set_running(false);
+        return std::nullopt;
+    };
+    save_as(state_.session, state_.chooser, state_.files, template_words, folder_of_path(path_),
+            template_name(kind, lang()), write);
+}
+
+void FrmExcelIO::copy_summary() {
+    const std::string cells = cells_text(wrong_cells_->cells(), lang());
+    std::vector<std::string> parts = {status_->text().toStdString(),
+                                      done_rows_->text().toStdString(),
+                                      summary_->text().toStdString(), cells};
+    std::erase(parts, std::string());
+    QGuiApplication::clipboard()->setText(qt(joined(parts, "\n")));
 }
 
 void FrmExcelIO::fill_with_random_values() {

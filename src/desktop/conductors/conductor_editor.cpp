@@ -105,10 +105,10 @@ constexpr BoxText remove_question = {
 constexpr BoxText discard_question = {
     Icon::Question,
     editor_title,
-    {"Der Leiter {0} ist nicht gespeichert.\nSollen die Änderungen verworfen werden ?",
-     "The conductor {0} is not kept.\nShall its changes be lost ?"},
-    Buttons::YesNo,
-    Answer::No};
+    {"Der Leiter {0} ist nicht gespeichert.\nSollen die Änderungen gespeichert werden ?",
+     "The conductor {0} is not kept.\nDo you want to save its changes ?"},
+    Buttons::SaveDiscardCancel,
+    Answer::Cancel};
 
 }  // namespace
 
@@ -406,7 +406,10 @@ bool ConductorEditor::may_be_left() {
         const LibraryConductor before = without_damage(*before_);
         if (conductor_table({&conductor, 1}) == conductor_table({&before, 1})) return true;
     }
-    return tell(discard_question, {full_name(conductor)}) == Answer::Yes;
+    const Answer answer = tell(discard_question, {full_name(conductor)});
+    if (answer != Answer::Save) return answer == Answer::Discard;
+    keep();
+    return mode_ == Mode::Looking;
 }
 
 void ConductorEditor::reject() {

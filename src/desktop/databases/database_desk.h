@@ -33,6 +33,7 @@ class DatabaseDesk : public DatabaseSource {
 public:
     DatabaseDesk(AreaFrame& form, const forms::DatabaseForms& forms, const DatabaseParts& parts);
 
+    void open_file(const std::string& path) override { browse(path); }
     void open_fixed() override;
     void save_in_fixed() override;
     void allow_saving(bool allowed) override;

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/frame/edit_actions.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/language_menu.h"
 #include "desktop/frame/message_strip.h"
@@ -26,6 +27,7 @@ constexpr QSize window_size(1260, 750);
 
 constexpr Text no_name = {"Unbenannt", "Untitled"};
 constexpr Text file_caption = {"&Datei", "&File"};
+constexpr Text recent_caption = {"Zuletzt &geöffnet", "Open &recent"};
 constexpr Text edit_caption = {"&Bearbeiten", "E&dit"};
 
 }  // namespace
@@ -59,6 +61,9 @@ void AreaPage::place_above() {
     const int room = viewport()->width();  // beside the bar, which is as high as page and widget
     const int wanted = above_->isHidden() ? 0 : above_->heightForWidth(room);
     const QMargins margins(0, std::min(wanted, height() / most), 0, 0);
+    // A bar that was needed once would make its lines wrap, and stay needed.
+    above_->setVerticalScrollBarPolicy(wanted > margins.top() ? Qt::ScrollBarAsNeeded
+                                                              : Qt::ScrollBarAlwaysOff);
     above_->setGeometry(0, 0, room, margins.top());
     if (viewportMargins() != margins) setViewportMargins(margins);
 }
@@ -78,6 +83,7 @@ AreaFrame::AreaFrame(const AreaFacts& facts, const AreaParts& parts,
                 std::move(path)),
       errors_(parts.errors),
       printing_(parts.printing),
+      recent_(parts.recent),
       strip_(new QTabWidget),
       messages_(parts.session) {
     setObjectName(facts.form);
@@ -99,12 +105,12 @@ void AreaFrame::make_menus() {
          &AreaFrame::save_as},
         {facts_.close_entry, {"S&chließen", "&Close"}, "Ctrl+W", &AreaFrame::hide_form},
     };
-    constexpr MenuRow copy_row = {"copy_result",
-                                  {"Ergebnis &kopieren", "&Copy result"},
-                                  "Ctrl+Shift+C",
-                                  &AreaFrame::copy_result};
     QMenu* file = captions_.title(menuBar()->addMenu(QString()), file_caption);
     for (const MenuRow& row : file_rows) add_action(*file, row);
+    auto* recent = captions_.title(new QMenu(file), recent_caption);
+    recent->setObjectName("open_recent");
+    file->insertMenu(file->actions().at(2), recent);
+    keep_filled(*recent, recent_, session_);
     file->insertSeparator(file->actions().constLast());
     print_ = new QAction(file);
     print_->setObjectName("print_report");
@@ -117,9 +123,22 @@ void AreaFrame::make_menus() {
     on(printer, &QAction::triggered, [this] { choose_printer(); });
     file->insertAction(file->actions().constLast(), printer);
     file->insertSeparator(file->actions().constLast());
+    add_edit_menu();
+}
+
+void AreaFrame::add_edit_menu() {
+    constexpr MenuRow copy_row = {"copy_result",
+                                  {"Ergebnis &kopieren", "&Copy result"},
+                                  "Ctrl+Shift+C",
+                                  &AreaFrame::copy_result};
+    constexpr MenuRow calculate_row = {
+        "calculate", {"&Berechnen", "Ca&lculate"}, "F5", &AreaFrame::calculate};
     QMenu* edit = captions_.title(menuBar()->addMenu(QString()), edit_caption);
+    add_edit_actions(*edit, captions_);
+    edit->addSeparator();
     copy_ = add_action(*edit, copy_row);
     copy_->setEnabled(false);
+    add_action(*edit, calculate_row);
     add_message_actions(*edit);
 }
 
@@ -186,6 +205,7 @@ void AreaFrame::finish(AreaPage& results, const forms::Record& record) {
     on(strip_, &QTabWidget::currentChanged, [this](int to) { page_changed(to); });
     captions_.computed([this](LangId) { show_print_caption(); });
     pages_.front()->focus_first();
+    if (!document_.path().empty()) document_stored();
     size_window(*this, window_size);
 }
 
@@ -242,7 +262,13 @@ bool AreaFrame::commit() {
     return !refused_.waits();
 }
 
-bool AreaFrame::may_be_left() { return commit() && document_.may_be_left(); }
+bool AreaFrame::may_be_left() { return commit() && may_be_replaced(); }
+
+bool AreaFrame::may_be_replaced() {
+    const bool may = document_.may_be_left();
+    tell_title();  // of a case that was saved
+    return may;
+}
 
 void AreaFrame::page_changed(int to) {
     const bool sound = commit();
@@ -262,8 +288,30 @@ void AreaFrame::start_anew() {
     if (commit() && document_.start_anew()) show_new_case();
 }
 
+/// As arriving at the result page does.
+void AreaFrame::calculate() {
+    if (page_ == facts_.result_page)
+        page_changed(page_);
+    else
+        strip_->setCurrentIndex(facts_.result_page);
+}
+
 void AreaFrame::open() {
-    if (commit() && document_.open()) show_new_case();
+    if (!commit() || !document_.open()) return;
+    show_new_case();
+    document_stored();
+}
+
+void AreaFrame::open_file(const std::string& path, bool as_copy) {
+    if (!commit() || !(as_copy ? document_.open_copy(path) : document_.open(path))) return;
+    show_new_case();
+    document_stored();
+}
+
+/// The file of the case is one of the recent ones, and the title tells it.
+void AreaFrame::document_stored() {
+    if (!document_.path().empty()) recent_.files.add(document_.path());
+    tell_title();
 }
 
 void AreaFrame::take(const StoredRow& row, const std::string& origin) {
@@ -277,11 +325,11 @@ void AreaFrame::stored_in(const std::string& origin) {
 }
 
 void AreaFrame::save() {
-    if (commit() && document_.save()) tell_title();
+    if (commit() && document_.save()) document_stored();
 }
 
 void AreaFrame::save_as() {
-    if (commit() && document_.save_as()) tell_title();
+    if (commit() && document_.save_as()) document_stored();
 }
 
 void AreaFrame::hide_form() { close(); }

@@ -12,6 +12,7 @@
 #include "desktop/frame/document.h"
 #include "desktop/frame/inputs.h"
 #include "desktop/frame/print_source.h"
+#include "desktop/frame/recent_menu.h"
 #include "messages/area_messages.h"
 
 class QMenu;
@@ -65,6 +66,7 @@ struct AreaFacts {
     Text question_title;      // of questions about its case
     Text title;
     const forms::DatabaseForms& databases;
+    int result_page = 2;
 };
 
 /// What every area works with.
@@ -77,6 +79,7 @@ struct AreaParts {
     MakeDatabaseSource make_databases;
     ErrorHandling& errors;
     PrintSource& printing;
+    RecentParts recent;  // their files may be of another area
 };
 
 /// The form of a program area: pages on the strip `SSTab1`, numbered from 0, and the menus. The
@@ -89,15 +92,20 @@ public:
     bool take_in() { return commit(); }
     /// Shows the case, which has become another one.
     virtual void load();
-    /// Takes in what is typed but not yet finished; false where a text was refused, or where the
-    /// user does not want to lose changes that are not stored.
+    /// Takes in what is typed but not yet finished; false where a text was refused, or where
+    /// changes that are not stored would be lost against the will of the user.
     [[nodiscard]] virtual bool may_be_left();
+
+    /// Opens a case file in the area; `as_copy` leaves the file as it is ever after.
+    void open_file(const std::string& path, bool as_copy = false);
+    /// Lets the user take over a record of the database at `path`.
+    void open_database(const std::string& path) { databases_->open_file(path); }
 
     // ---- for the databases of the area
 
     [[nodiscard]] DocumentRecord& record() const { return *record_; }
-    /// False where the user does not want to lose changes of the case that are not stored.
-    [[nodiscard]] bool may_be_replaced() const { return document_.may_be_left(); }
+    /// False where changes of the case that are not stored would be lost against the user's will.
+    [[nodiscard]] bool may_be_replaced();
     /// Makes a row of the table `origin` the case and goes to the first page.
     void take(const StoredRow& row, const std::string& origin);
     /// The case was saved into the table `origin`.
@@ -168,6 +176,9 @@ private:
     void tell_title();
     void page_changed(int to);
     void start_anew();
+    void calculate();
+    void add_edit_menu();
+    void document_stored();
     void open();
     void save();
     void save_as();
@@ -184,6 +195,7 @@ private:
     QMenu* language_menu_ = nullptr;
     ErrorHandling& errors_;
     PrintSource& printing_;
+    RecentParts recent_;
     QAction* copy_ = nullptr;
     QAction* print_ = nullptr;
     std::vector<QPushButton*> print_buttons_;

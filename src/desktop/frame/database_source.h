@@ -15,6 +15,8 @@ class DatabaseSource {
 public:
     virtual ~DatabaseSource() = default;
 
+    /// Lets the user take over a record of the database at `path`.
+    virtual void open_file(const std::string& path) = 0;
     /// Lets the user take over a record of the table at hand.
     virtual void open_fixed() = 0;
     /// Adds the case to the table at hand.

@@ -10,11 +10,11 @@ namespace {
 constexpr BoxText lose_question = {Icon::Question,
                                    {"{0}", "{0}"},
                                    {"Die Eingaben wurden geändert und sind nicht gespeichert.\n"
-                                    "Sollen die Änderungen verworfen werden ?",
+                                    "Sollen die Änderungen gespeichert werden ?",
                                     "The input data has been changed and is not saved.\n"
-                                    "Do you want to discard the changes ?"},
-                                   Buttons::YesNo,
-                                   Answer::No};
+                                    "Do you want to save the changes ?"},
+                                   Buttons::SaveDiscardCancel,
+                                   Answer::Cancel};
 
 constexpr BoxText replace_question = {
     Icon::Question,
@@ -52,10 +52,11 @@ void Document::mark_stored(std::string path, std::string origin) {
     stored_ = record_.entered();
 }
 
-bool Document::may_be_left() const {
+bool Document::may_be_left() {
+    if (!modified()) return true;
     const LangId lang = session_.lang;
-    return !modified() ||
-           session_.dialogs.show(box_in(lang, lose_question, {program_.in(lang)})) == Answer::Yes;
+    const Answer answer = session_.dialogs.show(box_in(lang, lose_question, {program_.in(lang)}));
+    return answer == Answer::Save ? save() : answer == Answer::Discard;
 }
 
 bool Document::start_anew() {
@@ -70,6 +71,14 @@ bool Document::open() {
     if (!may_be_left()) return false;
     const auto path = chooser_.file_to_open(path_);
     return path && read(*path);
+}
+
+bool Document::open(const std::string& path) { return may_be_left() && read(path); }
+
+bool Document::open_copy(const std::string& path) {
+    if (!open(path)) return false;
+    mark_stored({});
+    return true;
 }
 
 bool Document::read(const std::string& path) {

@@ -57,13 +57,19 @@ public:
     /// The name of the file without its folders, or the table that the case comes from; empty where
     /// there is none yet.
     [[nodiscard]] std::string name() const;
+    /// That file; empty where there is none.
+    [[nodiscard]] const std::string& path() const { return path_; }
 
-    /// True where nothing would be lost, or the user agrees to lose it.
-    [[nodiscard]] bool may_be_left() const;
+    /// True where nothing is lost: changes are saved then, if the user does not want to lose them.
+    [[nodiscard]] bool may_be_left();
 
     // Each is false where the user or a failure stopped it; the case is then unchanged.
     bool start_anew();
     bool open();
+    /// Opens the file at `path`, as long as nothing is lost by it.
+    bool open(const std::string& path);
+    /// The same, but the case has no file then: what stands there stays as it is.
+    bool open_copy(const std::string& path);
     bool save();
     bool save_as();
 

@@ -53,11 +53,12 @@ JobProgress Job::progress() const {
     return progress_;
 }
 
-Answer Job::show(const Box& box) {
+Answer Job::wait_for(const Box& box, bool others_follow) {
     const std::lock_guard turn(turn_);
     std::unique_lock lock(mutex_);
     if (unattended_) return box.unattended;
     box_ = &box;
+    others_follow_ = others_follow;
     answer_.reset();
     lock.unlock();
     wake_();
@@ -70,6 +71,11 @@ Answer Job::show(const Box& box) {
 const Box* Job::waiting() const {
     const std::lock_guard lock(mutex_);
     return answer_ ? nullptr : box_;
+}
+
+bool Job::others_follow() const {
+    const std::lock_guard lock(mutex_);
+    return others_follow_;
 }
 
 void Job::answer(Answer answer) {

@@ -19,6 +19,7 @@ struct JobProgress {
     std::string line{};         // what it works on
     std::string amount{};       // how much there is to do
     std::string time_suffix{};  // follows the elapsed time
+    std::string done{};         // how much of it is done
 };
 
 /// A long calculation on a thread of its own. What it reads is copied for it, so that nothing
@@ -50,13 +51,17 @@ public:
     [[nodiscard]] JobProgress progress() const;
     /// The box that waits, or null. It stands until it is answered.
     [[nodiscard]] const Box* waiting() const;
+    /// Whether the boxes that follow it can be left: by the answer no, though it merely informs.
+    [[nodiscard]] bool others_follow() const;
     void answer(Answer answer);
     [[nodiscard]] bool ended() const;
     /// Waits for the end; boxes answer themselves from now on. Throws what the work has thrown.
     void finish();
 
 private:
-    Answer show(const Box& box) override;
+    Answer show(const Box& box) override { return wait_for(box, false); }
+    bool show_before_others(const Box& box) override { return wait_for(box, true) == Answer::No; }
+    Answer wait_for(const Box& box, bool others_follow);
     void run();
 
     Work work_;
@@ -67,6 +72,7 @@ private:
     std::condition_variable answered_;
     JobProgress progress_;
     const Box* box_ = nullptr;
+    bool others_follow_ = false;  // that box
     std::optional<Answer> answer_;
     bool unattended_ = false;
     bool ended_ = false;

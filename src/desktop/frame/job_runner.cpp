@@ -68,7 +68,10 @@ private:
             asking_ = false;
             job_.answer(answer);
         });
-        answer = dialogs_.show(box);
+        if (!job_.others_follow())
+            answer = dialogs_.show(box);
+        else
+            answer = dialogs_.show_before_others(box) ? Answer::No : Answer::Ok;
     }
 
     void look() {

@@ -23,6 +23,9 @@ constexpr int beside_text = 110;  // pixels: the icon, and what is around it
 constexpr Text ok_caption = {"OK", "OK"};
 constexpr Text yes_caption = {"&Ja", "&Yes"};
 constexpr Text no_caption = {"&Nein", "&No"};
+constexpr Text save_caption = {"&Speichern", "&Save"};
+constexpr Text discard_caption = {"&Verwerfen", "&Discard"};
+constexpr Text cancel_caption = {"&Abbrechen", "&Cancel"};
 
 QMessageBox::Icon qt_icon(Icon icon) {
     switch (icon) {
@@ -45,6 +48,20 @@ void widen(QMessageBox& window) {
         std::min({lines.width() + margin, longest_line, widest_box - beside_text}));
 }
 
+/// Cancel is the escape key, Save the default.
+Answer asked_to_save(QMessageBox& window, LangId lang) {
+    window.addButton(QMessageBox::Save)->setText(qt(save_caption, lang));
+    window.addButton(QMessageBox::Discard)->setText(qt(discard_caption, lang));
+    window.addButton(QMessageBox::Cancel)->setText(qt(cancel_caption, lang));
+    window.setDefaultButton(QMessageBox::Save);
+    window.setEscapeButton(QMessageBox::Cancel);
+    switch (window.exec()) {
+        case QMessageBox::Save: return Answer::Save;
+        case QMessageBox::Discard: return Answer::Discard;
+        default: return Answer::Cancel;
+    }
+}
+
 void fill_in(QMessageBox& window, const Box& box) {
     window.setIcon(qt_icon(box.icon));
     window.setWindowTitle(qt(box.title));
@@ -64,6 +81,7 @@ Answer QtDialogs::show(const Box& box) {
         window.exec();
         return Answer::Ok;
     }
+    if (box.buttons == Buttons::SaveDiscardCancel) return asked_to_save(window, lang);
     window.addButton(QMessageBox::Yes)->setText(qt(yes_caption, lang));
     window.addButton(QMessageBox::No)->setText(qt(no_caption, lang));
     window.setDefaultButton(QMessageBox::No);

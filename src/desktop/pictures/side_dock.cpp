@@ -59,13 +59,13 @@ void SideDock::open_by_itself(bool opens) {
 }
 
 void SideDock::switched(bool shown) {
-    chosen_ = true;
     if (shown && !has_room() && !isFloating()) {
         setFloating(true);
         resize(usual_size.boundedTo(form_.size()));
         move(form_.geometry().right() - width(), form_.geometry().top() + 60);
     }
     setVisible(shown);
+    set_chosen(shown);
     if (!shown) return;
     raise();
     if (isFloating()) activateWindow();
@@ -79,7 +79,7 @@ void SideDock::belong_here(bool belongs) {
 }
 
 void SideDock::follow_room() {
-    if (!chosen_) entry_->setChecked(opens_by_itself_ && has_room());
+    if (!is_chosen()) entry_->setChecked(opens_by_itself_ && has_room());
     const bool shown = belongs_here_ && entry_->isChecked();
     if (shown == !isHidden()) return;
     setVisible(shown);
@@ -92,9 +92,18 @@ bool SideDock::eventFilter(QObject* of, QEvent* event) {
 }
 
 void SideDock::closeEvent(QCloseEvent* event) {
-    chosen_ = true;
-    entry_->setChecked(false);
+    set_chosen(false);
     QDockWidget::closeEvent(event);
+}
+
+/// What the user has said now, or in another run of the program.
+bool SideDock::event(QEvent* event) {
+    if (event->type() == QEvent::DynamicPropertyChange && is_chosen())
+        guarded(*this, [this] {
+            entry_->setChecked(property(WindowMemory::dock_chosen).toBool());
+            follow_room();
+        });
+    return QDockWidget::event(event);
 }
 
 void add_view_menu(AreaFrame& form, Captions& captions, const std::vector<SideDock*>& docks) {

@@ -3,6 +3,7 @@
 #include <QDockWidget>
 
 #include "desktop/frame/area_frame.h"
+#include "desktop/frame/window_memory.h"
 
 namespace zel {
 
@@ -30,11 +31,15 @@ public:
 protected:
     bool eventFilter(QObject* of, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     void switched(bool shown);
     void follow_room();
     [[nodiscard]] bool has_room() const;
+    /// Whether the user has opened or closed it.
+    [[nodiscard]] bool is_chosen() const { return property(WindowMemory::dock_chosen).isValid(); }
+    void set_chosen(bool shown) { setProperty(WindowMemory::dock_chosen, shown); }
     [[nodiscard]] bool is_below() const { return area_ == Qt::BottomDockWidgetArea; }
     void share_width();
 
@@ -43,7 +48,6 @@ private:
     QAction* entry_;
     bool opens_by_itself_ = false;
     bool belongs_here_ = true;
-    bool chosen_ = false;  // the user has opened or closed it
 };
 
 /// The dock with the pictures of an area.
