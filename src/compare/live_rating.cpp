@@ -4,6 +4,7 @@
 
 #include "forms/line_form.h"
 #include "platform/errors.h"
+#include "steady/case/case_fields.h"
 #include "steady/case/state_change.h"
 #include "workflow/rules/steady_check.h"
 #include "workflow/run/transient_memory.h"
@@ -16,6 +17,8 @@ constexpr Text begun = {"{0}: {1} ist noch nicht zu Ende getippt",
 constexpr Text refused = {"{0}: {1}: {2}", "{0}: {1}: {2}"};
 constexpr Text moved_most = {"Es bewegt {0} am meisten: ", "What moves {0} most: "};
 constexpr Text changes_of_state = {"Zustandsänderungen: ", "Changes of state: "};
+constexpr Text breaks_off = {"ein Verfahren bricht bei diesen Eingaben ab",
+                             "a method breaks off at these inputs"};
 constexpr Text fails = {"Fehler", "error"};
 
 /// Whether `text` goes on to a number, and is none without what follows.
@@ -28,16 +31,26 @@ std::string in_line(const std::vector<std::string>& lines) {
     return without_outer_blanks(in_one_line(joined(lines, "\n")));
 }
 
-/// What a check refuses, without what all its boxes end with.
-std::string refusal_of(const steady_check::Check& check, LangId lang) {
-    return without_outer_blanks(in_one_line(check.line.in(lang)));
-}
-
 /// "812 A", "+0.3 K": with a digit where it is small.
 std::string signed_text(double change, bool of_temperature, DecimalSeparator separator) {
     const bool fine = of_temperature || std::abs(change) < 10;
     return (change > 0 ? "+" : "") + masked(change, fine ? "0.0#" : "0", separator) +
            (of_temperature ? " K" : " A");
+}
+
+/// Why the texts cannot be taken; nothing where they could.
+std::optional<std::string> take(CalcCase& c, std::span<const forms::PendingText> pending,
+                                const Session& session) {
+    forms::LineForm form(c, session);
+    for (const auto& [row, text] : pending) {
+        const std::string label(long_label_of(*row->field).in(session.lang));
+        if (!row->is_free_text() && is_begun(text, session.separator))
+            return fill(begun.in(session.lang), {label, text});
+        form.typed_into(*row);
+        if (const auto refusal = form.enter(*row, text))
+            return fill(refused.in(session.lang), {label, text, in_line(refusal->box.lines)});
+    }
+    return std::nullopt;
 }
 
 bool has_changes_of_state(const CalcCase& c) {
@@ -63,33 +76,28 @@ void LiveRating::update(const CalcCase& given, std::span<const forms::PendingTex
     reason_ = reason.value_or("");
 }
 
-/// Why the texts cannot be taken; nothing where they could.
-std::optional<std::string> LiveRating::take(CalcCase& c,
-                                            std::span<const forms::PendingText> pending,
-                                            const Session& session) const {
-    forms::LineForm form(c, session);
-    for (const auto& [row, text] : pending) {
-        const std::string label(long_label_of(*row->field).in(session.lang));
-        if (!row->is_free_text() && is_begun(text, session.separator))
-            return fill(begun.in(session.lang), {label, text});
-        form.typed_into(*row);
-        if (const auto refusal = form.enter(*row, text))
-            return fill(refused.in(session.lang), {label, text, in_line(refusal->box.lines)});
+CalcCase with_texts(CalcCase c, std::span<const forms::PendingText> pending,
+                    const Session& session) {
+    for (const forms::PendingText& text : pending) {
+        CalcCase entered = c;
+        if (!take(entered, {&text, 1}, session)) c = std::move(entered);
     }
-    return std::nullopt;
+    return c;
 }
 
 /// Why `c` cannot be rated; nothing where it was, or where nothing has changed.
 std::optional<std::string> LiveRating::rate(CalcCase c, const Session& session) {
-    if (const auto* check = steady_check::first_refusal(c)) return refusal_of(*check, session.lang);
+    if (const auto* check = steady_check::first_refusal(c))
+        return in_line(check->box(session.lang).lines);
     MethodMemory memory;
     if (session.memory != nullptr) memory = *session.memory;
-    const CalcCase inputs = c;
+    CalcCase inputs = c;
+    forget_emptied(inputs);
     SteadyRunResult result;
     try {
         RunSteady(c, silent(session, &memory), result);
-    } catch (const ProgramEnd& end) {
-        return in_one_line(end.what());
+    } catch (const ProgramEnd&) {
+        return std::string(breaks_off.in(session.lang));
     }
     if (!result.input_valid) return in_line(result.refusal.lines);
     moved_ = !run_ || steady_inputs(run_->c) != steady_inputs(inputs) || run_->c.Z != inputs.Z;

@@ -33,15 +33,16 @@ public:
     [[nodiscard]] bool has_moved() const { return moved_; }
 
 private:
-    [[nodiscard]] std::optional<std::string> take(CalcCase& c,
-                                                  std::span<const forms::PendingText> pending,
-                                                  const Session& session) const;
     std::optional<std::string> rate(CalcCase c, const Session& session);
 
     std::optional<KeptRun> run_;
     std::string reason_;
     bool moved_ = false;
 };
+
+/// `c` with those texts of `pending` entered that its fields take.
+[[nodiscard]] CalcCase with_texts(CalcCase c, std::span<const forms::PendingText> pending,
+                                  const Session& session);
 
 /// What takes longer than a rating: which inputs move the result most, and where the changes of
 /// state would lead.

@@ -56,7 +56,7 @@ private:
         const QString text = edit_.text();
         const bool pasted = is_put_in(text);
         known_ = text;
-        if (!pasted) return;
+        if (!pasted || edit_.isRedoAvailable()) return;  // taken back, it stays as it was
         const auto readings = readings_of(text.toStdString(), session_.separator);
         if (readings.size() == 1) return put(qt(readings.front()));
         if (readings.size() > 1) ask(readings);

@@ -31,6 +31,7 @@ void PausedJob::begin() {
             this, [this] { guarded(*this, [this] { end(); }); }, Qt::QueuedConnection);
     });
     job_->begin();
+    end();  // where no thread could be started
 }
 
 void PausedJob::end() {

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/frame/events.h"
+#include "desktop/frame/inputs.h"
 #include "desktop/pictures/diagram_picture.h"
 
 namespace zel {
@@ -46,6 +47,7 @@ CoursePanel::CoursePanel(const Session& session, Captions& captions)
     limit_->setObjectName("limit_temperature");
     limit_->setFixedWidth(limit_width);
     limit_->setAlignment(Qt::AlignRight);
+    understand_pasted_numbers(*limit_, session);
     on(limit_, &QLineEdit::textEdited, [this] { show_anew(); });
     text_->setObjectName("course_text");
     text_->setWordWrap(true);
@@ -84,6 +86,9 @@ void CoursePanel::tell_stale(bool stale) {
 
 void CoursePanel::forget() {
     stored_.reset();
+    known_limit_.clear();
+    limit_->clear();
+    picture_->set_view({});
     hide();
 }
 

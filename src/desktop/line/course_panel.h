@@ -34,6 +34,7 @@ public:
     void show_course(StoredCourse course);
     /// Whether the course is that of former inputs, which it then says.
     void tell_stale(bool stale);
+    /// The case is another one.
     void forget();
     [[nodiscard]] QLineEdit* limit_box() const { return limit_; }
 

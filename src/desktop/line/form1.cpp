@@ -21,6 +21,7 @@
 #include "persistence/case_file.h"
 #include "platform/errors.h"
 #include "shell/program_texts.h"
+#include "steady/case/case_fields.h"
 #include "steady/case/state_change.h"
 #include "workflow/rules/derived.h"
 #include "workflow/run/notes.h"
@@ -109,12 +110,7 @@ void Form1::add_docks(const Form1Parts& parts) {
          }});
     auto* comparison = new SideDock(*this, comparison_dock, comparison_, captions());
     tabifyDockWidget(pictures, comparison);
-    live_ = new LiveResults({line_, session(), captions(), [this] {
-                                 auto texts = general_->pending();
-                                 for (auto& text : conductor_->pending())
-                                     texts.push_back(std::move(text));
-                                 return texts;
-                             }});
+    live_ = new LiveResults({line_, session(), captions(), [this] { return texts_in_boxes(); }});
     live_dock_ = new SideDock(*this, live_dock, live_, captions());
     live_dock_->open_by_itself(true);
     add_view_menu(*this, captions(), {live_dock_, pictures, comparison});
@@ -124,6 +120,12 @@ void Form1::add_docks(const Form1Parts& parts) {
 void Form1::open_run(const KeptRun& run) {
     if (!commit() || !may_be_replaced()) return;
     line_.c = run.c;
+    // Its texts and settings are those of the time when it ran.
+    const DecimalSeparator own = session().separator;
+    respell(line_.c,
+            own == DecimalSeparator::Comma ? DecimalSeparator::Point : DecimalSeparator::Comma,
+            own);
+    take_settings(line_.c, settings_.now());
     messages().forget();
     load();
     line_.changed();
@@ -144,6 +146,14 @@ void Form1::tell_result_anew() {
 void Form1::typed() {
     show_modified();
     live_->update_results();
+    pictures_->follow_typing(texts_in_boxes());
+}
+
+/// What is typed and not yet entered.
+std::vector<forms::PendingText> Form1::texts_in_boxes() const {
+    auto texts = general_->pending();
+    for (auto& text : conductor_->pending()) texts.push_back(std::move(text));
+    return texts;
 }
 
 void Form1::load() {
@@ -192,7 +202,8 @@ void Form1::show_changed_inputs() {
 
 void Form1::apply_settings() {
     general_->show_measured();
-    result_->case_changed();
+    line_.changed();
+    live_->settings_changed();
 }
 
 bool Form1::may_be_left() { return conductors_->may_be_left() && AreaFrame::may_be_left(); }
@@ -277,6 +288,7 @@ void Form1::forget_results() {
     pictures_->forget();
     live_->forget();
     strip().setTabEnabled(transient_page, false);
+    follow_page();  // the first one is shown
 }
 
 std::string Form1::text_to_copy() {

@@ -74,6 +74,7 @@ private:
     void allow_output_of_page();
     void follow_page();
     void typed();
+    [[nodiscard]] std::vector<forms::PendingText> texts_in_boxes() const;
     void add_docks(const Form1Parts& parts);
     void open_run(const KeptRun& run);
 

@@ -277,8 +277,10 @@ void TransientPage::calculate() {
     parts_.line.c = c;
     *parts_.session.memory = memory;
     parts_.line.transient.keep(result, c);
-    curve_->forget();
-    if (series) curve_->show_course({c, result, *std::move(series)});
+    if (series)
+        curve_->show_course({c, result, *std::move(series)});
+    else
+        curve_->forget();
     parts_.line.changed();
     calculated();
 }

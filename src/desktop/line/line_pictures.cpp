@@ -1,10 +1,13 @@
 #include "desktop/line/line_pictures.h"
 
+#include "compare/live_rating.h"
 #include "compare/sensitivity_picture.h"
+#include "desktop/frame/events.h"
 #include "pictures/balance_picture.h"
 #include "pictures/conductor_picture.h"
 #include "pictures/methods_picture.h"
 #include "pictures/situation_picture.h"
+#include "steady/case/case_fields.h"
 
 namespace zel {
 namespace {
@@ -26,11 +29,28 @@ std::string named(const Text& name, Method method, LangId lang) {
 
 LinePictures::LinePictures(const PanelParts& parts, const LineCase& line)
     : PicturePanel(parts), line_(line), session_(parts.session) {
-    parts.captions.computed([this](LangId) { show_case(); });
+    constexpr int moment = 150;  // ms
+    pause_.setSingleShot(true);
+    pause_.setInterval(moment);
+    on(&pause_, &QTimer::timeout, [this] { show_typed(); });
+    parts.captions.computed([this](LangId) { show_typed(); });
+}
+
+void LinePictures::follow_typing(std::vector<forms::PendingText> texts) {
+    texts_ = std::move(texts);
+    pause_.start();
 }
 
 void LinePictures::show_case() {
-    const bool changed = run_ && steady_inputs(run_->c) != steady_inputs(line_.c);
+    pause_.stop();
+    texts_.clear();
+    show_typed();
+}
+
+void LinePictures::show_typed() {
+    typed_ = with_texts(line_.c, texts_, session_);
+    forget_emptied(typed_);
+    const bool changed = run_ && steady_inputs(run_->c) != steady_inputs(typed_);
     show_entries(entries(), changed ? std::string(former.in(session_.lang)) : std::string());
 }
 
@@ -53,12 +73,12 @@ std::vector<PictureEntry> LinePictures::entries() {
         entries.push_back({std::string(methods_name.in(lang)),
                            [this] { return methods_picture(run_->c, run_->result, session_); }});
     entries.push_back({std::string(situation_name.in(lang)),
-                       [this] { return std::optional(situation_picture(line_.c, session_)); }});
+                       [this] { return std::optional(situation_picture(typed_, session_)); }});
     if (run_) add_results(entries);
     entries.push_back(
         {std::string(conductor_name.in(lang)), [this] {
-             const bool same = run_ && steady_inputs(run_->c) == steady_inputs(line_.c);
-             return conductor_picture(line_.c, same ? &run_->result : nullptr, session_);
+             const bool same = run_ && steady_inputs(run_->c) == steady_inputs(typed_);
+             return conductor_picture(typed_, same ? &run_->result : nullptr, session_);
          }});
     return entries;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QTimer>
 #include <optional>
+#include <vector>
 
 #include "compare/kept_run.h"
 #include "compare/sensitivity.h"
@@ -17,15 +19,22 @@ public:
 
     /// The inputs have changed, or the language.
     void show_case();
+    /// Line, wind and conductor follow texts that are not entered yet, once these rest for a
+    /// moment.
+    void follow_typing(std::vector<forms::PendingText> texts);
     void show_run(KeptRun run);
     void forget();
 
 private:
+    void show_typed();
     [[nodiscard]] std::vector<PictureEntry> entries();
     void add_results(std::vector<PictureEntry>& entries);
 
     const LineCase& line_;
     const Session& session_;
+    QTimer pause_;
+    std::vector<forms::PendingText> texts_;
+    CalcCase typed_;  // the case with the texts
     std::optional<KeptRun> run_;
     std::optional<Sensitivity> sensitivity_;  // of the run, once it was looked at
 };

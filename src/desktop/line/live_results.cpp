@@ -17,6 +17,8 @@ constexpr double value_size = 1.5;     // of the usual type
 
 constexpr Text about_line = {"Winkel Wind-Leiter {0}, Wind quer zum Leiter {1}",
                              "Angle wind-conductor {0}, wind across the conductor {1}"};
+constexpr Text least_wind = {"Webs mit mindestens 0,2 m/s quer zum Leiter",
+                             "Webs with at least 0.2 m/s across the conductor"};
 constexpr Text note_count = {"{0} Hinweise bei den Ergebnissen", "{0} notes at the results"};
 constexpr Text one_note = {"1 Hinweis bei den Ergebnissen", "1 note at the results"};
 constexpr Text of_former = {"Ergebnis der früheren Eingaben: {0}",
@@ -25,9 +27,19 @@ constexpr Text nothing_yet = {"Noch kein Ergebnis: {0}", "No result yet: {0}"};
 constexpr Text former_value = {"{0}: {1}, der früheren Eingaben", "{0}: {1}, of the former inputs"};
 constexpr Text present_value = {"{0}: {1}", "{0}: {1}"};
 
-std::string about(const SteadyRunResult& result, LangId lang) {
+/// Webs asks in a weak wind whether to count with its least one; nobody can be asked here.
+bool counts_with_least_wind(const SteadyRunResult& result, const Session& session) {
+    constexpr double least = 0.2;  // m/s
+    return session.wi_v_wi_merker && result.perpendicular_wind < least &&
+           std::any_of(result.methods.begin(), result.methods.end(),
+                       [](const MethodResult& line) { return line.method == Method::Webs; });
+}
+
+std::string about(const SteadyRunResult& result, const Session& session) {
+    const LangId lang = session.lang;
     std::string text =
         fill(about_line.in(lang), {result.angle_text, result.perpendicular_wind_text});
+    if (counts_with_least_wind(result, session)) text += "\n" + std::string(least_wind.in(lang));
     const std::size_t notes = result.notes.size();
     if (notes == 1) text += "\n" + std::string(one_note.in(lang));
     if (notes > 1) text += "\n" + fill(note_count.in(lang), {std::to_string(notes)});
@@ -50,6 +62,7 @@ LiveResults::LiveResults(Parts parts)
       job_(pause) {
     setObjectName("live_results");
     about_->setObjectName("live_about");
+    about_->setWordWrap(true);
     outlook_->setObjectName("live_outlook");
     outlook_->setWordWrap(true);
     auto* grid = new QGridLayout;
@@ -87,6 +100,12 @@ void LiveResults::forget() {
     show_outlook();
 }
 
+void LiveResults::settings_changed() {
+    job_.cancel();
+    found_.reset();
+    update_results();
+}
+
 void LiveResults::update_results() {
     if (!isVisible()) return;
     rating_.update(parts_.line.c, parts_.pending(), parts_.session);
@@ -104,7 +123,7 @@ void LiveResults::show_results() {
                 if (line.method == column.method) found = &line;
         show_column(column, found);
     }
-    about_->setText(run == nullptr ? QString() : qt(about(run->result, lang)));
+    about_->setText(run == nullptr ? QString() : qt(about(run->result, parts_.session)));
     about_->setToolTip(run == nullptr ? QString() : text_of(run->result.notes));
     about_->setEnabled(rating_.reason().empty());
     const Text& frame = run == nullptr ? nothing_yet : of_former;

@@ -30,6 +30,8 @@ public:
 
     /// The inputs have changed.
     void update_results();
+    /// An option of the calculation has changed, which is no input.
+    void settings_changed();
     /// The case is another one.
     void forget();
 

@@ -20,8 +20,9 @@ namespace zel {
 namespace {
 
 constexpr Text hint = {
-    "Ein Haken hält einen Lauf fest: die nächsten stehen neben ihm. Was sich unterscheidet, ist fett.",
-    "A tick keeps a run: the next ones stand beside it. What differs is bold."};
+    "Ein Haken hält einen Lauf fest: die nächsten stehen neben ihm, höchstens sechs. Was sich "
+    "unterscheidet, ist fett.",
+    "A tick keeps a run: the next ones stand beside it, six at most. What differs is bold."};
 constexpr Text list_name = {"Läufe", "Runs"};
 constexpr Text table_name = {"Vergleich", "Comparison"};
 constexpr Text open_caption = {"Als Fall öffnen", "Open as case"};

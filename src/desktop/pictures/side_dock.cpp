@@ -61,8 +61,10 @@ void SideDock::open_by_itself(bool opens) {
 void SideDock::switched(bool shown) {
     if (shown && !has_room() && !isFloating()) {
         setFloating(true);
-        resize(usual_size.boundedTo(form_.size()));
-        move(form_.geometry().right() - width(), form_.geometry().top() + 60);
+        const QSize wanted = is_below() ? QSize(form_.width(), 0) : usual_size;
+        resize(wanted.expandedTo(minimumSizeHint()).boundedTo(form_.size()));
+        const QRect room = form_.geometry();
+        move(room.right() - width(), is_below() ? room.bottom() - height() : room.top() + 60);
     }
     setVisible(shown);
     set_chosen(shown);
