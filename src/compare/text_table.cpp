@@ -1,7 +1,6 @@
 #include "compare/text_table.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "platform/text/utf8.h"
 
@@ -32,15 +31,6 @@ std::string text_table(const std::vector<std::vector<std::string>>& lines) {
         text += line + "\n";
     }
     return text;
-}
-
-void add_cell(SheetDesign& sheet, int row, int column,
-              std::variant<std::monostate, double, std::string> content, CellLook look) {
-    DesignCell& cell = sheet.cells.emplace_back();
-    cell.row = row;
-    cell.column = column;
-    cell.content = std::move(content);
-    cell.look = look;
 }
 
 }  // namespace zel

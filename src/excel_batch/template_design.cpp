@@ -139,7 +139,7 @@ public:
     }
 
     void add(int row, int column, Content content, CellLook look) {
-        sheet_.cells.push_back({row, column, std::move(content), look});
+        add_cell(sheet_, row, column, std::move(content), look);
     }
 
     SheetDesign take() { return std::move(sheet_); }
@@ -171,10 +171,9 @@ public:
         // The headers of the TATL stand in the same row as those of the inputs.
         const bool room_below = kind_.first_row > header_row + 2;
         const int limit_row = room_below ? header_row + 2 : header_row - 1;
-        sheet_.cells.push_back(
-            {header_row, column, std::string(label.in(lang_)), CellLook::ColumnHead});
-        sheet_.cells.push_back({header_row + 1, column, std::string(unit), CellLook::Note});
-        sheet_.cells.push_back({limit_row, column, std::move(limits), CellLook::Note});
+        add_cell(sheet_, header_row, column, std::string(label.in(lang_)), CellLook::ColumnHead);
+        add_cell(sheet_, header_row + 1, column, std::string(unit), CellLook::Note);
+        add_cell(sheet_, limit_row, column, std::move(limits), CellLook::Note);
     }
 
     void add_rule(int column, const Limits& limits, bool whole) {
@@ -187,7 +186,7 @@ public:
     }
 
     void add_value(int column, Content content) {
-        sheet_.cells.push_back({kind_.first_row, column, std::move(content), CellLook::Input});
+        add_cell(sheet_, kind_.first_row, column, std::move(content), CellLook::Input);
     }
 
     SheetDesign take() { return std::move(sheet_); }

@@ -57,4 +57,9 @@ struct SheetDesign {
 
 using WorkbookDesign = std::vector<SheetDesign>;
 
+/// Adds a cell, set field by field: g++ 12 takes the aggregate for partly uninitialised.
+void add_cell(SheetDesign& sheet, int row, int column,
+              std::variant<std::monostate, double, std::string> content,
+              CellLook look = CellLook::Plain);
+
 }  // namespace zel

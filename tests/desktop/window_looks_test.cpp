@@ -137,9 +137,10 @@ TEST_F(DesktopTest, inputs_say_their_units) {
             }
         const auto& wind = control("Text11");
         EXPECT_EQ(wind.accessibleDescription(), lang == german ? "0 bis 80 m/s" : "0 to 80 m/s");
-        EXPECT_EQ(wind.toolTip(),
-                  lang == german ? "Zulässig: 0 bis 80 m/s" : "Allowed: 0 to 80 m/s");
-        EXPECT_THAT(control("Text25").toolTip().toStdString(),
+        EXPECT_THAT(
+            wind.toolTip().toStdString(),
+            testing::EndsWith(lang == german ? "Zulässig: 0 bis 80 m/s" : "Allowed: 0 to 80 m/s"));
+        EXPECT_THAT(control("Text24").toolTip().toStdString(),
                     testing::HasSubstr(lang == german ? "negativ" : "negative"));
     }
 }
