@@ -236,11 +236,12 @@ void Form1::turn_to(int to) {
     if (to == transient_page && line_.transient.basis_is_stale(line_.c) && !run())
         return show_page(page());
     show_page(change.page);
+    follow_page();  // before boxes come up over it
     if (change.refusal) session().tell(*change.refusal);
     if (page() == conductor_page) conductor_->show_states();
     if (change.runs) run();
     if (page() == transient_page) transient_->focus_first();
-    follow_page();
+    allow_output_of_page();
 }
 
 /// False where the input was refused.
