@@ -53,7 +53,7 @@ StartLinks::StartLinks(const RecentParts& recent, const Session& session, Captio
     auto* last = captions.text(new QPushButton, recent_caption);
     last->setObjectName("open_recent");
     last->setMenu(files);
-    auto* hint = captions.text(new QLabel, first_steps);
+    auto* hint = captions.text(new QLabel(this), first_steps);
     hint->setObjectName("first_steps");
     hint->setVisible(recent.files.all().empty());
     auto* layout = new QVBoxLayout(this);

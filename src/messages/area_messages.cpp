@@ -59,8 +59,9 @@ void AreaMessages::refused(const forms::Row& row, std::string_view typed, bool s
 
 void AreaMessages::inputs_changed() {
     look();
-    std::erase_if(refused_texts_,
-                  [&](const RefusedText& text) { return !record_->shown(*text.row).empty(); });
+    std::erase_if(refused_texts_, [&](const RefusedText& text) {
+        return !record_->shown(*text.row).empty() || !record_->state(*text.row).open;
+    });
     if (refusal_ && refusal_->field != nullptr && complaint(*refusal_->field) == nullptr)
         refusal_.reset();
     changed();

@@ -145,9 +145,8 @@ TEST(WindowMemory, windows_come_back_where_they_were_with_the_widths_of_the_user
         table->setObjectName("t");
         window.show();
         EXPECT_EQ(table->horizontalHeader()->sectionSize(1), 120);
-        EXPECT_EQ(window.pos() == QPoint(40, 50) && window.size() == QSize(333, 222), again);
-        window.move(40, 50);
-        window.resize(333, 222);
+        EXPECT_EQ(window.geometry() == QRect(40, 50, 333, 222), again);
+        window.setGeometry(40, 50, 333, 222);
         window.hide();
     }
     EXPECT_EQ(store.read("Windows", "w.place"), "40,50,333,222");

@@ -339,6 +339,9 @@ void FrmExcelIO::save_template() {
         state_.workbooks.create(path, template_design(kind, lang(), std::nullopt),
                                 template_title(kind, lang()));
         path_ = proposed_ = path;
+        // What stands there is of the former workbook.
+        for (QLabel* former : {summary_, done_rows_}) former->clear();
+        wrong_cells_->show_cells({});
         status_->setText(qt(fill(template_saved.in(lang()), {path})));
         set_running(false);
         return std::nullopt;
@@ -380,6 +383,7 @@ void FrmExcelIO::work_rows(std::string_view procedure, const TestRows& work) {
         });
     if (rows) summary_->setText(qt(fill(rows_written.in(lang()), {std::to_string(*rows)})));
     if (stopped) summary_->setText(qt(stopped_unsaved, lang()));
+    copy_->setEnabled(!summary_->text().isEmpty());
 }
 
 void FrmExcelIO::close_window() { reject(); }

@@ -232,7 +232,7 @@ void AreaFrame::go_to(const FieldInfo& field) {
         QWidget* input = pages_[static_cast<std::size_t>(page)]->input(field);
         if (input == nullptr) continue;
         strip_->setCurrentIndex(page);
-        if (strip_->currentIndex() != page) return;
+        if (strip_->currentIndex() != page || !input->isEnabled()) return;
         input->setFocus(Qt::ShortcutFocusReason);
         if (auto* box = qobject_cast<QLineEdit*>(input)) box->selectAll();
         return;
@@ -242,8 +242,9 @@ void AreaFrame::go_to(const FieldInfo& field) {
 /// The line that it comes from may go meanwhile.
 void AreaFrame::put_back(AreaMessage message) {
     go_to(*message.field);
-    // As if it were typed; the box can undo it.
-    if (auto* box = qobject_cast<QLineEdit*>(focusWidget()); box != nullptr && box->hasFocus())
+    QWidget* input = pages_[static_cast<std::size_t>(page_)]->input(*message.field);
+    // Only into its own input, which may have closed; as if it were typed: the box can undo it.
+    if (auto* box = qobject_cast<QLineEdit*>(input); box != nullptr && box->hasFocus())
         box->insert(qt(message.put_back));
 }
 

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QScreen>
+#include <QStyle>
 #include <QTableView>
 #include <algorithm>
 
@@ -94,12 +95,12 @@ QRect WindowMemory::on_screens(QRect place, const QList<QRect>& screens) {
 void WindowMemory::restore(QWidget& window) const {
     const QList<int> place = numbers_of(read(window.objectName() + ".place"));
     if (place.size() == 4 && !window.isMaximized()) {
+        // Places are those of the content: at this moment the window has no frame yet.
+        const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
         QList<QRect> screens;
         for (const QScreen* screen : QApplication::screens())
-            screens.append(screen->availableGeometry());
-        const QRect fitted = on_screens({place[0], place[1], place[2], place[3]}, screens);
-        window.resize(fitted.size());
-        window.move(fitted.topLeft());
+            screens.append(screen->availableGeometry().adjusted(0, title, 0, 0));
+        window.setGeometry(on_screens({place[0], place[1], place[2], place[3]}, screens));
     }
     restore_columns(window);
     if (auto* main = qobject_cast<QMainWindow*>(&window)) restore_docks(*main);
@@ -131,9 +132,10 @@ void WindowMemory::restore_columns(QWidget& window) const {
 }
 
 void WindowMemory::keep(const QWidget& window) const {
+    const QRect place = window.geometry();
     if (!window.isMaximized() && !window.isMinimized())
         write(window.objectName() + ".place",
-              joined({window.x(), window.y(), window.width(), window.height()}));
+              joined({place.x(), place.y(), place.width(), place.height()}));
     for (const QTableView* view : window.findChildren<QTableView*>()) {
         const QHeaderView& header = *view->horizontalHeader();
         if (view->objectName().isEmpty() || !header.property(by_user).toBool()) continue;
