@@ -177,7 +177,9 @@ void LiveResults::show_outlook() {
 }
 
 /// Docks do not ask how high a text is at their width.
-void LiveResults::need_height() { setMinimumHeight(layout()->heightForWidth(width())); }
+void LiveResults::need_height() {
+    setMinimumHeight(std::max(0, layout()->heightForWidth(width())));
+}
 
 void LiveResults::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
