@@ -80,7 +80,7 @@ TEST_F(Live, tells_no_result_where_none_was_ever_whole) {
     EXPECT_THAT(rating.reason(), HasSubstr("frequency"));
 }
 
-/// All methods, where TB 601 keeps records from run to run.
+/// TB 601 keeps records from run to run, from which the next transient starts.
 TEST_F(Live, leaves_what_the_methods_remember) {
     c.rechnung_cigre207_merker_db = 0;
     c.rechnung_cigre601_merker_db = 1;
@@ -93,10 +93,11 @@ TEST_F(Live, leaves_what_the_methods_remember) {
     c.ACDC_R_Option_Merker_db = 1;
     (void)RunSteady(c, session.apart(dialogs, &memory));
     dialogs.shown.clear();
-    const double before = memory.tb601.state.T;
+    const double before = memory.tb601.state.I;
     type(&C::Windgeschwindigkeit_db, "5");
     EXPECT_TRUE(rating.has_moved()) << rating.reason();
-    EXPECT_EQ(memory.tb601.state.T, before);
+    EXPECT_EQ(memory.tb601.state.I, before);
+    EXPECT_NE(rating.run()->result.methods.front().outcome.current_A, before);
     rating.update(c, pending, session);
     EXPECT_FALSE(rating.has_moved());
 }
