@@ -182,12 +182,6 @@ SteadyFailure ST_F00_heat_terms_eval(SteadyStateBlock& state, const SteadyInputB
     return evaluate_anew(input, state.current, state.temperature, state.terms);
 }
 
-double net_power(const HeatTerms& terms) {
-    const double heating = terms.PJ + terms.PS;
-    const double cooling = terms.PC + terms.PR;
-    return heating - cooling;
-}
-
 SteadyBalance::SteadyBalance(const SteadyInputBlock& input, double current)
     : input_(input), current_(current) {
     const ArithmeticScope arithmetic;

@@ -60,7 +60,11 @@ struct SteadyStateBlock {
 SteadyFailure ST_F00_heat_terms_eval(SteadyStateBlock& state, const SteadyInputBlock& input);
 
 /// B = (PJ + PS) - (PC + PR) in W/m: above 0 the conductor gets hotter.
-[[nodiscard]] double net_power(const HeatTerms& terms);
+[[nodiscard]] inline double net_power(const HeatTerms& terms) {
+    const double heating = terms.PJ + terms.PS;
+    const double cooling = terms.PC + terms.PR;
+    return heating - cooling;
+}
 
 /// The heat balance at one current, for many temperatures: what neither changes is worked out once.
 /// Gives bit for bit what `ST_F00_heat_terms_eval` gives, failures included.
