@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <random>
 #include <string>
+#include <vector>
 
 namespace zel {
 namespace {
@@ -39,6 +41,26 @@ TEST(Masked, agrees_with_integer_arithmetic_and_is_read_back_within_half_a_place
         EXPECT_LE(std::abs(*parse_number(shown, DecimalSeparator::Point) - x),
                   0.5 / scale + 1e-14 * std::abs(x));
     }
+}
+
+// As printf writes it, of doubles of any bits, of whole numbers and of those that a workbook holds.
+TEST(PlainNumber, has_the_digits_of_printf) {
+    std::mt19937_64 random(601);
+    std::vector<double> numbers = {
+        0.0,    -0.0,  1e15,   1e-5,   123456789012345.6,   999999999999999.5,
+        5e-324, 1e308, 1e-308, 0.0001, 9.999999999999995e-5};
+    for (int i = 0; i < 100'000; ++i) {
+        const std::uint64_t bits = random();
+        numbers.push_back(std::bit_cast<double>(bits));
+        numbers.push_back(static_cast<double>(bits >> (bits % 64)));
+        numbers.push_back(static_cast<double>(bits >> 40) / 1000);
+    }
+    for (const double x : numbers) {
+        char expected[40];
+        std::snprintf(expected, sizeof expected, "%.15G", x == 0 ? 0.0 : x);
+        ASSERT_EQ(plain_number(x, DecimalSeparator::Point), std::isfinite(x) ? expected : "");
+    }
+    EXPECT_EQ(plain_number(-1.5e-7, DecimalSeparator::Comma), "-1,5E-07");
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <iterator>
 #include <limits>
 #include <system_error>
@@ -226,12 +225,12 @@ std::string plain_number(double value, DecimalSeparator separator) {
     if (!std::isfinite(value)) return {};
     if (value == 0) return "0";
     char buffer[32];
-    std::snprintf(buffer, sizeof buffer, "%.*G", significant_digits, value);
-    std::string out(buffer);
-    // printf writes the separator of the process's own locale, which a window system may set.
-    const std::size_t mark = out.find_first_of(".,");
-    if (mark != std::string::npos) out[mark] = character(separator);
-    return out;
+    char* const end = std::to_chars(std::begin(buffer), std::end(buffer), value,
+                                    std::chars_format::general, significant_digits)
+                          .ptr;
+    std::replace(buffer, end, '.', character(separator));
+    std::replace(buffer, end, 'e', 'E');
+    return {buffer, end};
 }
 
 }  // namespace zel
