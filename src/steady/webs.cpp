@@ -41,10 +41,11 @@ private:
     FaultWatch arithmetic_;
     const WebsInput& in_;
     WebsQuestions& questions_;
-    double D_;     // m
-    double k_;     // AC over DC resistance
-    double Psol_;  // W/m
-    double p_;     // Pa
+    double D_;         // m
+    double k_;         // AC over DC resistance
+    double Psol_;      // W/m
+    double p_;         // Pa
+    double wind_ = 0;  // m/s, across the conductor
 };
 
 HeatBalance::HeatBalance(const WebsInput& in, WebsQuestions& questions)
@@ -58,6 +59,7 @@ HeatBalance::HeatBalance(const WebsInput& in, WebsQuestions& questions)
     const double Gh = webs_radiation_at_altitude(in.global_radiation, in.altitude);
     Psol_ = computed(D_ * in.emissivity * Gh * std::sin(theta));
     p_ = computed(webs_pressure(in.altitude, in.g));
+    if (in.V >= free_below) wind_ = computed(std::abs(std::sin(radians(in.delta))) * in.V);
 }
 
 HeatBalance::Losses HeatBalance::losses_at(double T) {
@@ -104,8 +106,8 @@ double HeatBalance::forced_convection(double T, double difference) {
 }
 
 double HeatBalance::wind_across() const {
-    const double w = std::abs(std::sin(radians(in_.delta))) * in_.V;
-    return w < least_wind && questions_.raises_low_wind(in_.V, in_.delta, w) ? least_wind : w;
+    const bool raised = wind_ < least_wind && questions_.raises_low_wind(in_.V, in_.delta, wind_);
+    return raised ? least_wind : wind_;
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ struct Terms {
     [[nodiscard]] double PS() const { return ST_F02_CigreTB601_PS_steady(params); }
     [[nodiscard]] double drop(double T, double P) const { return Tb601RadialDrop(params).at(T, P); }
     [[nodiscard]] Tb601Term PC(double TSurface) const {
-        return convective_cooling(Tb601Cooling(flow_of(params)).at(TSurface));
+        return Tb601Cooling(flow_of(params)).loss_at(TSurface);
     }
     [[nodiscard]] double PR(double TSurface) const { return Tb601Radiation(params).at(TSurface); }
 };
@@ -28,9 +28,7 @@ struct PreparedTerms {
 
     [[nodiscard]] double PS() const { return parts.solar; }
     [[nodiscard]] double drop(double T, double P) const { return parts.drop.at(T, P); }
-    [[nodiscard]] Tb601Term PC(double TSurface) const {
-        return convective_cooling(parts.cooling.at(TSurface));
-    }
+    [[nodiscard]] Tb601Term PC(double TSurface) const { return parts.cooling.loss_at(TSurface); }
     [[nodiscard]] double PR(double TSurface) const { return parts.radiation.at(TSurface); }
 };
 

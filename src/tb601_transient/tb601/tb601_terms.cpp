@@ -137,6 +137,8 @@ Tb601Term convective_cooling(const Tb601Convection& c) {
     return {std::max(c.Pforced, c.Pnat), {c.refusal, Tb601Procedure::Convection}};
 }
 
+Tb601Term Tb601Cooling::loss_at(double TSurface) const { return convective_cooling(at(TSurface)); }
+
 Tb601Term ST_F03_CigreTB601_PC_steady(double V, double Delta, double TSurface, double Ta, double Y,
                                       double D, double DWire, double G, std::int16_t ConductorType,
                                       std::int16_t ConductorShape) {

@@ -66,6 +66,8 @@ public:
     /// `TSurface` of the flow is not read.
     explicit Tb601Cooling(const Tb601Flow& flow);
     [[nodiscard]] Tb601Convection at(double TSurface) const;
+    /// What these steps come to.
+    [[nodiscard]] Tb601Term loss_at(double TSurface) const;
 
 private:
     [[nodiscard]] FilmAir film_air(double Tf) const;
