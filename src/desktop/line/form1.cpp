@@ -98,7 +98,8 @@ Form1::Form1(Form1Parts parts)
 }
 
 void Form1::add_docks(const Form1Parts& parts) {
-    pictures_ = new LinePictures({session(), captions(), parts.area.chooser, parts.files}, line_);
+    pictures_ = new LinePictures({session(), captions(), parts.area.chooser, parts.files},
+                                 printing(), line_);
     auto* pictures = new SideDock(*this, pictures_dock, pictures_, captions());
     pictures->open_by_itself(true);
     comparison_ = new ComparePanel(
