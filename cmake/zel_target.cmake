@@ -25,6 +25,9 @@ function(zel_library name)
     add_library(${name} STATIC ${arg_SOURCES})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${name} PUBLIC ${arg_LINKS})
+    # The shared library is made of these too, and shows nothing but its own interface.
+    set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON
+        CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
     zel_settings(${name})
 endfunction()
 

@@ -7,9 +7,8 @@
 #include "excel_batch/missing_data.h"
 #include "excel_batch/workbook_input.h"
 #include "platform/errors.h"
-#include "tb601_transient/transient/transient_excel.h"
-#include "workflow/rules/derived.h"
 #include "workflow/run/notes.h"
+#include "workflow/run/tatl.h"
 
 namespace zel::excel_batch {
 namespace {
@@ -42,48 +41,30 @@ std::string_view failure_text(float code) {
 class RatedRow {
 public:
     RatedRow(const BatchJob& job, const std::vector<double>& percents, CalcCase& c, double seconds)
-        : percents_(percents),
-          c_(c),
-          seconds_(static_cast<float>(seconds)),
-          mass_(conductor_mass(c)),
-          heat_option_(job.session.cigre_TKW_merker),
-          angle_(S_Winkel_Wind_Leiter(c)),
-          silent_(silent(job.session, &memory_)) {}
+        : percents_(percents), c_(c), rating_(c, seconds, job.session) {}
 
     void rate(RowOutcome& row) {
-        c_.Leitertemp_Merker_db = true;
-        c_.Stromstaerke_Merker_db = false;
-        const SteadyResult steady = run_steady();
+        const SteadyResult steady = rating_.permanent();
         if (!steady.sound()) return fail(row, patl_column, failed_result);
         row.notes = remarkable(c_, {&steady, 1});
         const double PATL_Strom = *steady.current_A;
         add(row, patl_column, PATL_Strom, patl_mask);
         for (std::size_t n = 0; n < percents_.size(); ++n)
-            rate_preload(n, PATL_Strom, PATL_Strom * percents_[n] / 100, row);
+            rate_preload(patl_column + 1 + static_cast<int>(n), PATL_Strom,
+                         PATL_Strom * percents_[n] / 100, row);
     }
 
 private:
-    /// The current after the `n`th preload (A) that brings the conductor to the limit in time.
-    void rate_preload(std::size_t n, double PATL_Strom, double preload, RowOutcome& row) {
-        const int column = patl_column + 1 + static_cast<int>(n);
-        c_.Leitertemp_Merker_db = false;
-        c_.Stromstaerke_Merker_db = true;
-        c_.Stromstaerke_db.value = preload;
-        const SteadyResult steady = run_steady();
-        if (!steady.sound()) return fail(row, column, failed_result);
-        const auto search = TS_S01_CigreTB601_temp_strom_transient_state_Excel(
-            {seconds_, *steady.temperature_C, static_cast<float>(c_.Leitertemp_db.value),
-             static_cast<float>(PATL_Strom), static_cast<std::int16_t>(n), mass_, heat_option_},
-            memory_.tb601, slots_);
-        if (!search.error_text.empty()) return fail(row, column, failed_result);
-        const float TATL = slots_[n];
-        // A failure is told from a current by its size alone.
-        if (static_cast<double>(TATL * 1.005F) < preload)
-            return fail(row, column, failure_text(TATL));
-        add(row, column, static_cast<double>(TATL), tatl_mask);
+    void rate_preload(int column, double PATL_Strom, double preload, RowOutcome& row) {
+        const Tatl tatl = rating_.after(preload, PATL_Strom);
+        switch (tatl.end) {
+            case TatlEnd::Found:
+                return add(row, column, static_cast<double>(tatl.value), tatl_mask);
+            case TatlEnd::BelowPreload: return fail(row, column, failure_text(tatl.value));
+            case TatlEnd::SteadyFailed:
+            case TatlEnd::SearchFailed: return fail(row, column, failed_result);
+        }
     }
-
-    SteadyResult run_steady() { return find_method(Method::TB601)->run(c_, angle_, silent_); }
 
     void add(RowOutcome& row, int column, double current, std::string_view mask) const {
         if (const auto number = rounded(current * c_.Anzahl_Teilleiter_db, mask))
@@ -99,13 +80,7 @@ private:
 
     const std::vector<double>& percents_;
     CalcCase& c_;
-    float seconds_;
-    ConductorMass mass_;
-    HeatCapacityOption heat_option_;
-    double angle_;
-    MethodMemory memory_;  // the search goes on from the records of the steady run
-    TransientSlots slots_{};
-    Session silent_;
+    TatlRating rating_;
 };
 
 /// `S_100_io_excel_gesamt_rahmen_transient`; its rows are, cell by cell or as an array, those of

@@ -3,15 +3,11 @@
 #include <algorithm>
 
 #include "persistence/conductor_link.h"
-#include "persistence/exchange_record.h"
 #include "platform/errors.h"
 #include "program/stores.h"
 
 namespace zel {
 namespace {
-
-constexpr Text empty_record = {"die Datei ist leer, es ist kein Leiter ausgewählt",
-                               "the file is empty, no conductor is selected"};
 
 constexpr Text file_skipped = {"{0}; die eigenen Leiter fehlen",
                                "{0}; your own conductors are left out"};
@@ -20,17 +16,9 @@ constexpr Text more_skipped = {"{0} weitere Zeilen werden übergangen",
                                "{0} more lines are skipped"};
 constexpr std::size_t most_told = 10;
 
-std::string record_in(PosixFiles& files, const std::string& path) {
-    std::string bytes = files.content(path);
-    if (bytes.empty()) throw InputError(at(path, empty_record));
-    return bytes;
-}
-
-void take(const ChosenConductor& chosen, CalcCase& c, const CommonOptions& options,
-          Console& console) {
-    copy_record_fields(chosen.data, c);
-    if (!chosen.known) return;
-    const auto told = take_offers(c, chosen.known->c, options);
+void take_and_tell(const ChosenConductor& chosen, CalcCase& c, const CommonOptions& options,
+                   Console& console) {
+    const auto told = take(chosen, c, options);
     if (told && !options.silent) console.show(*told);
 }
 
@@ -53,31 +41,19 @@ ConductorLibrary open_library(Files& files, const Locale& locale) {
 
 ChosenConductor choose_conductor(const std::string& record_or_name, const Locale& locale) {
     PosixFiles files;
-    const ConductorLibrary library = open_library(files, locale);
-    if (!files.exists(record_or_name)) {
-        const LibraryConductor& found = find_conductor(library.conductors(), record_or_name);
-        return {read_record(written_record(found.c), locale.separator), found};
-    }
-    const std::string bytes = record_in(files, record_or_name);
-    try {
-        ChosenConductor chosen = {read_record(bytes, locale.separator), std::nullopt};
-        if (const auto* known = find_record(library.conductors(), bytes)) chosen.known = *known;
-        return chosen;
-    } catch (const InputError& error) {
-        throw InputError(at(record_or_name, error.reason()));
-    }
+    return choose_conductor(open_library(files, locale), files, record_or_name, locale.separator);
 }
 
 void take_conductor(CalcCase& c, const std::string& record_or_name, const CommonOptions& options,
                     Console& console) {
-    take(choose_conductor(record_or_name, options), c, options, console);
+    take_and_tell(choose_conductor(record_or_name, options), c, options, console);
 }
 
 std::optional<Box> take_fitting_conductor(CalcCase& c, const std::string& record_or_name,
                                           const CommonOptions& options, Console& console) {
     const ChosenConductor chosen = choose_conductor(record_or_name, options);
     if (auto box = wrong_kind(c, chosen.data.conductor_type_db, options.lang)) return box;
-    take(chosen, c, options, console);
+    take_and_tell(chosen, c, options, console);
     return std::nullopt;
 }
 

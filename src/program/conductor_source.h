@@ -4,6 +4,7 @@
 #include <string>
 
 #include "adapters/posix/posix_files.h"
+#include "persistence/conductor_choice.h"
 #include "persistence/conductor_library.h"
 #include "program/console.h"
 
@@ -12,13 +13,6 @@ namespace zel {
 /// The library. What of the user's own file cannot be used is told on standard error. Throws
 /// `InputError` where the shipped library is refused.
 [[nodiscard]] ConductorLibrary open_library(Files& files, const Locale& locale);
-
-/// A conductor as an exchange record gives it. One of the library has its 32-bit figures too, so
-/// that it rates the same whether it is named or picked first.
-struct ChosenConductor {
-    ConductorData data;
-    std::optional<LibraryConductor> known;  // the conductor of the library that it is
-};
 
 /// The conductor of `record_or_name`: of the record in the file with that path, or else of the
 /// library. Throws `InputError` where the file holds no conductor, and where the library has none

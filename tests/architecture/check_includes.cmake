@@ -24,6 +24,8 @@ endmacro()
 folder(platform)
 folder(platform/text platform)
 list(APPEND reach_platform platform/text)  # one floor
+folder(adapters/json platform)
+folder(adapters/posix platform)
 folder(adapters/printers platform)
 folder(adapters/qt_canvas platform)
 folder(steady/case platform)
@@ -33,6 +35,7 @@ folder(tb601_transient/transient tb601_transient/tb601)
 folder(shell steady)
 folder(workflow/rules shell)
 folder(workflow/run workflow/rules tb601_transient/transient)
+folder(series workflow/run)
 folder(persistence workflow/rules)
 folder(persistence/database persistence)
 folder(tables_graphs workflow/run persistence/database)
@@ -53,11 +56,12 @@ foreach(theme IN LISTS themes)
 endforeach()
 folder(program persistence/database)  # and every adapter
 folder(desktop ${themes} program adapters/printers)
-folder(cli compare program)  # and every adapter
+folder(library series short_circuit adapters/json adapters/posix)
+folder(cli compare series program)  # and every adapter
 
 set(qt_folders "^(desktop|desktop/.*|adapters/(qt_canvas|serial))$")
 # No streams, JSON, options:
-set(plain_folders "^(platform|steady|tb601_transient|shell|workflow)(/.*)?$")
+set(plain_folders "^(platform|steady|tb601_transient|shell|workflow|series)(/.*)?$")
 set(plain_refuses "^(iostream$|nlohmann/|CLI/)")
 # The classes of Qt Widgets by ending, beginning and whole name.
 string(CONCAT widget_headers "^Q(.*("

@@ -30,6 +30,9 @@ using FieldKey = CaseField::Key;
 /// The row of the field `name`, or null where it is none or one of a change of state.
 [[nodiscard]] const CaseField* find_case_field(std::string_view name);
 
+/// The same by the field's name or its English one.
+[[nodiscard]] const CaseField* find_by_any_name(std::string_view name);
+
 /// The row of a field.
 [[nodiscard]] const CaseField& field_of(const FieldKey& key);
 [[nodiscard]] inline std::string_view name_of(const FieldKey& key) { return field_of(key).name; }

@@ -31,6 +31,8 @@ enum class FieldKind : std::uint8_t {
 /// What is known of a field, whatever the record that it stands in.
 struct FieldInfo {
     std::string_view name;  // of its column, and in case files
+    /// In plain English, for series and programs; empty where only windows read the field.
+    std::string_view english_name{};
     FieldKind kind = FieldKind::Text;
     ColumnType column = ColumnType::Text;
     /// On a form, as it stands there: with its colon. German alone where `en` is empty.
@@ -109,6 +111,9 @@ struct Field : FieldInfo {
         column = usual[key.index()].column;
     }
 
+    [[nodiscard]] constexpr Field alias(std::string_view its_name) const {
+        return with(&FieldInfo::english_name, its_name);
+    }
     [[nodiscard]] constexpr Field called(std::string_view de, std::string_view en = {},
                                          std::string_view its_unit = {}) const {
         return with(&FieldInfo::label, Text{de, en}).with(&FieldInfo::unit, its_unit);

@@ -28,11 +28,16 @@ void S_Stromstaerke_buendel(CalcCase& c, DecimalSeparator separator) {
         const double current = c.Stromstaerke_db.value * n;
         c.Stromstaerke_Buendel = {plain_number(current, separator), current};
     }
-    if (c.Stromstaerkebuendel_Merker_db && n >= 1 && n <= 19) {
-        const double current = c.Stromstaerke_Buendel.value / n;
-        const char* mask = current >= 100 ? "####0.00" : "##0.00";
-        c.Stromstaerke_db = {masked(current, mask, separator), current};
+    if (const auto current = share_of_bundle(c)) {
+        const char* mask = *current >= 100 ? "####0.00" : "##0.00";
+        c.Stromstaerke_db = {masked(*current, mask, separator), *current};
     }
+}
+
+std::optional<double> share_of_bundle(const CalcCase& c) {
+    const int n = c.Anzahl_Teilleiter_db;
+    if (!c.Stromstaerkebuendel_Merker_db || n < 1 || n > 19) return std::nullopt;
+    return c.Stromstaerke_Buendel.value / n;
 }
 
 CalcCase without_derived_current(CalcCase c) {

@@ -20,6 +20,9 @@ namespace zel {
 /// decimals; a given sub-conductor current sets the bundle's to `n` times it.
 void S_Stromstaerke_buendel(CalcCase& c, DecimalSeparator separator);
 
+/// The current of one sub-conductor of a case with a given bundle current, A; nothing without one.
+[[nodiscard]] std::optional<double> share_of_bundle(const CalcCase& c);
+
 /// `c` without the current that `S_Stromstaerke_buendel` derives from the given one: what was
 /// entered.
 [[nodiscard]] CalcCase without_derived_current(CalcCase c);

@@ -1,0 +1,112 @@
+#include "library/named_case.h"
+
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+#include "adapters/json/flat_json.h"
+#include "adapters/posix/posix_files.h"
+#include "adapters/posix/system_facts.h"
+#include "adapters/posix/text_file.h"
+#include "persistence/case_file.h"
+#include "platform/errors.h"
+#include "shell/program_texts.h"
+#include "short_circuit/short_circuit_fields.h"
+
+namespace zel::library {
+namespace {
+
+constexpr Locale plain = {LangId::English, DecimalSeparator::Point};
+
+constexpr Text no_such_field = {"kein Feld heißt so", "no field has this name"};
+constexpr Text of_lines_only = {"einen Leiter aus der Sammlung nimmt nur der Fall einer Leitung",
+                                "a conductor of the library goes into the case of a line only"};
+constexpr Text no_conductors = {
+    "conductors.csv fehlt; ZEL_DATA kann den Ordner nennen, in dem sie steht",
+    "conductors.csv is missing; ZEL_DATA can name the folder where it stands"};
+
+/// Where the shipped conductors stand: a build and an installation have them at share/zel, one to
+/// three folders above this library.
+std::string shipped_folder() {
+    namespace fs = std::filesystem;
+    if (const char* named = std::getenv("ZEL_DATA")) return named;  // NOLINT(concurrency-mt-unsafe)
+    Dl_info info{};
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): any place of this library
+    if (dladdr(reinterpret_cast<const void*>(&open_conductors), &info) == 0)
+        throw InputError(Reason(no_conductors));
+    std::error_code failed;
+    fs::path above = fs::weakly_canonical(info.dli_fname, failed).parent_path();
+    for (int i = 0; i < 3; ++i) {
+        above = above.parent_path();
+        const fs::path folder = above / "share/zel";
+        if (fs::exists(folder / "conductors.csv", failed)) return folder.string();
+    }
+    throw InputError(Reason(no_conductors));
+}
+
+}  // namespace
+
+ConductorLibrary open_conductors(Files& files) {
+    const std::string own = program_paths(system_facts()).data_folder + "/conductors.csv";
+    return {files, {shipped_folder(), own}, plain.separator};
+}
+
+std::string NamedCase::field_name(std::string_view name) const {
+    if (area_ == Area::ShortCircuit) {
+        if (const auto* field = find_short_circuit_field(name)) return std::string(field->name);
+    } else {
+        CalcCase any;
+        if (const auto* field = find_by_any_name(name)) return std::string(field->name);
+        if (find_field(any, name)) return std::string(name);
+    }
+    throw InputError(at(std::string(name), no_such_field));
+}
+
+void NamedCase::set(std::string_view name, FlatValue value) {
+    const std::string key = field_name(name);
+    const auto former = std::find_if(values_.begin(), values_.end(),
+                                     [&](const FlatMember& member) { return member.key == key; });
+    if (former != values_.end())
+        former->value = std::move(value);
+    else
+        values_.push_back({key, std::move(value)});
+}
+
+void NamedCase::unset(std::string_view name) {
+    std::erase_if(values_, [key = field_name(name)](const FlatMember& m) { return m.key == key; });
+}
+
+void NamedCase::read_json(std::string_view json) {
+    FlatObject values = parse_flat_json(json);
+    for (const FlatMember& member : values) (void)field_name(member.key);
+    for (FlatMember& member : values) set(member.key, std::move(member.value));
+}
+
+void NamedCase::read_file(const std::string& path) {
+    const std::string json = read_text_file(path);
+    try {
+        read_json(json);
+    } catch (const InputError& error) {
+        throw InputError(at(path, error.reason()));
+    }
+}
+
+void NamedCase::set_conductor(const std::string& record_or_name) {
+    if (area_ != Area::Line) throw InputError(Reason(of_lines_only));
+    PosixFiles files;
+    conductor_ = choose_conductor(open_conductors(files), files, record_or_name, plain.separator);
+}
+
+CalcCase NamedCase::line() const {
+    CaseFile file = read_case(values_, plain);
+    if (!file.refused.empty()) {
+        const auto& [field, box] = file.refused.front();
+        throw InputError(at(field, Reason(in_one_line(joined(box.lines, "\n")))));
+    }
+    if (conductor_) (void)take(*conductor_, file.c, plain);
+    return std::move(file.c);
+}
+
+}  // namespace zel::library
