@@ -44,6 +44,7 @@ std::vector<std::string> short_names(const std::vector<std::string>& paths) {
 class CompareRun : public CaseRun {
 public:
     explicit CompareRun(const CompareWords& words) : CaseRun(words), words_(words) {
+        if (!words.table_path.empty()) refuse_sheet_ending(words.table_path);
         if (words.paths.size() > most_compared)
             throw InputError(Reason(too_many, {std::to_string(most_compared)}));
         for (const std::string& path : words.paths)

@@ -199,75 +199,87 @@ int guarded_db(const DbWords& words) {
     }
 }
 
+// ---- the words of the commands
+
+using DbCommand = Command<DbWords>;
+
+void add_area(const DbCommand& command) {
+    command.app.add_flag("--short-circuit", command.words.short_circuit,
+                         "Cases of the short-circuit area");
+    command.app.footer(db_notes);
+}
+
+void add_table(const DbCommand& command) {
+    command.app.add_option("TABLE", command.words.table, "The table")->required();
+}
+
+void add_row(const DbCommand& command) {
+    add_table(command);
+    command.app.add_option("N", command.words.row, "The row, from 1")->required();
+}
+
+void finish(const DbCommand& command) {
+    add_output(command.app, command.words);
+    add_language(command.app, command.words.lang, command.words.separator);
+}
+
+/// A command on one database. `add_words` gives it what comes behind the file.
+struct OnDatabase {
+    const char* name;
+    const char* description;
+    int (*run)(const DbWords&);
+    void (*add_words)(const DbCommand&);
+};
+
+void add_case(const DbCommand& command) {
+    add_table(command);
+    command.app.add_option("CASE", command.words.case_path, "Case file (JSON), or -")->required();
+    command.app.add_flag("--new-database", command.words.new_database,
+                         "Make the file, with this table");
+    command.app.add_flag("--new-table", command.words.new_table, "Make the table");
+}
+
+void add_export(const DbCommand& command) {
+    add_table(command);
+    command.app.add_option("-o", command.words.export_path, "File to be written")
+        ->required()
+        ->option_text("FILE.xlsx|FILE.csv REQUIRED");
+}
+
+constexpr OnDatabase commands[] = {
+    {"tables", "The tables of a database", guarded_db<tables>, [](const DbCommand&) {}},
+    {"list", "The rows of a table", guarded_db<list>, add_table},
+    {"show", "A row, with --json as a case file", guarded_db<show>, add_row},
+    {"save", "Add a case to a table", guarded_db<save>, add_case},
+    {"export", "A table as a workbook or a CSV file", guarded_db<write_out>, add_export},
+    {"delete", "Delete a row", guarded_db<erase>, add_row},
+    {"drop", "Delete a table with all its rows", guarded_db<drop>, add_table},
+};
+
+/// The one on two files.
+void add_import(CommandLine& line, CLI::App& group) {
+    const auto command =
+        line.add<DbWords>(group, "import", "Copy the tables of an Access file into a new database",
+                          guarded_db<import_database>);
+    command.app.add_option("OLD", command.words.file, "The Access file, or any database")
+        ->required();
+    command.app.add_option("NEW", command.words.new_file, "The new database")->required();
+    add_area(command);
+    finish(command);
+}
+
 }  // namespace
 
 void add_db(CommandLine& line) {
     CLI::App& group = line.add_group("db", "Databases of stored cases", db_notes);
-    const auto add_area = [](const auto& command) {
-        command.app.add_flag("--short-circuit", command.words.short_circuit,
-                             "Cases of the short-circuit area");
-        command.app.footer(db_notes);
-    };
-    const auto add = [&](const char* name, const char* description, int (*run)(const DbWords&)) {
+    for (const auto& [name, description, run, add_words] : commands) {
         const auto command = line.add<DbWords>(group, name, description, run);
         command.app.add_option("FILE", command.words.file, "The database")->required();
         add_area(command);
-        return command;
-    };
-    const auto finish = [](const auto& command) {
-        add_output(command.app, command.words);
-        add_language(command.app, command.words.lang, command.words.separator);
-    };
-    const auto table_of = [](const auto& command) {
-        command.app.add_option("TABLE", command.words.table, "The table")->required();
-    };
-    const auto row_of = [](const auto& command) {
-        command.app.add_option("N", command.words.row, "The row, from 1")->required();
-    };
-    finish(add("tables", "The tables of a database", guarded_db<tables>));
-
-    const auto listed = add("list", "The rows of a table", guarded_db<list>);
-    table_of(listed);
-    finish(listed);
-
-    const auto shown = add("show", "A row, with --json as a case file", guarded_db<show>);
-    table_of(shown);
-    row_of(shown);
-    finish(shown);
-
-    const auto saved = add("save", "Add a case to a table", guarded_db<save>);
-    table_of(saved);
-    saved.app.add_option("CASE", saved.words.case_path, "Case file (JSON), or -")->required();
-    saved.app.add_flag("--new-database", saved.words.new_database,
-                       "Make the file, with this table");
-    saved.app.add_flag("--new-table", saved.words.new_table, "Make the table");
-    finish(saved);
-
-    const auto exported =
-        add("export", "A table as a workbook or a CSV file", guarded_db<write_out>);
-    table_of(exported);
-    exported.app.add_option("-o", exported.words.export_path, "File to be written")
-        ->required()
-        ->option_text("FILE.xlsx|FILE.csv REQUIRED");
-    finish(exported);
-
-    const auto imported =
-        line.add<DbWords>(group, "import", "Copy the tables of an Access file into a new database",
-                          guarded_db<import_database>);
-    imported.app.add_option("OLD", imported.words.file, "The Access file, or any database")
-        ->required();
-    imported.app.add_option("NEW", imported.words.new_file, "The new database")->required();
-    add_area(imported);
-    finish(imported);
-
-    const auto erased = add("delete", "Delete a row", guarded_db<erase>);
-    table_of(erased);
-    row_of(erased);
-    finish(erased);
-
-    const auto dropped = add("drop", "Delete a table with all its rows", guarded_db<drop>);
-    table_of(dropped);
-    finish(dropped);
+        add_words(command);
+        finish(command);
+    }
+    add_import(line, group);
 }
 
 }  // namespace zel

@@ -38,7 +38,7 @@ private:
         take_settings(session, ProgramStores().settings().now());
         RunSteady(loaded_.c, session, result_);
         if (!result_.input_valid) return refused(result_.refusal);
-        for (const Box& box : result_.advice) session.tell(box);
+        for (const FieldBox& told : result_.advice) session.tell(told.box);
         return printed(!loaded_.text_refused && sound(result_));
     }
     [[nodiscard]] std::string document(std::string_view program_end) const override {

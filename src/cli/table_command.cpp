@@ -32,7 +32,9 @@ struct TableWords : CaseWords {
 
 class TableCommand : public RangeCalculation {
 public:
-    explicit TableCommand(const TableWords& words) : RangeCalculation(words), path_(words.path) {}
+    explicit TableCommand(const TableWords& words) : RangeCalculation(words), path_(words.path) {
+        if (!path_.empty()) refuse_sheet_ending(path_);
+    }
 
 private:
     bool find() override {

@@ -20,7 +20,7 @@ int TransientCalculation::calculate() {
     CalcCase& c = loaded_.c;
     RunSteady(c, session_, steady_);
     if (!steady_.input_valid) return refused(steady_.refusal);
-    for (const Box& box : steady_.advice) session_.tell(box);
+    for (const FieldBox& told : steady_.advice) session_.tell(told.box);
     take_over(basis_, steady_, c);
     report_.notes = steady_.notes;
     report_.method = transient_method(c);

@@ -52,6 +52,10 @@ private:
     std::function<LangId()> list_language_;
 };
 
+/// The input of `cell` in the change of state `row` (0 to 5), or of its kind for a null `cell`, as
+/// a field of its own: "1st change-of-state: new temperature".
+[[nodiscard]] const FieldInfo& transient_input(std::size_t row, StateCell cell);
+
 /// All sections, page by page; those of the input page, of the conductor page, and of the parameter
 /// table on the result page: its wind speeds, its temperatures, its currents.
 [[nodiscard]] std::span<const Section> line_sections();

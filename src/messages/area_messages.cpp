@@ -48,23 +48,41 @@ void AreaMessages::typing(const FieldInfo& field, bool anything) {
 void AreaMessages::entered(const FieldInfo& field) {
     typing_ = nullptr;
     if (!is_visited(field)) visited_.push_back(&field);
-    std::erase_if(refused_texts_,
-                  [&](const RefusedText& text) { return text.row->field == &field; });
+    std::erase_if(refused_texts_, [&](const RefusedText& text) { return text.field == &field; });
 }
 
 void AreaMessages::refused(const forms::Row& row, std::string_view typed, bool stays) {
     entered(*row.field);
-    refused_texts_.push_back({&row, std::string(typed), stays});
+    refused_texts_.push_back(
+        {row.field, std::string(typed), stays, [this, &row] { return record_->limits(row); },
+         [this, &row] { return !record_->shown(row).empty() || !record_->state(row).open; }});
+}
+
+void AreaMessages::refused(const FieldInfo& field, const Limits& limits, std::string_view typed,
+                           std::function<bool()> settled) {
+    entered(field);
+    refused_texts_.push_back(
+        {&field, std::string(typed), false, [&limits] { return &limits; }, std::move(settled)});
 }
 
 void AreaMessages::inputs_changed() {
     look();
-    std::erase_if(refused_texts_, [&](const RefusedText& text) {
-        return !record_->shown(*text.row).empty() || !record_->state(*text.row).open;
-    });
-    if (refusal_ && refusal_->field != nullptr && complaint(*refusal_->field) == nullptr)
-        refusal_.reset();
+    std::erase_if(refused_texts_, [](const RefusedText& text) { return text.settled(); });
+    forget_met_refusal();
     changed();
+}
+
+void AreaMessages::forget_met_refusal() {
+    if (!refusal_) return;
+    if (refusal_->check) {
+        auto now = refusal_->check();
+        if (now && now->field == refusal_->field)
+            refusal_->box = std::move(now->box);
+        else
+            refusal_.reset();
+    } else if (refusal_->field != nullptr && complaint(*refusal_->field) == nullptr) {
+        refusal_.reset();
+    }
 }
 
 void AreaMessages::run_refused(const Box& box) {
@@ -77,7 +95,14 @@ void AreaMessages::run_refused(const Box& box) {
     changed();
 }
 
-void AreaMessages::run_done(std::vector<Box> told, std::vector<Note> notes) {
+void AreaMessages::run_refused(std::function<std::optional<FieldBox>()> check) {
+    const auto first = check();
+    if (!first) return;
+    refusal_ = {first->field, first->box, std::move(check)};
+    changed();
+}
+
+void AreaMessages::run_done(std::vector<FieldBox> told, std::vector<Note> notes) {
     refusal_.reset();
     refused_texts_.clear();
     told_ = std::move(told);
@@ -104,13 +129,13 @@ void AreaMessages::forget() {
 AreaMessage AreaMessages::line_of(const RefusedText& text) const {
     using namespace message_texts;
     const LangId lang = locale_.lang;
-    return {AreaMessage::Sort::RefusedText,
-            Icon::Warning,
-            std::string(refused_caption.in(lang)),
-            refused_text(name_of(*text.row->field, lang), *text.row, record_->limits(*text.row),
-                         text.typed, locale_),
-            text.row->field,
-            text.stays ? std::string() : text.typed};
+    return {
+        AreaMessage::Sort::RefusedText,
+        Icon::Warning,
+        std::string(refused_caption.in(lang)),
+        refused_text(name_of(*text.field, lang), *text.field, text.limits(), text.typed, locale_),
+        text.field,
+        text.stays ? std::string() : text.typed};
 }
 
 /// In the language of the moment, as far as the checks tell it.
@@ -134,7 +159,10 @@ std::vector<AreaMessage> AreaMessages::lines(bool with_result) const {
         lines.push_back({AreaMessage::Sort::OutOfDate, Icon::None,
                          std::string(out_of_date_caption.in(lang)),
                          fill(out_of_date.in(lang), {some_of(names, lang)})});
-    for (const Box& box : told_) lines.push_back(message_of(AreaMessage::Sort::Told, box));
+    for (const auto& [box, field] : told_) {
+        lines.push_back(message_of(AreaMessage::Sort::Told, box));
+        lines.back().field = field;
+    }
     for (const Note& told : notes_)
         lines.push_back(
             {AreaMessage::Sort::Note, Icon::None, std::string(note.in(lang)), told.text});

@@ -71,6 +71,10 @@ public:
     void entered(const FieldInfo& field);
     /// A text was refused; `stays` says that it still stands in its box.
     void refused(const forms::Row& row, std::string_view typed, bool stays);
+    /// The same of an input that no row of the record stands for. `settled` says whether it has a
+    /// right text by now, or has closed.
+    void refused(const FieldInfo& field, const Limits& limits, std::string_view typed,
+                 std::function<bool()> settled);
     /// The record has changed, or the language. A line goes as soon as its field is right.
     void inputs_changed();
 
@@ -78,8 +82,11 @@ public:
 
     /// The checks have refused the record, which was told by `box`.
     void run_refused(const Box& box);
+    /// A calculation that goes on from the result was refused by `check`, which tells what it
+    /// refuses at any time: the line goes as soon as that is another input, or nothing.
+    void run_refused(std::function<std::optional<FieldBox>()> check);
     /// A run has come to results, of which `told` was said in boxes.
-    void run_done(std::vector<Box> told, std::vector<Note> notes);
+    void run_done(std::vector<FieldBox> told, std::vector<Note> notes);
     /// Notes in another language.
     void renew_notes(std::vector<Note> notes);
     /// The record is another one.
@@ -92,13 +99,16 @@ public:
 
 private:
     struct RefusedText {
-        const forms::Row* row;
+        const FieldInfo* field;
         std::string typed;
         bool stays;
+        std::function<const Limits*()> limits;
+        std::function<bool()> settled;
     };
     struct Refusal {
         const FieldInfo* field;  // null where no check has refused
         Box box;
+        std::function<std::optional<FieldBox>()> check{};  // where it is none of the record's
     };
 
     [[nodiscard]] const forms::Complaint* complaint(const FieldInfo& field) const;
@@ -106,6 +116,7 @@ private:
     [[nodiscard]] AreaMessage line_of(const RefusedText& text) const;
     [[nodiscard]] AreaMessage line_of(const Refusal& refusal) const;
     [[nodiscard]] bool is_visited(const FieldInfo& field) const;
+    void forget_met_refusal();
     void look();
 
     const Locale& locale_;
@@ -116,7 +127,7 @@ private:
     bool anything_typed_ = false;
     std::vector<RefusedText> refused_texts_;  // the newest last
     std::optional<Refusal> refusal_;
-    std::vector<Box> told_;
+    std::vector<FieldBox> told_;
     std::vector<Note> notes_;
 };
 

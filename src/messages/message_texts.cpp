@@ -8,28 +8,28 @@ namespace {
 constexpr std::size_t most_names = 3;
 
 /// A bound held at 32 bits shows as it is meant.
-std::string bound_text(double bound, const forms::Row& row, DecimalSeparator separator) {
-    const bool single = row.field->kind == FieldKind::Single;
+std::string bound_text(double bound, const FieldInfo& field, DecimalSeparator separator) {
+    const bool single = field.kind == FieldKind::Single;
     return plain_number(single ? decimal_of_single(bound) : bound, separator);
 }
 
 }  // namespace
 
-std::string refused_text(std::string_view name, const forms::Row& row, const Limits* limits,
+std::string refused_text(std::string_view name, const FieldInfo& field, const Limits* limits,
                          std::string_view typed, const Locale& locale) {
     const std::string quoted = in_quotes(typed);
     const auto number = parse_number(typed, locale.separator);
     if (!number || limits == nullptr || limits->holds(*number))
         return fill(no_number.in(locale.lang), {name, quoted});
-    return fill(out_of_range.in(locale.lang), {name, quoted, range_text(row, *limits, locale)});
+    return fill(out_of_range.in(locale.lang), {name, quoted, range_text(field, *limits, locale)});
 }
 
-std::string range_text(const forms::Row& row, const Limits& limits, const Locale& locale) {
+std::string range_text(const FieldInfo& field, const Limits& limits, const Locale& locale) {
     const bool has_low = limits.low > -unlimited;
     const bool has_high = limits.high < unlimited;
-    const std::string low = bound_text(limits.low, row, locale.separator);
-    const std::string high = bound_text(limits.high, row, locale.separator);
-    std::string unit(row.field->unit_in(locale.lang));
+    const std::string low = bound_text(limits.low, field, locale.separator);
+    const std::string high = bound_text(limits.high, field, locale.separator);
+    std::string unit(field.unit_in(locale.lang));
     if (!unit.empty()) unit.insert(0, " ");
     if (has_low && has_high) return fill(between.in(locale.lang), {low, high + unit});
     if (has_high) return fill(at_most.in(locale.lang), {high + unit});

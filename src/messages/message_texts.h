@@ -46,14 +46,14 @@ inline constexpr std::string_view wrong_sign = "!";
 inline constexpr Text needed_count = {"{0} nötig", "{0} needed"};
 inline constexpr Text wrong_count = {"{0} zu korrigieren", "{0} to be corrected"};
 
-/// What is told of `typed`, which the row called `name` has refused: no number, or one beyond its
+/// What is told of `typed`, which the input called `name` has refused: no number, or one beyond its
 /// limits.
-[[nodiscard]] std::string refused_text(std::string_view name, const forms::Row& row,
+[[nodiscard]] std::string refused_text(std::string_view name, const FieldInfo& field,
                                        const Limits* limits, std::string_view typed,
                                        const Locale& locale);
 
 /// "0 to 80 m/s", "at most 4500 m"; empty where the limits leave every number.
-[[nodiscard]] std::string range_text(const forms::Row& row, const Limits& limits,
+[[nodiscard]] std::string range_text(const FieldInfo& field, const Limits& limits,
                                      const Locale& locale);
 
 /// "Wind speed, Latitude, Emissivity and 2 more"

@@ -64,10 +64,15 @@ std::string tab_text_of(const SheetDesign& sheet, DecimalSeparator separator) {
     return lines_of(sheet, separator, '\t');
 }
 
+void refuse_sheet_ending(const std::string& path) {
+    if (!has_ending(path, ".csv") && !has_ending(path, ".xlsx"))
+        throw InputError(at(path, Reason(wrong_ending)));
+}
+
 void write_sheet(const SheetDesign& sheet, const std::string& path, WorkbookStore& workbooks,
                  Files& files, DecimalSeparator separator) {
+    refuse_sheet_ending(path);
     if (has_ending(path, ".csv")) return files.write(path, csv_of(sheet, separator));
-    if (!has_ending(path, ".xlsx")) throw InputError(at(path, Reason(wrong_ending)));
     if (!sheet.cells.empty() && sheet.cells.back().row > rows_of_worksheet)
         throw InputError(at(path, Reason(too_many_rows, {std::to_string(rows_of_worksheet)})));
     workbooks.create(path, {sheet}, sheet.name);

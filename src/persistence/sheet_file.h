@@ -19,6 +19,9 @@ namespace zel {
 /// The same with tabs and without the mark, to be pasted into a spreadsheet.
 [[nodiscard]] std::string tab_text_of(const SheetDesign& sheet, DecimalSeparator separator);
 
+/// Throws `InputError` where `write_sheet` would not know the ending of `path`.
+void refuse_sheet_ending(const std::string& path);
+
 /// Writes the worksheet into the file at `path`, whole or not at all, as its ending says: .xlsx or
 /// .csv. Throws `InputError` where the ending is another one, or a workbook has not enough rows,
 /// and what the stores throw.

@@ -22,7 +22,8 @@ enum class ReportKind : std::int16_t {
     SteadyGraph = 2,
     TransientGraph = 3,
     TransientTable = 4,
-    ShortCircuit = 5
+    ShortCircuit = 5,
+    Picture = 6
 };
 
 enum class PrintTarget : std::int16_t { Printer = 1, Preview = 2 };

@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include "desktop/frame/job_runner.h"
+#include "desktop/frame/paused_job.h"
 #include "fakes/scripted_dialogs.h"
 #include "platform/errors.h"
 
@@ -35,6 +36,10 @@ public:
         std::unique_lock lock(mutex_);
         changed_.wait(lock, [&] { return count_ >= count; });
     }
+    int count() {
+        const std::lock_guard lock(mutex_);
+        return count_;
+    }
 
 private:
     std::mutex mutex_;
@@ -51,6 +56,28 @@ TEST(Job, tells_its_progress_and_ends) {
     EXPECT_EQ(job.progress().percent, 30);
     EXPECT_EQ(job.progress().line, "row 1");
     job.finish();
+}
+
+TEST(PausedJob, a_new_one_takes_the_place_of_one_that_waits_or_works) {
+    PausedJob paused(0);
+    Calls begun;
+    std::vector<std::string> found;
+    const auto start = [&](const std::string& name, const Job::Work& work) {
+        paused.start(work, [&, name] { found.push_back(name); });
+    };
+    start("waits", [](Job&) {});
+    start("works", [&](Job& own) {
+        begun();
+        while (!own.cancelled()) std::this_thread::yield();
+    });
+    while (begun.count() == 0) QApplication::processEvents();
+    start("last", [](Job&) {});
+    while (paused.is_under_way()) QApplication::processEvents();
+    EXPECT_THAT(found, testing::ElementsAre("last"));
+    start("cancelled", [](Job&) {});
+    paused.cancel();
+    QApplication::processEvents();
+    EXPECT_THAT(found, SizeIs(1));
 }
 
 TEST(Job, a_box_waits_for_its_answer) {

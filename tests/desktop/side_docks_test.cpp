@@ -75,6 +75,21 @@ TEST_F(SideDocks, chosen_picture_is_saved) {
     EXPECT_THAT(dialogs.shown.back().lines.back(), HasSubstr("/p.gif"));
 }
 
+TEST_F(SideDocks, picture_in_sight_is_printed_in_the_language_of_reports) {
+    open(twin_264_34(), LangId::German, DecimalSeparator::Comma);
+    state->settings.change(&ProgramSettings::Druckvorschau, 2);
+    state->settings.change(&ProgramSettings::LangId_print, 2);
+    make_wide();
+    auto& list = control<QComboBox>("picture_list");
+    press(list, Qt::Key_P, "\x10", Qt::ControlModifier);
+    list.setCurrentText("Querschnitt des Leiters");
+    control<QPushButton>("print_picture").click();
+    ASSERT_EQ(printers.printed.size(), 2U);
+    for (const auto& printed : printers.printed)
+        EXPECT_EQ(printed.title, "Picture of the calculation");
+    EXPECT_NE(printers.printed[0].pdf.size(), printers.printed[1].pdf.size());
+}
+
 TEST_F(SideDocks, pinned_runs_stand_beside_the_next) {
     open(twin_264_34());
     go_to(result_page);

@@ -2,8 +2,10 @@
 // last or is dropped; and windows that come back as they were.
 
 #include <QDialog>
+#include <QDockWidget>
 #include <QDropEvent>
 #include <QHeaderView>
+#include <QMainWindow>
 #include <QMenu>
 #include <QMimeData>
 #include <QPushButton>
@@ -161,6 +163,24 @@ TEST(WindowMemory, windows_come_back_where_they_were_with_the_widths_of_the_user
         window.hide();
     }
     EXPECT_EQ(store.read("Windows", "w.place"), "40,50,333,222");
+}
+
+TEST(WindowMemory, dock_comes_back_as_the_user_has_left_it) {
+    MemorySettings store;
+    const WindowMemory memory(store);
+    for (const bool again : {false, true}) {
+        QMainWindow window;
+        window.setObjectName("w");
+        auto* dock = new QDockWidget(&window);
+        dock->setObjectName("d");
+        window.addDockWidget(Qt::RightDockWidgetArea, dock);
+        window.show();
+        EXPECT_EQ(dock->isHidden(), again);
+        EXPECT_EQ(dock->property(WindowMemory::dock_chosen).isValid(), again);
+        dock->hide();
+        dock->setProperty(WindowMemory::dock_chosen, false);
+        window.hide();
+    }
 }
 
 }  // namespace

@@ -76,7 +76,7 @@ TEST_F(Messages, what_a_run_would_refuse_is_wrong_once_it_was_typed_or_a_run_was
     c.Netzfrequenz_db = typed(16);
     messages.inputs_changed();
     EXPECT_EQ(messages.mark(frequency), Mark::None);
-    messages.run_refused({});
+    messages.run_refused(Box());
     EXPECT_EQ(messages.mark(frequency), Mark::Wrong);
     type(frequency, "50");
     EXPECT_EQ(messages.mark(frequency), Mark::None);
@@ -168,7 +168,7 @@ TEST(ShortCircuitMessages, checks_of_the_selection_mark_and_lead) {
     enter(&C::Tk20_ks, "0.2");
     EXPECT_THAT(messages.lines(false).front().text, HasSubstr("\"0.2\"; allowed: 0 to 0.1 1 / K"));
     EXPECT_EQ(messages.count(1), (MarkCount{0, 1}));
-    messages.run_refused({});
+    messages.run_refused(Box());
     EXPECT_EQ(messages.mark(field_of(&C::IK)), Mark::Missing);
     EXPECT_EQ(messages.lines(false).back().field, &field_of(&C::IK));
     enter(&C::IK, "-1");

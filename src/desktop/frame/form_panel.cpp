@@ -263,7 +263,8 @@ void FormPanel::show_beside(const Field& field, bool assumed) const {
     const LangId lang = parts_.session.lang;
     const Limits* limits = parts_.record.limits(*field.row);
     const std::string range =
-        limits == nullptr ? "" : message_texts::range_text(*field.row, *limits, parts_.session);
+        limits == nullptr ? ""
+                          : message_texts::range_text(*field.row->field, *limits, parts_.session);
     QStringList hints = {qt(field.row->hint, lang)};
     if (!range.empty()) hints << qt(fill(message_texts::allowed.in(lang), {range}));
     if (assumed) hints << qt(assumed_mark, lang);

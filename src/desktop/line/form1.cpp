@@ -46,6 +46,14 @@ constexpr Text page_captions[] = {
 constexpr Text print_transient_caption = {"Ausdruck : &Instationäre Berechnung",
                                           "Print : &Transient calculation"};
 
+/// What was told in boxes; those of the advice came last, and lead to an input.
+std::vector<FieldBox> told_by(const BoxChain& boxes, const SteadyRunResult& result) {
+    std::vector<FieldBox> told;
+    for (const Box& box : boxes.told()) told.push_back({box});
+    std::copy_backward(result.advice.begin(), result.advice.end(), told.end());
+    return told;
+}
+
 }  // namespace
 
 Form1::Form1(Form1Parts parts)
@@ -70,7 +78,8 @@ Form1::Form1(Form1Parts parts)
                               line_.c,
                               {session(), parts.area.chooser, parts.workbooks, parts.files},
                               parts.patience});
-    transient_ = new TransientPage({line_, session(), captions(), refuse, typed}, parts.patience);
+    transient_ = new TransientPage({line_, session(), captions(), messages(), refuse, typed},
+                                   parts.patience);
     const Text* caption = page_captions;
     for (AreaPage* page :
          std::initializer_list<AreaPage*>{general_, conductor_, result_, transient_})
@@ -98,7 +107,8 @@ Form1::Form1(Form1Parts parts)
 }
 
 void Form1::add_docks(const Form1Parts& parts) {
-    pictures_ = new LinePictures({session(), captions(), parts.area.chooser, parts.files}, line_);
+    pictures_ = new LinePictures({session(), captions(), parts.area.chooser, parts.files},
+                                 printing(), line_);
     auto* pictures = new SideDock(*this, pictures_dock, pictures_, captions());
     pictures->open_by_itself(true);
     comparison_ = new ComparePanel(
@@ -257,9 +267,9 @@ bool Form1::run() {
         return false;
     }
     show_result(result);
-    for (const Box& box : result.advice) (void)boxes.show(box);
+    for (const FieldBox& advice : result.advice) (void)boxes.show(advice.box);
     boxes.show_waiting(false);
-    messages().run_done(boxes.told(), result.notes);
+    messages().run_done(told_by(boxes, result), result.notes);
     return true;
 }
 

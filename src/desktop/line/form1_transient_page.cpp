@@ -13,6 +13,7 @@
 #include "desktop/frame/events.h"
 #include "desktop/frame/job_runner.h"
 #include "desktop/line/course_panel.h"
+#include "forms/line_form.h"
 #include "workflow/run/notes.h"
 #include "workflow/run/transient_text.h"
 
@@ -207,6 +208,14 @@ void TransientPage::set_tab_order() {
 
 void TransientPage::focus_first() { rows_.front()->input(nullptr)->setFocus(); }
 
+QWidget* TransientPage::input(const FieldInfo& field) const {
+    for (std::size_t row = 0; row < rows_.size(); ++row)
+        for (const StateCell cell :
+             {StateCell(), state_cells[0], state_cells[1], state_cells[2], state_cells[3]})
+            if (&field == &forms::transient_input(row, cell)) return rows_[row]->input(cell);
+    return nullptr;
+}
+
 bool TransientPage::is_stale() const {
     return parts_.line.transient.result_is_stale(parts_.line.c, parts_.session);
 }
@@ -270,6 +279,7 @@ void TransientPage::calculate() {
             });
     if (!result.input_valid) {
         parts_.session.tell(result.refusal.box);
+        parts_.messages.run_refused([this] { return refusal(); });
         if (result.refusal.row) rows_[*result.refusal.row]->input(result.refusal.cell)->setFocus();
         return;
     }
@@ -283,6 +293,14 @@ void TransientPage::calculate() {
         curve_->forget();
     parts_.line.changed();
     calculated();
+}
+
+std::optional<FieldBox> TransientPage::refusal() const {
+    const auto found =
+        refusal_of_transient(parts_.line.c, parts_.line.transient.basis(), parts_.session);
+    if (!found) return std::nullopt;
+    return FieldBox{found->box,
+                    found->row ? &forms::transient_input(*found->row, found->cell) : nullptr};
 }
 
 bool TransientPage::brought_up_to_date() {

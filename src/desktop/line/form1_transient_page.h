@@ -33,6 +33,7 @@ public:
     void commit() override;
     [[nodiscard]] bool is_unfinished() const override;
     void focus_first() override;
+    [[nodiscard]] QWidget* input(const FieldInfo& field) const override;
 
     /// The results as text. Where they are stale, the user is asked whether to calculate anew;
     /// empty where there are none or the user does not want to.
@@ -55,6 +56,7 @@ private:
     void set_tab_order();
     void press_button();
     void calculate();
+    [[nodiscard]] std::optional<FieldBox> refusal() const;
     void show_diagram();
     [[nodiscard]] bool is_stale() const;
 

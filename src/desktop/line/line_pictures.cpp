@@ -27,8 +27,10 @@ std::string named(const Text& name, Method method, LangId lang) {
 
 }  // namespace
 
-LinePictures::LinePictures(const PanelParts& parts, const LineCase& line)
-    : PicturePanel(parts), line_(line), session_(parts.session) {
+LinePictures::LinePictures(const PanelParts& parts, PrintSource& printing, const LineCase& line)
+    : PicturePanel(parts, {printing, [&line] { return project_of(line.c); }}),
+      line_(line),
+      session_(parts.session) {
     constexpr int moment = 150;  // ms
     pause_.setSingleShot(true);
     pause_.setInterval(moment);
@@ -70,15 +72,17 @@ std::vector<PictureEntry> LinePictures::entries() {
     const LangId lang = session_.lang;
     std::vector<PictureEntry> entries;
     if (run_)
-        entries.push_back({std::string(methods_name.in(lang)),
-                           [this] { return methods_picture(run_->c, run_->result, session_); }});
-    entries.push_back({std::string(situation_name.in(lang)),
-                       [this] { return std::optional(situation_picture(typed_, session_)); }});
+        entries.push_back({std::string(methods_name.in(lang)), [this](const Session& session) {
+                               return methods_picture(run_->c, run_->result, session);
+                           }});
+    entries.push_back({std::string(situation_name.in(lang)), [this](const Session& session) {
+                           return std::optional(situation_picture(typed_, session));
+                       }});
     if (run_) add_results(entries);
     entries.push_back(
-        {std::string(conductor_name.in(lang)), [this] {
+        {std::string(conductor_name.in(lang)), [this](const Session& session) {
              const bool same = run_ && steady_inputs(run_->c) == steady_inputs(typed_);
-             return conductor_picture(typed_, same ? &run_->result : nullptr, session_);
+             return conductor_picture(typed_, same ? &run_->result : nullptr, session);
          }});
     return entries;
 }
@@ -89,14 +93,15 @@ void LinePictures::add_results(std::vector<PictureEntry>& entries) {
     for (const MethodResult& line : run_->result.methods) {
         if (!line.outcome.sound()) continue;
         const Method method = line.method;
-        entries.push_back({named(balance_name, method, lang), [this, method] {
-                               return balance_picture(run_->c, run_->result, method, session_);
-                           }});
+        entries.push_back(
+            {named(balance_name, method, lang), [this, method](const Session& session) {
+                 return balance_picture(run_->c, run_->result, method, session);
+             }});
         sensitivities.push_back({named(sensitivity_name, method, lang),
-                                 [this, method]() -> std::optional<Picture> {
+                                 [this, method](const Session& session) -> std::optional<Picture> {
                                      if (!sensitivity_)
                                          sensitivity_ = sensitivity(run_->c, session_);
-                                     return sensitivity_picture(*sensitivity_, method, session_);
+                                     return sensitivity_picture(*sensitivity_, method, session);
                                  },
                                  false});
     }

@@ -15,7 +15,7 @@ namespace zel {
 /// found.
 class LinePictures : public PicturePanel {
 public:
-    LinePictures(const PanelParts& parts, const LineCase& line);
+    LinePictures(const PanelParts& parts, PrintSource& printing, const LineCase& line);
 
     /// The inputs have changed, or the language.
     void show_case();

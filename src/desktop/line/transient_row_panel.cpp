@@ -11,6 +11,7 @@
 
 #include "desktop/frame/events.h"
 #include "desktop/frame/inputs.h"
+#include "forms/line_form.h"
 #include "workflow/rules/transient_cells.h"
 #include "workflow/run/notes.h"
 #include "workflow/run/transient_text.h"
@@ -35,10 +36,6 @@ constexpr std::array<Text, 3> kind_hints = {
       "the duration is sought for current and temperature"}}};
 constexpr Text off_hint = {"Zustandsänderung inaktiv setzen (Taste - auf der Auswahl)",
                            "Deactivate this change-of-state (key - on the choice)"};
-constexpr std::array<Text, 4> cell_names = {{{"Stromstärke neu, A", "new current load, A"},
-                                             {"Temperatur neu, °C", "new temperature, °C"},
-                                             {"Zeitdauer, min", "duration, min"},
-                                             {"Zeitdauer, sec", "duration, sec"}}};
 
 const std::string TransientRowTexts::*const found_texts[] = {
     &TransientRowTexts::Strom, &TransientRowTexts::Temp, &TransientRowTexts::Min,
@@ -206,7 +203,14 @@ void TransientRowPanel::take_in(std::size_t cell) {
     if (!is_unfinished(cell)) return;
     const std::string typed = edit.text().toStdString();
     const Session& session = parts_.session;
-    const auto refusal = enter_cell(parts_.line.c, {index_, state_cells[cell]}, typed, session);
+    const StateCell place = state_cells[cell];
+    const auto refusal = enter_cell(parts_.line.c, {index_, place}, typed, session);
+    const FieldInfo& input = forms::transient_input(index_, place);
+    const auto settled = [this, place] {
+        return (row().*place).given() || !takes_input(row().merker, place);
+    };
+    refusal ? parts_.messages.refused(input, limits_of(place), typed, settled)
+            : parts_.messages.entered(input);
     parts_.line.changed();
     if (!refusal) return;
     session.tell(*refusal);
@@ -248,7 +252,11 @@ void TransientRowPanel::enter_captions() {
     }
     captions.tool_tip(off_, off_hint);
     named_for(off_, off_hint);
-    for (std::size_t i = 0; i < cells_.size(); ++i) named_for(cells_[i], cell_names[i]);
+    for (std::size_t i = 0; i < cells_.size(); ++i)
+        captions.computed([cell = cells_[i],
+                           &input = forms::transient_input(index_, state_cells[i])](LangId lang) {
+            cell->setAccessibleName(qt(long_label_of(input), lang) + ", " + qt(input.unit));
+        });
 }
 
 }  // namespace zel

@@ -7,6 +7,7 @@
 
 #include "desktop/frame/captions.h"
 #include "desktop/line/line_case.h"
+#include "messages/area_messages.h"
 #include "steady/case/case_fields.h"
 
 class QButtonGroup;
@@ -39,6 +40,7 @@ public:
         LineCase& line;
         const Session& session;
         Captions& captions;
+        AreaMessages& messages;
         std::function<void(QWidget*)> refused;  // called with the input whose text was refused
         std::function<void()> typed;            // called at each key that changes a text
     };

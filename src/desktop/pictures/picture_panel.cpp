@@ -1,6 +1,8 @@
 #include "desktop/pictures/picture_panel.h"
 
 #include <QComboBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -11,6 +13,7 @@
 #include "desktop/frame/events.h"
 #include "desktop/frame/sheet_saving.h"
 #include "desktop/pictures/picture_view.h"
+#include "pictures/picture_report.h"
 #include "platform/errors.h"
 
 namespace zel {
@@ -19,6 +22,7 @@ namespace {
 constexpr Text all_pictures = {"Alle Bilder", "All pictures"};
 constexpr Text list_name = {"Welches Bild", "Which picture"};
 constexpr Text save_caption = {"Speichern unter ...", "Save as ..."};
+constexpr Text print_caption = {"Drucken ...", "Print ..."};
 constexpr Text save_title = {"Bild speichern", "Save picture"};
 constexpr Text file_name = {"Bild", "picture"};
 constexpr Text filters = {
@@ -39,12 +43,14 @@ std::string file_of(const Picture& picture, const std::string& path) {
 
 }  // namespace
 
-PicturePanel::PicturePanel(const PanelParts& parts)
+PicturePanel::PicturePanel(const PanelParts& parts, PicturePrinting printing)
     : parts_(parts),
+      printing_(std::move(printing)),
       list_(parts.captions.accessible_name(new QComboBox, list_name)),
       note_(new NoteLine(NoteLine::Sign::Note, "picture_note")),
       area_(new QScrollArea) {
     list_->setObjectName("picture_list");
+    list_->installEventFilter(this);
     area_->setWidgetResizable(true);
     area_->setFrameShape(QFrame::NoFrame);
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -92,6 +98,7 @@ void PicturePanel::show_chosen() {
     drawn_ = isVisible();
     if (!drawn_) return;
     const int scrolled = area_->verticalScrollBar()->value();
+    print_with_.clear();
     auto* content = new QWidget;
     content->setLayout(new QVBoxLayout);
     content->layout()->setContentsMargins(0, 0, 0, 0);
@@ -100,23 +107,72 @@ void PicturePanel::show_chosen() {
     for (std::size_t i = 0; i < entries_.size(); ++i) {
         if (chosen < 0 ? !entries_[i].shown_with_others : i != static_cast<std::size_t>(chosen))
             continue;
-        if (const auto picture = entries_[i].make()) add(*picture);
+        if (const auto picture = entries_[i].make(parts_.session)) add(*picture, entries_[i]);
     }
     static_cast<QVBoxLayout*>(content->layout())->addStretch(1);
     content->layout()->activate();
     area_->verticalScrollBar()->setValue(scrolled);
 }
 
-void PicturePanel::add(const Picture& picture) {
+void PicturePanel::add(const Picture& picture, const PictureEntry& entry) {
     auto* view = new PictureView(picture);
-    auto* button = new QPushButton(qt(save_caption, parts_.session.lang));
-    button->setObjectName("save_picture");
-    button->setAccessibleDescription(qt(picture.title));
-    on(button, &QPushButton::clicked, [this, view] { save(view->picture()); });
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    const auto print_it = [this, entry] { print(entry); };
+    print_with_.push_back(add_button(*buttons, "print_picture", print_caption, picture, print_it));
+    add_button(*buttons, "save_picture", save_caption, picture,
+               [this, view] { save(view->picture()); });
     auto* layout = static_cast<QVBoxLayout*>(area_->widget()->layout());
     layout->addWidget(view);
-    layout->addWidget(button, 0, Qt::AlignRight);
+    layout->addLayout(buttons);
     layout->addSpacing(10);
+}
+
+QPushButton* PicturePanel::add_button(QLayout& line, const char* name, const Text& caption,
+                                      const Picture& picture, std::function<void()> act) {
+    auto* button = new QPushButton(qt(caption, parts_.session.lang));
+    button->setObjectName(name);
+    button->setAccessibleDescription(qt(picture.title));
+    button->setAutoDefault(true);
+    button->installEventFilter(this);
+    on(button, &QPushButton::clicked, std::move(act));
+    line.addWidget(button);
+    return button;
+}
+
+/// The window of the panel has the key for its report.
+bool PicturePanel::eventFilter(QObject* of, QEvent* event) {
+    const bool asked = event->type() == QEvent::ShortcutOverride;
+    if (!asked && event->type() != QEvent::KeyPress) return QWidget::eventFilter(of, event);
+    if (!static_cast<QKeyEvent*>(event)->matches(QKeySequence::Print)) return false;
+    event->accept();
+    if (!asked) guarded(*this, [this] { print_in_sight(); });
+    return true;
+}
+
+void PicturePanel::print_in_sight() {
+    const QWidget* focus = focusWidget();
+    QPushButton* chosen = nullptr;
+    for (QPushButton* button : print_with_) {
+        const bool has_focus =
+            focus != nullptr && focus->accessibleDescription() == button->accessibleDescription();
+        if (has_focus || (chosen == nullptr && !button->visibleRegion().isEmpty())) chosen = button;
+    }
+    if (chosen != nullptr) chosen->click();
+}
+
+/// In the language of reports, which may not be that of the window.
+void PicturePanel::print(const PictureEntry& entry) {
+    printing_.source.print(
+        *window(), {ReportKind::Picture, "print_picture",
+                    [this, make = entry.make](const ReportPrint& print) -> std::optional<Report> {
+                        Session session = silent(parts_.session);
+                        session.lang = language_of(print.lang);
+                        session.separator = print.separator;
+                        auto picture = make(session);
+                        if (!picture) return std::nullopt;
+                        return picture_report(*std::move(picture), printing_.project(), print);
+                    }});
 }
 
 void PicturePanel::save(const Picture& picture) const {

@@ -87,7 +87,8 @@ KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& nam
       record_(form_, parts.session),
       conductors_(make_conductors(*this, [this] { take_over_conductor(); })),
       result_(new ResultView),
-      pictures_(new PicturePanel({parts.session, parts.captions, parts.chooser, files})) {
+      pictures_(new PicturePanel({parts.session, parts.captions, parts.chooser, files},
+                                 {parts.printing, [this] { return project(); }})) {
     const FormParts form_parts = {record_,
                                   session(),
                                   captions(),
@@ -190,8 +191,14 @@ void KsForm1::show_picture() {
     const LangId lang = session().lang;
     if (!shown_) return pictures_->show_entries({}, std::string(no_picture.in(lang)));
     pictures_->show_entries(
-        {{std::string(utilisation_name.in(lang)),
-          [this] { return utilisation_picture(form_.content(), shown_->result, session()); }}});
+        {{std::string(utilisation_name.in(lang)), [this](const Session& session) {
+              return utilisation_picture(form_.content(), shown_->result, session);
+          }}});
+}
+
+ReportProject KsForm1::project() const {
+    const ShortCircuitCase& c = form_.content();
+    return {c.Projekt_ks, c.Datum_ks, c.Bearbeiter_ks, c.Abteilung_ks};
 }
 
 std::string KsForm1::text_to_copy() {

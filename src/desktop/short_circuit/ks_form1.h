@@ -7,6 +7,7 @@
 #include "desktop/frame/conductor_source.h"
 #include "forms/short_circuit_form.h"
 #include "platform/files.h"
+#include "reports/report_frame.h"
 #include "short_circuit/short_circuit_run.h"
 
 namespace zel {
@@ -46,6 +47,7 @@ private:
     void take_over_conductor();
     void run();
     void show_picture();
+    [[nodiscard]] ReportProject project() const;
 
     ShortCircuitForm& form_;
     forms::ShortCircuitRecord record_;

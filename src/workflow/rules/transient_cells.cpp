@@ -1,11 +1,12 @@
 #include "workflow/rules/transient_cells.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 
 #include "platform/rounding.h"
 #include "steady/case/state_change.h"
 #include "workflow/rules/entry_rules.h"
-#include "workflow/rules/rule_tables.h"
 
 namespace zel {
 namespace {
@@ -64,12 +65,9 @@ constexpr Text beyond_title = {" Fehlerhafte Eingabe", "Incorrect input"};
 
 /// The box for a number that the cell cannot hold.
 std::optional<Box> refusal(StateCellPlace place, double number, LangId lang) {
-    for (const auto& [cell, limits] : cell_limits) {
-        if (cell != place.cell) continue;
-        if (const Text* const told = limits.broken_by(counted(cell, number)))
-            return box_in(lang, {Icon::Stop, beyond_title, *told}, {std::to_string(place.row + 1)});
-    }
-    return std::nullopt;
+    const Text* const told = limits_of(place.cell).broken_by(counted(place.cell, number));
+    if (told == nullptr) return std::nullopt;
+    return box_in(lang, {Icon::Stop, beyond_title, *told}, {std::to_string(place.row + 1)});
 }
 
 /// The number of a typed text, or the box that says that it is none.
@@ -80,6 +78,13 @@ std::optional<Box> parse(std::string_view text, Entry& number, const Locale& loc
 }
 
 }  // namespace
+
+const Limits& limits_of(StateCell cell) {
+    const auto* const row =
+        std::find_if(std::begin(cell_limits), std::end(cell_limits),
+                     [cell](const CellLimits& other) { return other.cell == cell; });
+    return row->limits;
+}
 
 std::optional<Box> enter_cell(CalcCase& c, StateCellPlace place, std::string_view text,
                               const Locale& locale) {

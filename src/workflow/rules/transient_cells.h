@@ -6,6 +6,7 @@
 #include "platform/message_box.h"
 #include "platform/text/locale.h"
 #include "steady/case/case_fields.h"
+#include "workflow/rules/rule_tables.h"
 
 // The entry rule of the cells of the six changes of state.
 
@@ -20,6 +21,9 @@ namespace zel {
 /// temperature -50 to 350 °C, at most 60 minutes, and at most 59 seconds once they are rounded.
 std::optional<Box> enter_cell(CalcCase& c, StateCellPlace place, std::string_view text,
                               const Locale& locale);
+
+/// These limits of a cell.
+[[nodiscard]] const Limits& limits_of(StateCell cell);
 
 /// The same for a text that stands in a file, where a current is that of one sub-conductor. Its
 /// limit is still that of the bundle.

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "steady/case/case_fields.h"
 #include "workflow/run/steady_methods.h"
 
 namespace zel {
@@ -120,33 +121,35 @@ struct Advice {
     bool for_survey;  // shown for the survey of a span only
     bool (*applies)(const CalcCase&, const AdviceInput&);
     const BoxText* text;
+    FieldKey field;  // by which it is met
 };
 
 // The order is that in which the boxes come up.
 constexpr Advice rows[] = {
-    {false, for_a_rating, &webs_angle},
-    {true, wind_is_low, &low_wind_along},
-    {true, current_is_high, &beyond_rating},
-    {true, conductor_is_hot, &hot},
+    {false, for_a_rating, &webs_angle, &CalcCase::Winkel_W_S_db},
+    {true, wind_is_low, &low_wind_along, &CalcCase::Windgeschwindigkeit_db},
+    {true, current_is_high, &beyond_rating, &CalcCase::Stromstaerke_db},
+    {true, conductor_is_hot, &hot, &CalcCase::Stromstaerke_db},
 };
 
 }  // namespace
 
-std::vector<Box> advice(const CalcCase& c, const AdviceInput& run, const Session& session) {
-    std::vector<Box> boxes;
+std::vector<FieldBox> advice(const CalcCase& c, const AdviceInput& run, const Session& session) {
+    std::vector<FieldBox> boxes;
     if (session.Meldung_merker != RunMode::Messages) return boxes;
     const bool survey =
         session.wi_v_wi_merker && is_selected(c, Method::Kirn) && c.Stromstaerke_Merker_db;
     const auto shown = [&](double value, std::string_view mask) {
         return masked(value, mask, session.separator);
     };
-    for (const auto& [for_survey, applies, text] : rows)
+    for (const auto& [for_survey, applies, text, field] : rows)
         if ((!for_survey || survey) && applies(c, run))
             boxes.push_back(
-                box_in(session.lang, *text,
-                       {shown(run.angle, "##0.0"), shown(run.perpendicular_wind, "##0.0#"),
-                        shown(c.Windgeschwindigkeit_db.value, "##0.0#"),
-                        shown(run.Kirn_temperature.value_or(0), "###0.0")}));
+                {box_in(session.lang, *text,
+                        {shown(run.angle, "##0.0"), shown(run.perpendicular_wind, "##0.0#"),
+                         shown(c.Windgeschwindigkeit_db.value, "##0.0#"),
+                         shown(run.Kirn_temperature.value_or(0), "###0.0")}),
+                 &field_of(field)});
     return boxes;
 }
 

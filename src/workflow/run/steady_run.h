@@ -7,6 +7,7 @@
 #include "shell/session.h"
 #include "steady/case/field.h"
 #include "steady/case/transient_row.h"
+#include "workflow/run/advice.h"
 #include "workflow/run/steady_methods.h"
 
 namespace zel {
@@ -91,8 +92,8 @@ struct SteadyRunResult {
     double perpendicular_wind = 0;      // m/s
     std::vector<MethodResult> methods;  // the selected ones, in the order of `Method`
     std::optional<TransientStart> transient_start;
-    bool may_save = false;    // TB 601, TB 207 or the busbar method succeeded
-    std::vector<Box> advice;  // to be told in this order once the result is on the page
+    bool may_save = false;         // TB 601, TB 207 or the busbar method succeeded
+    std::vector<FieldBox> advice;  // to be told in this order once the result is on the page
     SteadyRemarks remarks;
 
     // Texts, see write_texts

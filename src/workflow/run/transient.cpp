@@ -146,7 +146,21 @@ TransientEnd run_rows(const CalcCase& c, const TransientBasis& basis, const Sess
         params);
 }
 
+/// `rows` is as `S_Eingabepruefung_transient` leaves it.
+std::optional<TransientRefusal> refused(const CalcCase& c, const TransientBasis& basis,
+                                        const Session& session, Zustand16& rows) {
+    if (const BoxText* missing = precondition(c, basis, session))
+        return TransientRefusal{box_in(session.lang, *missing), {}};
+    return S_Eingabepruefung_transient(c, rows, session.lang);
+}
+
 }  // namespace
+
+std::optional<TransientRefusal> refusal_of_transient(const CalcCase& c, const TransientBasis& basis,
+                                                     const Session& session) {
+    Zustand16 rows;
+    return refused(c, basis, session, rows);
+}
 
 void take_over(TransientBasis& basis, const SteadyRunResult& steady, const CalcCase& c) {
     if (!steady.input_valid) return;
@@ -183,12 +197,8 @@ std::size_t TransientResult::rows_run() const {
 void RunTransient(CalcCase& c, const TransientBasis& basis, const Session& session,
                   const TransientObserver& observer, TransientResult& result) {
     result = {};
-    if (const BoxText* missing = precondition(c, basis, session)) {
-        result.refusal.box = box_in(session.lang, *missing);
-        return;
-    }
-    if (auto refusal = S_Eingabepruefung_transient(c, result.rows, session.lang)) {
-        result.refusal = *refusal;
+    if (auto refusal = refused(c, basis, session, result.rows)) {
+        result.refusal = *std::move(refusal);
         return;
     }
     result.input_valid = true;

@@ -53,6 +53,11 @@ struct TransientResult {
     [[nodiscard]] std::size_t rows_run() const;
 };
 
+/// What refuses a transient of `c` now; nothing where it can run.
+[[nodiscard]] std::optional<TransientRefusal> refusal_of_transient(const CalcCase& c,
+                                                                   const TransientBasis& basis,
+                                                                   const Session& session);
+
 /// What the calculation button of the transient page does: the check of the page, then the rows in
 /// use, by the method of the case. What is found goes into the cells of `c`, as it is shown; the
 /// cells of a row that failed, and those after it, are emptied. A refused or cancelled run leaves

@@ -45,11 +45,15 @@ json page_change(json fields, int from, int to, LangId lang) {
 
 json advice_on(json fields, json run) {
     RecordingDialogs dialogs;
-    const std::vector<Box> boxes =
+    const std::vector<FieldBox> told =
         advice(changed(fields), {run.at("angle"), run.at("wind"), run.at("T").get<double>()},
                session_of(run, dialogs));
     json titles = json::array();
-    for (const Box& box : boxes) titles.push_back(box.title);
+    std::vector<Box> boxes;
+    for (const FieldBox& one : told) {
+        titles.push_back(one.box.title);
+        boxes.push_back(one.box);
+    }
     return {{"titles", titles}, {"boxes", as_json(boxes)}};
 }
 
