@@ -108,8 +108,9 @@ std::string page(const std::vector<InputRow>& rows, LangId lang) {
     for (const InputRow& row : rows) {
         std::string text(row.text.in(lang));
         // What is derived says it in its text.
-        if (!row.sense.de.empty() && !row.field.empty())
-            text += " (" + std::string(row.sense.in(lang)) + ")";
+        const std::string sense = "(" + std::string(row.sense.in(lang)) + ")";
+        if (!row.sense.de.empty() && !row.field.empty() && text.find(sense) == std::string::npos)
+            text += " " + sense;
         lines.push_back({std::string(row.name), row.field, std::string(row.kind),
                          std::string(row.unit), range_of(row.limits), text});
     }

@@ -21,8 +21,6 @@ struct WeatherOptions {
     Locale locale{};
 };
 
-constexpr int of_all_lines = -1;
-
 struct WeatherRow {
     Period period;
     int line = of_all_lines;  // index of the only one that the row is for

@@ -41,6 +41,9 @@ std::int64_t TimeSequence::moment(std::string_view text, int line) const {
 }
 
 void TimeSequence::follow(std::int64_t moment, int line, std::int64_t interval) {
+    const auto of_all = last_.find(of_all_lines);
+    if (line != of_all_lines && of_all != last_.end() && of_all->second == moment)
+        count(twice_, moment);
     const auto [last, is_first] = last_.try_emplace(line, moment);
     if (is_first) return;
     const std::int64_t step = moment - last->second;

@@ -36,7 +36,10 @@ struct TimeFault {
     std::int64_t first = 0;  // s since 1970 in UTC
 };
 
-/// Follows the times of one table, those of each line (0 and up; below 0: of all lines) apart. The
+/// In place of the index of a line.
+inline constexpr int of_all_lines = -1;
+
+/// Follows the times of one table, those of each line and those of all lines apart. The
 /// first of two moments that a clock shows alike is taken, unless the row before was that or later.
 class TimeSequence {
 public:
