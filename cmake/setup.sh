@@ -5,7 +5,7 @@
 # shellcheck disable=SC2034 # used by those who source this
 build_packages=(g++ cmake ninja-build ccache pkg-config nlohmann-json3-dev
     libcli11-dev libpugixml-dev libzip-dev libxlsxwriter-dev libsqlite3-dev
-    libsqlitecpp-dev mdbtools-dev qt6-base-dev qt6-svg-dev libcups2-dev libqpdf-dev
+    libsqlitecpp-dev mdbtools-dev libhowardhinnant-date-dev libssl-dev qt6-base-dev qt6-svg-dev libcups2-dev libqpdf-dev
     qt6-translations-l10n fonts-liberation)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev clang-format poppler-utils)
 tidy_packages=(clang-tidy)

@@ -91,11 +91,13 @@ void add_report(CommandLine& line);
 void add_short_circuit(CommandLine& line);
 void add_desktop(CommandLine& line);
 void add_batch(CommandLine& line);
+void add_rate(CommandLine& line);
 void add_template(CommandLine& line);
 void add_settings(CommandLine& line);
 void add_conductor(CommandLine& line);
 void add_db(CommandLine& line);
 void add_measure(CommandLine& line);
+void add_help(CommandLine& line);
 
 // ---- what several commands have
 

@@ -6,6 +6,8 @@
 
 #include "platform/errors.h"
 #include "platform/rounding.h"
+#include "steady/case/method.h"
+#include "steady/sun.h"
 #include "workflow/rules/entry_rules.h"
 
 namespace zel {
@@ -40,7 +42,9 @@ void put_wind_direction(SeriesElement& element, double direction) {
 
 void put_longitude(SeriesElement& element, double east) { give(element.c.geo_laeng_db, -east); }
 
-/// Seconds since 1970 in UTC, to the minute. Clock and sun then agree at longitude 0.
+/// Seconds since 1970 in UTC, to the minute. Clock and sun then agree at longitude 0; Kirn, who
+/// always takes the hour of summer time off the clock, has it back by a standard time 15 degrees
+/// on.
 void put_time(SeriesElement& element, double seconds) {
     using namespace std::chrono;
     const sys_time<minutes> time{minutes(static_cast<std::int64_t>(std::floor(seconds / 60)))};
@@ -52,7 +56,11 @@ void put_time(SeriesElement& element, double seconds) {
     give(c.Monat_db, static_cast<unsigned>(date.month()));
     give(c.Stunden_db, static_cast<double>(clock.hours().count()));
     give(c.Minuten_db, static_cast<double>(clock.minutes().count()));
-    give(c.geo_laeng_zeit_db, 0);
+    const bool loses_hour =
+        is_selected(c, Method::Kirn) &&
+        in_summer_time(day_of_year(c.Tag_db.value, static_cast<std::int16_t>(c.Monat_db.value)));
+    constexpr double degrees_of_hour = 15;
+    give(c.geo_laeng_zeit_db, loses_hour ? degrees_of_hour : 0);
     c.wzsz_merker_db = 2;
 }
 
@@ -76,24 +84,28 @@ const DerivedInput derived[] = {
      {"Richtung, aus der der Wind kommt, von Nord über Ost; gerechnet wird mit dem spitzen Winkel "
       "zur Leitung",
       "direction that the wind comes from, from north over east; its acute angle to the line counts"},
+     {"von Nord über Ost", "from north over east"},
      wind_fields,
      put_wind_direction},
     {"wind_angle",
      "°",
      Limits().between(0, 90),
      {"spitzer Winkel zwischen Wind und Leitung", "acute angle between wind and line"},
+     {},
      wind_fields,
      put_wind_angle},
     {"longitude",
      "°",
      Limits().between(-180, 180),
      {"geographische Länge, Ost positiv", "longitude, east positive"},
+     {"Ost positiv", "east positive"},
      longitude_fields,
      put_longitude},
     {"time",
      "s",
      Limits().between(first_second, last_second),
      {"Sekunden seit 1970 in UTC", "seconds since 1970 in UTC"},
+     {},
      time_fields,
      put_time},
     {"duration",
@@ -101,12 +113,14 @@ const DerivedInput derived[] = {
      Limits().between(1, 86400),
      {"Dauer der Belastung auf Zeit", "duration of the temporary rating"},
      {},
+     {},
      put_duration},
     {"preload_percent",
      "%",
      Limits().between(0, 100),
      {"Vorbelastung in Prozent der dauernden Belastbarkeit",
       "preload as percent of the permanent rating"},
+     {},
      {},
      put_preload},
 };
@@ -155,6 +169,20 @@ SeriesInput::SeriesInput(std::string_view name) : name_(name) {
                                          [&](const DerivedInput& d) { return d.name == name; });
     if (row == std::end(derived)) throw InputError(Reason(no_such_input, {name_}));
     place_ = row;
+}
+
+std::string_view SeriesInput::unit() const {
+    if (const auto* place = std::get_if<FieldPlace>(&place_))
+        return place->field->unit_in(LangId::English);
+    if (const auto* const* input = std::get_if<const DerivedInput*>(&place_)) return (*input)->unit;
+    return {};
+}
+
+Limits SeriesInput::limits() const {
+    if (const auto* place = std::get_if<FieldPlace>(&place_)) return *place->limits;
+    if (const auto* const* input = std::get_if<const DerivedInput*>(&place_))
+        return (*input)->limits;
+    return no_limits;
 }
 
 std::span<const FieldKey> SeriesInput::fields() const {

@@ -26,6 +26,7 @@ struct DerivedInput {
     std::string_view unit;
     Limits limits;
     Text about;
+    Text sense;                        // what counts positive, and from where; may be empty
     std::span<const FieldKey> fields;  // that it sets
     void (*put)(SeriesElement&, double);
 };
@@ -44,6 +45,10 @@ public:
     explicit SeriesInput(std::string_view name);
 
     [[nodiscard]] std::string_view name() const { return name_; }
+    /// Empty where it has none.
+    [[nodiscard]] std::string_view unit() const;
+    /// What a number of it may be; without bounds where nothing is laid down.
+    [[nodiscard]] Limits limits() const;
     /// The fields that it sets; empty for a cell of a change of state.
     [[nodiscard]] std::span<const FieldKey> fields() const;
     /// Whether it reads fields that others set, so that it is put after them.

@@ -38,6 +38,7 @@ folder(workflow/run workflow/rules tb601_transient/transient)
 folder(series workflow/run)
 folder(persistence workflow/rules)
 folder(persistence/database persistence)
+folder(weather series persistence)
 folder(tables_graphs workflow/run persistence/database)
 folder(excel_batch workflow/run persistence)
 folder(measuring persistence/database)
@@ -57,11 +58,11 @@ endforeach()
 folder(program persistence/database)  # and every adapter
 folder(desktop ${themes} program adapters/printers)
 folder(library series short_circuit adapters/json adapters/posix)
-folder(cli compare series program)  # and every adapter
+folder(cli compare weather program)  # and every adapter
 
 set(qt_folders "^(desktop|desktop/.*|adapters/(qt_canvas|serial))$")
 # No streams, JSON, options:
-set(plain_folders "^(platform|steady|tb601_transient|shell|workflow|series)(/.*)?$")
+set(plain_folders "^(platform|steady|tb601_transient|shell|workflow|series|weather)(/.*)?$")
 set(plain_refuses "^(iostream$|nlohmann/|CLI/)")
 # The classes of Qt Widgets by ending, beginning and whole name.
 string(CONCAT widget_headers "^Q(.*("

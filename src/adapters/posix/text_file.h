@@ -1,7 +1,11 @@
 #pragma once
 
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
+
+#include "adapters/posix/descriptor.h"
 
 namespace zel {
 
@@ -12,11 +16,50 @@ namespace zel {
 /// Throws `InputError` with path and reason where it cannot be read, or is larger than 16 MiB.
 [[nodiscard]] std::string read_text_file(const std::string& path);
 
-/// Makes `text` the content of the file at `path`, whole or not at all: it is written beside the
-/// file, put on the disk, and renamed. A link is followed, and a file that is replaced keeps its
-/// mode and, where that can be, its owner, which what is written beside it has from the first byte
-/// on. Clears what runs that were killed have left beside the file. Throws `OutputError` with path
-/// and reason; the former file is then unchanged.
+/// A file of any size, or standard input where its path is "-", read piece by piece.
+/// Throws `InputError` with path and reason where it cannot be read.
+class FilePieces {
+public:
+    explicit FilePieces(std::string path);
+
+    /// The next bytes, at most a mebibyte; empty at the end.
+    [[nodiscard]] std::string next();
+    /// Whether it can be read anew from its beginning. What comes through a pipe cannot.
+    [[nodiscard]] bool is_file() const { return size_ != no_file; }
+    /// Bytes of a file.
+    [[nodiscard]] std::uint64_t size() const { return is_file() ? size_ : 0; }
+
+private:
+    static constexpr std::uint64_t no_file = UINT64_MAX;
+
+    std::string path_;
+    std::unique_ptr<Descriptor> file_;
+    std::uint64_t size_ = no_file;
+};
+
+/// A file that comes into being piece by piece beside the one at its path, and takes its place
+/// whole or not at all: it is written beside it, put on the disk, and renamed. A link is followed,
+/// and a file that is replaced keeps its mode and, where that can be, its owner, which what is
+/// written beside it has from the first byte on. Clears what runs that were killed have left beside
+/// the file. Each call throws `OutputError` with path and reason; the former file is then
+/// unchanged.
+class NewFile {
+public:
+    explicit NewFile(const std::string& path);
+    /// What has not been put in place is gone.
+    ~NewFile();
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+
+    void write(std::string_view text);
+    void put_in_place();
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
+};
+
+/// Makes `text` the content of the file at `path`, as a `NewFile`.
 void write_text_file(const std::string& path, std::string_view text);
 
 }  // namespace zel

@@ -178,14 +178,31 @@ void sync_folder_of(const fs::path& path) {
 
 }  // namespace
 
+struct NewFile::Parts {
+    explicit Parts(const std::string& path) : target(path), file(target) {}
+
+    Target target;
+    TemporaryFile file;
+};
+
+NewFile::NewFile(const std::string& path) : parts_(std::make_unique<Parts>(path)) {
+    clear_leftovers(parts_->target.path());
+    parts_->file.take_owner_and_mode_of_target();
+}
+
+NewFile::~NewFile() = default;
+
+void NewFile::write(std::string_view text) { parts_->file.write(text); }
+
+void NewFile::put_in_place() {
+    parts_->file.replace_target();
+    sync_folder_of(parts_->target.path());
+}
+
 void write_text_file(const std::string& path, std::string_view text) {
-    const Target target(path);
-    clear_leftovers(target.path());
-    TemporaryFile file(target);
-    file.take_owner_and_mode_of_target();
+    NewFile file(path);
     file.write(text);
-    file.replace_target();
-    sync_folder_of(target.path());
+    file.put_in_place();
 }
 
 }  // namespace zel

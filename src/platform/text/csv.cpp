@@ -12,7 +12,8 @@ constexpr Text quote_open = {"ein Anführungszeichen ist nicht geschlossen",
 
 class CsvReader {
 public:
-    explicit CsvReader(std::string_view text) : text_(text) {
+    CsvReader(std::string_view text, char comma)
+        : text_(text), cell_end_{comma, '"', '\r', '\n', '\0'} {
         constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
         if (text_.starts_with(byte_order_mark)) text_.remove_prefix(byte_order_mark.size());
     }
@@ -35,7 +36,7 @@ private:
         CsvRow row{line_, {}, {}, nullptr};
         do {
             row.damage = take_cell(row.cells.emplace_back());
-        } while (row.damage == nullptr && take(','));
+        } while (row.damage == nullptr && take(cell_end_[0]));
         if (row.damage == nullptr && !text_.empty() && text_.front() != '\n' &&
             text_.front() != '\r')
             row.damage = &quote_inside;
@@ -52,7 +53,7 @@ private:
     /// Gives what is wrong with the cell, null where it is sound.
     const Text* take_cell(std::string& cell) {
         if (take('"')) return take_quoted(cell);
-        const std::size_t end = std::min(text_.find_first_of(",\"\r\n"), text_.size());
+        const std::size_t end = std::min(text_.find_first_of(cell_end_), text_.size());
         cell = text_.substr(0, end);
         text_.remove_prefix(end);
         return nullptr;
@@ -90,6 +91,7 @@ private:
     }
 
     std::string_view text_;
+    char cell_end_[5];
     int line_ = 1;
 };
 
@@ -101,7 +103,9 @@ std::string quoted(const std::string& cell) {
 
 }  // namespace
 
-std::vector<CsvRow> parse_csv(std::string_view text) { return CsvReader(text).rows(); }
+std::vector<CsvRow> parse_csv(std::string_view text, char comma) {
+    return CsvReader(text, comma).rows();
+}
 
 std::string csv_line(const std::vector<std::string>& cells, char comma) {
     const char special[] = {comma, '"', '\r', '\n', '\0'};

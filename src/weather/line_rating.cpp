@@ -1,0 +1,200 @@
+#include "weather/line_rating.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <thread>
+
+#include "platform/side_by_side.h"
+#include "series/series.h"
+#include "steady/webs.h"
+
+namespace zel::weather {
+namespace {
+
+constexpr std::string_view radiation_input = "global_radiation";
+constexpr double largest_radiation = 1400;  // W/m², the limit of the field
+constexpr double least_sun_height = 10;     // degrees
+
+double radians_of(double degrees) {
+    constexpr double pi = 3.14159265358979323846;
+    return degrees * pi / 180;
+}
+
+/// Ratings of `inputs`, kind by kind.
+void rate_kinds(const SeriesInputs& inputs, MethodRatings& of, const SeriesOptions& options) {
+    const auto row_stride = static_cast<std::ptrdiff_t>(of.kinds * sizeof(Rating));
+    Rating* const first = of.ratings.data();
+    std::vector<std::int32_t> codes(inputs.count);
+    const auto take_codes = [&](std::size_t kind) {
+        for (std::size_t i = 0; i < inputs.count; ++i)
+            of.ratings[i * of.kinds + kind].code = static_cast<RatingCode>(codes[i]);
+    };
+    const Strided<std::int32_t> code{codes.data()};
+    rate_steady(inputs, of.method, options,
+                {{&first->current, row_stride},
+                 {},
+                 {&first->temperature, row_stride},
+                 {&first->angle, row_stride},
+                 code});
+    take_codes(0);
+    for (std::size_t kind = 1; kind < of.kinds; ++kind) {
+        const Tatl& tatl = *of.tatl(kind);
+        std::vector<SeriesColumn> columns = inputs.columns;
+        columns.push_back({SeriesInput("duration"), {&tatl.duration, 0}});
+        columns.push_back({SeriesInput("preload_percent"), {&tatl.preload, 0}});
+        Rating* const place = first + kind;
+        rate_tatl({inputs.base, std::move(columns), inputs.count}, options,
+                  {{}, {&place->current, row_stride}, {&place->angle, row_stride}, {}, code});
+        take_codes(kind);
+    }
+}
+
+/// A rating for a time has the limit temperature of the permanent one. One above that of a shorter
+/// time is marked.
+void finish(MethodRatings& of) {
+    for (std::size_t row = 0; row < of.ratings.size(); row += of.kinds)
+        for (std::size_t kind = 1; kind < of.kinds; ++kind) {
+            Rating& rating = of.ratings[row + kind];
+            const Rating& shorter = of.ratings[row + kind - 1];
+            if (has_value(rating.code)) rating.temperature = of.ratings[row].temperature;
+            const bool same_preload =
+                kind > 1 && of.tatl(kind)->preload == of.tatl(kind - 1)->preload;
+            if (same_preload && rating.code == RatingCode::Rated && has_value(shorter.code) &&
+                rating.current > shorter.current)
+                rating.code = RatingCode::TatlRises;
+        }
+}
+
+}  // namespace
+
+bool calls_for_recourse(RatingCode code) {
+    switch (code) {
+        case RatingCode::MissingInput:
+        case RatingCode::OutsideLimits:
+        case RatingCode::NotConverged:
+        case RatingCode::OutsideCorrelation:
+        case RatingCode::Fault:
+        case RatingCode::TooManySteps:
+        case RatingCode::Ended: return true;
+        default: return false;
+    }
+}
+
+double radiation_on_conductor(double ghi, double sun_height) {
+    if (!(ghi <= largest_radiation)) return ghi;
+    const double height = std::max(sun_height, radians_of(least_sun_height));
+    return std::min(ghi / std::sin(height), largest_radiation);
+}
+
+/// The numbers of the rows of one line, as arrays; the times are the last.
+struct BlockRater::Columns {
+    std::vector<std::vector<double>> numbers;
+    std::vector<SeriesColumn> columns;
+    std::size_t count = 0;
+};
+
+BlockRater::Columns BlockRater::columns_of(const WeatherBlock& block, const RatedLine& line,
+                                           Method method,
+                                           const std::vector<std::size_t>& rows) const {
+    Columns made;
+    made.count = rows.size();
+    made.numbers.resize(inputs_.size() + 1);
+    std::vector<double>& times = made.numbers.back();
+    for (const std::size_t row : rows)
+        times.push_back(static_cast<double>(block.rows[row].period.middle()));
+    const SeriesInput time("time");
+    for (std::size_t input = 0; input < inputs_.size(); ++input) {
+        std::vector<double>& numbers = made.numbers[input];
+        for (const std::size_t row : rows) numbers.push_back(block.numbers[input][row]);
+        const bool turned = radiation_ == Radiation::Horizontal && !takes_the_sun(method) &&
+                            inputs_[input].name() == radiation_input;
+        SeriesElement element = turned ? line.base : SeriesElement{};
+        const bool placed = element.c.geogr_Breite_db.given() && element.c.geo_laeng_db.given();
+        for (std::size_t i = 0; turned && i < rows.size(); ++i) {
+            const bool timed = time.put(element, times[i]) == RatingCode::Rated;
+            numbers[i] = placed && timed
+                             ? radiation_on_conductor(numbers[i],
+                                                      S3_Sonnenhoehe_webs(sun_input(element.c),
+                                                                          element.c.wzsz_merker_db))
+                             : no_number;
+        }
+        made.columns.push_back({inputs_[input], {numbers.data()}});
+    }
+    made.columns.push_back({time, {times.data()}});
+    return made;
+}
+
+void BlockRater::rate(const WeatherBlock& block) {
+    rows_.assign(lines_.size(), {});
+    for (std::size_t row = 0; row < block.rows.size(); ++row) {
+        const int only = block.rows[row].line;
+        if (only != of_all_lines) rows_[static_cast<std::size_t>(only)].push_back(row);
+        if (only != of_all_lines) continue;
+        for (auto& rows : rows_) rows.push_back(row);
+    }
+    ratings_.clear();
+    for (std::size_t line = 0; line < lines_.size(); ++line)
+        for (const Method method : lines_[line].methods) {
+            if (rows_[line].empty()) continue;
+            const bool tatl = method == Method::TB601;
+            const std::size_t kinds = 1 + (tatl ? lines_[line].tatls.size() : 0);
+            ratings_.push_back({&lines_[line], line, method, kinds,
+                                std::vector<Rating>(kinds * rows_[line].size())});
+        }
+    const unsigned wanted =
+        threads_ != 0 ? threads_ : std::max(1U, std::thread::hardware_concurrency());
+    // Either the lines are rated side by side, or the rows of each.
+    const bool by_line = ratings_.size() >= wanted;
+    side_by_side(ratings_.size(), by_line ? wanted : 1,
+                 [&](std::size_t i) { rate(block, ratings_[i], by_line ? 1 : wanted); });
+}
+
+void BlockRater::rate(const WeatherBlock& block, MethodRatings& of, unsigned threads) const {
+    const Columns columns = columns_of(block, *of.line, of.method, rows_[of.line_index]);
+    rate_kinds({of.line->base.c, columns.columns, columns.count}, of, {threads});
+    if (of.line->recourse) take_recourse(columns, of, threads);
+    finish(of);
+}
+
+/// Webs and Kirn take the sun of each row; to the other methods all rows are one.
+void BlockRater::take_recourse(const Columns& columns, MethodRatings& of, unsigned threads) const {
+    const auto wanted = [&](std::size_t i) {
+        const Rating* const first = of.ratings.data() + i * of.kinds;
+        return std::any_of(first, first + of.kinds,
+                           [](const Rating& r) { return calls_for_recourse(r.code); });
+    };
+    std::vector<double> times;
+    for (std::size_t i = 0; i < columns.count; ++i)
+        if (wanted(i)) times.push_back(columns.numbers.back()[i]);
+    if (times.empty()) return;
+    const bool alike = !takes_the_sun(of.method);
+    MethodRatings found{of.line, of.line_index, of.method, of.kinds, {}};
+    const std::size_t count = alike ? 1 : times.size();
+    found.ratings.resize(count * of.kinds);
+    rate_kinds({of.line->recourse->c, {{SeriesInput("time"), {times.data()}}}, count}, found,
+               {threads});
+    std::size_t place = 0;
+    for (std::size_t i = 0; i < columns.count; ++i) {
+        if (!wanted(i)) continue;
+        for (std::size_t kind = 0; kind < of.kinds; ++kind) {
+            Rating& rating = of.ratings[i * of.kinds + kind];
+            const Rating& instead = found.ratings[place * of.kinds + kind];
+            if (!calls_for_recourse(rating.code) || !has_value(instead.code)) continue;
+            const RatingCode why = rating.code;
+            rating = instead;
+            rating.code = why;
+            rating.by_recourse = true;
+            if (kind > 0) rating.temperature = found.ratings[place * of.kinds].temperature;
+        }
+        if (!alike) ++place;
+    }
+}
+
+std::string BlockRater::refusal(const WeatherBlock& block, const MethodRatings& of, std::size_t i,
+                                LangId lang) const {
+    const Columns columns = columns_of(block, *of.line, of.method, rows_[of.line_index]);
+    return refusal_of({of.line->base.c, columns.columns, columns.count}, of.method, i, lang);
+}
+
+}  // namespace zel::weather

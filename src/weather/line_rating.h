@@ -1,0 +1,98 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "series/case_rater.h"
+#include "weather/line_table.h"
+#include "weather/weather_table.h"
+
+// Ratings of lines for a block of weather, over the arrays of series.
+
+namespace zel::weather {
+
+/// What the radiation of the weather is. Nothing changes it silently: without a word each method
+/// takes it as it stands.
+enum class Radiation : std::uint8_t {
+    AsItStands,
+    /// On level ground. Webs and Kirn take it as it stands and apply the sun's height. For the
+    /// other methods, which ask for it as it meets the conductor, it is divided by the sine of the
+    /// sun's height (of 10° at least) up to 1400 W/m²: as if all of it came from the sun and met
+    /// the conductor at right angles.
+    Horizontal,
+    /// As it meets the conductor. All methods take it as it stands; Webs and Kirn apply the sun's
+    /// height all the same.
+    OnConductor,
+};
+
+/// One rating of a row of weather.
+struct Rating {
+    RatingCode code = RatingCode::MissingInput;
+    bool by_recourse = false;        // the number is that of the static weather, `code` is why
+    double current = no_number;      // A, of the bundle
+    double temperature = no_number;  // °C
+    double angle = no_number;        // degrees
+};
+
+/// A method of a line, and its ratings: the permanent one (or the temperature of the current), then
+/// those for a time.
+struct MethodRatings {
+    const RatedLine* line = nullptr;
+    std::size_t line_index = 0;
+    Method method{};
+    std::size_t kinds = 1;        // ratings of one row
+    std::vector<Rating> ratings;  // row by row
+
+    [[nodiscard]] bool has_tatl() const { return kinds > 1; }
+    /// Of rating `kind` of a row; null for the permanent one.
+    [[nodiscard]] const Tatl* tatl(std::size_t kind) const {
+        return kind == 0 ? nullptr : &line->tatls[kind - 1];
+    }
+};
+
+class BlockRater {
+public:
+    BlockRater(const std::vector<RatedLine>& lines, const std::vector<SeriesInput>& inputs,
+               Radiation radiation, unsigned threads)
+        : lines_(lines), inputs_(inputs), radiation_(radiation), threads_(threads) {}
+
+    /// Rates each row of `block` for the lines that it is for. The rows of `rows_of(line)` are
+    /// those of a line.
+    void rate(const WeatherBlock& block);
+
+    /// By line, and by method.
+    [[nodiscard]] const std::vector<MethodRatings>& ratings() const { return ratings_; }
+    /// The rows of the block that a line has, in their order.
+    [[nodiscard]] const std::vector<std::size_t>& rows_of(std::size_t line) const {
+        return rows_[line];
+    }
+
+    /// Why the `i`-th row of `of` has no rating, for a reader in `lang`; empty where no input or
+    /// check refuses it. Of the block that was rated last.
+    [[nodiscard]] std::string refusal(const WeatherBlock& block, const MethodRatings& of,
+                                      std::size_t i, LangId lang) const;
+
+private:
+    struct Columns;
+    [[nodiscard]] Columns columns_of(const WeatherBlock& block, const RatedLine& line,
+                                     Method method, const std::vector<std::size_t>& rows) const;
+    void rate(const WeatherBlock& block, MethodRatings& of, unsigned threads) const;
+    void take_recourse(const Columns& columns, MethodRatings& of, unsigned threads) const;
+
+    const std::vector<RatedLine>& lines_;
+    const std::vector<SeriesInput>& inputs_;
+    Radiation radiation_;
+    unsigned threads_;
+    std::vector<MethodRatings> ratings_;
+    std::vector<std::vector<std::size_t>> rows_;
+};
+
+/// Whether the static weather stands in for a rating that ended so: what is missing or wrong in the
+/// weather, and what a method cannot calculate. That a conductor is too hot is a finding, and
+/// stays.
+[[nodiscard]] bool calls_for_recourse(RatingCode code);
+
+/// As it meets the conductor, of `ghi` (W/m²) on level ground under a sun of that height (radians).
+[[nodiscard]] double radiation_on_conductor(double ghi, double sun_height);
+
+}  // namespace zel::weather

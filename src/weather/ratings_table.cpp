@@ -1,0 +1,199 @@
+#include "weather/ratings_table.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <set>
+
+#include "platform/errors.h"
+#include "platform/text/csv.h"
+
+namespace zel::weather {
+namespace {
+
+constexpr Text no_such_column = {"keine der Tabellen hat die Spalte {0}",
+                                 "neither table has the column {0}"};
+constexpr Text several_times = {
+    "Grenzwerte gelten zu einer Zeit; die Wetterdaten haben mehrere, {0} und {1}",
+    "limits are of one time; the weather has several, {0} and {1}"};
+constexpr Text several_sets = {
+    "Grenzwerte folgen aus einem Verfahren und einer Vorbelastung; die Leitung {0} hat mehrere",
+    "limits follow from one method and one preload; the line {0} has several"};
+constexpr Text no_limit_of_temperature = {
+    "die Leitung {0} hat einen Strom statt einer Grenztemperatur",
+    "the line {0} has a current instead of a limit temperature"};
+
+const std::vector<std::string> long_names = {
+    "line",          "period_start",   "period_end",      "method",
+    "kind",          "duration_s",     "preload_percent", "current_a",
+    "temperature_c", "wind_angle_deg", "status"};
+const std::vector<std::string> limit_names = {
+    "element_id", "element_type", "side", "name", "type", "value", "acceptable_duration"};
+
+constexpr std::string_view kind_permanent = "patl";
+constexpr std::string_view kind_temporary = "tatl";
+constexpr std::string_view kind_temperature = "temperature";
+
+bool stands(const Rating& rating) { return rating.by_recourse || has_value(rating.code); }
+
+std::string whole(double number) {
+    return std::to_string(static_cast<std::int64_t>(std::llround(number)));
+}
+
+/// What a table of limits can hold of each line.
+void require_one_set(const LineTable& lines) {
+    for (const RatedLine& line : lines.lines) {
+        std::set<double> preloads;
+        for (const Tatl& tatl : line.tatls) preloads.insert(tatl.preload);
+        if (line.methods.size() > 1 || preloads.size() > 1)
+            throw InputError(Reason(several_sets, {in_quotes(line.name)}));
+        if (line.temperature_sought)
+            throw InputError(Reason(no_limit_of_temperature, {in_quotes(line.name)}));
+    }
+}
+
+}  // namespace
+
+std::string status_of(const Rating& rating) {
+    return (rating.by_recourse ? "recourse:" : "") + std::string(name_of(rating.code));
+}
+
+RatingsTable::RatingsTable(const LineTable& lines, const WeatherTable& weather,
+                           TableOptions options)
+    : lines_(lines),
+      options_(std::move(options)),
+      comma_(options_.locale.separator == DecimalSeparator::Comma ? ';' : ',') {
+    if (options_.format == TableFormat::Limits) require_one_set(lines);
+    const std::vector<std::string> inputs = weather.names();
+    for (const std::string& asked : options_.columns) {
+        const std::string name = column_name(asked);
+        const auto found = std::find(inputs.begin(), inputs.end(), name);
+        const auto& columns = lines.columns;
+        if (found != inputs.end())
+            asked_.push_back({asked, name, static_cast<std::size_t>(found - inputs.begin())});
+        else if (std::find(columns.begin(), columns.end(), name) != columns.end())
+            asked_.push_back({asked, name, std::nullopt});
+        else
+            throw InputError(Reason(no_such_column, {in_quotes(asked)}));
+    }
+}
+
+std::string RatingsTable::head() const {
+    std::vector<std::string> names =
+        options_.format == TableFormat::Limits ? limit_names : long_names;
+    if (options_.format == TableFormat::Long)
+        for (const Asked& asked : asked_) names.push_back(asked.title);
+    return csv_line(names, comma_);
+}
+
+void RatingsTable::add(std::string& text, std::string_view cell) const {
+    if (!text.empty() && text.back() != '\n') text += comma_;
+    if (cell.find_first_of(",;\"\r\n#") == std::string_view::npos) {
+        text += cell;
+        return;
+    }
+    const std::string quoted = csv_line({std::string(cell)}, comma_);
+    text += std::string_view(quoted).substr(0, quoted.size() - 1);
+}
+
+void RatingsTable::add(std::string& text, double number) const {
+    std::string cell = std::isfinite(number) ? exact_number(number) : std::string();
+    if (comma_ == ';') std::replace(cell.begin(), cell.end(), '.', ',');
+    add(text, cell);
+}
+
+std::string RatingsTable::rows(const WeatherBlock& block, const BlockRater& rater) {
+    if (options_.format == TableFormat::Limits) require_one_time(block);
+    std::string text;
+    const std::vector<MethodRatings>& ratings = rater.ratings();
+    std::vector<std::size_t> done(ratings.size(), 0);
+    // The ratings of a line that alone has a row stand together.
+    std::vector<std::size_t> first(lines_.lines.size(), ratings.size());
+    for (std::size_t i = ratings.size(); i-- > 0;) first[ratings[i].line_index] = i;
+    for (std::size_t row = 0; row < block.rows.size(); ++row) {
+        const int only = block.rows[row].line;
+        std::size_t i = only == of_all_lines ? 0 : first[static_cast<std::size_t>(only)];
+        for (; i < ratings.size(); ++i) {
+            const MethodRatings& of = ratings[i];
+            if (only != of_all_lines && of.line_index != static_cast<std::size_t>(only)) break;
+            const std::size_t place = done[i]++;
+            for (std::size_t kind = 0; kind < of.kinds; ++kind) {
+                const Rating& rating = of.ratings[place * of.kinds + kind];
+                count(block, rater, of, place, rating);
+                if (options_.format == TableFormat::Limits)
+                    add_limits(text, of, kind, rating);
+                else
+                    add_long(text, block, of, row, kind, rating);
+            }
+        }
+    }
+    return text;
+}
+
+void RatingsTable::count(const WeatherBlock& block, const BlockRater& rater,
+                         const MethodRatings& of, std::size_t i, const Rating& rating) {
+    const std::string status = status_of(rating);
+    if (++statuses_.counts[status] > 1 || has_value(rating.code)) return;
+    const Period& period = block.rows[rater.rows_of(of.line_index)[i]].period;
+    statuses_.first[status] = {of.line->name, key_of(of.method), period,
+                               rater.refusal(block, of, i, options_.locale.lang)};
+}
+
+void RatingsTable::add_long(std::string& text, const WeatherBlock& block, const MethodRatings& of,
+                            std::size_t row, std::size_t kind, const Rating& rating) const {
+    const Tatl* tatl = of.tatl(kind);
+    const bool standing = stands(rating);
+    add(text, of.line->name);
+    add(text, time_text(block.rows[row].period.start));
+    add(text, time_text(block.rows[row].period.end));
+    add(text, key_of(of.method));
+    add(text, of.line->temperature_sought ? kind_temperature
+              : tatl == nullptr           ? kind_permanent
+                                          : kind_temporary);
+    add(text, tatl == nullptr ? no_number : tatl->duration);
+    add(text, tatl == nullptr ? no_number : tatl->preload);
+    add(text, standing ? rating.current : no_number);
+    add(text, standing ? rating.temperature : no_number);
+    add(text, rating.angle);
+    add(text, status_of(rating));
+    for (const Asked& asked : asked_) {
+        if (asked.weather) {
+            add(text, block.numbers[*asked.weather][row]);
+            continue;
+        }
+        const auto& cells = of.line->cells;
+        const auto found = std::find_if(cells.begin(), cells.end(),
+                                        [&](const auto& cell) { return cell.first == asked.name; });
+        add(text, found == cells.end() ? std::string() : found->second);
+    }
+    text += '\n';
+}
+
+/// A limit holds at both ends of a line.
+void RatingsTable::add_limits(std::string& text, const MethodRatings& of, std::size_t kind,
+                              const Rating& rating) const {
+    if (!stands(rating) || rating.current < 0) return;
+    const Tatl* tatl = of.tatl(kind);
+    const std::string duration = tatl == nullptr ? "-1" : whole(tatl->duration);
+    for (const std::string_view side : {"ONE", "TWO"}) {
+        add(text, of.line->name);
+        add(text, "LINE");
+        add(text, side);
+        add(text, tatl == nullptr ? std::string("permanent_limit") : "TATL_" + duration);
+        add(text, "CURRENT");
+        add(text, rating.current);
+        add(text, duration);
+        text += '\n';
+    }
+}
+
+void RatingsTable::require_one_time(const WeatherBlock& block) {
+    for (const WeatherRow& row : block.rows) {
+        if (!only_) only_ = row.period;
+        if (only_->start != row.period.start)
+            throw InputError(
+                Reason(several_times, {time_text(only_->start), time_text(row.period.start)}));
+    }
+}
+
+}  // namespace zel::weather

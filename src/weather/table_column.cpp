@@ -1,0 +1,69 @@
+#include "weather/table_column.h"
+
+#include "platform/errors.h"
+#include "series/case_rater.h"
+
+namespace zel::weather {
+namespace {
+
+constexpr Text no_column = {
+    "Spalte {0}: keine Eingabe heißt so; zel help fields zeigt alle, --ignore läßt Spalten weg",
+    "column {0}: no input is called so; zel help fields lists all, --ignore leaves columns out"};
+constexpr Text at_column = {"Spalte {0}", "column {0}"};
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r";
+    const auto begin = text.find_first_not_of(blanks);
+    if (begin == std::string_view::npos) return {};
+    return text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
+}
+
+}  // namespace
+
+ColumnHead read_head(std::string_view cell) {
+    ColumnHead head{std::string(trimmed(cell)), {}, {}, {}};
+    const std::string_view title = head.title;
+    const auto bracket = title.find('[');
+    if (bracket != std::string_view::npos && title.ends_with(']'))
+        head.unit = trimmed(title.substr(bracket + 1, title.size() - bracket - 2));
+    head.word = trimmed(title.substr(0, bracket));
+    head.name = column_name(head.word);
+    return head;
+}
+
+std::string column_name(std::string_view word) {
+    const std::string_view mark = word.starts_with(static_mark) ? static_mark : "";
+    const std::string_view input = word.substr(mark.size());
+    return std::string(mark) + std::string(input == "ghi" ? "global_radiation" : input);
+}
+
+InputColumn input_column(const ColumnHead& head, std::string_view name) {
+    const Reason unknown(no_column, {in_quotes(head.title)});
+    if (find_state_cell(name)) throw InputError(unknown);
+    std::optional<SeriesInput> input;
+    try {
+        input.emplace(name);
+    } catch (const InputError&) {
+        throw InputError(unknown);
+    }
+    try {
+        return {*input,
+                head.unit.empty() ? UnitConversion{} : conversion(head.unit, input->unit())};
+    } catch (const InputError& error) {
+        throw InputError(at(Reason(at_column, {head.title}), error.reason()));
+    }
+}
+
+char comma_of(std::string_view text) {
+    while (text.starts_with('#')) text.remove_prefix(std::min(text.find('\n') + 1, text.size()));
+    const std::string_view first = text.substr(0, text.find('\n'));
+    return first.find(';') != std::string_view::npos ? ';' : ',';
+}
+
+std::optional<double> number_in(std::string_view cell, DecimalSeparator separator) {
+    cell = trimmed(cell);
+    if (cell.empty() || same_name(cell, "nan")) return no_number;
+    return parse_number(cell, separator);
+}
+
+}  // namespace zel::weather

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/text/csv.h"
+#include "platform/text/number_text.h"
+#include "series/series_input.h"
+#include "weather/unit.h"
+
+// Tables of lines and of weather: their heads, and the numbers in their cells.
+
+namespace zel::weather {
+
+/// Whether `value` is one of `list`.
+template <class List, class Value>
+[[nodiscard]] bool holds(const List& list, const Value& value) {
+    return std::find(std::begin(list), std::end(list), value) != std::end(list);
+}
+
+/// The head of a column: "wind_speed" or "wind_speed[km/h]".
+struct ColumnHead {
+    std::string title;  // as it stands in the table
+    std::string word;   // the same without its unit
+    std::string name;   // of the input: "ghi" is "global_radiation"
+    std::string unit;   // empty where none is named
+};
+
+[[nodiscard]] ColumnHead read_head(std::string_view cell);
+
+/// Before the inputs of the static weather of a line: "static_wind_speed".
+inline constexpr std::string_view static_mark = "static_";
+
+/// The name of the input or of the column that a user calls so.
+[[nodiscard]] std::string column_name(std::string_view word);
+
+/// An input and the unit in which a column gives it.
+struct InputColumn {
+    SeriesInput input;
+    UnitConversion conversion;
+};
+
+/// The input `name` in the unit of `head`. Throws `InputError` where no input has the name, where
+/// it is one of a change of state, and where the unit does not fit.
+[[nodiscard]] InputColumn input_column(const ColumnHead& head, std::string_view name);
+
+/// How the cells of a table are parted: by semicolons where its first line has one, else by commas.
+[[nodiscard]] char comma_of(std::string_view text);
+
+/// A number of a cell. An empty cell, and one that says "NaN", is no number; nothing where the cell
+/// holds anything else.
+[[nodiscard]] std::optional<double> number_in(std::string_view cell, DecimalSeparator separator);
+
+}  // namespace zel::weather

@@ -1,0 +1,289 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "adapters/posix/posix_files.h"
+#include "adapters/time_zone/named_zone.h"
+#include "fakes/test_data.h"
+#include "platform/errors.h"
+#include "steady/constants.h"
+#include "steady/kirn.h"
+#include "steady/webs.h"
+#include "weather/rate_run.h"
+
+namespace zel::weather {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+
+constexpr Locale plain = {LangId::English, DecimalSeparator::Point};
+
+ChosenConductor shipped(const std::string& name) {
+    static PosixFiles files;
+    static const ConductorLibrary library(files, {ZEL_SOURCE_DIR "/data", ""}, plain.separator);
+    return choose_conductor(library, files, name, plain.separator);
+}
+
+NextPiece pieces_of(const std::string& text, std::size_t size) {
+    return [text, size, at = std::size_t{0}]() mutable {
+        const std::string piece = text.substr(std::min(at, text.size()), size);
+        at += size;
+        return piece;
+    };
+}
+
+LineTable lines_of(const std::string& text, const std::vector<std::string>& weather) {
+    return read_lines(text, {{Method::TB601}, {}, {}, {}}, weather, shipped, plain);
+}
+
+struct Way {
+    std::size_t piece = 1U << 20U;
+    std::size_t block = 0;
+    unsigned threads = 1;
+    Radiation radiation = Radiation::AsItStands;
+};
+
+/// The rows of ratings.
+std::string rated(const std::string& lines, const std::string& weather, const Way& run = {}) {
+    WeatherOptions options;
+    options.interval = 3600;
+    WeatherTable table(pieces_of(weather, run.piece), options);
+    const LineTable taken = lines_of(lines, table.names());
+    std::vector<std::string> names;
+    for (const RatedLine& line : taken.lines) names.push_back(line.name);
+    table.set_lines(names);
+    RatingsTable ratings(taken, table, {});
+    std::string text;
+    rate_weather(
+        taken, table, ratings, {run.radiation, run.threads, run.block},
+        [&](std::string_view rows) { text += rows; }, [](std::uint64_t) {});
+    return text;
+}
+
+const std::string line_head =
+    "name,conductor,methods,sub_conductors,line_azimuth,altitude,latitude,longitude,frequency,"
+    "emissivity,absorptivity,resistance_option,conductor_temperature";
+const std::string two_lines =
+    line_head + ",static_wind_speed,static_wind_angle,static_air_temperature,static_ghi\n" +
+    "A,264-AL1/34-ST1A,TB601 TB207,2,75,120,53,9.8,50,0.6,0.6,1,80,0.6,90,35,900\n"
+    "B,434-AL1/56-ST1A,TB601,4,140,210,52,11,50,0.6,0.6,1,80,,,,\n";
+
+/// Hours of weather, every seventh with a gap, some of line B alone.
+std::vector<std::string> some_weather(int hours, double turned) {
+    std::mt19937 random(18);
+    std::uniform_real_distribution<double> part(0, 1);
+    std::vector<std::string> rows;
+    for (int hour = 0; hour < hours; ++hour) {
+        const std::string wind = hour % 7 == 3 ? "" : exact_number(0.3 + 9 * part(random));
+        const double from = std::floor(180 * part(random));
+        rows.push_back(time_text(1705000000 + 3600 * hour) + (hour % 5 == 1 ? ",B," : ",,") + wind +
+                       "," + exact_number(from + turned) + "," +
+                       exact_number(20 * part(random) - 5) + "," +
+                       exact_number(std::floor(600 * part(random))) + "\n");
+    }
+    return rows;
+}
+
+std::string as_table(const std::vector<std::string>& rows) {
+    std::string text = "time,line,wind_speed,wind_from_direction,air_temperature,ghi\n";
+    for (const std::string& row : rows) text += row;
+    return text;
+}
+
+TEST(Units, are_those_of_the_table) {
+    const json data = test_data("weather")["units"];
+    for (const json& row : data["rows"]) {
+        const double converted = conversion(row[0].get<std::string>(), row[1].get<std::string>())
+                                     .converted(row[2].get<double>(), 3600);
+        EXPECT_NEAR(converted, row[3].get<double>(), 1e-12 * std::abs(converted)) << row;
+    }
+    for (const json& row : data["refused"])
+        EXPECT_THROW((void)conversion(row[0].get<std::string>(), row[1].get<std::string>()),
+                     InputError)
+            << row;
+}
+
+TEST(Times, are_read_with_and_without_a_zone) {
+    for (const json& row : test_data("weather")["times"]["rows"]) {
+        const auto time = read_time(row[0].get<std::string>());
+        ASSERT_EQ(time.has_value(), !row[1].is_null()) << row;
+        if (!time) continue;
+        EXPECT_EQ(time->shown - time->ahead.value_or(0), row[1].get<std::int64_t>()) << row;
+        EXPECT_EQ(time->ahead.has_value(), !row[2].is_null()) << row;
+        if (time->ahead) {
+            EXPECT_EQ(time->ahead, row[2].get<std::int64_t>());
+        }
+    }
+}
+
+TEST(Times, follow_the_clock_of_their_zone) {
+    for (const json& row : test_data("weather")["zones"]["rows"]) {
+        const std::string name = row[0];
+        const auto ahead = read_offset(name);
+        const std::unique_ptr<TimeZone> zone =
+            ahead ? std::make_unique<FixedZone>(*ahead) : named_zone(name);
+        TimeSequence times(zone.get());
+        for (std::size_t i = 0; i < row[1].size(); ++i) {
+            const std::string text = row[1][i];
+            if (row[2][i].is_null()) {
+                EXPECT_THROW((void)times.moment(text, 0), InputError) << text;
+                continue;
+            }
+            const std::int64_t moment = times.moment(text, 0);
+            EXPECT_EQ(moment, row[2][i].get<std::int64_t>()) << text;
+            times.follow(moment, 0, 3600);
+        }
+        EXPECT_EQ(times.twice().count + times.missing().count + times.disordered().count, 0U);
+    }
+    EXPECT_THROW((void)named_zone("Europe/Atlantis"), InputError);
+}
+
+TEST(Times, that_are_double_missing_or_disordered_are_counted) {
+    TimeSequence times(nullptr);
+    for (const int hour : {0, 1, 1, 5, 4, 6}) times.follow(3600 * hour, 0, 3600);
+    EXPECT_EQ(times.twice().count, 1U);
+    EXPECT_EQ(times.missing().count, 3U + 1U);
+    EXPECT_EQ(times.missing().first, 3600 * 2);
+    EXPECT_EQ(times.disordered().first, 3600 * 4);
+}
+
+/// Kirn takes the hour of summer time off a clock that has none.
+TEST(Times, give_all_methods_the_same_sun) {
+    for (const double time : {1705307400.0, 1719825600.0}) {  // in January and in July
+        SeriesElement webs;
+        SeriesElement kirn;
+        kirn.c.*flag_of(Method::Kirn) = 1;
+        for (SeriesElement* element : {&webs, &kirn}) {
+            element->c.geogr_Breite_db = {"51", 51};
+            element->c.geo_laeng_db = {"-10", -10};
+            EXPECT_EQ(SeriesInput("time").put(*element, time), RatingCode::Rated);
+        }
+        EXPECT_NEAR(kirn_sun(sun_input(kirn.c)).height, webs_sun(sun_input(webs.c), 2).height,
+                    1e-9);
+    }
+}
+
+TEST(Heads, are_refused_by_their_column) {
+    for (const json& row : test_data("weather")["heads"]["rows"]) {
+        try {
+            const WeatherTable table(pieces_of(row[0].get<std::string>() + "\n", 4096), {});
+            ADD_FAILURE() << row;
+        } catch (const InputError& error) {
+            EXPECT_THAT(error.told(LangId::English), HasSubstr(row[1].get<std::string>()));
+        }
+    }
+}
+
+TEST(Lines, are_refused_by_row_and_column_and_others_go_on) {
+    const json data = test_data("weather")["lines"];
+    for (const json& row : data["rows"]) {
+        const std::string head = data["head"];
+        const LineTable table =
+            lines_of(head + "\n" + row[0].get<std::string>() + "\nZ,,0,50,9,80,Webs,,,\n", {});
+        const bool sound = row[1].is_null();
+        ASSERT_EQ(table.refused.size(), sound ? 0U : 1U) << row;
+        EXPECT_EQ(table.lines.back().name, "Z");
+        if (!sound) {
+            EXPECT_THAT(table.refused[0].en, HasSubstr(row[1].get<std::string>()));
+        }
+    }
+}
+
+TEST(Recourse, stands_in_for_what_is_missing) {
+    for (const json& row : test_data("weather")["recourse"]["rows"])
+        for (const RatingCodeText& code : rating_codes())
+            if (code.name == row[0].get<std::string>()) {
+                EXPECT_EQ(calls_for_recourse(code.code), row[1].get<bool>()) << row;
+            }
+    const std::string ratings = rated(two_lines, as_table(some_weather(8, 0)));
+    EXPECT_THAT(ratings, HasSubstr(",recourse:missing_input\n"));
+    EXPECT_THAT(ratings, HasSubstr(",,,,missing_input\n"));
+}
+
+TEST(Ratings, do_not_change_where_the_wind_is_turned_by_180_degrees) {
+    EXPECT_EQ(rated(two_lines, as_table(some_weather(40, 0))),
+              rated(two_lines, as_table(some_weather(40, 180))));
+}
+
+TEST(Ratings, are_the_same_rows_of_shuffled_weather) {
+    std::vector<std::string> rows = some_weather(40, 0);
+    std::vector<std::string> before = zel::lines_of(rated(two_lines, as_table(rows)));
+    std::shuffle(rows.begin(), rows.end(), std::mt19937(1));
+    std::vector<std::string> after = zel::lines_of(rated(two_lines, as_table(rows)));
+    EXPECT_NE(before, after);
+    std::sort(before.begin(), before.end());
+    std::sort(after.begin(), after.end());
+    EXPECT_EQ(before, after);
+}
+
+TEST(Ratings, depend_on_no_border_of_pieces_blocks_and_threads) {
+    const std::string weather = as_table(some_weather(40, 0));
+    const std::string whole = rated(two_lines, weather);
+    EXPECT_EQ(std::count(whole.begin(), whole.end(), '\n'), 32 * 3 + 8);
+    for (const Way& run : {Way{1, 1, 1}, Way{7, 3, 2}, Way{4096, 13, 5}})
+        EXPECT_EQ(rated(two_lines, weather, run), whole) << run.piece;
+}
+
+TEST(Ratings, of_components_are_those_of_speed_and_direction) {
+    const std::string time = "2024-01-15T08:00Z,";
+    const auto rating = [&](const std::string& head, const std::string& row) {
+        return rated(two_lines, "time,air_temperature,ghi," + head + "\n" + time + row + "\n");
+    };
+    EXPECT_EQ(rating("u[kn],v[kn]", "5,0,-3,0"),
+              rating("wind_from_direction,wind_speed[kn]", "5,0,90,3"));
+}
+
+TEST(Radiation, on_level_ground_meets_the_conductor_by_the_height_of_the_sun) {
+    const std::string weather =
+        "time,wind_speed,wind_from_direction,air_temperature,ghi\n2024-06-21T11:50Z,1,0,20,";
+    const auto current = [&](const std::string& ghi, Radiation radiation) {
+        return rated(two_lines, weather + ghi + "\n", {4096, 0, 1, radiation});
+    };
+    EXPECT_NEAR(radiation_on_conductor(100, radians(30)), 200, 1e-6);
+    EXPECT_NEAR(radiation_on_conductor(100, 0), 100 / std::sin(radians(10)), 1e-6);
+    EXPECT_EQ(radiation_on_conductor(1000, radians(20)), 1400);
+    EXPECT_EQ(current("500", Radiation::OnConductor), current("500", Radiation::AsItStands));
+    EXPECT_NE(current("500", Radiation::Horizontal), current("500", Radiation::AsItStands));
+    EXPECT_EQ(current("0", Radiation::Horizontal), current("0", Radiation::AsItStands));
+}
+
+TEST(Radiation, has_to_be_told_where_both_kinds_of_methods_take_it) {
+    const auto open = [](const std::string& methods, const std::string& head, Radiation radiation) {
+        const WeatherTable weather(
+            pieces_of("time," + head + "\n2024-01-15T08:00Z,1\n2024-01-15T09:00Z,1\n", 4096), {});
+        const LineTable lines = lines_of(
+            line_head + "\nA,,\"" + methods + "\",1,0,0,50,9,50,0.6,0.6,1,80\n", weather.names());
+        try {
+            require_radiation(lines, weather, radiation);
+            return false;
+        } catch (const InputError&) {
+            return true;
+        }
+    };
+    EXPECT_TRUE(open("TB601,Webs", "ghi", Radiation::AsItStands));
+    EXPECT_TRUE(open("TB207,Kirn", "ghi", Radiation::AsItStands));
+    EXPECT_FALSE(open("TB601,Webs", "ghi", Radiation::OnConductor));
+    EXPECT_FALSE(open("TB601,TB207", "ghi", Radiation::AsItStands));
+    EXPECT_FALSE(open("Webs,Kirn", "ghi", Radiation::AsItStands));
+    EXPECT_FALSE(open("TB601,Webs", "wind_speed", Radiation::AsItStands));
+}
+
+TEST(Weather, that_is_hardly_in_its_unit_is_told_with_the_likely_one) {
+    WeatherTable table(pieces_of("time,air_temperature,ghi[J/cm2],wind_speed\n"
+                                 "2024-01-15T08:00Z,285,10,x\n2024-01-15T09:00Z,286,10,3\n",
+                                 4096),
+                       {});
+    WeatherBlock block;
+    ASSERT_TRUE(table.next(block, 10));
+    ASSERT_EQ(table.report().implausible.size(), 1U);
+    EXPECT_EQ(table.report().implausible[0].count, 2U);
+    EXPECT_THAT(std::string(table.report().implausible[0].likely.en), HasSubstr("[K]"));
+    EXPECT_EQ(table.report().refused, 1U);
+    EXPECT_EQ(table.report().first_refused[0].en, "line 2, column wind_speed: \"x\" is no number");
+}
+
+}  // namespace
+}  // namespace zel::weather
