@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -60,7 +61,7 @@ FormMain::FormMain(DesktopState& state)
       frm_mess_01_(measuring_parts()),
       help_menu_(state.session, state.launcher, state.help_folders),
       drops_({this, &form1_, &ks_form1_, &frm_mess_01_},
-             [this](const std::string& path) { open_file(path); }),
+             [this](const std::string& path, const QWidget& on) { open_file(path, &on); }),
       shown_full_screen_(full_screen()) {
     setObjectName("form_main");
     captions_.window_title(static_cast<QWidget*>(this), short_name);
@@ -239,7 +240,9 @@ void FormMain::open(QWidget& form) {
 /// Down and to the right of this window, and whole on its screen.
 void FormMain::place_beside(QWidget& window) const {
     const QRect room = screen()->availableGeometry();
-    const QSize frame = frameGeometry().size() - size();
+    // The window system may not have told its frame yet: right after the start there is none.
+    const QSize frame = (frameGeometry().size() - size())
+                            .expandedTo({0, style()->pixelMetric(QStyle::PM_TitleBarHeight)});
     window.resize(window.size().boundedTo(room.size() - frame));
     const QPoint last = room.bottomRight() + QPoint(1, 1) -
                         QPoint(window.width() + frame.width(), window.height() + frame.height());
@@ -248,23 +251,21 @@ void FormMain::place_beside(QWidget& window) const {
                 std::max(room.top(), std::min(wanted.y(), last.y())));
 }
 
-void FormMain::open_file(const std::string& path) {
+void FormMain::open_file(const std::string& path, const QWidget* from) {
+    AreaFrame& area = from == &ks_form1_ ? static_cast<AreaFrame&>(ks_form1_) : form1_;
     switch (forms::sort_of(path, state_.store)) {
         case forms::FileSort::Workbook: return open_workbook(path);
-        case forms::FileSort::Database: {
-            AreaFrame& area =
-                ks_form1_.isActiveWindow() ? static_cast<AreaFrame&>(ks_form1_) : form1_;
-            open(area);
-            return area.open_database(path);
-        }
+        case forms::FileSort::Database: open(area); return area.open_database(path);
+        case forms::FileSort::UnreadableCase: open(area); return area.open_file(path);
         case forms::FileSort::LineCase: open(form1_); return form1_.open_file(path);
         case forms::FileSort::ShortCircuitCase: open(ks_form1_); return ks_form1_.open_file(path);
     }
 }
 
 void FormMain::open_example(const std::string& path) {
-    const bool line = forms::sort_of(path, state_.store) == forms::FileSort::LineCase;
-    AreaFrame& area = line ? static_cast<AreaFrame&>(form1_) : ks_form1_;
+    const bool short_circuit =
+        forms::sort_of(path, state_.store) == forms::FileSort::ShortCircuitCase;
+    AreaFrame& area = short_circuit ? static_cast<AreaFrame&>(ks_form1_) : form1_;
     open(area);
     area.open_file(path, true);
 }

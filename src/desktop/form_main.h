@@ -30,8 +30,9 @@ public:
     /// Shows the window as `Vollbildmodus` says.
     void show_first();
     void show_form1() { open(form1_); }
-    /// Opens a file in the window that it belongs to.
-    void open_file(const std::string& path);
+    /// Opens a file in the window that it belongs to. A database, which may be of both areas, and
+    /// what cannot be read go to the area of the window `from`, where the user has named the file.
+    void open_file(const std::string& path, const QWidget* from = nullptr);
 
 protected:
     void closeEvent(QCloseEvent* event) override;

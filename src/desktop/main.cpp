@@ -23,6 +23,13 @@ void start_companion(ProgramStores& stores, LangId lang) {
     }
 }
 
+/// A case of a line is there from the start, and what cannot be read is refused before any window
+/// comes up.
+bool opens_in_a_window(const std::string& path, CaseStore& cases) {
+    const forms::FileSort sort = forms::sort_of(path, cases);
+    return sort != forms::FileSort::LineCase && sort != forms::FileSort::UnreadableCase;
+}
+
 int open_windows(int& argc, char** argv, const DesktopWords& words) {
     ProgramStores stores;
     Settings settings = stores.settings();
@@ -32,7 +39,7 @@ int open_windows(int& argc, char** argv, const DesktopWords& words) {
     DesktopOptions desktop = {words.lang, options.separator};
     JsonCaseStore cases;
     const bool is_file = words.case_path != "-";
-    if (is_file && forms::sort_of(words.case_path, cases) != forms::FileSort::LineCase) {
+    if (is_file && opens_in_a_window(words.case_path, cases)) {
         desktop.open_path = words.case_path;
     } else if (!words.case_path.empty()) {
         Console console(options);

@@ -31,7 +31,7 @@ FileSort sort_of(const std::string& path, CaseStore& cases) {
             });
         return short_circuit ? FileSort::ShortCircuitCase : FileSort::LineCase;
     } catch (const InputError&) {
-        return FileSort::LineCase;
+        return FileSort::UnreadableCase;
     }
 }
 

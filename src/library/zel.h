@@ -75,7 +75,7 @@ typedef enum zel_kind {
 } zel_kind;
 
 typedef struct zel_input {
-    const char* name;  /* in plain English: "wind_speed"; where there is none, the field's */
+    const char* name;  /* in plain English: "wind_speed"; of short circuits the field's */
     const char* field; /* as in case files: "Windgeschwindigkeit_db"; empty if derived */
     const char* unit;  /* "m/s" */
     double low, high;  /* what is allowed; infinite where there is no limit */

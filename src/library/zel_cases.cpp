@@ -25,8 +25,6 @@ LastError& last_error() {
 constexpr Text no_such_index = {"es gibt keinen Eintrag mit dieser Nummer",
                                 "there is no entry of this number"};
 
-const char* text_of(std::string_view literal) { return literal.empty() ? "" : literal.data(); }
-
 zel_kind kind_of(const FieldInfo& field) {
     switch (field.kind) {
         case FieldKind::Text: return ZEL_TEXT;
@@ -39,21 +37,52 @@ zel_kind kind_of(const FieldInfo& field) {
     return ZEL_FLAG;
 }
 
-zel_input described(const FieldInfo& field, const Limits& limits) {
+/// What `zel_input` tells, in texts that end where they end.
+struct NamedInput {
+    std::string name, field, unit, about_de, about_en;
+    Limits limits{};
+    zel_kind kind = ZEL_DERIVED;
+};
+
+NamedInput described(const FieldInfo& field, const Limits& limits) {
     const Text label = long_label_of(field);
-    return {text_of(field.english_name.empty() ? field.name : field.english_name),
-            text_of(field.name),
-            text_of(field.unit_in(LangId::English)),
-            limits.low,
-            limits.high,
-            kind_of(field),
-            text_of(label.de),
-            text_of(label.in(LangId::English))};
+    const std::string_view name = field.english_name.empty() ? field.name : field.english_name;
+    return {std::string(name),
+            std::string(field.name),
+            std::string(field.unit_in(LangId::English)),
+            std::string(label.de),
+            std::string(label.in(LangId::English)),
+            limits,
+            kind_of(field)};
 }
 
-zel_input described(const DerivedInput& input) {
-    return {text_of(input.name), "",          text_of(input.unit),     input.limits.low,
-            input.limits.high,   ZEL_DERIVED, text_of(input.about.de), text_of(input.about.en)};
+std::vector<NamedInput> inputs_of_lines() {
+    std::vector<NamedInput> inputs;
+    // What has no name for programs is of windows alone.
+    for (const CaseField& field : case_fields())
+        if (!field.english_name.empty())
+            inputs.push_back(described(field, series_limits_of(field)));
+    for (const DerivedInput& input : derived_inputs())
+        inputs.push_back({std::string(input.name),
+                          {},
+                          std::string(input.unit),
+                          std::string(input.about.de),
+                          std::string(input.about.en),
+                          input.limits});
+    return inputs;
+}
+
+std::vector<NamedInput> inputs_of_short_circuits() {
+    std::vector<NamedInput> inputs;
+    for (const ShortCircuitField& field : short_circuit_fields())
+        inputs.push_back(described(field, Limits()));
+    return inputs;
+}
+
+const std::vector<NamedInput>& inputs_of(zel_area area) {
+    static const std::vector<NamedInput> lines = inputs_of_lines();
+    static const std::vector<NamedInput> short_circuits = inputs_of_short_circuits();
+    return area == ZEL_SHORT_CIRCUIT ? short_circuits : lines;
 }
 
 }  // namespace
@@ -83,20 +112,15 @@ zel_status zel_code_at(size_t index, zel_code* code) {
     });
 }
 
-size_t zel_input_count(zel_area area) {
-    return area == ZEL_SHORT_CIRCUIT ? short_circuit_fields().size()
-                                     : case_fields().size() + derived_inputs().size();
-}
+size_t zel_input_count(zel_area area) { return inputs_of(area).size(); }
 
 zel_status zel_input_at(zel_area area, size_t index, zel_input* input) {
     return guarded([&] {
-        if (index >= zel_input_count(area)) throw InputError(Reason(no_such_index));
-        if (area == ZEL_SHORT_CIRCUIT)
-            *input = described(short_circuit_fields()[index], Limits());
-        else if (index < case_fields().size())
-            *input = described(case_fields()[index], series_limits_of(case_fields()[index]));
-        else
-            *input = described(derived_inputs()[index - case_fields().size()]);
+        const auto& inputs = inputs_of(area);
+        if (index >= inputs.size()) throw InputError(Reason(no_such_index));
+        const NamedInput& it = inputs[index];
+        *input = {it.name.c_str(), it.field.c_str(), it.unit.c_str(),     it.limits.low,
+                  it.limits.high,  it.kind,          it.about_de.c_str(), it.about_en.c_str()};
     });
 }
 

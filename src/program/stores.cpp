@@ -20,6 +20,11 @@ void start_companion(ProgramStores& stores) {
                            stores.shared);
 }
 
+/// Beside the folder of the programs, of a build as of an installation.
+std::filesystem::path share_folder() {
+    return std::filesystem::path(program_folder()).parent_path() / "share";
+}
+
 }  // namespace
 
 void start_companion_once(ProgramStores& stores) {
@@ -31,12 +36,10 @@ void provide_exchange_file(ProgramStores& stores) {
 }
 
 LibraryPlaces library_places(const ProgramPaths& paths) {
-    return {program_folder() + "/../share/zel", paths.data_folder + "/conductors.csv"};
+    return {share_folder() / "zel", paths.data_folder + "/conductors.csv"};
 }
 
-std::string document_folder() {
-    return std::filesystem::path(program_folder()).parent_path() / "share/doc/zel";
-}
+std::string document_folder() { return share_folder() / "doc/zel"; }
 
 bool JsonCaseStore::has(const std::string& path) { return file_exists(path); }
 

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <functional>
 
@@ -80,6 +81,19 @@ TEST_F(QtDialogsTest, buttons_follow_the_language) {
     show(question, [](QMessageBox& window) {
         EXPECT_EQ(window.button(QMessageBox::Yes)->text(), "&Yes");
         window.button(QMessageBox::No)->click();
+    });
+}
+
+TEST_F(QtDialogsTest, long_text_has_the_width_of_a_small_screen_and_leaves_the_buttons_whole) {
+    const std::string line(90, 'x');
+    show({Icon::Warning, "Titel", std::vector<std::string>(80, line)}, [](QMessageBox& window) {
+        const QSize screen = window.screen()->availableGeometry().size();
+        EXPECT_GT(window.width(), screen.width() * 3 / 4);
+        EXPECT_LT(window.width(), screen.width());
+        EXPECT_LT(window.height(), screen.height());
+        const QWidget& ok = *window.button(QMessageBox::Ok);
+        EXPECT_TRUE(window.rect().contains(QRect(ok.mapTo(&window, QPoint()), ok.size())));
+        press(window, Qt::Key_Escape);
     });
 }
 

@@ -60,6 +60,17 @@ TEST_F(Start, dropped_file_opens_where_it_belongs_whatever_it_is_dropped_on) {
     EXPECT_THAT(settings.user_store().read("Recent", "File1"), "/c/line.json");
 }
 
+TEST_F(Start, file_of_either_area_opens_in_the_one_that_it_is_dropped_on) {
+    for (const char* path : {"/c/missing.json", "/c/missing.mdb"}) {
+        dialogs.shown.clear();
+        drop(ks(), path);
+        EXPECT_TRUE(ks().isVisible());
+        EXPECT_FALSE(form1().isVisible()) << path;
+        EXPECT_GE(dialogs.shown.size(), 1U) << path;
+        ks().hide();
+    }
+}
+
 TEST_F(Start, dropped_workbook_is_proposed_to_the_batch_that_it_is_for) {
     std::string title;
     QTimer::singleShot(0, form_main.get(), [&] {
@@ -120,7 +131,7 @@ TEST(FileSort, goes_by_the_ending_and_by_the_fields_of_a_case) {
                                      {"a.mdb", FileSort::Database},
                                      {"ks.json", FileSort::ShortCircuitCase},
                                      {"line.json", FileSort::LineCase},
-                                     {"missing.json", FileSort::LineCase}})
+                                     {"missing.json", FileSort::UnreadableCase}})
         EXPECT_EQ(forms::sort_of(path, cases), sort) << path;
 }
 

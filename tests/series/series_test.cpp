@@ -103,7 +103,8 @@ TEST(Series, rates_each_element_bit_for_bit_as_the_page_does) {
                 base.Leitertemp_Merker_db = of_current;
                 base.Stromstaerke_Merker_db = !of_current;
                 base.Stromstaerke_db = typed(500);
-                const SeriesInputs inputs = RandomSeries(drawn, 7).of(base);
+                const RandomSeries series(drawn, 7);
+                const SeriesInputs inputs = series.of(base);
                 const Rated rated(inputs, method);
                 for (std::size_t i = 0; i < count; ++i) {
                     const auto expected = by_the_page(inputs, i, method);
@@ -194,11 +195,10 @@ TEST(Series, refuses_unknown_inputs_and_two_that_set_one_field) {
 
 TEST(Series, rates_for_a_time_as_one_case_does_and_tells_why_not) {
     CalcCase base = line_264_34();
-    for (Entry CalcCase::*capacity :
-         {&CalcCase::Dichte_Leiterwerkstoff1_db, &CalcCase::c_leiter20_db})
-        base.*capacity = typed(1000);
+    base.Dichte_Leiterwerkstoff1_db = typed(2703);
+    base.c_leiter20_db = typed(897);
     const double preloads[] = {0, 50, 80, 100, 120, no_number};
-    const double duration[] = {900};
+    const double duration[] = {60};
     double patl[6], tatl[6];
     std::int32_t code[6];
     rate_tatl(
@@ -209,7 +209,7 @@ TEST(Series, rates_for_a_time_as_one_case_does_and_tells_why_not) {
     ScriptedDialogs none;
     for (std::size_t i = 0; i < 3; ++i) {
         CalcCase c = base;
-        TatlRating rating(c, 900, {{}, RunMode::Silent, none});
+        TatlRating rating(c, 60, {{}, RunMode::Silent, none});
         const double permanent = *rating.permanent().current_A;
         EXPECT_EQ(bits(patl[i]), bits(2 * permanent));
         const float expected = rating.after(permanent * preloads[i] / 100, permanent).value;

@@ -4,7 +4,6 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QUrl>
-#include <QWidget>
 #include <algorithm>
 #include <utility>
 
@@ -21,8 +20,7 @@ std::string file_of(const QDropEvent& drop) {
 
 }  // namespace
 
-FileDrops::FileDrops(const std::vector<QWidget*>& windows,
-                     std::function<void(const std::string& path)> open)
+FileDrops::FileDrops(const std::vector<QWidget*>& windows, Open open)
     : windows_(windows), open_(std::move(open)) {
     for (QWidget* window : windows_) window->setAcceptDrops(true);
     // Boxes would take the name of the file for a text.
@@ -42,7 +40,8 @@ bool FileDrops::eventFilter(QObject* of, QEvent* event) {
     drop.setDropAction(Qt::CopyAction);
     drop.accept();
     // The program that the file comes from waits until the drop is done.
-    if (type == QEvent::Drop) later(*this, [this, path] { open_(path); });
+    if (type == QEvent::Drop)
+        later(*this, [this, path, window = part->window()] { open_(path, *window); });
     return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QWidget>
 #include <functional>
 #include <string>
 #include <vector>
@@ -11,15 +12,16 @@ namespace zel {
 /// another window wants an answer.
 class FileDrops : public QObject {
 public:
-    FileDrops(const std::vector<QWidget*>& windows,
-              std::function<void(const std::string& path)> open);
+    /// `on` is the window that the file was dropped on.
+    using Open = std::function<void(const std::string& path, const QWidget& on)>;
+    FileDrops(const std::vector<QWidget*>& windows, Open open);
 
 protected:
     bool eventFilter(QObject* of, QEvent* event) override;
 
 private:
     std::vector<QWidget*> windows_;
-    std::function<void(const std::string&)> open_;
+    Open open_;
 };
 
 }  // namespace zel

@@ -2,11 +2,16 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QDialogButtonBox>
 #include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
 #include <QUrl>
 #include <algorithm>
 
@@ -16,9 +21,10 @@
 namespace zel {
 namespace {
 
-constexpr int longest_line = 760;  // pixels
+// Pixels.
+constexpr int longest_line = 760;
 constexpr int margin = 8;
-constexpr int beside_text = 110;  // pixels: the icon, and what is around it
+constexpr int beside_text = 86;  // the icon, and what is around it
 
 constexpr Text ok_caption = {"OK", "OK"};
 constexpr Text yes_caption = {"&Ja", "&Yes"};
@@ -37,15 +43,34 @@ QMessageBox::Icon qt_icon(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-/// Lines break where the text says so, as long as they are not too long for that.
-void widen(QMessageBox& window) {
+/// What the library lets a box have of the width of its screen.
+int widest_box(int screen) {
+    constexpr int small = 1024;
+    return screen <= small ? screen - 2 * margin : screen - 480;
+}
+
+/// Lines break where the text says so, as long as they are not too long for that. A text that is
+/// too high for the screen scrolls: the buttons are always there.
+int run(QMessageBox& window) {
     auto* text = window.findChild<QLabel*>("qt_msgbox_label");
-    if (text == nullptr) return;
+    const auto* buttons = window.findChild<QDialogButtonBox*>();
+    if (text == nullptr || buttons == nullptr) return window.exec();
     const QSize lines = text->fontMetrics().size(0, window.text());
-    // The library lets no box come nearer to the width of the screen.
-    const int widest_box = window.screen()->availableGeometry().width() - 480;
-    text->setMinimumWidth(
-        std::min({lines.width() + margin, longest_line, widest_box - beside_text}));
+    const QSize room = window.screen()->availableGeometry().size();
+    const int width =
+        std::min({lines.width() + margin, longest_line, widest_box(room.width()) - beside_text});
+    text->setMinimumWidth(width);
+    text->setWordWrap(true);
+    const int highest = room.height() - window.style()->pixelMetric(QStyle::PM_TitleBarHeight) -
+                        buttons->sizeHint().height() - 6 * margin;
+    if (text->heightForWidth(width) > highest) {
+        auto* area = new QScrollArea;
+        make_scrolling(*area);
+        area->setMinimumSize(width + area->verticalScrollBar()->sizeHint().width(), highest);
+        delete window.layout()->replaceWidget(text, area);
+        area->setWidget(text);
+    }
+    return window.exec();
 }
 
 /// Cancel is the escape key, Save the default.
@@ -55,7 +80,7 @@ Answer asked_to_save(QMessageBox& window, LangId lang) {
     window.addButton(QMessageBox::Cancel)->setText(qt(cancel_caption, lang));
     window.setDefaultButton(QMessageBox::Save);
     window.setEscapeButton(QMessageBox::Cancel);
-    switch (window.exec()) {
+    switch (run(window)) {
         case QMessageBox::Save: return Answer::Save;
         case QMessageBox::Discard: return Answer::Discard;
         default: return Answer::Cancel;
@@ -67,7 +92,6 @@ void fill_in(QMessageBox& window, const Box& box) {
     window.setWindowTitle(qt(box.title));
     window.setTextFormat(Qt::PlainText);
     window.setText(qt(joined(box.lines, "\n")));
-    widen(window);
 }
 
 }  // namespace
@@ -78,7 +102,7 @@ Answer QtDialogs::show(const Box& box) {
     fill_in(window, box);
     if (box.buttons == Buttons::Ok) {
         window.addButton(QMessageBox::Ok)->setText(qt(ok_caption, lang));
-        window.exec();
+        run(window);
         return Answer::Ok;
     }
     if (box.buttons == Buttons::SaveDiscardCancel) return asked_to_save(window, lang);
@@ -86,7 +110,7 @@ Answer QtDialogs::show(const Box& box) {
     window.addButton(QMessageBox::No)->setText(qt(no_caption, lang));
     window.setDefaultButton(QMessageBox::No);
     window.setEscapeButton(QMessageBox::No);
-    return window.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
+    return run(window) == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
 
 bool QtDialogs::show_before_others(const Box& box) {
@@ -99,7 +123,7 @@ bool QtDialogs::show_before_others(const Box& box) {
         window.addButton(qt(message_texts::rest_in_list, lang), QMessageBox::ActionRole);
     window.setDefaultButton(ok);
     window.setEscapeButton(ok);
-    window.exec();
+    run(window);
     return window.clickedButton() == rest;
 }
 

@@ -432,9 +432,10 @@ const CaseField* find_case_field(std::string_view name) {
 
 const CaseField* find_by_any_name(std::string_view name) {
     if (name.empty()) return nullptr;
-    const auto* const row = std::find_if(
-        std::begin(fields), std::end(fields),
-        [&](const CaseField& field) { return field.name == name || field.english_name == name; });
+    const auto* const row =
+        std::find_if(std::begin(fields), std::end(fields), [&](const CaseField& field) {
+            return field.name == name || field.english_name == name;
+        });
     return row == std::end(fields) ? nullptr : row;
 }
 

@@ -1,17 +1,14 @@
 #include "tb601_transient/tb601/tb601_joule.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "platform/rounding.h"
 #include "steady/constants.h"
-#include "tb601_transient/tb601/math_module.h"
+#include "tb601_transient/tb601/skin_effect.h"
 
 namespace zel {
 namespace {
-
-using MathModule::Complex;
 
 /// The growth of resistance and resistivity from 20 °C to `T`.
 double temperature_factor(const TB601Params& p, double T) {
@@ -23,65 +20,9 @@ float on_line(const ResistancePoint& n, const ResistancePoint& m, float T) {
     return n.ACR + (m.ACR - n.ACR) / (m.TACR - n.TACR) * (T - n.TACR);
 }
 
-/// The diameter (m) of the solid conductor that has the same skin effect.
-double equivalent_diameter(const TB601Params& p) {
-    switch (p.ConductorType) {
-        case homogeneous_conductor:
-        case steel_cored_conductor:
-        case composite_core_conductor:
-            if (p.GMRMerker == 1) return 2 * static_cast<double>(p.GMR);
-            return narrowed_to_single(2 * (p.D * 0.7788 / 2));
-        case tubular_busbar: return narrowed_to_single(p.D);
-        default: return 0;
-    }
-}
-
-constexpr int highest_power = 7;
-
-/// The direction of the first powers of a number of the argument `angle`.
-struct Directions {
-    explicit Directions(double angle) {
-        for (int n = 0; n <= highest_power; ++n)
-            unit[static_cast<std::size_t>(n)] = {std::cos(n * angle), std::sin(n * angle)};
-    }
-    std::array<Complex, highest_power + 1> unit{};
-};
-
-/// J0(2w) / J1(2w), each cut after the fourth term of its series, of a number in the direction
-/// `toward`.
-Complex bessel_ratio(Complex w, const Directions& toward) {
-    using namespace MathModule;
-    const double r = modulus(w);
-    const auto power_of_w = [&](int n) -> Complex {  // `power` with its angles known
-        const double size = std::pow(r, n);
-        const Complex& unit = toward.unit[static_cast<std::size_t>(n)];
-        return {size * unit.re, size * unit.im};
-    };
-    const Complex J0 =
-        difference(sum(real_minus_complex(1, power_of_w(2)), complex_by_real(power_of_w(4), 4)),
-                   complex_by_real(power_of_w(6), 36));
-    const Complex J1 = difference(
-        sum(difference(w, complex_by_real(power_of_w(3), 2)), complex_by_real(power_of_w(5), 12)),
-        complex_by_real(power_of_w(highest_power), 144));
-    return quotient(J0, J1);
-}
-
-/// The same for `x` times (1 - j), which always points the same way.
-Complex bessel_ratio_on_diagonal(double x) {
-    static const Directions diagonal(MathModule::argument({1, -1}));
-    const Complex w = MathModule::complex_by_real({x, -x}, 2);
-    if (w.re > 0 && std::isfinite(w.re)) return bessel_ratio(w, diagonal);
-    return bessel_ratio(w, Directions(MathModule::argument(w)));
-}
-
 /// The ratio of AC to DC resistance of a solid round conductor.
 double solid_conductor_factor(double De, double Rho, double F) {
-    // The permeability of free space is contained in 503.3.
-    const double delta = 503.3 * std::sqrt(Rho / F);  // m, depth of penetration
-    const double x = De / (2 * delta);
-    const double scale = Rho / (pi * De * delta);
-    const Complex Z = MathModule::product({scale, -scale}, bessel_ratio_on_diagonal(x));  // ohm/m
-    const double Rac = narrowed_to_single(Z.re);
+    const double Rac = solid_conductor_resistance(De, Rho, F);
     return narrowed_to_single(De * De * pi * Rac / (4 * Rho));
 }
 
