@@ -67,6 +67,39 @@ void put_time(SeriesElement& element, double seconds) {
 void put_duration(SeriesElement& element, double seconds) { element.duration = seconds; }
 void put_preload(SeriesElement& element, double percent) { element.preload = percent; }
 
+template <std::size_t row>
+void put_change_current(SeriesElement& element, double of_bundle) {
+    StateChange& change = element.c.Z[row];
+    const int n = sharing_conductors(element.c);
+    give(change.Strom, of_bundle / n);
+    show_bundle_current(change, n, any_separator);
+}
+template <std::size_t row>
+void put_change_temperature(SeriesElement& element, double temperature) {
+    give(element.c.Z[row].TEMP, temperature);
+}
+template <std::size_t row>
+void put_change_duration(SeriesElement& element, double seconds) {
+    const double whole = round_half_even(seconds);
+    const double minutes = std::min(60.0, std::floor(whole / 60));  // 60 min 59 s can be entered
+    give(element.c.Z[row].min, minutes);
+    give(element.c.Z[row].sec, whole - 60 * minutes);
+}
+
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage): the changes of state differ in their number.
+#define CHANGE_INPUT(n, quantity, unit, limits, de, en, put) \
+    DerivedInput { "change_" #n "_" quantity, unit, limits, Text{de #n, en #n}, {}, put<n - 1> }
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage)
+#define CHANGE(n)                                                                                  \
+    CHANGE_INPUT(n, "current", "A", Limits().between(0, 999999),                                   \
+                 "Strom (Bündel) der Zustandsänderung ", "current (bundle) of change of state ",   \
+                 put_change_current),                                                              \
+        CHANGE_INPUT(n, "temperature", "°C", Limits().between(-50, 350),                           \
+                     "Temperatur am Ende der Zustandsänderung ",                                   \
+                     "temperature at the end of change of state ", put_change_temperature),        \
+        CHANGE_INPUT(n, "duration", "s", Limits().between(1, 3659), "Dauer der Zustandsänderung ", \
+                     "duration of change of state ", put_change_duration)
+
 const FieldKey wind_fields[] = {&CalcCase::Winkel_W_S_db};
 const FieldKey longitude_fields[] = {&CalcCase::geo_laeng_db};
 const FieldKey time_fields[] = {
@@ -123,7 +156,15 @@ const DerivedInput derived[] = {
      {},
      {},
      put_preload},
+    CHANGE(1),
+    CHANGE(2),
+    CHANGE(3),
+    CHANGE(4),
+    CHANGE(5),
+    CHANGE(6),
 };
+#undef CHANGE
+#undef CHANGE_INPUT
 
 constexpr Text no_such_input = {"keine Eingabe heißt {0}; zel help fields zeigt alle",
                                 "no input is called {0}; zel help fields lists all"};
