@@ -146,8 +146,8 @@ TEST(Times, that_are_double_missing_or_disordered_are_counted) {
     for (const int hour : {0, 1, 1, 5, 4, 6}) times.follow(3600 * hour, 0, 3600);
     EXPECT_EQ(times.twice().count, 1U);
     EXPECT_EQ(times.missing().count, 3U + 1U);
-    EXPECT_EQ(times.missing().first, 3600 * 2);
-    EXPECT_EQ(times.disordered().first, 3600 * 4);
+    EXPECT_EQ(times.missing().first.front(), 3600 * 2);
+    EXPECT_EQ(times.disordered().first.front(), 3600 * 4);
 }
 
 /// Kirn takes the hour of summer time off a clock that has none.
