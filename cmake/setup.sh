@@ -7,7 +7,9 @@ build_packages=(g++ cmake ninja-build ccache pkg-config nlohmann-json3-dev
     libcli11-dev libpugixml-dev libzip-dev libxlsxwriter-dev libsqlite3-dev
     libsqlitecpp-dev mdbtools-dev libhowardhinnant-date-dev libssl-dev qt6-base-dev qt6-svg-dev libcups2-dev libqpdf-dev
     qt6-translations-l10n fonts-liberation)
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev clang-format poppler-utils)
+python_packages=(pybind11-dev python3-dev python3-numpy)
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev clang-format poppler-utils
+    "${python_packages[@]}" python3-pandas python3-xarray python3-pytest python3-distributed mypy)
 tidy_packages=(clang-tidy)
 
 set_up_failed=4 # exit status; 1 to 3 are those of zel
@@ -90,20 +92,26 @@ install_packages() {
         -o APT::Status-Fd=1 -o DPkg::Lock::Timeout=300 "${missing[@]}" || exit $set_up_failed
 }
 
-# build PRESET TESTS [TARGETS]: configures where that is needed, then builds. TESTS is OFF or ON: a
-# build without them needs no test packages, and the first one that wants them turns them on.
+# build PRESET PARTS [TARGETS]: configures where that is needed, then builds. PARTS are those of
+# ZEL_TESTS and ZEL_PYTHON that are wanted, or nothing: a build without them needs none of their
+# packages, and the first one that wants them turns them on.
 build() {
-    local preset=$1 tests=$2 folder=build/$1 cache='' configure=()
+    local preset=$1 folder=build/$1 cache='' configure=() parts=() part
     [[ ! -f $folder/build.ninja ]] || cache=$(<"$folder/CMakeCache.txt")
+    for part in $2; do
+        parts+=("-D$part=ON")
+        [[ $cache == *$'\n'"$part:BOOL=ON"$'\n'* ]] || configure=(cmake)
+    done
     if [[ $cache != *$'\n'"CMAKE_HOME_DIRECTORY:INTERNAL=$PWD"$'\n'* ]]; then
         configure=(cmake --fresh) # nothing there yet, or the clone was moved
-    elif [[ $tests == ON && $cache != *$'\n'ZEL_TESTS:BOOL=ON$'\n'* ]]; then
-        configure=(cmake)
+        for part in ZEL_TESTS ZEL_PYTHON; do
+            [[ " $2 " == *" $part "* ]] || parts+=("-D$part=OFF")
+        done
     fi
     if ((${#configure[@]})); then
         say "configuring $folder"
         logged "configure-$preset.log" configuring \
-            "${configure[@]}" --preset "$preset" -DZEL_TESTS="$tests" || exit $set_up_failed
+            "${configure[@]}" --preset "$preset" "${parts[@]}" || exit $set_up_failed
     fi
     logged "build-$preset.log" "building $preset" \
         cmake --build --preset "$preset" ${3+--target "${@:3}"} || exit $set_up_failed

@@ -114,6 +114,9 @@ ZEL_API zel_status zel_case_unset(zel_case* it, const char* name);
  * before the conductor's values of the case. */
 ZEL_API zel_status zel_case_set_conductor(zel_case* it, const char* record_or_name);
 
+/* Whether the case selects `method` (`rechnung_webs_merker_db`, ...). */
+ZEL_API zel_status zel_case_selects(const zel_case* it, zel_method method, int* yes);
+
 /* ---- Arrays ---- */
 
 /* Numbers with a distance of `stride` bytes; a stride of 0 repeats the first. */

@@ -53,6 +53,13 @@ Strided<std::int32_t> place(const zel_codes& out) { return {out.codes, out.strid
 
 }  // namespace
 
+zel_status zel_case_selects(const zel_case* it, zel_method method, int* yes) {
+    return guarded([&] {
+        const CalcCase c = line_case(*it, ZEL_AS_IN_CASE);
+        *yes = is_selected(c, method_of(method)) ? 1 : 0;
+    });
+}
+
 zel_status zel_rate_steady(const zel_case* it, const zel_options* given_options, zel_method method,
                            const zel_column* columns, size_t column_count, size_t count,
                            const zel_steady* out) {

@@ -35,6 +35,20 @@ SeriesInputs::SeriesInputs(const CalcCase& its_base, std::vector<SeriesColumn> i
                 throw InputError(Reason(set_twice, {column.input.name()}));
             varying_.push_back(field);
         }
+    put_constants();
+}
+
+void SeriesInputs::put_constants() {
+    if (count == 0) return;
+    SeriesElement element{base};
+    std::erase_if(columns, [&](const SeriesColumn& column) {
+        if (column.numbers.stride != 0 || column.input.fields().size() != 1) return false;
+        if (column.input.is_derived()) return false;  // reads what may change
+        if (column.input.put(element, column.numbers[0]) != RatingCode::Rated) return false;
+        std::erase(varying_, column.input.fields().front());
+        return true;
+    });
+    base = element.c;
 }
 
 RatingCode SeriesInputs::put(SeriesElement& element, std::size_t i,

@@ -54,6 +54,9 @@ struct SeriesInputs {
     std::size_t count;
 
 private:
+    /// Puts what does not change into the base once.
+    void put_constants();
+
     std::vector<FieldKey> varying_;
 };
 

@@ -6,8 +6,6 @@
 
 #include "platform/errors.h"
 #include "platform/rounding.h"
-#include "steady/case/method.h"
-#include "steady/sun.h"
 #include "workflow/rules/entry_rules.h"
 
 namespace zel {
@@ -42,9 +40,7 @@ void put_wind_direction(SeriesElement& element, double direction) {
 
 void put_longitude(SeriesElement& element, double east) { give(element.c.geo_laeng_db, -east); }
 
-/// Seconds since 1970 in UTC, to the minute. Clock and sun then agree at longitude 0; Kirn, who
-/// always takes the hour of summer time off the clock, has it back by a standard time 15 degrees
-/// on.
+/// Seconds since 1970 in UTC, to the minute. Clock and sun then agree at longitude 0.
 void put_time(SeriesElement& element, double seconds) {
     using namespace std::chrono;
     const sys_time<minutes> time{minutes(static_cast<std::int64_t>(std::floor(seconds / 60)))};
@@ -56,16 +52,45 @@ void put_time(SeriesElement& element, double seconds) {
     give(c.Monat_db, static_cast<unsigned>(date.month()));
     give(c.Stunden_db, static_cast<double>(clock.hours().count()));
     give(c.Minuten_db, static_cast<double>(clock.minutes().count()));
-    const bool loses_hour =
-        is_selected(c, Method::Kirn) &&
-        in_summer_time(day_of_year(c.Tag_db.value, static_cast<std::int16_t>(c.Monat_db.value)));
-    constexpr double degrees_of_hour = 15;
-    give(c.geo_laeng_zeit_db, loses_hour ? degrees_of_hour : 0);
+    give(c.geo_laeng_zeit_db, 0);
     c.wzsz_merker_db = 2;
 }
 
 void put_duration(SeriesElement& element, double seconds) { element.duration = seconds; }
 void put_preload(SeriesElement& element, double percent) { element.preload = percent; }
+
+template <std::size_t row>
+void put_change_current(SeriesElement& element, double of_bundle) {
+    StateChange& change = element.c.Z[row];
+    const int n = sharing_conductors(element.c);
+    give(change.Strom, of_bundle / n);
+    show_bundle_current(change, n, any_separator);
+}
+template <std::size_t row>
+void put_change_temperature(SeriesElement& element, double temperature) {
+    give(element.c.Z[row].TEMP, temperature);
+}
+template <std::size_t row>
+void put_change_duration(SeriesElement& element, double seconds) {
+    const double whole = round_half_even(seconds);
+    const double minutes = std::min(60.0, std::floor(whole / 60));  // 60 min 59 s can be entered
+    give(element.c.Z[row].min, minutes);
+    give(element.c.Z[row].sec, whole - 60 * minutes);
+}
+
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage): the changes of state differ in their number.
+#define CHANGE_INPUT(n, quantity, unit, limits, de, en, put) \
+    DerivedInput { "change_" #n "_" quantity, unit, limits, Text{de #n, en #n}, {}, put<n - 1> }
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage)
+#define CHANGE(n)                                                                                  \
+    CHANGE_INPUT(n, "current", "A", Limits().between(0, 999999),                                   \
+                 "Strom (Bündel) der Zustandsänderung ", "current (bundle) of change of state ",   \
+                 put_change_current),                                                              \
+        CHANGE_INPUT(n, "temperature", "°C", Limits().between(-50, 350),                           \
+                     "Temperatur am Ende der Zustandsänderung ",                                   \
+                     "temperature at the end of change of state ", put_change_temperature),        \
+        CHANGE_INPUT(n, "duration", "s", Limits().between(1, 3659), "Dauer der Zustandsänderung ", \
+                     "duration of change of state ", put_change_duration)
 
 const FieldKey wind_fields[] = {&CalcCase::Winkel_W_S_db};
 const FieldKey longitude_fields[] = {&CalcCase::geo_laeng_db};
@@ -123,7 +148,15 @@ const DerivedInput derived[] = {
      {},
      {},
      put_preload},
+    CHANGE(1),
+    CHANGE(2),
+    CHANGE(3),
+    CHANGE(4),
+    CHANGE(5),
+    CHANGE(6),
 };
+#undef CHANGE
+#undef CHANGE_INPUT
 
 constexpr Text no_such_input = {"keine Eingabe heißt {0}; zel help fields zeigt alle",
                                 "no input is called {0}; zel help fields lists all"};

@@ -172,7 +172,6 @@ TEST(Series, counts_longitudes_east_and_time_in_UTC) {
     const double east[] = {11.6};
     const double time[] = {1782050399};  // 2026-06-21 13:59:59
     SeriesElement element{of_all_methods()};
-    element.c.*flag_of(Method::Kirn) = 0;  // which has a clock of its own
     ASSERT_EQ(SeriesInput("longitude").put(element, east[0]), RatingCode::Rated);
     ASSERT_EQ(SeriesInput("time").put(element, time[0]), RatingCode::Rated);
     EXPECT_EQ(element.c.geo_laeng_db.value, -11.6);
