@@ -169,8 +169,9 @@ int RateRun::run() {
         tell();
         throw;
     }
+    if (words_.json) return print_or_fail(document(), status());
     tell();
-    return words_.json ? print_or_fail(document(), status()) : status();
+    return status();
 }
 
 void RateRun::rate() {
@@ -248,6 +249,7 @@ std::string RateRun::document() const {
                       {"statuses", statuses},
                       {"interval_s", weather_->interval()},
                       {"remarks", remarks_on(lines_, *weather_, words_.lang)},
+                      {"ends", told(statuses_, words_.lang)},
                       {"seconds", progress_.seconds()}});
 }
 

@@ -12,10 +12,13 @@ from zel import _names  # noqa: E402
 TYPES = {"text": "str", "flag": "bool"}
 
 
+def type_of(row):
+    return "Times" if row.name == "time" else TYPES.get(row.kind, "Numbers")
+
+
 def keywords(rows):
     return "\n".join(
-        f"    {row.name}: {'Times' if row.name == 'time' else TYPES.get(row.kind, 'Numbers')} = ...,"
-        f"  # {_names.unit_and_range(row)}{row.about}"
+        f"    {row.name}: {type_of(row)} = ...,  # {_names.unit_and_range(row)}{row.about}"
         for row in rows
     )
 

@@ -6,8 +6,6 @@
 
 #include "platform/errors.h"
 #include "platform/rounding.h"
-#include "steady/case/method.h"
-#include "steady/sun.h"
 #include "workflow/rules/entry_rules.h"
 
 namespace zel {
@@ -42,9 +40,7 @@ void put_wind_direction(SeriesElement& element, double direction) {
 
 void put_longitude(SeriesElement& element, double east) { give(element.c.geo_laeng_db, -east); }
 
-/// Seconds since 1970 in UTC, to the minute. Clock and sun then agree at longitude 0; Kirn, who
-/// always takes the hour of summer time off the clock, has it back by a standard time 15 degrees
-/// on.
+/// Seconds since 1970 in UTC, to the minute. Clock and sun then agree at longitude 0.
 void put_time(SeriesElement& element, double seconds) {
     using namespace std::chrono;
     const sys_time<minutes> time{minutes(static_cast<std::int64_t>(std::floor(seconds / 60)))};
@@ -56,11 +52,7 @@ void put_time(SeriesElement& element, double seconds) {
     give(c.Monat_db, static_cast<unsigned>(date.month()));
     give(c.Stunden_db, static_cast<double>(clock.hours().count()));
     give(c.Minuten_db, static_cast<double>(clock.minutes().count()));
-    const bool loses_hour =
-        is_selected(c, Method::Kirn) &&
-        in_summer_time(day_of_year(c.Tag_db.value, static_cast<std::int16_t>(c.Monat_db.value)));
-    constexpr double degrees_of_hour = 15;
-    give(c.geo_laeng_zeit_db, loses_hour ? degrees_of_hour : 0);
+    give(c.geo_laeng_zeit_db, 0);
     c.wzsz_merker_db = 2;
 }
 

@@ -44,12 +44,12 @@ constexpr Text in_lines = {"Leitungen, {0}; die Leitung fehlt", "lines, {0}; the
 constexpr Text in_weather = {"Wetter, {0}", "weather, {0}"};
 constexpr Text more_in_weather = {"Wetter: {0} weitere Zeilen oder Zellen sind nicht zu lesen",
                                   "weather: {0} more rows or cells cannot be read"};
-constexpr Text twice = {"Wetter: {0} Zeiten stehen doppelt da, die erste ist {1}",
-                        "weather: {0} times stand twice, the first is {1}"};
-constexpr Text missing = {"Wetter: {0} Zeiten fehlen, die erste ist {1}",
-                          "weather: {0} times are missing, the first is {1}"};
-constexpr Text disordered = {"Wetter: {0} Zeiten stehen hinter späteren, die erste ist {1}",
-                             "weather: {0} times stand behind later ones, the first is {1}"};
+constexpr Text twice = {"Wetter: {0} Zeiten stehen doppelt da: {1}",
+                        "weather: {0} times stand twice: {1}"};
+constexpr Text missing = {"Wetter: {0} Zeiten fehlen, ab {1}",
+                          "weather: {0} times are missing, from {1} on"};
+constexpr Text disordered = {"Wetter: {0} Zeiten stehen hinter späteren: {1}",
+                             "weather: {0} times stand behind later ones: {1}"};
 constexpr Text implausible = {
     "Wetter, Spalte {0}: {1} Zahlen sind unwahrscheinlich, die erste ist {2}: {3}",
     "weather, column {0}: {1} numbers are implausible, the first is {2}: {3}"};
@@ -113,7 +113,9 @@ std::vector<std::string> remarks_on(const LineTable& lines, const WeatherTable& 
     const TimeSequence& times = weather.times();
     const auto add = [&](const Text& text, const TimeFault& fault) {
         if (fault.count == 0) return;
-        told.push_back(fill(text.in(lang), {std::to_string(fault.count), time_text(fault.first)}));
+        std::vector<std::string> places;
+        for (const std::int64_t place : fault.first) places.push_back(time_text(place));
+        told.push_back(fill(text.in(lang), {std::to_string(fault.count), joined(places, ", ")}));
     };
     add(twice, times.twice());
     add(missing, times.missing());

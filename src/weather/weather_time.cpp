@@ -6,7 +6,8 @@ namespace zel::weather {
 namespace {
 
 void count(TimeFault& fault, std::int64_t moment, std::uint64_t times = 1) {
-    if (fault.count == 0) fault.first = moment;
+    constexpr std::size_t most_places = 10;
+    if (fault.first.size() < most_places) fault.first.push_back(moment);
     fault.count += times;
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/text/text.h"
 #include "platform/time_zone.h"
@@ -30,10 +31,10 @@ extern const Text no_time;       // {0} is none
 extern const Text no_zone;       // {0} has no zone, and none is given
 extern const Text time_skipped;  // {0} is left out by the clock that goes over to summer time
 
-/// Where a sequence of times is not as it should be, and where that was first.
+/// Where a sequence of times is not as it should be.
 struct TimeFault {
     std::uint64_t count = 0;
-    std::int64_t first = 0;  // s since 1970 in UTC
+    std::vector<std::int64_t> first{};  // places, some of the first; s since 1970 in UTC
 };
 
 /// In place of the index of a line.

@@ -2,6 +2,9 @@
 
 import datetime
 import pickle
+import signal
+import subprocess
+import sys
 
 import numpy as np
 import pandas as pd
@@ -98,14 +101,16 @@ def test_xarray_comes_back_with_dimensions_and_coordinates(line, expected):
 
 @pytest.mark.parametrize("moment", [
     "2026-06-21T12:20", "2026-06-21T14:20+02:00", datetime.datetime(2026, 6, 21, 12, 20),
-    np.datetime64("2026-06-21T12:20"), pd.Timestamp("2026-06-21 14:20", tz="Europe/Berlin"), 1782044400,
+    np.datetime64("2026-06-21T12:20"), pd.Timestamp("2026-06-21 14:20", tz="Europe/Berlin"),
+    1782044400,
 ])  # fmt: skip
 def test_times_without_a_zone_are_utc(line, moment):
     found = zel.rate(line, methods="Webs", time=moment, longitude=10)
     fields = zel.rate(line, methods="Webs", day=21, month=6, hour=12, minute=20,
                       zone_longitude_west=0, summer_time=2)
     assert found.current == fields.current
-    assert found.current == zel.rate(line, methods="Webs", time=[moment, moment], longitude=10).current[1]
+    twice = zel.rate(line, methods="Webs", time=[moment, moment], longitude=10)
+    assert found.current == twice.current[1]
 
 
 def test_series_of_times_with_a_zone(line):
@@ -113,28 +118,31 @@ def test_series_of_times_with_a_zone(line):
     noon = currents(line, time=HOURS)
     assert np.array_equal(currents(line, time=pd.Series(berlin, HOURS)), noon)
     assert np.array_equal(currents(line, time=berlin), noon)
-    assert zel.rate(line, methods="Webs", time=np.array(["NaT"], dtype="M8[s]")).code.tolist() == [1]
+    nothing = np.array(["NaT"], dtype="M8[s]")
+    assert zel.rate(line, methods="Webs", time=nothing).code.tolist() == [1]
 
 
 def test_east_is_positive_and_fields_keep_their_sign(line):
-    east = zel.rate(line, methods="Webs", time="2026-01-15T10:00", longitude=10)
-    assert east.current == zel.rate(line, methods="Webs", time="2026-01-15T10:00", geo_laeng_db=-10).current
-    west = zel.rate(line, methods="Webs", time="2026-01-15T10:00", longitude=-10)
-    assert west.current > east.current  # the sun is lower there
+    morning = "2026-01-15T10:00"
+    east = currents(line, time=morning, longitude=10)
+    assert east == currents(line, time=morning, geo_laeng_db=-10)
+    assert east < currents(line, time=morning, longitude=-10)  # where the sun is lower
 
 
 def test_turned_and_mirrored_wind_changes_nothing(line):
+    def rated(**wind):
+        return zel.rate(line, methods=["TB207", "Kirn"], line_azimuth=30, **wind)
+
     directions = np.linspace(-180, 180, 73)
-    rating = zel.rate(line, methods=["TB207", "Kirn"], line_azimuth=30, wind_from_direction=directions)
-    turned = zel.rate(line, methods=["TB207", "Kirn"], line_azimuth=30, wind_from_direction=directions + 180)
-    mirrored = zel.rate(line, methods=["TB207", "Kirn"], line_azimuth=30, wind_from_direction=60 - directions)
-    by_angle = zel.rate(line, methods=["TB207", "Kirn"], line_azimuth=30, wind_angle=rating["TB207"].wind_angle)
-    for other in (turned, mirrored, by_angle):
+    rating = rated(wind_from_direction=directions)
+    angles = rating["TB207"].wind_angle
+    assert 0 <= angles.min() and angles.max() <= 90
+    for other in (rated(wind_from_direction=directions + 180), rated(wind_angle=angles),
+                  rated(wind_from_direction=60 - directions)):  # fmt: skip
         legal = other["TB207"].code == 0  # directions beyond a whole turn are refused
         assert legal.sum() > 50
         for method in rating:
             assert np.array_equal(other[method].current[legal], rating[method].current[legal])
-    assert 0 <= rating["TB207"].wind_angle.min() and rating["TB207"].wind_angle.max() <= 90
 
 
 def test_wind_by_its_parts(line):
@@ -155,7 +163,8 @@ def test_wind_by_its_parts(line):
     ({"wind_speed": 1, "Windgeschwindigkeit_db": 2}, "another column"),
     ({"wind_speed": [True]}, "takes numbers"), ({"designation": 3}, "takes a text"),
     ({"methods": "TB600"}, "'TB600' is none of 'TB601'"), ({"methods": []}, "names none"),
-    ({"conductor": "no such"}, "no such"), ({"threads": 0}, "threads"), ({"errors": "no"}, "errors"),
+    ({"conductor": "no such"}, "no such"), ({"threads": 0}, "threads"),
+    ({"errors": "no"}, "errors"),
     ({"time": "noon"}, "ISO 8601"), ({"time": True}, "takes numbers"),
     ({"conductor_temperature": 80, "conductor_current": 600}, "given= says"),
 ])  # fmt: skip
@@ -203,8 +212,26 @@ def test_failed_elements_are_told_by_code_or_raised(line):
 
 def test_names():
     known = {each.name: each for each in zel.inputs()}
-    assert known["wind_speed"].field == "Windgeschwindigkeit_db" and known["wind_speed"].high == 80
-    assert {each.kind for each in zel.inputs()} == {"number", "whole_number", "text", "flag", "derived"}
+    assert (known["wind_speed"].field, known["wind_speed"].high) == ("Windgeschwindigkeit_db", 80)
+    assert "wind_speed: m/s, 0 to 80: Wind speed" in zel.rate.__doc__
+    assert {each.kind for each in known.values()} >= {"number", "whole_number", "text", "derived"}
     assert all(each.about and each.about_german for each in known.values() if each.unit)
     assert {each.name for each in zel.codes()} > {"ok", "missing_input", "not_converged"}
     assert len(zel.inputs("short_circuit")) > 30 and len(zel.conductors()) > 90
+
+
+LONG = """
+import threading
+import numpy as np, zel
+threading.Timer(1, lambda: print("at work", flush=True)).start()
+zel.rate("examples/380kV-twin-264-34.json", methods="TB601", wind_speed=np.ones(20_000_000))
+"""
+
+
+def test_other_threads_go_on_and_ctrl_c_stops_a_long_series(root):
+    run = subprocess.Popen([sys.executable, "-c", LONG], cwd=root, text=True,
+                           stdout=subprocess.PIPE, stderr=subprocess.PIPE)  # fmt: skip
+    assert run.stdout.readline() == "at work\n"
+    run.send_signal(signal.SIGINT)
+    assert "KeyboardInterrupt" in run.communicate(timeout=60)[1]
+    assert run.returncode == -signal.SIGINT

@@ -22,7 +22,8 @@ def alone(root):
 @pytest.mark.parametrize("options", [[], ["--kill-one"]])
 def test_a_cluster_finds_the_same_bits(root, tmp_path, alone, options):
     run = subprocess.run(
-        [sys.executable, root / "examples/grid_dask.py", *COMMAND, *options, "-o", tmp_path / "g.npz"],
+        [sys.executable, root / "examples/grid_dask.py", *COMMAND, *options,
+         "-o", tmp_path / "g.npz"],
         text=True, capture_output=True, check=True)  # fmt: skip
     assert ("killed worker" in run.stderr) == bool(options)
     assert "30 lines x 12 hours" in run.stdout

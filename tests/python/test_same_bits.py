@@ -87,7 +87,8 @@ def test_neither_order_nor_threads_nor_neighbours_change_a_bit(line):
     methods = METHODS["line"]
     usual = zel.rate(line, methods=methods, threads=1, **columns)
     order = np.random.default_rng(3).permutation(count)
-    shuffled = zel.rate(line, methods=methods, threads=3, **{k: v[order] for k, v in columns.items()})
+    mixed = {name: column[order] for name, column in columns.items()}
+    shuffled = zel.rate(line, methods=methods, threads=3, **mixed)
     part = zel.rate(line, methods=methods, **{k: v[100:107] for k, v in columns.items()})
     cut = zel.rate(line, methods=methods, **{k: v.reshape(20, 30).T for k, v in columns.items()})
     for method in methods:

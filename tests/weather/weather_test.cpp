@@ -146,23 +146,22 @@ TEST(Times, that_are_double_missing_or_disordered_are_counted) {
     for (const int hour : {0, 1, 1, 5, 4, 6}) times.follow(3600 * hour, 0, 3600);
     EXPECT_EQ(times.twice().count, 1U);
     EXPECT_EQ(times.missing().count, 3U + 1U);
-    EXPECT_EQ(times.missing().first, 3600 * 2);
-    EXPECT_EQ(times.disordered().first, 3600 * 4);
+    EXPECT_EQ(times.missing().first.front(), 3600 * 2);
+    EXPECT_EQ(times.disordered().first.front(), 3600 * 4);
 }
 
 /// Kirn takes the hour of summer time off a clock that has none.
 TEST(Times, give_all_methods_the_same_sun) {
     for (const double time : {1705307400.0, 1719825600.0}) {  // in January and in July
-        SeriesElement webs;
-        SeriesElement kirn;
-        kirn.c.*flag_of(Method::Kirn) = 1;
-        for (SeriesElement* element : {&webs, &kirn}) {
-            element->c.geogr_Breite_db = {"51", 51};
-            element->c.geo_laeng_db = {"-10", -10};
-            EXPECT_EQ(SeriesInput("time").put(*element, time), RatingCode::Rated);
+        SunInput sun[2];
+        for (const Method method : {Method::Webs, Method::Kirn}) {
+            SeriesElement element;
+            element.c.geogr_Breite_db = {"51", 51};
+            element.c.geo_laeng_db = {"-10", -10};
+            EXPECT_EQ(SeriesInput("time").put(element, time_for(method, time)), RatingCode::Rated);
+            sun[method == Method::Kirn ? 1 : 0] = sun_input(element.c);
         }
-        EXPECT_NEAR(kirn_sun(sun_input(kirn.c)).height, webs_sun(sun_input(webs.c), 2).height,
-                    1e-9);
+        EXPECT_NEAR(kirn_sun(sun[1]).height, webs_sun(sun[0], 2).height, 1e-9);
     }
 }
 

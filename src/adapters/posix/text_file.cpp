@@ -11,7 +11,7 @@
 namespace zel {
 namespace {
 
-constexpr std::size_t piece_size = 1U << 20U;
+constexpr std::size_t piece_size = 1U << 18U;
 constexpr std::size_t size_limit = 16U << 20U;
 constexpr Text too_large = {"größer als 16 MiB", "larger than 16 MiB"};
 

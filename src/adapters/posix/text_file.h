@@ -22,7 +22,7 @@ class FilePieces {
 public:
     explicit FilePieces(std::string path);
 
-    /// The next bytes, at most a mebibyte; empty at the end.
+    /// The next bytes, at most a quarter of a mebibyte; empty at the end.
     [[nodiscard]] std::string next();
     /// Whether it can be read anew from its beginning. What comes through a pipe cannot.
     [[nodiscard]] bool is_file() const { return size_ != no_file; }

@@ -138,13 +138,10 @@ def raise_failed(parts: Mapping[str, Any], explain: Callable[[str, int], str]) -
         for each in counts(code).values():
             if each.code <= 0:
                 continue
-            at = int(np.ravel_multi_index(each.first, array.shape)) if array.ndim > 1 else 0
-            why = explain(part, each.first if isinstance(each.first, int) else at)
+            at = int(np.argmax(array.ravel() == each.code))
+            why = explain(part, at) or each.text
             where = f", first at {each.first}" if array.ndim else ""
-            about = f" ({why})" if why else ""
-            told.append(
-                f"{part}: {each.count} of {array.size} {each.name}{where}: {each.text}{about}"
-            )
+            told.append(f"{part}: {each.count} of {array.size} {each.name}{where}: {why}")
     if told:
         raise RatingError(
             "elements without a value: " + "; ".join(told),

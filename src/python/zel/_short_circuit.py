@@ -50,7 +50,7 @@ def short_circuit(
 
     case, threads and errors are those of rate(); inputs bear the names of case files.
 
-    Results: I_th (kA), T_k (s), m and n of each flow, K, S_thr, S_th, S_zul (A/mm2) and the verdicts.
+    Results: I_th (kA), T_k (s), m and n of each flow, K, S_thr, S_th, S_zul (A/mm2), the verdicts.
     """
     call = Call("short_circuit", case, None, threads, errors, inputs)
     values, code = _zel.rate_short_circuit(call.case, call.threads, call.columns, call.shape)

@@ -100,10 +100,11 @@ def transient(
     TB207 or TBB. All other inputs are those of rate().
 
     changes: each a dict of two of current (A, of the bundle), temperature (degC at its end) and
-        duration (s, whole, at most 3659); the third is sought. So {"current": 1600, "duration": 900}
-        seeks the temperature at its end, {"current": 1600, "temperature": 80} the time until 80
-        degC, {"temperature": 80, "duration": 900} the current that may flow so long. Numbers and
-        arrays alike.
+        duration (s, whole, at most 3659); the third is sought.
+        So {"current": 1600, "duration": 900} seeks the temperature at its end,
+        {"current": 1600, "temperature": 80} the time until 80 degC, and
+        {"temperature": 80, "duration": 900} the current that may flow so long. Numbers and arrays
+        alike.
 
     Results: of each change current, temperature, duration and code.
     """

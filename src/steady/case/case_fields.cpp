@@ -47,22 +47,16 @@ constexpr CaseField fields[] = {
     FIELD(Winkel_S_S_db)
         .alias("line_azimuth")
         .called("Winkel Leiter zu Nord :", "Conductor angle to north :", "°")
-        .called_alone("Winkel Seil zu Nord", "Angle conductor to north")
-        .counted("von Nord über Ost", "from north over east"),
-    FIELD(geogr_Breite_db)
-        .alias("latitude")
-        .called("Geographische Breite :", "Latitude :", "°")
-        .counted("Nord positiv", "north positive"),
+        .called_alone("Winkel Seil zu Nord", "Angle conductor to north"),
+    FIELD(geogr_Breite_db).alias("latitude").called("Geographische Breite :", "Latitude :", "°"),
     FIELD(geo_laeng_db)
         .alias("longitude_west")
         .called("Geographische Länge :", "Longitude :", "°")
-        .called_alone("Geographische Länge (Ost negativ)", "Longitude (east negative)")
-        .counted("Ost negativ", "east negative"),
+        .called_alone("Geographische Länge (Ost negativ)", "Longitude (east negative)"),
     FIELD(geo_laeng_zeit_db)
         .alias("zone_longitude_west")
         .called("Länge der Standardzeit :", "Longitude of standard time :", "°")
-        .called_alone("Geographische Länge der Ortszeit", "Longitude of local time")
-        .counted("Ost negativ", "east negative"),
+        .called_alone("Geographische Länge der Ortszeit", "Longitude of local time"),
     FIELD(Tag_db)
         .alias("day")
         .called("Tag :", "Day :")
@@ -82,8 +76,7 @@ constexpr CaseField fields[] = {
     FIELD(Winkel_W_S_db)
         .alias("wind_angle_to_north")
         .called("Winkel Wind zu Nord :", "Wind angle to north :", "°")
-        .called_alone("Winkel Wind zu Nord", "Angle wind to north")
-        .counted("von Nord über Ost", "from north over east"),
+        .called_alone("Winkel Wind zu Nord", "Angle wind to north"),
     FIELD(Umgebungstemperatur_db)
         .alias("air_temperature")
         .called("Umgebungstemperatur :", "Ambient temperature :", "°C"),

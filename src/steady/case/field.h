@@ -43,7 +43,6 @@ struct FieldInfo {
     /// Where it stands without a form around it, as in workbooks; see `long_label_of`.
     Text long_label{};
     std::string_view long_unit{};
-    Text sense{};                 // of a direction or a sign: what counts positive, and from where
     std::int16_t length = 0;      // characters of a text; 0 where they are not limited
     std::int16_t last_index = 0;  // of a list, whose indexes begin at 0
     bool rounded = false;         // what is typed is rounded to a whole number, ties to even
@@ -125,9 +124,6 @@ struct Field : FieldInfo {
     [[nodiscard]] constexpr Field called_alone(std::string_view de, std::string_view en,
                                                std::string_view its_unit = {}) const {
         return with(&FieldInfo::long_label, Text{de, en}).with(&FieldInfo::long_unit, its_unit);
-    }
-    [[nodiscard]] constexpr Field counted(std::string_view de, std::string_view en) const {
-        return with(&FieldInfo::sense, Text{de, en});
     }
     [[nodiscard]] constexpr Field shown_by(std::string_view its_mask) const {
         return with(&FieldInfo::mask, its_mask);
