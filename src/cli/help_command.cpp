@@ -87,7 +87,7 @@ std::vector<InputRow> inputs() {
                         "derived",
                         input.unit,
                         input.limits,
-                        input.sense,
+                        sense_of(input.name),
                         input.about});
     for (const auto& field : short_circuit_fields())
         rows.push_back(row_of("short_circuit", std::string(field.name), field, Limits()));
