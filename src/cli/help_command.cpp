@@ -28,21 +28,23 @@ struct InputRow {
     Text text;
 };
 
-/// What counts positive, and from where, of the fields that have a sign or a direction.
+/// What counts positive, and from where, of the inputs that have a sign or a direction.
 constexpr struct {
-    FieldKey field;
+    std::string_view name;
     Text sense;
 } senses[] = {
-    {&CalcCase::Winkel_S_S_db, {"von Nord über Ost", "from north over east"}},
-    {&CalcCase::Winkel_W_S_db, {"von Nord über Ost", "from north over east"}},
-    {&CalcCase::geogr_Breite_db, {"Nord positiv", "north positive"}},
-    {&CalcCase::geo_laeng_db, {"Ost negativ", "east negative"}},
-    {&CalcCase::geo_laeng_zeit_db, {"Ost negativ", "east negative"}},
+    {"line_azimuth", {"von Nord über Ost", "from north over east"}},
+    {"wind_angle_to_north", {"von Nord über Ost", "from north over east"}},
+    {"wind_from_direction", {"von Nord über Ost", "from north over east"}},
+    {"latitude", {"Nord positiv", "north positive"}},
+    {"longitude_west", {"Ost negativ", "east negative"}},
+    {"zone_longitude_west", {"Ost negativ", "east negative"}},
+    {"longitude", {"Ost positiv", "east positive"}},
 };
 
-Text sense_of(const FieldKey& field) {
+Text sense_of(std::string_view name) {
     for (const auto& row : senses)
-        if (row.field == field) return row.sense;
+        if (row.name == name) return row.sense;
     return {};
 }
 
@@ -59,16 +61,21 @@ std::string_view kind_of(const FieldInfo& field) {
 }
 
 InputRow row_of(std::string_view area, const std::string& name, const FieldInfo& field,
-                const Limits& limits, const Text& sense = {}) {
-    return {area,   name,  field.english_name,  kind_of(field), field.unit_in(LangId::English),
-            limits, sense, long_label_of(field)};
+                const Limits& limits) {
+    return {area,
+            name,
+            field.english_name,
+            kind_of(field),
+            field.unit_in(LangId::English),
+            limits,
+            sense_of(field.english_name),
+            long_label_of(field)};
 }
 
 std::vector<InputRow> inputs() {
     std::vector<InputRow> rows;
     for (const CaseField& field : case_fields())
-        rows.push_back(row_of("line", std::string(field.name), field, series_limits_of(field),
-                              sense_of(field.key)));
+        rows.push_back(row_of("line", std::string(field.name), field, series_limits_of(field)));
     CalcCase any;
     for (const FieldOf& field : fields_of(any))
         if (find_case_field(field.name) == nullptr)
@@ -80,7 +87,7 @@ std::vector<InputRow> inputs() {
                         "derived",
                         input.unit,
                         input.limits,
-                        input.sense,
+                        sense_of(input.name),
                         input.about});
     for (const auto& field : short_circuit_fields())
         rows.push_back(row_of("short_circuit", std::string(field.name), field, Limits()));

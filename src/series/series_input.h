@@ -26,7 +26,6 @@ struct DerivedInput {
     std::string_view unit;
     Limits limits;
     Text about;
-    Text sense;                        // what counts positive, and from where; may be empty
     std::span<const FieldKey> fields;  // that it sets
     void (*put)(SeriesElement&, double);
 };
