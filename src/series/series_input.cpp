@@ -80,7 +80,7 @@ void put_change_duration(SeriesElement& element, double seconds) {
 
 // NOLINTNEXTLINE(cppcoreguidelines-macro-usage): the changes of state differ in their number.
 #define CHANGE_INPUT(n, quantity, unit, limits, de, en, put) \
-    DerivedInput { "change_" #n "_" quantity, unit, limits, Text{de #n, en #n}, {}, {}, put<n - 1> }
+    DerivedInput { "change_" #n "_" quantity, unit, limits, Text{de #n, en #n}, {}, put<n - 1> }
 // NOLINTNEXTLINE(cppcoreguidelines-macro-usage)
 #define CHANGE(n)                                                                                  \
     CHANGE_INPUT(n, "current", "A", Limits().between(0, 999999),                                   \
