@@ -53,6 +53,8 @@ constexpr LinkedLibrary libraries[] = {
      "Apache-2.0",
      {"Prüfsummen gelesener Dateien", "checksums of files read"},
      "OpenSSL"},
+    {"Python", {}, "PSF-2.0", {"Python-Paket", "Python package"}, "Python3"},
+    {"pybind11", {}, "BSD-3-Clause", {"Python-Paket", "Python package"}, "pybind11"},
     {"GNU C and C++ library",
      {},
      "LGPL-2.1-or-later, GPL-3.0 (GCC exception)",
