@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Draws every window and page in both languages, several sizes and looks, and fails where a text is
-# cut: docs/draw_windows.sh FOLDER [PATH OF desktop_test]
+# Draws every window, dialog and page in both languages, several sizes and looks, and fails where a
+# text is cut: docs/draw_windows.sh FOLDER [PATH OF desktop_test]
 set -euo pipefail
 folder=$(realpath -m -- "${1:?a folder for the pictures}")
 test=$(realpath -- "${2:-build/release/bin/desktop_test}")

@@ -1,11 +1,17 @@
 #include <QDir>
+#include <QMainWindow>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTimer>
 
 #include "desktop/desktop_fixture.h"
+#include "desktop/frm_languageselect.h"
 #include "desktop/window_checks.h"
 #include "fakes/short_circuit_cases.h"
 #include "fakes/transient_cases.h"
+#include "persistence/database/case_table.h"
+#include "persistence/database/saving.h"
+#include "short_circuit/short_circuit_table.h"
 
 // Every window and page in each language and look: no text is cut, each control has a name, each
 // key one place. With ZEL_PICTURES naming a folder, the pictures of all of them go there.
@@ -33,6 +39,9 @@ const Look looks[] = {
     {"en_1024x768", english, {1024, 768}},
     {"de_1280x800", german, {1280, 800}},
     {"en_1280x800_dark", english, {1280, 800}, 1, Ground::Dark},
+    {"en_1280x800", english, {1280, 800}},
+    {"de_1920x1080", german, {1920, 1080}},
+    {"en_1920x1080", english, {1920, 1080}},
     {"de_1920x1080_large", german, {1920, 1080}, 1.5},
     {"en_1920x1080_contrast", english, {1920, 1080}, 1, Ground::HighContrast},
 };
@@ -48,11 +57,41 @@ QPalette palette_of(Ground ground) {
     return palette;
 }
 
+/// A control that opens a window, and what the user has done before.
+struct Opening {
+    const char* control;
+    int page = 0;                 // of its form
+    const char* path = nullptr;   // the file that is asked for
+    const char* shared_key = "";  // two of its captions have it
+};
+
+constexpr const char* database = "/d/cases.mdb";
+
+constexpr Opening of_start_window[] = {{"about"},
+                                       {"mDruckereinrichtung"},
+                                       {"m_St_Temp_Excel", 0, nullptr, "Alt+A"},
+                                       {"m_transient_Temp_Excel", 0, nullptr, "Alt+A"},
+                                       {"open_frm_prog_config"},
+                                       {"mVerzeichnispfad"}};
+constexpr Opening of_line[] = {{"mneueDatenbank", 2, "/d/new.mdb"},
+                               {"mbestehendeDatenbank", 2, database},
+                               {"mOeffnendatenbank", 0, database},
+                               {"open_frm_emissivity"},
+                               {"Command3", 1},
+                               {"draw_diagram", 2},
+                               {"print_steady", 2},
+                               {"Command_graph", 3},
+                               {"print_transient", 3}};
+constexpr Opening of_short_circuit[] = {
+    {"mOeffnendatenbank", 0, database}, {"Command3", 1}, {"Befehl6", 2}};
+
 class WindowLooks : public DesktopTest, public testing::WithParamInterface<Look> {
 protected:
     void SetUp() override {
         for (const char* name : {"conductors.csv", "materials.csv"})
             disk.files[std::string("/shipped/") + name] = shipped_file(name);
+        shared_settings.write("Seildatei", "Seildatenbanknamepluspfad", "/usr/bin/zel");
+        shared_settings.write("Seildatei", "Einseil1_dat", "/link/einseil1.dat");
         former_font_ = QApplication::font();
         former_palette_ = QApplication::palette();
         QFont font = former_font_;
@@ -67,12 +106,33 @@ protected:
         QApplication::setPalette(former_palette_);
     }
 
-    void look_at(QWidget& seen, const std::string& name) {
+    /// A line with a table and a transient, a short circuit, and databases of both.
+    void open_all() {
+        short_circuit = copper_far();
+        const Look& look = GetParam();
+        CalcCase c = with_masses(sunny_264_34());
+        c.rechnung_webs_merker_db = c.rechnung_kirn_merker_db = 1;
+        c.Winkel_W_S_db = typed(20);
+        c.Wind1_db = typed(0.6);
+        c.Temp_min_db = typed(40);
+        c.Temp_max_db = typed(80);
+        c.Schrittweite_Temp_db = 20;
+        c.Z[0] = typed_time_row(1600, 95);
+        c.Z[1] = typed_temperature_row(1000, 10, 0);
+        open(c, look.lang, look.lang == german ? DecimalSeparator::Comma : DecimalSeparator::Point);
+        const auto made = tables.create(database);
+        std::vector<CutText> cut;
+        save_in_new_table(*made, case_tables(), "North", form1().record().row(cut));
+        save_in_new_table(*made, short_circuit_tables(), "Short circuit",
+                          form_main->ks_form1().record().row(cut));
+    }
+
+    void look_at(QWidget& seen, const std::string& name, const char* shared_key = "") {
         SCOPED_TRACE(name);
         for (int layout = 0; layout < 3; ++layout) QApplication::processEvents();
         EXPECT_THAT(cut_texts(seen), IsEmpty());
         EXPECT_THAT(nameless_controls(seen), IsEmpty());
-        EXPECT_THAT(shared_keys(seen), IsEmpty());
+        EXPECT_THAT(shared_keys(seen, shared_key), IsEmpty());
         const QString folder = qEnvironmentVariable("ZEL_PICTURES");
         if (folder.isEmpty()) return;
         ASSERT_TRUE(QDir().mkpath(folder));
@@ -91,35 +151,100 @@ protected:
         }
     }
 
+    /// A window that a form opens, modal or not, is as large as the screen lets it be.
+    void look_at_opened(QWidget& opened, const std::string& name, const char* shared_key = "") {
+        SCOPED_TRACE(name);
+        const QSize most = GetParam().size - frame;
+        // The screen of the test platform is smaller than that of the look: what it bounds would
+        // be larger.
+        constexpr QSize wanted(1260, 740);
+        constexpr int bounded = 700;
+        opened.resize((opened.width() > bounded ? wanted : opened.size()).boundedTo(most));
+        look_at(opened, name, shared_key);
+        EXPECT_LE(opened.width(), most.width());
+        EXPECT_LE(opened.height(), most.height());
+        opened.close();
+    }
+
+    /// Looks at what `opening` brings up. A modal window comes up at some later event, or never.
+    void look_behind(QMainWindow& form, const Opening& opening) {
+        const std::string name =
+            form.objectName().toStdString() + "_" + std::string(opening.control);
+        SCOPED_TRACE(name);
+        if (auto* strip = form.findChild<QTabWidget*>("SSTab1"))
+            strip->setCurrentIndex(opening.page);
+        if (opening.path != nullptr) chooser.paths = {opening.path};
+        bool seen = false;
+        QTimer poll;
+        const auto look = [&](QWidget* opened) {
+            if (seen || opened == nullptr || opened == &form) return;
+            seen = true;
+            poll.stop();
+            look_at_opened(*opened, name, opening.shared_key);
+        };
+        QObject::connect(&poll, &QTimer::timeout, [&] { look(QApplication::activeModalWidget()); });
+        poll.start(1);
+        if (auto* action = form.findChild<QAction*>(opening.control))
+            action->trigger();
+        else
+            form.findChild<QAbstractButton*>(opening.control)->click();
+        for (int turn = 0; turn < 20 && !seen; ++turn) {  // a window beside the form
+            QApplication::processEvents(QEventLoop::AllEvents, 50);
+            look(QApplication::activeWindow());
+        }
+        EXPECT_TRUE(seen) << "nothing came up";
+    }
+
+    static constexpr QSize frame{16, 48};  // of the window system, around a window
+
 private:
     QFont former_font_;
     QPalette former_palette_;
 };
 
 TEST_P(WindowLooks, show_all_texts_and_name_all_controls) {
-    short_circuit = copper_far();
-    const Look& look = GetParam();
-    CalcCase c = with_masses(sunny_264_34());
-    c.rechnung_webs_merker_db = c.rechnung_kirn_merker_db = 1;
-    c.Winkel_W_S_db = typed(20);
-    c.Z[0] = typed_time_row(1600, 95);
-    c.Z[1] = typed_temperature_row(1000, 10, 0);
-    open(c, look.lang, look.lang == german ? DecimalSeparator::Comma : DecimalSeparator::Point);
+    open_all();
     std::vector<QWidget*> windows;
     for (QWidget* candidate : QApplication::topLevelWidgets())
         if (!candidate->objectName().isEmpty() && candidate->windowType() == Qt::Window)
             windows.push_back(candidate);
     ASSERT_GE(windows.size(), 6U);
-    constexpr QSize frame(16, 48);
     constexpr QSize usual(1100, 740);
     for (QWidget* seen : windows) {
         seen->show();
-        const QSize most = look.size - frame;
+        const QSize most = GetParam().size - frame;
         const bool fills = seen->findChild<QTabWidget*>("SSTab1") != nullptr;
         seen->resize(fills ? most : usual.boundedTo(most));
         look_at_pages(*seen, seen->objectName().toStdString());
         seen->hide();
     }
+}
+
+TEST_P(WindowLooks, hold_for_what_the_windows_open) {
+    open_all();
+    state->settings.change(&ProgramSettings::Druckvorschau, 1);
+    const auto look = [this](QMainWindow& form, std::span<const Opening> openings) {
+        form.show();
+        form.resize(GetParam().size - frame);
+        for (const Opening& opening : openings) {
+            form.activateWindow();
+            QApplication::processEvents();
+            look_behind(form, opening);
+        }
+        form.hide();
+    };
+    look(*form_main, of_start_window);
+    form1().show();
+    for (const int page : {2, 3}) go_to(page);
+    control<QPushButton>("calculate_transient").click();
+    look(form1(), of_line);
+    look(form_main->ks_form1(), of_short_circuit);
+}
+
+TEST_P(WindowLooks, hold_for_the_choice_of_the_language) {
+    FrmLanguageselect form({GetParam().lang, true});
+    form.show();
+    look_at_opened(form, "frm_languageselect");
 }
 
 /// Unit and limits of each input, for who cannot see what stands beside it.

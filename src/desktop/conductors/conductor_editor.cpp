@@ -34,6 +34,7 @@ constexpr int sheet_width = 620;
 constexpr QSize window_size(1260, 740);
 
 constexpr Text window_title = {"Leiterdatenbank", "Conductor database"};
+constexpr Text list_name = {"Leiter", "Conductors"};
 constexpr Text find_caption = {"&Suchen :", "&Find :"};
 constexpr Text find_hint = {"Bezeichnung, Norm oder Bemerkung", "Designation, standard or remark"};
 constexpr Text count_text = {"{0} von {1} Leitern", "{0} of {1} conductors"};
@@ -227,6 +228,7 @@ QWidget* ConductorEditor::make_list() {
     auto* find_label = captions_.text(new QLabel, find_caption);
     find_label->setBuddy(find_);
     view_->setObjectName("conductors");
+    captions_.accessible_name(view_, list_name);
     view_->setModel(&found_);
     view_->setSelectionBehavior(QAbstractItemView::SelectRows);
     view_->setSelectionMode(QAbstractItemView::SingleSelection);

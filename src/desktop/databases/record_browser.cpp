@@ -37,6 +37,7 @@ constexpr QSize window_size(1260, 740);
 constexpr int no_record = -1;
 constexpr int least_name = 10;  // characters of a table's name that are seen
 
+constexpr Text list_name = {"Datensätze", "Data records"};
 constexpr Text find_caption = {"&Suchen :", "&Find :"};
 constexpr Text bar_name = {"Datensatzauswahl", "Choice of the data record"};
 constexpr Text only_read = {
@@ -112,6 +113,7 @@ QWidget* RecordBrowser::make_list() {
     find_->setPlaceholderText(qt(parts_.forms.find_hint, lang));
     find_->setClearButtonEnabled(true);
     view_->setObjectName("records");
+    view_->setAccessibleName(qt(list_name, lang));
     make_list_view(*view_, found_);
     view_->setSortingEnabled(true);
     view_->sortByColumn(0, Qt::AscendingOrder);
