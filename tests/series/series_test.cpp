@@ -229,8 +229,13 @@ TEST(Series, follows_changes_of_state_as_the_page_does) {
     CalcCase base = line_264_34();
     base.Dichte_Leiterwerkstoff1_db = typed(2703);
     base.c_leiter20_db = typed(897);
-    base.Z[0] = {seeks_temperature, typed(900), {}, typed(10), typed(0)};
-    base.Z[1] = {seeks_time, typed(900), typed(100), {}, {}};
+    base.Z[0].merker = seeks_temperature;
+    base.Z[0].Strom = typed(900);
+    base.Z[0].min = typed(10);
+    base.Z[0].sec = typed(0);
+    base.Z[1].merker = seeks_time;
+    base.Z[1].Strom = typed(900);
+    base.Z[1].TEMP = typed(100);
     const double currents[] = {800, 900, no_number};
     double temperature[3];
     std::int32_t code[3], code2[3];
