@@ -107,7 +107,7 @@ TEST(Units, are_those_of_the_table) {
 }
 
 TEST(Times, are_read_with_and_without_a_zone) {
-    for (const json& row : test_data("weather")["times"]["rows"]) {
+    for (const json data = test_data("weather"); const json& row : data["times"]["rows"]) {
         const auto time = read_time(row[0].get<std::string>());
         ASSERT_EQ(time.has_value(), !row[1].is_null()) << row;
         if (!time) continue;
@@ -120,7 +120,7 @@ TEST(Times, are_read_with_and_without_a_zone) {
 }
 
 TEST(Times, follow_the_clock_of_their_zone) {
-    for (const json& row : test_data("weather")["zones"]["rows"]) {
+    for (const json data = test_data("weather"); const json& row : data["zones"]["rows"]) {
         const std::string name = row[0];
         const auto ahead = read_offset(name);
         const std::unique_ptr<TimeZone> zone =
@@ -166,7 +166,7 @@ TEST(Times, give_all_methods_the_same_sun) {
 }
 
 TEST(Heads, are_refused_by_their_column) {
-    for (const json& row : test_data("weather")["heads"]["rows"]) {
+    for (const json data = test_data("weather"); const json& row : data["heads"]["rows"]) {
         try {
             const WeatherTable table(pieces_of(row[0].get<std::string>() + "\n", 4096), {});
             ADD_FAILURE() << row;
@@ -192,7 +192,7 @@ TEST(Lines, are_refused_by_row_and_column_and_others_go_on) {
 }
 
 TEST(Recourse, stands_in_for_what_is_missing) {
-    for (const json& row : test_data("weather")["recourse"]["rows"])
+    for (const json data = test_data("weather"); const json& row : data["recourse"]["rows"])
         for (const RatingCodeText& code : rating_codes())
             if (code.name == row[0].get<std::string>()) {
                 EXPECT_EQ(calls_for_recourse(code.code), row[1].get<bool>()) << row;
