@@ -60,8 +60,8 @@ bool TimeSequence::Seen::holds(std::int64_t moment, std::int64_t interval) const
     const Place place(moment % interval, moment);
     const auto behind = runs_.upper_bound(place);
     if (behind == runs_.begin()) return false;
-    const auto& [first, last] = *std::prev(behind);
-    return first.first == place.first && moment <= last;
+    const auto& [first, end] = *std::prev(behind);
+    return first.first == place.first && moment <= end;
 }
 
 void TimeSequence::Seen::add(std::int64_t moment, std::int64_t interval) {
