@@ -1,6 +1,7 @@
 #include <QAction>
 #include <QDockWidget>
 #include <QListWidget>
+#include <QMainWindow>
 #include <QPushButton>
 #include <QTableWidget>
 
@@ -70,19 +71,20 @@ TEST_F(SideDocks, dock_of_a_wide_window_never_takes_the_width_of_the_inputs) {
     resize(2600);
     auto& entry = control<QAction>("show_comparison_dock");
     entry.trigger();
-    window->resizeDocks({&dock("comparison_dock")}, {1200}, Qt::Horizontal);
+    auto& form = dynamic_cast<QMainWindow&>(*window);
+    form.resizeDocks({&dock("comparison_dock")}, {1200}, Qt::Horizontal);
     QApplication::processEvents();
-    const QByteArray wide = window->saveState();
+    const QByteArray wide = form.saveState();
     resize(1280);
     EXPECT_FALSE(dock("comparison_dock").isVisible());
     EXPECT_FALSE(entry.isChecked());
     for (const auto& [width, shown] : {std::pair{1280, false}, {1700, true}}) {
         resize(width);
-        window->restoreState(wide);
+        form.restoreState(wide);
         dock("comparison_dock").setProperty(WindowMemory::dock_chosen, true);
         QApplication::processEvents();
         EXPECT_EQ(dock("comparison_dock").isVisible(), shown) << width;
-        EXPECT_GE(window->centralWidget()->width(), std::min(width, 1250)) << width;
+        EXPECT_GE(form.centralWidget()->width(), std::min(width, 1250)) << width;
     }
 }
 
