@@ -80,6 +80,7 @@ TEST_F(SideDocks, dock_of_a_wide_window_never_takes_the_width_of_the_inputs) {
     EXPECT_FALSE(entry.isChecked());
     for (const auto& [width, shown] : {std::pair{1280, false}, {1700, true}}) {
         resize(width);
+        dock("comparison_dock").setProperty(WindowMemory::dock_chosen, {});
         form.restoreState(wide);
         dock("comparison_dock").setProperty(WindowMemory::dock_chosen, true);
         QApplication::processEvents();
