@@ -81,8 +81,10 @@ TEST_F(SideDocks, dock_of_a_wide_window_never_takes_the_width_of_the_inputs) {
     for (const auto& [width, shown] : {std::pair{1280, false}, {1700, true}}) {
         resize(width);
         dock("comparison_dock").setProperty(WindowMemory::dock_chosen, {});
+        form.hide();
         form.restoreState(wide);
         dock("comparison_dock").setProperty(WindowMemory::dock_chosen, true);
+        form.show();
         QApplication::processEvents();
         EXPECT_EQ(dock("comparison_dock").isVisible(), shown) << width;
         EXPECT_GE(form.centralWidget()->width(), std::min(width, 1250)) << width;

@@ -111,8 +111,10 @@ void SideDock::follow_room() {
     if (shown && !isFloating() && (appears || width() > room_beside_page())) share_width();
 }
 
+/// A window that comes up may have docks that were remembered on a wider screen.
 bool SideDock::eventFilter(QObject* of, QEvent* event) {
-    if (of == &form_ && event->type() == QEvent::Resize) guarded(*this, [this] { follow_room(); });
+    if (of == &form_ && (event->type() == QEvent::Resize || event->type() == QEvent::Show))
+        guarded(*this, [this] { follow_room(); });
     return QDockWidget::eventFilter(of, event);
 }
 
