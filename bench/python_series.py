@@ -53,7 +53,7 @@ def by_hand(case, method, columns, given):
     return call
 
 
-def best(call, clock, rounds=3):
+def best(call, clock, rounds=7):
     times = []
     for _ in range(rounds):
         started = clock()

@@ -19,6 +19,12 @@ function(zel_settings target)
     endif()
 endfunction()
 
+# For code that no user waits for, and that takes long to be compiled well: optimization LEVEL
+# instead of that of the build type.
+function(zel_optimize target level)
+    target_compile_options(${target} PRIVATE $<$<CONFIG:Release,RelWithDebInfo>:-O${level}>)
+endfunction()
+
 # One static library per folder of src/; what it links is what it may include.
 function(zel_library name)
     cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
@@ -41,6 +47,7 @@ function(zel_test name)
     target_compile_definitions(${name}_test PRIVATE
         ZEL_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ZEL_PROGRAM="$<TARGET_FILE:zel>")
     zel_settings(${name}_test)
+    zel_optimize(${name}_test 0)
     gtest_discover_tests(${name}_test TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES
         PROPERTIES TIMEOUT 120)
 endfunction()

@@ -77,7 +77,8 @@ def processor() -> str:
         rows = [row.partition(":") for row in told.read().split("\n\n")[0].splitlines()]
     facts = {name.strip(): fact.strip() for name, _, fact in rows}
     flags = hashlib.sha256(facts.get("flags", "").encode()).hexdigest()[:8]
-    return f"{facts.get('model name')} (flags {flags}), zel {zel.__version__}"
+    chosen = os.environ.get("GLIBC_TUNABLES", "as found")
+    return f"{facts.get('model name')} (flags {flags}, used {chosen}), zel {zel.__version__}"
 
 
 def rate_grid(client: Any, given: argparse.Namespace) -> tuple[Any, Any]:

@@ -90,8 +90,7 @@ void AreaMessages::run_refused(const Box& box) {
     for (const forms::Complaint& complaint : complaints_)
         if (!is_visited(*complaint.field)) visited_.push_back(complaint.field);
     refusal_ = {complaints_.empty() ? nullptr : complaints_.front().field, box};
-    told_.clear();
-    notes_.clear();
+    forget_told();
     changed();
 }
 
@@ -99,15 +98,28 @@ void AreaMessages::run_refused(std::function<std::optional<FieldBox>()> check) {
     const auto first = check();
     if (!first) return;
     refusal_ = {first->field, first->box, std::move(check)};
+    further_told_.clear();
     changed();
 }
 
 void AreaMessages::run_done(std::vector<FieldBox> told, std::vector<Note> notes) {
     refusal_.reset();
     refused_texts_.clear();
+    forget_told();
     told_ = std::move(told);
     notes_ = std::move(notes);
     inputs_changed();
+}
+
+void AreaMessages::further_done(std::vector<Box> told) {
+    further_told_ = std::move(told);
+    changed();
+}
+
+void AreaMessages::forget_told() {
+    told_.clear();
+    further_told_.clear();
+    notes_.clear();
 }
 
 void AreaMessages::renew_notes(std::vector<Note> notes) {
@@ -120,8 +132,7 @@ void AreaMessages::forget() {
     typing_ = nullptr;
     refused_texts_.clear();
     refusal_.reset();
-    told_.clear();
-    notes_.clear();
+    forget_told();
     look();
     changed();
 }
@@ -147,14 +158,17 @@ AreaMessage AreaMessages::line_of(const Refusal& refusal) const {
     return line;
 }
 
-std::vector<AreaMessage> AreaMessages::lines(bool with_result) const {
+std::vector<AreaMessage> AreaMessages::lines(MessagePage page) const {
     using namespace message_texts;
     const LangId lang = locale_.lang;
     std::vector<AreaMessage> lines;
     for (auto text = refused_texts_.rbegin(); text != refused_texts_.rend(); ++text)
         lines.push_back(line_of(*text));
     if (refusal_) lines.push_back(line_of(*refusal_));
-    if (!with_result) return lines;
+    if (page == MessagePage::Further)
+        for (const Box& box : further_told_)
+            lines.push_back(message_of(AreaMessage::Sort::Told, box));
+    if (page != MessagePage::Results) return lines;
     if (const auto names = changed_inputs(); !names.empty())
         lines.push_back({AreaMessage::Sort::OutOfDate, Icon::None,
                          std::string(out_of_date_caption.in(lang)),

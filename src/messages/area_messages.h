@@ -48,6 +48,13 @@ struct MarkCount {
     friend bool operator==(const MarkCount&, const MarkCount&) = default;
 };
 
+/// Where the messages of an area are read.
+enum class MessagePage : std::uint8_t {
+    Inputs,
+    Results,
+    Further,  // of a calculation that goes on from the results
+};
+
 /// The messages of an area and the marks of its inputs, which follow from what the checks of its
 /// record refuse. Texts have the language of the moment, boxes that in which they were told.
 class AreaMessages {
@@ -87,13 +94,15 @@ public:
     void run_refused(std::function<std::optional<FieldBox>()> check);
     /// A run has come to results, of which `told` was said in boxes.
     void run_done(std::vector<FieldBox> told, std::vector<Note> notes);
+    /// A calculation that goes on from the result has ended, of which `told` was said in boxes.
+    void further_done(std::vector<Box> told);
     /// Notes in another language.
     void renew_notes(std::vector<Note> notes);
     /// The record is another one.
     void forget();
 
     /// The lines, those to be mended first. What is about a result stands on its page alone.
-    [[nodiscard]] std::vector<AreaMessage> lines(bool with_result) const;
+    [[nodiscard]] std::vector<AreaMessage> lines(MessagePage page) const;
     [[nodiscard]] Mark mark(const FieldInfo& field) const;
     [[nodiscard]] MarkCount count(int page) const;
 
@@ -117,6 +126,7 @@ private:
     [[nodiscard]] AreaMessage line_of(const Refusal& refusal) const;
     [[nodiscard]] bool is_visited(const FieldInfo& field) const;
     void forget_met_refusal();
+    void forget_told();
     void look();
 
     const Locale& locale_;
@@ -128,6 +138,7 @@ private:
     std::vector<RefusedText> refused_texts_;  // the newest last
     std::optional<Refusal> refusal_;
     std::vector<FieldBox> told_;
+    std::vector<Box> further_told_;
     std::vector<Note> notes_;
 };
 

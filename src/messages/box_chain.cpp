@@ -33,4 +33,14 @@ Answer BoxChain::show(const Box& box) {
     return shown_by_.show(box);
 }
 
+Answer BoxLog::show(const Box& box) {
+    if (box.buttons == Buttons::Ok) told_.push_back(box);
+    return shown_by_.show(box);
+}
+
+bool BoxLog::show_before_others(const Box& box) {
+    told_.push_back(box);
+    return shown_by_.show_before_others(box);
+}
+
 }  // namespace zel

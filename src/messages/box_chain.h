@@ -32,4 +32,18 @@ private:
     bool left_ = false;      // the user wants no more of them
 };
 
+/// Shows boxes as they come, and keeps those that merely inform.
+class BoxLog : public Dialogs {
+public:
+    explicit BoxLog(Dialogs& shown_by) : shown_by_(shown_by) {}
+
+    Answer show(const Box& box) override;
+    bool show_before_others(const Box& box) override;
+    [[nodiscard]] const std::vector<Box>& told() const { return told_; }
+
+private:
+    Dialogs& shown_by_;
+    std::vector<Box> told_;
+};
+
 }  // namespace zel

@@ -6,6 +6,8 @@
 
 #include "platform/errors.h"
 #include "platform/rounding.h"
+#include "steady/case/method.h"
+#include "steady/sun.h"
 #include "workflow/rules/entry_rules.h"
 
 namespace zel {
@@ -40,7 +42,9 @@ void put_wind_direction(SeriesElement& element, double direction) {
 
 void put_longitude(SeriesElement& element, double east) { give(element.c.geo_laeng_db, -east); }
 
-/// Seconds since 1970 in UTC, to the minute. Clock and sun then agree at longitude 0.
+/// Seconds since 1970 in UTC, to the minute. Clock and sun then agree at longitude 0; Kirn, who
+/// takes the hour of summer time off every clock, has it back by a standard time 15 degrees to the
+/// west.
 void put_time(SeriesElement& element, double seconds) {
     using namespace std::chrono;
     const sys_time<minutes> time{minutes(static_cast<std::int64_t>(std::floor(seconds / 60)))};
@@ -52,7 +56,10 @@ void put_time(SeriesElement& element, double seconds) {
     give(c.Monat_db, static_cast<unsigned>(date.month()));
     give(c.Stunden_db, static_cast<double>(clock.hours().count()));
     give(c.Minuten_db, static_cast<double>(clock.minutes().count()));
-    give(c.geo_laeng_zeit_db, 0);
+    const double day = day_of_year(c.Tag_db.value, static_cast<std::int16_t>(c.Monat_db.value));
+    const bool loses_hour = is_selected(c, Method::Kirn) && in_summer_time(day);
+    constexpr double degrees_of_hour = 15;
+    give(c.geo_laeng_zeit_db, loses_hour ? degrees_of_hour : 0);
     c.wzsz_merker_db = 2;
 }
 
@@ -164,7 +171,19 @@ const CaseField* find_numeric_field(std::string_view name) {
 
 constexpr Limits no_limits;
 
+/// Of inputs that windows and workbooks take as they are: what no place on earth has.
+const struct {
+    FieldKey field;
+    Limits limits;
+} limits_of_places[] = {
+    {&CalcCase::geogr_Breite_db, Limits().between(-90, 90)},
+    {&CalcCase::geo_laeng_db, Limits().between(-180, 180)},
+    {&CalcCase::geo_laeng_zeit_db, Limits().between(-180, 180)},
+};
+
 const Limits* entry_limits(const CaseField& field) {
+    for (const auto& row : limits_of_places)
+        if (row.field == field.key) return &row.limits;
     const auto* const entry = std::get_if<Entry CalcCase::*>(&field.key);
     const Limits* limits = entry != nullptr ? limits_of(*entry) : nullptr;
     return limits != nullptr ? limits : &no_limits;

@@ -81,15 +81,6 @@ bool calls_for_recourse(RatingCode code) {
     }
 }
 
-double time_for(Method method, double time) {
-    constexpr double hour = 3600;
-    SeriesElement later;
-    if (method != Method::Kirn || SeriesInput("time").put(later, time + hour) != RatingCode::Rated)
-        return time;
-    const SunInput sun = sun_input(later.c);
-    return in_summer_time(day_of_year(sun.day, sun.month)) ? time + hour : time;
-}
-
 double radiation_on_conductor(double ghi, double sun_height) {
     if (!(ghi <= largest_radiation)) return ghi;
     const double height = std::max(sun_height, radians_of(least_sun_height));
@@ -111,7 +102,7 @@ BlockRater::Columns BlockRater::columns_of(const WeatherBlock& block, const Rate
     made.numbers.resize(inputs_.size() + 1);
     std::vector<double>& times = made.numbers.back();
     for (const std::size_t row : rows)
-        times.push_back(time_for(method, static_cast<double>(block.rows[row].period.middle())));
+        times.push_back(static_cast<double>(block.rows[row].period.middle()));
     const SeriesInput time("time");
     for (std::size_t input = 0; input < inputs_.size(); ++input) {
         std::vector<double>& numbers = made.numbers[input];

@@ -92,10 +92,6 @@ private:
 /// stays.
 [[nodiscard]] bool calls_for_recourse(RatingCode code);
 
-/// The time (s since 1970 in UTC) by which `method` finds the sun of `time`. Kirn always takes the
-/// hour of summer time off the clock, which in UTC has none: he gets it an hour on.
-[[nodiscard]] double time_for(Method method, double time);
-
 /// As it meets the conductor, of `ghi` (W/m²) on level ground under a sun of that height (radians).
 [[nodiscard]] double radiation_on_conductor(double ghi, double sun_height);
 

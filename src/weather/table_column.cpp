@@ -9,6 +9,9 @@ namespace {
 constexpr Text no_column = {
     "Spalte {0}: keine Eingabe heißt so; zel help fields zeigt alle, --ignore läßt Spalten weg",
     "column {0}: no input is called so; zel help fields lists all, --ignore leaves columns out"};
+constexpr Text no_change_of_state = {
+    "Spalte {0}: Zustandsänderungen werden hier nicht berechnet; --ignore läßt Spalten weg",
+    "column {0}: changes of state are not calculated here; --ignore leaves columns out"};
 constexpr Text at_column = {"Spalte {0}", "column {0}"};
 
 std::string_view trimmed(std::string_view text) {
@@ -39,7 +42,8 @@ std::string column_name(std::string_view word) {
 
 InputColumn input_column(const ColumnHead& head, std::string_view name) {
     const Reason unknown(no_column, {in_quotes(head.title)});
-    if (find_state_cell(name)) throw InputError(unknown);
+    if (find_state_cell(name) || name.starts_with("change_"))
+        throw InputError(Reason(no_change_of_state, {in_quotes(head.title)}));
     std::optional<SeriesInput> input;
     try {
         input.emplace(name);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "platform/errors.h"
 #include "series/case_rater.h"
@@ -171,7 +172,7 @@ void WeatherTable::find_interval() {
     const int line = line_;
     const bool ended = std::exchange(ended_, true);  // reads no further
     std::map<std::string, std::int64_t> first;
-    Reason why(no_interval);
+    std::optional<Reason> wrong_time;  // the first
     CsvRow row;
     while (interval_ == 0 && next_row(row)) {
         if (row.damage != nullptr || row.cells.size() != columns_.size()) continue;
@@ -182,14 +183,15 @@ void WeatherTable::find_interval() {
             if (is_first || moment == known->second) continue;
             interval_ = moment - known->second;
         } catch (const InputError& error) {
-            why = at(Reason(at_row, {std::to_string(row.line)}), error.reason());
+            if (!wrong_time)
+                wrong_time = at(Reason(at_row, {std::to_string(row.line)}), error.reason());
         }
     }
     read_ = begin;
     line_ = line;
     ended_ = ended;
-    if (interval_ < 0) why = Reason(no_interval);
-    if (interval_ <= 0) throw InputError(why);
+    if (interval_ == 0 && wrong_time) throw InputError(*wrong_time);
+    if (interval_ <= 0) throw InputError(Reason(no_interval));
 }
 
 bool WeatherTable::next(WeatherBlock& block, std::size_t most) {
@@ -208,26 +210,31 @@ void WeatherTable::take(const CsvRow& row, WeatherBlock& block) {
         return refuse(row.line, {},
                       Reason(wrong_cells,
                              {std::to_string(row.cells.size()), std::to_string(columns_.size())}));
+    std::size_t column = line_column_;
     try {
-        block.rows.push_back(row_of(row));
+        WeatherRow made;
+        made.line = line_of(row);
+        column = time_column_;
+        made.period = take_time(row, made.line);
+        block.rows.push_back(made);
     } catch (const InputError& error) {
-        return refuse(row.line, columns_[time_column_].head.title, error.reason());
+        return refuse(row.line, columns_[column].head.title, error.reason());
     }
     put_numbers(row, block);
 }
 
-WeatherRow WeatherTable::row_of(const CsvRow& row) {
-    WeatherRow made;
-    if (has_lines_ && !row.cells[line_column_].empty()) {
-        const auto found = lines_.find(row.cells[line_column_]);
-        if (found == lines_.end())
-            throw InputError(Reason(no_such_line, {in_quotes(row.cells[line_column_])}));
-        made.line = found->second;
-    }
-    const std::int64_t moment = times_.moment(row.cells[time_column_], made.line);
-    times_.follow(moment, made.line, interval_);
-    made.period = period_of(moment, options_.stamp, interval_);
-    return made;
+int WeatherTable::line_of(const CsvRow& row) const {
+    if (!has_lines_ || row.cells[line_column_].empty()) return of_all_lines;
+    const auto found = lines_.find(row.cells[line_column_]);
+    if (found == lines_.end())
+        throw InputError(Reason(no_such_line, {in_quotes(row.cells[line_column_])}));
+    return found->second;
+}
+
+Period WeatherTable::take_time(const CsvRow& row, int line) {
+    const std::int64_t moment = times_.moment(row.cells[time_column_], line);
+    times_.follow(moment, line, interval_);
+    return period_of(moment, options_.stamp, interval_);
 }
 
 void WeatherTable::put_numbers(const CsvRow& row, WeatherBlock& block) {

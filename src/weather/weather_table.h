@@ -86,7 +86,9 @@ private:
     void add_input(Column& column);
     void find_interval();
     void take(const CsvRow& row, WeatherBlock& block);
-    [[nodiscard]] WeatherRow row_of(const CsvRow& row);
+    /// The index of the line that the row is for.
+    [[nodiscard]] int line_of(const CsvRow& row) const;
+    [[nodiscard]] Period take_time(const CsvRow& row, int line);
     void put_numbers(const CsvRow& row, WeatherBlock& block);
     void refuse(int line, const std::string& column, const Reason& reason);
     void look_at(const Column& column, double number, double taken);

@@ -35,24 +35,45 @@ std::int64_t TimeSequence::moment(std::string_view text, int line) const {
     if (zone_ == nullptr) throw InputError(Reason(no_zone, {in_quotes(text)}));
     const Moments moments = zone_->moments(written->shown);
     if (moments.count == 0) throw InputError(Reason(time_skipped, {in_quotes(text)}));
-    const auto last = last_.find(line);
-    const bool second = moments.count == 2 && last != last_.end() &&
-                        last->second >= moments.first && last->second < moments.second;
+    const auto seen = seen_.find(line);
+    const bool second = moments.count == 2 && seen != seen_.end() &&
+                        seen->second.last >= moments.first && seen->second.last < moments.second;
     return second ? moments.second : moments.first;
 }
 
 void TimeSequence::follow(std::int64_t moment, int line, std::int64_t interval) {
-    const auto of_all = last_.find(of_all_lines);
-    if (line != of_all_lines && of_all != last_.end() && of_all->second == moment)
-        count(twice_, moment);
-    const auto [last, is_first] = last_.try_emplace(line, moment);
-    if (is_first) return;
-    const std::int64_t step = moment - last->second;
-    if (step == 0) count(twice_, moment);
+    const auto of_all = seen_.find(of_all_lines);
+    const bool for_all =
+        line != of_all_lines && of_all != seen_.end() && of_all->second.holds(moment, interval);
+    const auto [place, is_first] = seen_.try_emplace(line);
+    Seen& seen = place->second;
+    if (for_all || seen.holds(moment, interval)) count(twice_, moment);
+    const std::int64_t step = is_first ? 0 : moment - seen.last;
     if (step < 0) count(disordered_, moment);
     if (step > interval)
-        count(missing_, last->second + interval, static_cast<std::uint64_t>((step - 1) / interval));
-    last->second = moment;
+        count(missing_, seen.last + interval, static_cast<std::uint64_t>((step - 1) / interval));
+    seen.add(moment, interval);
+    seen.last = moment;
+}
+
+bool TimeSequence::Seen::holds(std::int64_t moment, std::int64_t interval) const {
+    const Place place(moment % interval, moment);
+    const auto behind = runs_.upper_bound(place);
+    if (behind == runs_.begin()) return false;
+    const auto& [first, end] = *std::prev(behind);
+    return first.first == place.first && moment <= end;
+}
+
+void TimeSequence::Seen::add(std::int64_t moment, std::int64_t interval) {
+    if (holds(moment, interval)) return;
+    const Place place(moment % interval, moment);
+    const auto behind = runs_.upper_bound(place);
+    const bool goes_on = holds(moment - interval, interval);
+    const auto run = goes_on ? std::prev(behind) : runs_.emplace_hint(behind, place, moment);
+    run->second = moment;
+    if (behind == runs_.end() || behind->first != Place(place.first, moment + interval)) return;
+    run->second = behind->second;
+    runs_.erase(behind);
 }
 
 }  // namespace zel::weather

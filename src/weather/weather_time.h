@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/text/text.h"
@@ -57,8 +59,23 @@ public:
     [[nodiscard]] const TimeFault& disordered() const { return disordered_; }
 
 private:
+    /// The moments of one line. Those that follow each other by the interval are kept as one run,
+    /// so that an ordered table needs no memory for its rows.
+    class Seen {
+    public:
+        std::int64_t last = 0;
+
+        [[nodiscard]] bool holds(std::int64_t moment, std::int64_t interval) const;
+        void add(std::int64_t moment, std::int64_t interval);
+
+    private:
+        /// What a moment leaves when divided by the interval, and the moment.
+        using Place = std::pair<std::int64_t, std::int64_t>;
+        std::map<Place, std::int64_t> runs_;  // from their first moment to their last
+    };
+
     const TimeZone* zone_;
-    std::unordered_map<int, std::int64_t> last_;
+    std::unordered_map<int, Seen> seen_;
     TimeFault twice_, missing_, disordered_;
 };
 

@@ -1,10 +1,12 @@
 #include <QAction>
 #include <QDockWidget>
 #include <QListWidget>
+#include <QMainWindow>
 #include <QPushButton>
 #include <QTableWidget>
 
 #include "desktop/desktop_fixture.h"
+#include "desktop/frame/window_memory.h"
 #include "fakes/short_circuit_cases.h"
 #include "workflow/run/page_change.h"
 
@@ -58,6 +60,35 @@ TEST_F(SideDocks, pictures_open_as_a_window_where_there_is_none) {
     EXPECT_FALSE(entry.isChecked());
     make_wide();
     EXPECT_TRUE(dock("pictures_dock").isHidden());  // as the user has left it
+}
+
+TEST_F(SideDocks, dock_of_a_wide_window_never_takes_the_width_of_the_inputs) {
+    open(twin_264_34());
+    const auto resize = [this](int width) {
+        window->resize(width, 800);
+        QApplication::processEvents();
+    };
+    resize(2600);
+    auto& entry = control<QAction>("show_comparison_dock");
+    entry.trigger();
+    auto& form = dynamic_cast<QMainWindow&>(*window);
+    form.resizeDocks({&dock("comparison_dock")}, {1200}, Qt::Horizontal);
+    QApplication::processEvents();
+    const QByteArray wide = form.saveState();
+    resize(1280);
+    EXPECT_FALSE(dock("comparison_dock").isVisible());
+    EXPECT_FALSE(entry.isChecked());
+    for (const auto& [width, shown] : {std::pair{1280, false}, {1700, true}}) {
+        resize(width);
+        dock("comparison_dock").setProperty(WindowMemory::dock_chosen, {});
+        form.hide();
+        form.restoreState(wide);
+        dock("comparison_dock").setProperty(WindowMemory::dock_chosen, true);
+        form.show();
+        QApplication::processEvents();
+        EXPECT_EQ(dock("comparison_dock").isVisible(), shown) << width;
+        EXPECT_GE(form.centralWidget()->width(), std::min(width, 1250)) << width;
+    }
 }
 
 TEST_F(SideDocks, chosen_picture_is_saved) {

@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
@@ -140,6 +141,18 @@ TEST_F(TransientPageTest, tb601_follows_the_rows_where_it_alone_is_selected) {
     const std::string first = typed_in("Text32(1)");
     calculate();  // starts from the steady state again, and not from where the first run ended
     EXPECT_EQ(typed_in("Text32(1)"), first);
+}
+
+TEST_F(TransientPageTest, what_a_run_tells_in_a_box_stays_beside_the_tabs) {
+    open_page(bundle_with_rows({typed_time_row(1000, 300)}));
+    calculate();
+    ASSERT_THAT(dialogs.shown, SizeIs(1));
+    const auto& bar = control<QWidget>("message_bar");
+    EXPECT_TRUE(bar.isVisible());
+    EXPECT_THAT(bar.findChild<QLabel*>("message(bar)")->accessibleName().toStdString(),
+                HasSubstr("do not converge"));
+    go_to(input_page);
+    EXPECT_FALSE(bar.isVisible());
 }
 
 TEST_F(TransientPageTest, cancelled_run_leaves_all_as_it_was) {

@@ -43,7 +43,8 @@ protected:
     }
     std::vector<std::string> texts(bool with_result = false) {
         std::vector<std::string> told;
-        for (const AreaMessage& line : messages.lines(with_result))
+        for (const AreaMessage& line :
+             messages.lines(with_result ? MessagePage::Results : MessagePage::Inputs))
             told.push_back(line.caption + ": " + line.text);
         return told;
     }
@@ -90,8 +91,8 @@ TEST_F(Messages, refusal_leads_to_its_field_and_goes_when_that_is_right) {
     type(frequency, "20");
     const Box told = {Icon::Stop, "Input incomplete !", {"wind"}};
     messages.run_refused(told);
-    ASSERT_EQ(messages.lines(false).size(), 1U);
-    EXPECT_EQ(messages.lines(false).front().field, &wind);
+    ASSERT_EQ(messages.lines(MessagePage::Inputs).size(), 1U);
+    EXPECT_EQ(messages.lines(MessagePage::Inputs).front().field, &wind);
     EXPECT_THAT(texts().front(), HasSubstr("an input for the wind speed\nat conductor level !"));
     locale.lang = LangId::German;
     messages.inputs_changed();
@@ -112,8 +113,8 @@ TEST_F(Messages, refused_text_is_kept_until_its_field_is_right) {
         ElementsAre(
             "Not accepted: Ground reflectivity / albedo: you typed \"1.2\", which is no number.",
             "Not accepted: Wind speed: you typed \"90,5\"; allowed: 0 to 80 m/s."));
-    EXPECT_EQ(messages.lines(false).back().put_back, "90,5");
-    EXPECT_EQ(messages.lines(false).back().field, &wind);
+    EXPECT_EQ(messages.lines(MessagePage::Inputs).back().put_back, "90,5");
+    EXPECT_EQ(messages.lines(MessagePage::Inputs).back().field, &wind);
     type(wind, "80");
     EXPECT_EQ(texts().size(), 1U);
     messages.forget();
@@ -166,11 +167,12 @@ TEST(ShortCircuitMessages, checks_of_the_selection_mark_and_lead) {
     messages.inputs_changed();
     EXPECT_EQ(messages.mark(field_of(&C::IK)), Mark::Needed);
     enter(&C::Tk20_ks, "0.2");
-    EXPECT_THAT(messages.lines(false).front().text, HasSubstr("\"0.2\"; allowed: 0 to 0.1 1 / K"));
+    EXPECT_THAT(messages.lines(MessagePage::Inputs).front().text,
+                HasSubstr("\"0.2\"; allowed: 0 to 0.1 1 / K"));
     EXPECT_EQ(messages.count(1), (MarkCount{0, 1}));
     messages.run_refused(Box());
     EXPECT_EQ(messages.mark(field_of(&C::IK)), Mark::Missing);
-    EXPECT_EQ(messages.lines(false).back().field, &field_of(&C::IK));
+    EXPECT_EQ(messages.lines(MessagePage::Inputs).back().field, &field_of(&C::IK));
     enter(&C::IK, "-1");
     EXPECT_EQ(messages.mark(field_of(&C::IK)), Mark::Wrong);
 }

@@ -171,7 +171,7 @@ TEST(Series, takes_the_acute_angle_of_the_wind_wherever_it_comes_from) {
 TEST(Series, counts_longitudes_east_and_time_in_UTC) {
     const double east[] = {11.6};
     const double time[] = {1782050399};  // 2026-06-21 13:59:59
-    SeriesElement element{of_all_methods()};
+    SeriesElement element{prepared_for(of_all_methods(), Method::Webs)};
     ASSERT_EQ(SeriesInput("longitude").put(element, east[0]), RatingCode::Rated);
     ASSERT_EQ(SeriesInput("time").put(element, time[0]), RatingCode::Rated);
     EXPECT_EQ(element.c.geo_laeng_db.value, -11.6);

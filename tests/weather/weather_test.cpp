@@ -143,9 +143,10 @@ TEST(Times, follow_the_clock_of_their_zone) {
 
 TEST(Times, that_are_double_missing_or_disordered_are_counted) {
     TimeSequence times(nullptr);
-    for (const int hour : {0, 1, 1, 5, 4, 6}) times.follow(3600 * hour, 0, 3600);
-    EXPECT_EQ(times.twice().count, 1U);
-    EXPECT_EQ(times.missing().count, 3U + 1U);
+    for (const int hour : {0, 1, 1, 5, 4, 6, 1, 3, 2, 4}) times.follow(3600 * hour, 0, 3600);
+    EXPECT_EQ(times.twice().count, 3U);
+    EXPECT_THAT(times.twice().first, testing::ElementsAre(3600, 3600, 3600 * 4));
+    EXPECT_EQ(times.missing().count, 3U + 1U + 1U + 1U);
     EXPECT_EQ(times.missing().first.front(), 3600 * 2);
     EXPECT_EQ(times.disordered().first.front(), 3600 * 4);
 }
@@ -158,7 +159,8 @@ TEST(Times, give_all_methods_the_same_sun) {
             SeriesElement element;
             element.c.geogr_Breite_db = {"51", 51};
             element.c.geo_laeng_db = {"-10", -10};
-            EXPECT_EQ(SeriesInput("time").put(element, time_for(method, time)), RatingCode::Rated);
+            element.c.*flag_of(method) = 1;
+            EXPECT_EQ(SeriesInput("time").put(element, time), RatingCode::Rated);
             sun[method == Method::Kirn ? 1 : 0] = sun_input(element.c);
         }
         EXPECT_NEAR(kirn_sun(sun[1]).height, webs_sun(sun[0], 2).height, 1e-9);

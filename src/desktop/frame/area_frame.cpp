@@ -193,9 +193,9 @@ void AreaFrame::show_tab(int page) {
         page, words.isEmpty() ? QString() : QString(caption).remove('&') + ", " + words.join(", "));
 }
 
-void AreaFrame::finish(AreaPage& results, const forms::Record& record) {
+void AreaFrame::finish(AreaPage& results, const forms::Record& record, const AreaPage* further) {
     setCentralWidget(strip_);
-    message_strip_ = new MessageStrip({*strip_, results, messages_, session_,
+    message_strip_ = new MessageStrip({*strip_, results, further, messages_, session_,
                                        [this](const FieldInfo& field) { go_to(field); },
                                        [this](const AreaMessage& message) { put_back(message); },
                                        put_back_->shortcut().toString(QKeySequence::NativeText)});

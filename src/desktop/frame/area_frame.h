@@ -121,8 +121,9 @@ protected:
 
     void add_page(AreaPage* page, const Text& caption);
     /// To be called once all pages are there. Messages stand on the page of `results`, and beside
-    /// the tabs; they mark the inputs of `record`.
-    void finish(AreaPage& results, const forms::Record& record);
+    /// the tabs; they mark the inputs of `record`. `further` is the page of a calculation that goes
+    /// on from the results.
+    void finish(AreaPage& results, const forms::Record& record, const AreaPage* further = nullptr);
 
     /// Goes to another page after the present one could be left; it calls `show_page`.
     virtual void turn_to(int page) { show_page(page); }

@@ -61,6 +61,12 @@ MessageLine* MessageStrip::make_line(MessageLine::Shape shape, int number) {
 
 bool MessageStrip::on_results() const { return parts_.tabs.currentWidget() == &parts_.results; }
 
+MessagePage MessageStrip::page() const {
+    if (on_results()) return MessagePage::Results;
+    const bool further = parts_.tabs.currentWidget() == parts_.further;
+    return further ? MessagePage::Further : MessagePage::Inputs;
+}
+
 const AreaMessage* MessageStrip::to_put_back() const {
     const auto found = std::find_if(lines_.begin(), lines_.end(),
                                     [](const AreaMessage& line) { return !line.put_back.empty(); });
@@ -76,7 +82,7 @@ void MessageStrip::show_lines() {
     const LangId lang = parts_.session.lang;
     list_->setAccessibleName(qt(message_texts::strip_name, lang));
     bar_->setAccessibleName(qt(message_texts::strip_name, lang));
-    lines_ = parts_.messages.lines(on_results());
+    lines_ = parts_.messages.lines(page());
     if (on_results()) show_list();
     parts_.results.show_above(on_results() && !lines_.empty());
     in_bar_ = std::min(in_bar_, lines_.empty() ? 0 : lines_.size() - 1);

@@ -22,6 +22,7 @@ public:
     struct Parts {
         QTabWidget& tabs;
         AreaPage& results;
+        const AreaPage* further;  // of a calculation that goes on from the results; may be null
         AreaMessages& messages;
         const Session& session;
         std::function<void(const FieldInfo&)> go_to;
@@ -40,6 +41,7 @@ public:
 
 private:
     [[nodiscard]] bool on_results() const;
+    [[nodiscard]] MessagePage page() const;
     [[nodiscard]] MessageLine* make_line(MessageLine::Shape shape, int number);
     [[nodiscard]] QString key_of(std::size_t line) const;
     void place_bar();

@@ -102,7 +102,7 @@ Form1::Form1(Form1Parts parts)
         return shown_run_ ? changed_names(run_case_, line_.c, session())
                           : std::vector<std::string>();
     };
-    finish(*result_, form_);
+    finish(*result_, form_, transient_);
     add_docks(parts);
 }
 

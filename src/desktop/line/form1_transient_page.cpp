@@ -14,6 +14,7 @@
 #include "desktop/frame/job_runner.h"
 #include "desktop/line/course_panel.h"
 #include "forms/line_form.h"
+#include "messages/box_chain.h"
 #include "workflow/run/notes.h"
 #include "workflow/run/transient_text.h"
 
@@ -265,7 +266,8 @@ void TransientPage::calculate() {
     TransientResult result;
     std::optional<std::vector<RowSeries>> series;
     RunProgress progress(*this, parts_.session.lang, patience_);
-    run_job(progress, parts_.session.dialogs,
+    BoxLog boxes(parts_.session.dialogs);
+    run_job(progress, boxes,
             [&c, &memory, &result, &series, basis = parts_.line.transient.basis(),
              session = parts_.session](Job& job) {
                 const auto observer = [&job, lang = session.lang](const TransientProgress& at) {
@@ -292,6 +294,7 @@ void TransientPage::calculate() {
     else
         curve_->forget();
     parts_.line.changed();
+    parts_.messages.further_done(boxes.told());
     calculated();
 }
 

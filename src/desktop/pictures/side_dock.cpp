@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <algorithm>
 
 #include "desktop/frame/events.h"
 #include "desktop/frame/reading_width.h"
@@ -40,17 +41,36 @@ SideDock::SideDock(AreaFrame& form, const DockFacts& facts, QWidget* content, Ca
     form.addDockWidget(area_, this);
     hide();
     on(entry_, &QAction::triggered, [this](bool shown) { switched(shown); });
+    on(this, &QDockWidget::topLevelChanged, [this](bool floating) {
+        if (!floating && !has_room()) setFloating(true);
+    });
     form.installEventFilter(this);
 }
 
+/// Whether another dock takes width on the other side of the pages.
+bool SideDock::shares_with_other_side() const {
+    const auto docks = form_.findChildren<QDockWidget*>();
+    return std::ranges::any_of(docks, [this](const QDockWidget* dock) {
+        const Qt::DockWidgetArea area = form_.dockWidgetArea(const_cast<QDockWidget*>(dock));
+        return dock != this && !dock->isHidden() && !dock->isFloating() &&
+               (area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea) &&
+               area != form_.dockWidgetArea(const_cast<SideDock*>(this));
+    });
+}
+
 bool SideDock::has_room() const {
-    return is_below() ? form_.height() >= least_height
-                      : form_.width() >= room_for_page(form_) + least_width;
+    if (is_below()) return form_.height() >= least_height;
+    const int docks = shares_with_other_side() ? 2 : 1;
+    return form_.width() >= room_for_page(form_) + docks * least_width;
+}
+
+int SideDock::room_beside_page() const {
+    const int room = form_.width() - room_for_page(form_);
+    return shares_with_other_side() ? room / 2 : room;
 }
 
 void SideDock::share_width() {
-    if (!is_below())
-        form_.resizeDocks({this}, {form_.width() - room_for_page(form_)}, Qt::Horizontal);
+    if (!is_below()) form_.resizeDocks({this}, {room_beside_page()}, Qt::Horizontal);
 }
 
 void SideDock::open_by_itself(bool opens) {
@@ -80,16 +100,21 @@ void SideDock::belong_here(bool belongs) {
     follow_room();
 }
 
+/// A dock that was opened in a wide window is away while the window is too narrow for it.
 void SideDock::follow_room() {
-    if (!is_chosen()) entry_->setChecked(opens_by_itself_ && has_room());
+    const QVariant chosen = property(WindowMemory::dock_chosen);
+    const bool wanted = chosen.isValid() ? chosen.toBool() : opens_by_itself_;
+    entry_->setChecked(wanted && (isFloating() || has_room()));
     const bool shown = belongs_here_ && entry_->isChecked();
-    if (shown == !isHidden()) return;
+    const bool appears = shown && isHidden();
     setVisible(shown);
-    if (shown && !isFloating()) share_width();
+    if (shown && !isFloating() && (appears || width() > room_beside_page())) share_width();
 }
 
+/// A window that comes up may have docks that were remembered on a wider screen.
 bool SideDock::eventFilter(QObject* of, QEvent* event) {
-    if (of == &form_ && event->type() == QEvent::Resize) guarded(*this, [this] { follow_room(); });
+    if (of == &form_ && (event->type() == QEvent::Resize || event->type() == QEvent::Show))
+        guarded(*this, [this] { follow_room(); });
     return QDockWidget::eventFilter(of, event);
 }
 
@@ -101,10 +126,7 @@ void SideDock::closeEvent(QCloseEvent* event) {
 /// What the user has said now, or in another run of the program.
 bool SideDock::event(QEvent* event) {
     if (event->type() == QEvent::DynamicPropertyChange && is_chosen())
-        guarded(*this, [this] {
-            entry_->setChecked(property(WindowMemory::dock_chosen).toBool());
-            follow_room();
-        });
+        guarded(*this, [this] { follow_room(); });
     return QDockWidget::event(event);
 }
 

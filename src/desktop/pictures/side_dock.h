@@ -16,7 +16,7 @@ struct DockFacts {
     Qt::DockWidgetArea area = Qt::RightDockWidgetArea;  // or below the pages
 };
 
-/// A dock beside an area's pages. As long as the user has not said otherwise it is there where the
+/// A dock beside an area's pages. As long as the user has not closed it, it is there where the
 /// window has room for both; where it has not, it opens as a window of its own.
 class SideDock : public QDockWidget {
 public:
@@ -37,6 +37,8 @@ private:
     void switched(bool shown);
     void follow_room();
     [[nodiscard]] bool has_room() const;
+    [[nodiscard]] bool shares_with_other_side() const;
+    [[nodiscard]] int room_beside_page() const;
     /// Whether the user has opened or closed it.
     [[nodiscard]] bool is_chosen() const { return property(WindowMemory::dock_chosen).isValid(); }
     void set_chosen(bool shown) { setProperty(WindowMemory::dock_chosen, shown); }

@@ -361,9 +361,17 @@ constexpr CaseField fields[] = {
     FIELD(Messwert_Strom_db).called("Messwert Stromstärke :", "Measured current :", "A"),
     FIELD(Messwert_Temperatur_db).called("Messwert Temperatur :", "Measured temperature :", "°C"),
     // Settings
-    FIELD(Gravi_merker1_db).alias("gravity"),
-    FIELD(Formel_merker1_db).alias("webs_skin_effect"),
-    FIELD(wzsz_merker_db).alias("summer_time"),
+    FIELD(Gravi_merker1_db)
+        .alias("gravity")
+        .called_alone("Erdbeschleunigung: 1 9,80665, 2 9,78, 3 9,83 m/s²",
+                      "Gravity: 1 9.80665, 2 9.78, 3 9.83 m/s²"),
+    FIELD(Formel_merker1_db)
+        .alias("webs_skin_effect")
+        .called_alone("Wechselstromwiderstand nach Webs: Formel 1 oder 2",
+                      "AC resistance by Webs: formula 1 or 2"),
+    FIELD(wzsz_merker_db)
+        .alias("summer_time")
+        .called_alone("Sommerzeit bei Webs: 1 ja, 2 nein", "Summer time by Webs: 1 yes, 2 no"),
 };
 
 #undef AC_PAIR
