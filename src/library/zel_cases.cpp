@@ -22,6 +22,7 @@ LastError& last_error() {
     return error;
 }
 
+constexpr Text no_such_given = {"so kann nichts gegeben sein", "nothing can be given so"};
 constexpr Text no_such_index = {"es gibt keinen Eintrag mit dieser Nummer",
                                 "there is no entry of this number"};
 
@@ -176,8 +177,11 @@ zel_status zel_options_threads(zel_options* it, unsigned threads) {
     return ZEL_DONE;
 }
 zel_status zel_options_given(zel_options* it, zel_given given) {
-    it->given = given;
-    return ZEL_DONE;
+    return guarded([&] {
+        if (given < ZEL_AS_IN_CASE || given > ZEL_BUNDLE_CURRENT_GIVEN)
+            throw InputError(Reason(no_such_given));
+        it->given = given;
+    });
 }
 zel_status zel_options_heat_capacity(zel_options* it, int with_temperature) {
     it->heat_capacity = with_temperature != 0 ? HeatCapacityOption::WithTemperature
