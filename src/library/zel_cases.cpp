@@ -45,14 +45,22 @@ struct NamedInput {
     zel_kind kind = ZEL_DERIVED;
 };
 
+/// `label` with its sense, which what is derived says itself.
+std::string with_sense(std::string_view label, std::string_view sense) {
+    std::string text(label);
+    const std::string told = "(" + std::string(sense) + ")";
+    if (!sense.empty() && text.find(told) == std::string::npos) text += " " + told;
+    return text;
+}
+
 NamedInput described(const FieldInfo& field, const Limits& limits) {
     const Text label = long_label_of(field);
     const std::string_view name = field.english_name.empty() ? field.name : field.english_name;
     return {std::string(name),
             std::string(field.name),
             std::string(field.unit_in(LangId::English)),
-            std::string(label.de),
-            std::string(label.in(LangId::English)),
+            with_sense(label.de, sense_of(name).de),
+            with_sense(label.in(LangId::English), sense_of(name).in(LangId::English)),
             limits,
             kind_of(field)};
 }

@@ -159,6 +159,20 @@ const DerivedInput derived[] = {
 #undef CHANGE
 #undef CHANGE_INPUT
 
+/// What counts positive, and from where, of the inputs that have a sign or a direction.
+constexpr struct {
+    std::string_view name;
+    Text sense;
+} senses[] = {
+    {"line_azimuth", {"von Nord über Ost", "from north over east"}},
+    {"wind_angle_to_north", {"von Nord über Ost", "from north over east"}},
+    {"wind_from_direction", {"von Nord über Ost", "from north over east"}},
+    {"latitude", {"Nord positiv", "north positive"}},
+    {"longitude_west", {"Ost negativ", "east negative"}},
+    {"zone_longitude_west", {"Ost negativ", "east negative"}},
+    {"longitude", {"Ost positiv", "east positive"}},
+};
+
 constexpr Text no_such_input = {"keine Eingabe heißt {0}; zel help fields zeigt alle",
                                 "no input is called {0}; zel help fields lists all"};
 
@@ -275,6 +289,12 @@ RatingCode SeriesInput::put(SeriesElement& element, double number) const {
     if (!input.limits.holds(number)) return RatingCode::OutsideLimits;
     input.put(element, number);
     return RatingCode::Rated;
+}
+
+Text sense_of(std::string_view name) {
+    for (const auto& row : senses)
+        if (row.name == name) return row.sense;
+    return {};
 }
 
 std::span<const DerivedInput> derived_inputs() { return derived; }
