@@ -102,12 +102,19 @@ def rate_grid(client: Any, given: argparse.Namespace) -> tuple[Any, Any]:
     return current, code
 
 
+def at_least_one(text: str) -> int:
+    number = int(text)
+    if number < 1:
+        raise argparse.ArgumentTypeError(f"{text} is less than 1")
+    return number
+
+
 def arguments() -> argparse.Namespace:
     parser = argparse.ArgumentParser(description=__doc__.split("\n", 1)[0])
-    parser.add_argument("--lines", type=int, default=2000)
-    parser.add_argument("--hours", type=int, default=8760)
+    parser.add_argument("--lines", type=at_least_one, default=2000)
+    parser.add_argument("--hours", type=at_least_one, default=8760)
     parser.add_argument("--method", default="TB601", choices=["TB601", "TB207", "Webs", "Kirn"])
-    parser.add_argument("--workers", type=int, default=2, help="to start on this machine")
+    parser.add_argument("--workers", type=at_least_one, default=2, help="to start on this machine")
     parser.add_argument("--scheduler", help="address of a cluster that runs already")
     parser.add_argument("--kill-one", action="store_true", help="kill a worker of this machine")
     parser.add_argument(
@@ -140,6 +147,8 @@ def main() -> None:
     if given.output:
         np.savez(given.output, current=current, code=code)
     rated = current[code <= 0]
+    if not rated.size:
+        sys.exit("no rating has a value")
     print(f"{given.lines} lines x {given.hours} hours by {given.method}: {code.size} ratings in "
           f"{seconds:.1f} s, {code.size / seconds:.0f} per second")  # fmt: skip
     print(f"without a value: {code.size - rated.size}")

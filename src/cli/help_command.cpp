@@ -28,26 +28,6 @@ struct InputRow {
     Text text;
 };
 
-/// What counts positive, and from where, of the inputs that have a sign or a direction.
-constexpr struct {
-    std::string_view name;
-    Text sense;
-} senses[] = {
-    {"line_azimuth", {"von Nord über Ost", "from north over east"}},
-    {"wind_angle_to_north", {"von Nord über Ost", "from north over east"}},
-    {"wind_from_direction", {"von Nord über Ost", "from north over east"}},
-    {"latitude", {"Nord positiv", "north positive"}},
-    {"longitude_west", {"Ost negativ", "east negative"}},
-    {"zone_longitude_west", {"Ost negativ", "east negative"}},
-    {"longitude", {"Ost positiv", "east positive"}},
-};
-
-Text sense_of(std::string_view name) {
-    for (const auto& row : senses)
-        if (row.name == name) return row.sense;
-    return {};
-}
-
 std::string_view kind_of(const FieldInfo& field) {
     switch (field.kind) {
         case FieldKind::Text: return "text";

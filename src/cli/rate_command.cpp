@@ -1,4 +1,5 @@
 #include <cmath>
+#include <filesystem>
 #include <nlohmann/json.hpp>
 
 #include "adapters/openssl/sha256.h"
@@ -52,6 +53,7 @@ constexpr Text bad_interval = {"--interval nimmt ganze Sekunden, von einer bis z
                                "--interval takes whole seconds, from one to a year"};
 constexpr Text both_piped = {"nur eine der Tabellen kann von der Standardeingabe kommen",
                              "only one of the tables can come from standard input"};
+constexpr Text is_an_input = {"ist eine der Tabellen", "is one of the tables"};
 constexpr Text ratings_so_far = {"{0} Belastbarkeiten", "{0} ratings"};
 
 /// The conductors of the library, which is read once, when a line names the first.
@@ -87,12 +89,25 @@ std::int64_t interval_of(const RateWords& words) {
     return static_cast<std::int64_t>(seconds);
 }
 
+/// `read` with failures at `place`.
+template <class Read>
+auto reading(const std::string& place, Read read) {
+    try {
+        return read();
+    } catch (const InputError& error) {
+        throw InputError(at(place, error.reason()));
+    }
+}
+
 LineDefaults defaults_of(const RateWords& words) {
-    const auto numbers = [&](const std::string& text, const char* input) {
-        return read_numbers(text, SeriesInput(input).limits(), DecimalSeparator::Point);
+    const auto numbers = [&](const char* option, const std::string& text, const char* input) {
+        return reading(option, [&] {
+            return read_numbers(text, SeriesInput(input).limits(), DecimalSeparator::Point);
+        });
     };
-    return {read_methods(words.methods), numbers(words.durations, "duration"),
-            numbers(words.preloads, "preload_percent"), words.ignored};
+    return {reading("--methods", [&] { return read_methods(words.methods); }),
+            numbers("--tatl", words.durations, "duration"),
+            numbers("--preload", words.preloads, "preload_percent"), words.ignored};
 }
 
 /// The checksum of a file; empty of what is none.
@@ -115,16 +130,6 @@ std::string joined_words(char** words) {
     for (char** word = words + 1; *words != nullptr && *word != nullptr; ++word)
         command += " " + std::string(*word);
     return command;
-}
-
-/// `read` with failures at `path`.
-template <class Read>
-auto reading(const std::string& path, Read read) {
-    try {
-        return read();
-    } catch (const InputError& error) {
-        throw InputError(at(path, error.reason()));
-    }
 }
 
 class RateRun {
@@ -152,6 +157,7 @@ private:
     Sha256 sum_;              // of them
     std::string weather_sum_;
     std::string lines_sum_;
+    LineDefaults defaults_;
     std::optional<WeatherTable> weather_;
     LineTable lines_;
     StatusCounts statuses_;
@@ -160,6 +166,12 @@ private:
 
 int RateRun::run() {
     if (words_.lines == "-" && words_.weather == "-") throw InputError(Reason(both_piped));
+    for (const std::string& input : {words_.lines, words_.weather}) {
+        std::error_code absent;
+        if (std::filesystem::equivalent(input, words_.output, absent))
+            throw InputError(at(words_.output, Reason(is_an_input)));
+    }
+    defaults_ = defaults_of(words_);
     zone_ = zone_of(words_.zone);
     weather_sum_ = words_.weather == "-" ? std::string() : checksum_of(words_.weather);
     pieces_ = std::make_unique<FilePieces>(words_.weather);
@@ -218,7 +230,7 @@ std::string RateRun::next_piece() {
 LineTable RateRun::lines_of(const std::string& text) {
     Conductors conductors(words_);
     return read_lines(
-        text, defaults_of(words_), weather_->names(),
+        text, defaults_, weather_->names(),
         [&](const std::string& named) { return conductors.chosen(named); }, words_);
 }
 

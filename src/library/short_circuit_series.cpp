@@ -1,5 +1,6 @@
 #include "library/short_circuit_series.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/errors.h"
@@ -67,26 +68,46 @@ public:
         for (const std::string& key : keys_) values_.push_back({key, 0.0});
     }
 
-    RatingCode rate(std::size_t i, Result& result) {
+    /// Where a number is refused, `why` gets the input and what refuses it; null where nobody asks.
+    RatingCode rate(std::size_t i, Result& result, std::string* why = nullptr) {
+        const auto refused = [&](RatingCode code, std::string_view input, const std::string& text) {
+            if (why != nullptr) *why = std::string(input) + ": " + text;
+            return code;
+        };
         for (std::size_t k = 0; k < columns_.size(); ++k) {
             const double number = columns_[k].numbers[i];
-            if (std::isnan(number)) return RatingCode::MissingInput;
-            if (std::isinf(number)) return RatingCode::OutsideLimits;
+            if (!std::isfinite(number))
+                return refused(std::isnan(number) ? RatingCode::MissingInput
+                                                  : RatingCode::OutsideLimits,
+                               keys_[k], exact_number(number));
             values_[fixed_ + k].value = number;
         }
         try {
             const ShortCircuitFile file = read_short_circuit_case(values_, plain);
-            if (!file.refused.empty()) return RatingCode::OutsideLimits;
+            if (!file.refused.empty())
+                return refused(RatingCode::OutsideLimits, file.refused.front().field,
+                               joined(file.refused.front().box.lines, " "));
             const ShortCircuitRun run = RunShortCircuit(file.form.content(), plain.separator);
-            if (run.refusal) return RatingCode::MissingInput;
+            if (run.refusal) {
+                const std::string_view input = name_of(run.refusal->focus);
+                return refused(is_given(input) ? RatingCode::OutsideLimits
+                                               : RatingCode::MissingInput,
+                               input, joined(run.refusal->box.lines, " "));
+            }
             result = run.result;
             return RatingCode::Rated;
-        } catch (const InputError&) {
-            return RatingCode::OutsideLimits;  // a list has no such entry
+        } catch (const InputError& error) {  // a list has no such entry
+            if (why != nullptr) *why = error.told(plain.lang);
+            return RatingCode::OutsideLimits;
         }
     }
 
 private:
+    [[nodiscard]] bool is_given(std::string_view input) const {
+        return std::ranges::any_of(values_,
+                                   [&](const FlatMember& value) { return value.key == input; });
+    }
+
     std::span<const NamedColumn> columns_;
     FlatObject values_;
     std::vector<std::string> keys_;
@@ -112,6 +133,14 @@ void rate_short_circuit(const NamedCase& named, std::span<const NamedColumn> col
                 out[k].set(i, has_value(found) ? numbers[k].of(result) : no_number);
         }
     });
+}
+
+std::string why_no_short_circuit(const NamedCase& named, std::span<const NamedColumn> columns,
+                                 std::size_t i) {
+    Result result;
+    std::string why;
+    (void)Element(named, columns).rate(i, result, &why);
+    return why;
 }
 
 }  // namespace zel::library

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -27,5 +28,10 @@ struct NamedColumn {
 void rate_short_circuit(const NamedCase& named, std::span<const NamedColumn> columns,
                         std::size_t count, unsigned threads, std::span<const Strided<double>> out,
                         const Strided<std::int32_t>& code);
+
+/// The input of element `i` that is refused, and why; empty where none is. The texts of the checks
+/// are German in every language.
+[[nodiscard]] std::string why_no_short_circuit(const NamedCase& named,
+                                               std::span<const NamedColumn> columns, std::size_t i);
 
 }  // namespace zel::library

@@ -206,7 +206,8 @@ ZEL_API zel_status zel_rate_short_circuit(const zel_case* it, const zel_options*
                                           size_t count, const zel_numbers* out, zel_codes code);
 
 /* Why element `index` has no value: which input or which check refuses it. Goes to `text`, cut to
- * `size` bytes with its closing 0; empty where nothing refuses it. */
+ * `size` bytes with its closing 0; empty where nothing refuses it. Of a case of short circuits
+ * `method` means nothing. */
 ZEL_API zel_status zel_explain(const zel_case* it, const zel_options* options, zel_method method,
                                const zel_column* columns, size_t column_count, size_t index,
                                zel_language language, char* text, size_t size);

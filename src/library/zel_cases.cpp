@@ -22,6 +22,7 @@ LastError& last_error() {
     return error;
 }
 
+constexpr Text no_such_given = {"so kann nichts gegeben sein", "nothing can be given so"};
 constexpr Text no_such_index = {"es gibt keinen Eintrag mit dieser Nummer",
                                 "there is no entry of this number"};
 
@@ -44,14 +45,22 @@ struct NamedInput {
     zel_kind kind = ZEL_DERIVED;
 };
 
+/// `label` with its sense, which what is derived says itself.
+std::string with_sense(std::string_view label, std::string_view sense) {
+    std::string text(label);
+    const std::string told = "(" + std::string(sense) + ")";
+    if (!sense.empty() && text.find(told) == std::string::npos) text += " " + told;
+    return text;
+}
+
 NamedInput described(const FieldInfo& field, const Limits& limits) {
     const Text label = long_label_of(field);
     const std::string_view name = field.english_name.empty() ? field.name : field.english_name;
     return {std::string(name),
             std::string(field.name),
             std::string(field.unit_in(LangId::English)),
-            std::string(label.de),
-            std::string(label.in(LangId::English)),
+            with_sense(label.de, sense_of(name).de),
+            with_sense(label.in(LangId::English), sense_of(name).in(LangId::English)),
             limits,
             kind_of(field)};
 }
@@ -176,8 +185,11 @@ zel_status zel_options_threads(zel_options* it, unsigned threads) {
     return ZEL_DONE;
 }
 zel_status zel_options_given(zel_options* it, zel_given given) {
-    it->given = given;
-    return ZEL_DONE;
+    return guarded([&] {
+        if (given < ZEL_AS_IN_CASE || given > ZEL_BUNDLE_CURRENT_GIVEN)
+            throw InputError(Reason(no_such_given));
+        it->given = given;
+    });
 }
 zel_status zel_options_heat_capacity(zel_options* it, int with_temperature) {
     it->heat_capacity = with_temperature != 0 ? HeatCapacityOption::WithTemperature

@@ -48,6 +48,13 @@ Method method_of(zel_method method) {
     throw InputError(Reason(no_such_method));
 }
 
+std::vector<NamedColumn> named_columns(const zel_column* columns, size_t column_count) {
+    std::vector<NamedColumn> taken;
+    for (size_t k = 0; k < column_count; ++k)
+        taken.push_back({columns[k].name, {columns[k].numbers, columns[k].stride}});
+    return taken;
+}
+
 Strided<double> place(const zel_numbers& out) { return {out.numbers, out.stride}; }
 Strided<std::int32_t> place(const zel_codes& out) { return {out.codes, out.stride}; }
 
@@ -111,13 +118,10 @@ zel_status zel_rate_short_circuit(const zel_case* it, const zel_options* given_o
                                   const zel_numbers* out, zel_codes code) {
     return guarded([&] {
         if (it->named.area() != Area::ShortCircuit) throw InputError(Reason(wrong_area));
-        std::vector<NamedColumn> taken;
-        for (size_t k = 0; k < column_count; ++k)
-            taken.push_back({columns[k].name, {columns[k].numbers, columns[k].stride}});
         std::vector<Strided<double>> places;
         for (size_t k = 0; k < short_circuit_numbers().size(); ++k) places.push_back(place(out[k]));
-        rate_short_circuit(it->named, taken, count, options_or_usual(given_options).threads, places,
-                           place(code));
+        rate_short_circuit(it->named, named_columns(columns, column_count), count,
+                           options_or_usual(given_options).threads, places, place(code));
     });
 }
 
@@ -126,11 +130,16 @@ zel_status zel_explain(const zel_case* it, const zel_options* given_options, zel
                        zel_language language, char* text, size_t size) {
     return guarded([&] {
         if (size == 0) return;
-        const SeriesInputs inputs =
-            inputs_of(it, options_or_usual(given_options).given, columns, column_count, index + 1);
+        const auto of_line = [&] {
+            return refusal_of(inputs_of(it, options_or_usual(given_options).given, columns,
+                                        column_count, index + 1),
+                              method_of(method), index,
+                              language == ZEL_GERMAN ? LangId::German : LangId::English);
+        };
         const std::string why =
-            refusal_of(inputs, method_of(method), index,
-                       language == ZEL_GERMAN ? LangId::German : LangId::English);
+            it->named.area() == Area::Line
+                ? of_line()
+                : why_no_short_circuit(it->named, named_columns(columns, column_count), index);
         text[why.copy(text, size - 1)] = '\0';
     });
 }

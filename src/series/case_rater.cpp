@@ -7,6 +7,7 @@
 #include "shell/program_texts.h"
 #include "steady/kirn.h"
 #include "steady/steady_solver.h"
+#include "steady/three_stage_search.h"
 #include "steady/webs.h"
 #include "tb601_transient/tb601/tb601_solver.h"
 #include "workflow/rules/derived.h"
@@ -46,6 +47,21 @@ RatedNumber failed(RatingCode code, double angle) { return {code, no_number, no_
 RatedNumber rated_current(double current, double temperature, double angle) {
     return {current < 0 ? RatingCode::CurrentNegative : RatingCode::Rated, current, temperature,
             angle};
+}
+
+constexpr double highest_searched = 500;  // °C, by Webs and Kirn
+
+/// Of Webs and Kirn, where the temperature is sought. Their search has no failure: where no
+/// temperature belongs to the current, its last point stands.
+RatedNumber rated_temperature(const TemperatureResult& found, double current, double angle) {
+    if (!(std::abs(found.current - current) <= search_stages.back().tolerance)) {
+        const bool at_its_end = found.temperature == highest_searched;
+        return failed(!at_its_end               ? RatingCode::NotConverged
+                      : current > found.current ? RatingCode::TemperatureTooHigh
+                                                : RatingCode::TemperatureTooLow,
+                      angle);
+    }
+    return {RatingCode::Rated, found.current, found.temperature, angle};
 }
 
 }  // namespace
@@ -151,7 +167,7 @@ RatedNumber CaseRater::by_webs(double angle) const {
     const TemperatureResult found =
         S2_Rechnung_temp_webs(input, c.Stromstaerke_db.value, questions);
     if (found.fault) return failed(RatingCode::Fault, angle);
-    return {RatingCode::Rated, found.current, found.temperature, angle};
+    return rated_temperature(found, c.Stromstaerke_db.value, angle);
 }
 
 RatedNumber CaseRater::by_kirn(double angle) const {
@@ -165,7 +181,7 @@ RatedNumber CaseRater::by_kirn(double angle) const {
     }
     const KirnTemperature found = S2_Rechnung_temp_kirn(input, c.Stromstaerke_db.value);
     if (found.fault) return failed(RatingCode::Fault, angle);
-    return {RatingCode::Rated, found.current, found.temperature, found.angle};
+    return rated_temperature(found, c.Stromstaerke_db.value, found.angle);
 }
 
 }  // namespace zel

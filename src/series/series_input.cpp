@@ -159,6 +159,20 @@ const DerivedInput derived[] = {
 #undef CHANGE
 #undef CHANGE_INPUT
 
+/// What counts positive, and from where, of the inputs that have a sign or a direction.
+constexpr struct {
+    std::string_view name;
+    Text sense;
+} senses[] = {
+    {"line_azimuth", {"von Nord über Ost", "from north over east"}},
+    {"wind_angle_to_north", {"von Nord über Ost", "from north over east"}},
+    {"wind_from_direction", {"von Nord über Ost", "from north over east"}},
+    {"latitude", {"Nord positiv", "north positive"}},
+    {"longitude_west", {"Ost negativ", "east negative"}},
+    {"zone_longitude_west", {"Ost negativ", "east negative"}},
+    {"longitude", {"Ost positiv", "east positive"}},
+};
+
 constexpr Text no_such_input = {"keine Eingabe heißt {0}; zel help fields zeigt alle",
                                 "no input is called {0}; zel help fields lists all"};
 
@@ -171,18 +185,35 @@ const CaseField* find_numeric_field(std::string_view name) {
 
 constexpr Limits no_limits;
 
-/// Of inputs that windows and workbooks take as they are: what no place on earth has.
+/// Of inputs that are typed as they are, and judged later, chosen from a list, or not judged at
+/// all.
 const struct {
     FieldKey field;
     Limits limits;
-} limits_of_places[] = {
+} limits_of_series[] = {
     {&CalcCase::geogr_Breite_db, Limits().between(-90, 90)},
     {&CalcCase::geo_laeng_db, Limits().between(-180, 180)},
     {&CalcCase::geo_laeng_zeit_db, Limits().between(-180, 180)},
+    // Not the marks of missing values of weather services; instruments tell a little less than no
+    // radiation at night.
+    {&CalcCase::Umgebungstemperatur_db, Limits().between(-90, 100)},
+    {&CalcCase::Bodentemp_db, Limits().between(-90, 100)},
+    {&CalcCase::Globalstrahlung_db, Limits().between(-20, 1400)},
+    {&CalcCase::Tag_db, Limits().between(1, 31)},
+    {&CalcCase::Monat_db, Limits().between(1, 12)},
+    {&CalcCase::Stunden_db, Limits().between(0, 23)},
+    {&CalcCase::Minuten_db, Limits().between(0, 59)},
+    {&CalcCase::Anzahl_Teilleiter_db, Limits().between(1, 8)},
+    {&CalcCase::conductor_type_db, Limits().between(1, 4)},
+    {&CalcCase::conductor_shape_db, Limits().between(1, 2)},
+    {&CalcCase::ACDC_R_Option_Merker_db, Limits().between(1, 2)},
+    {&CalcCase::Gravi_merker1_db, Limits().between(1, 3)},
+    {&CalcCase::Formel_merker1_db, Limits().between(1, 2)},
+    {&CalcCase::wzsz_merker_db, Limits().between(1, 2)},
 };
 
 const Limits* entry_limits(const CaseField& field) {
-    for (const auto& row : limits_of_places)
+    for (const auto& row : limits_of_series)
         if (row.field == field.key) return &row.limits;
     const auto* const entry = std::get_if<Entry CalcCase::*>(&field.key);
     const Limits* limits = entry != nullptr ? limits_of(*entry) : nullptr;
@@ -258,6 +289,12 @@ RatingCode SeriesInput::put(SeriesElement& element, double number) const {
     if (!input.limits.holds(number)) return RatingCode::OutsideLimits;
     input.put(element, number);
     return RatingCode::Rated;
+}
+
+Text sense_of(std::string_view name) {
+    for (const auto& row : senses)
+        if (row.name == name) return row.sense;
+    return {};
 }
 
 std::span<const DerivedInput> derived_inputs() { return derived; }

@@ -67,6 +67,10 @@ private:
     std::variant<FieldPlace, StateCellPlace, const DerivedInput*> place_;
 };
 
+/// What counts positive of the input `name`, and from where: "east negative"; empty where it has
+/// neither sign nor direction.
+[[nodiscard]] Text sense_of(std::string_view name);
+
 /// Those that are no fields.
 [[nodiscard]] std::span<const DerivedInput> derived_inputs();
 

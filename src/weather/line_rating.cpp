@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
+#include <limits>
+#include <span>
 #include <thread>
 
 #include "platform/side_by_side.h"
@@ -50,20 +51,27 @@ void rate_kinds(const SeriesInputs& inputs, MethodRatings& of, const SeriesOptio
     }
 }
 
-/// A rating for a time has the limit temperature of the permanent one. One above that of a shorter
-/// time is marked.
-void finish(MethodRatings& of) {
-    for (std::size_t row = 0; row < of.ratings.size(); row += of.kinds)
-        for (std::size_t kind = 1; kind < of.kinds; ++kind) {
-            Rating& rating = of.ratings[row + kind];
-            const Rating& shorter = of.ratings[row + kind - 1];
-            if (has_value(rating.code)) rating.temperature = of.ratings[row].temperature;
-            const bool same_preload =
-                kind > 1 && of.tatl(kind)->preload == of.tatl(kind - 1)->preload;
-            if (same_preload && rating.code == RatingCode::Rated && has_value(shorter.code) &&
-                rating.current > shorter.current)
-                rating.code = RatingCode::TatlRises;
-        }
+/// What is to be said of a number that stands; the first mark stays.
+void mark(Rating& rating, RatingCode code) {
+    RatingCode& place = rating.by_recourse ? rating.recourse_mark : rating.code;
+    if (place == RatingCode::Rated) place = code;
+}
+
+/// A rating for a time has the limit temperature of the permanent one. One below that, and one
+/// above that of a shorter time, is marked.
+void finish(const MethodRatings& of, std::span<Rating> kinds) {
+    constexpr double none = std::numeric_limits<double>::infinity();
+    double least = none;  // of the shorter times after the same preload
+    for (std::size_t kind = 1; kind < kinds.size(); ++kind) {
+        Rating& rating = kinds[kind];
+        if (kind > 1 && of.tatl(kind)->preload != of.tatl(kind - 1)->preload) least = none;
+        if (!rating.stands()) continue;
+        if (!rating.by_recourse) rating.temperature = kinds[0].temperature;
+        if (kinds[0].stands() && rating.current < kinds[0].current)
+            mark(rating, RatingCode::TatlBelowPatl);
+        if (rating.current > least) mark(rating, RatingCode::TatlRises);
+        least = std::min(least, rating.current);
+    }
 }
 
 }  // namespace
@@ -154,7 +162,8 @@ void BlockRater::rate(const WeatherBlock& block, MethodRatings& of, unsigned thr
     const Columns columns = columns_of(block, *of.line, of.method, rows_[of.line_index]);
     rate_kinds({of.line->base.c, columns.columns, columns.count}, of, {threads});
     if (of.line->recourse) take_recourse(columns, of, threads);
-    finish(of);
+    for (std::size_t row = 0; row < of.ratings.size(); row += of.kinds)
+        finish(of, std::span(of.ratings).subspan(row, of.kinds));
 }
 
 /// Webs and Kirn take the sun of each row; to the other methods all rows are one.
@@ -183,6 +192,7 @@ void BlockRater::take_recourse(const Columns& columns, MethodRatings& of, unsign
             if (!calls_for_recourse(rating.code) || !has_value(instead.code)) continue;
             const RatingCode why = rating.code;
             rating = instead;
+            rating.recourse_mark = instead.code;
             rating.code = why;
             rating.by_recourse = true;
             if (kind > 0) rating.temperature = found.ratings[place * of.kinds].temperature;

@@ -28,10 +28,13 @@ enum class Radiation : std::uint8_t {
 /// One rating of a row of weather.
 struct Rating {
     RatingCode code = RatingCode::MissingInput;
-    bool by_recourse = false;        // the number is that of the static weather, `code` is why
-    double current = no_number;      // A, of the bundle
-    double temperature = no_number;  // °C
-    double angle = no_number;        // degrees
+    bool by_recourse = false;  // the number is that of the static weather, `code` is why
+    RatingCode recourse_mark = RatingCode::Rated;  // what is to be said of that number
+    double current = no_number;                    // A, of the bundle
+    double temperature = no_number;                // °C
+    double angle = no_number;                      // degrees
+
+    [[nodiscard]] bool stands() const { return by_recourse || has_value(code); }
 };
 
 /// A method of a line, and its ratings: the permanent one (or the temperature of the current), then

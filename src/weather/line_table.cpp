@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/errors.h"
+#include "platform/text/utf8.h"
 #include "weather/table_column.h"
 
 namespace zel::weather {
@@ -12,11 +13,17 @@ namespace {
 constexpr Text at_line = {"Zeile {0}, Spalte {1}", "line {0}, column {1}"};
 constexpr Text at_row = {"Zeile {0}", "line {0}"};
 constexpr Text no_rows = {"die Tabelle ist leer", "the table is empty"};
+constexpr Text no_utf8 = {"der Text ist nicht in UTF-8", "the text is no UTF-8"};
 constexpr Text column_twice = {"die Spalte {0} steht doppelt da", "the column {0} stands twice"};
 constexpr Text no_name_column = {"die Spalte name fehlt", "the column name is missing"};
 constexpr Text not_per_line = {"die Spalte {0} gehört in die Wetterdaten",
                                "the column {0} belongs into the weather"};
 constexpr Text in_both_tables = {"{0} steht in beiden Tabellen", "{0} stands in both tables"};
+constexpr Text no_time_of_energy = {
+    "die Spalte {0} gibt eine Energie, und eine Leitung hat keine Zeit, in der sie kam",
+    "the column {0} gives an energy, and a line has no time in which it came"};
+constexpr Text no_method = {"kein Verfahren ist genannt; es gibt {0}",
+                            "no method is named; there are {0}"};
 constexpr Text wrong_cells = {"{0} Zellen statt {1}", "{0} cells instead of {1}"};
 constexpr Text no_name = {"der Name fehlt", "the name is missing"};
 constexpr Text name_twice = {"die Leitung {0} steht schon in einer Zeile davor",
@@ -93,12 +100,13 @@ public:
         : defaults_(defaults), weather_(weather), conductor_(conductor), locale_(locale) {}
 
     void take_head(const CsvRow& row);
-    void take(const CsvRow& row);
+    void take(CsvRow row);
 
     LineTable table{};
 
 private:
     void take_column(std::string_view cell);
+    void require_own_field(const LineColumn& column) const;
     RatedLine line_of(const CsvRow& row);
     void put_inputs(const CsvRow& row, RatedLine& line);
     void put_input(const LineColumn& column, const std::string& cell, RatedLine& line) const;
@@ -107,6 +115,8 @@ private:
     [[nodiscard]] const std::string& cell_of(const CsvRow& row, std::string_view column) const;
     [[nodiscard]] std::vector<double> numbers_of(const CsvRow& row, std::string_view column,
                                                  const std::vector<double>& usual) const;
+    [[nodiscard]] std::vector<double> numbers_in(const std::string& cell,
+                                                 const InputColumn& input) const;
 
     const LineDefaults& defaults_;
     const std::vector<std::string>& weather_;
@@ -135,15 +145,37 @@ void LineReader::take_column(std::string_view cell) {
             std::string_view(head.name).substr(column.of_recourse ? static_mark.size() : 0);
         const bool list = head.name == duration_column || head.name == preload_column;
         if (name == "time") throw InputError(Reason(not_per_line, {in_quotes(head.title)}));
-        if (list || !holds(columns_of_lines, head.name)) column.input = input_column(head, name);
-        if (!column.of_recourse && holds(weather_, name))
-            throw InputError(Reason(in_both_tables, {in_quotes(head.name)}));
+        if (list || !holds(columns_of_lines, head.name))
+            column.input = input_column(head, name);
+        else
+            require_no_unit(head);
+        if (column.input) require_own_field(column);
     }
     columns_.push_back(std::move(column));
 }
 
-void LineReader::take(const CsvRow& row) {
+/// The weather goes before what a line says, but not before its static weather.
+void LineReader::require_own_field(const LineColumn& column) const {
+    const std::string& title = column.head.title;
+    if (column.input->conversion.per_interval)
+        throw InputError(Reason(no_time_of_energy, {in_quotes(title)}));
+    if (set_one_field(SeriesInput("time"), column.input->input))
+        throw InputError(same_input(title, "time"));
+    for (const LineColumn& other : columns_)
+        if (other.input && other.of_recourse == column.of_recourse &&
+            set_one_field(other.input->input, column.input->input))
+            throw InputError(same_input(other.head.title, title));
+    if (column.of_recourse) return;
+    for (const std::string& name : weather_) {
+        if (name == column.head.name) throw InputError(Reason(in_both_tables, {in_quotes(name)}));
+        if (set_one_field(SeriesInput(name), column.input->input))
+            throw InputError(same_input(title, name));
+    }
+}
+
+void LineReader::take(CsvRow row) {
     const std::string number = std::to_string(row.line);
+    for (std::string& cell : row.cells) cell = std::string(trimmed(cell));
     place_.clear();
     try {
         if (row.damage != nullptr) throw InputError(Reason(*row.damage));
@@ -189,7 +221,8 @@ void LineReader::put_inputs(const CsvRow& row, RatedLine& line) {
                 const std::string& cell = row.cells[i];
                 if (column.ignored || cell.empty()) continue;
                 if (!column.input) {
-                    if (!derived && !of_recourse) line.cells.emplace_back(column.head.name, cell);
+                    if (!derived && !of_recourse)
+                        line.cells.push_back({column.head.name, {}, cell});
                     continue;
                 }
                 if (column.input->input.is_derived() != derived) continue;
@@ -203,7 +236,7 @@ void LineReader::put_input(const LineColumn& column, const std::string& cell,
                            RatedLine& line) const {
     const auto& [head, of_recourse, input, ignored] = column;
     if (head.name == duration_column || head.name == preload_column) {
-        line.cells.emplace_back(head.name, cell);
+        line.cells.push_back({head.name, numbers_in(cell, *input)});
         return;
     }
     const double number = input->conversion.converted(required_number(cell, locale_.separator));
@@ -215,14 +248,14 @@ void LineReader::put_input(const LineColumn& column, const std::string& cell,
     if (of_recourse && !line.recourse) line.recourse = line.base;
     if (!of_recourse) put(line.base);
     if (line.recourse) put(*line.recourse);
-    line.cells.emplace_back(head.name, exact_number(number));
+    line.cells.push_back({head.name, {number}});
 }
 
 void LineReader::set_mode(RatedLine& line) const {
     const auto given = [&](std::string_view input) {
         return holds(weather_, input) ||
                std::any_of(line.cells.begin(), line.cells.end(),
-                           [&](const auto& cell) { return cell.first == input; });
+                           [&](const LineCell& cell) { return cell.column == input; });
     };
     const bool temperature = given(temperature_input);
     const bool conductor_current = given(current_inputs[0]);
@@ -258,10 +291,15 @@ std::vector<double> LineReader::numbers_of(const CsvRow& row, std::string_view c
     if (cell.empty()) return usual;
     const auto& taken = *std::find_if(columns_.begin(), columns_.end(),
                                       [&](const LineColumn& c) { return c.head.name == column; });
+    return numbers_in(cell, *taken.input);
+}
+
+std::vector<double> LineReader::numbers_in(const std::string& cell,
+                                           const InputColumn& input) const {
     std::vector<double> numbers = read_numbers(cell, Limits(), locale_.separator);
     for (double& number : numbers) {
-        number = taken.input->conversion.converted(number);
-        require(number, exact_number(number), taken.input->input.limits());
+        number = input.conversion.converted(number);
+        require(number, exact_number(number), input.input.limits());
     }
     return numbers;
 }
@@ -278,6 +316,7 @@ const std::string& LineReader::cell_of(const CsvRow& row, std::string_view colum
 LineTable read_lines(const std::string& text, const LineDefaults& defaults,
                      const std::vector<std::string>& weather, const ConductorSource& conductor,
                      const Locale& locale) {
+    if (!is_utf8(text)) throw InputError(Reason(no_utf8));
     const std::vector<CsvRow> rows = parse_csv(text, comma_of(text));
     if (rows.empty()) throw InputError(Reason(no_rows));
     LineReader reader(defaults, weather, conductor, locale);
@@ -299,6 +338,7 @@ std::vector<Method> read_methods(std::string_view text) {
             throw InputError(Reason(no_such_method, {in_quotes(word), known}));
         if (!holds(methods, *found)) methods.push_back(*found);
     }
+    if (methods.empty()) throw InputError(Reason(no_method, {known}));
     std::sort(methods.begin(), methods.end());
     return methods;
 }

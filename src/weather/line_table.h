@@ -21,6 +21,13 @@ struct Tatl {
     double preload = 0;   // %, of the permanent rating
 };
 
+/// What a cell of a line says: numbers, or else a text.
+struct LineCell {
+    std::string column;
+    std::vector<double> numbers{};
+    std::string text{};
+};
+
 struct RatedLine {
     std::string name;
     std::vector<Method> methods;
@@ -28,9 +35,8 @@ struct RatedLine {
     SeriesElement base;
     bool temperature_sought = false;          // a current is given
     std::optional<SeriesElement> recourse{};  // with the static weather
-    /// What the table says, by the name of its columns, as numbers in the units of the inputs or
-    /// as texts.
-    std::vector<std::pair<std::string, std::string>> cells{};
+    /// What the table says, by the name of its columns: numbers in the units of the inputs.
+    std::vector<LineCell> cells{};
 };
 
 /// What is asked for where a line says nothing of it.
@@ -58,7 +64,7 @@ using ConductorSource = std::function<ChosenConductor(const std::string& record_
                                    const std::vector<std::string>& weather,
                                    const ConductorSource& conductor, const Locale& locale);
 
-/// "TB601,Webs". Throws `InputError` where a word is no method.
+/// "TB601,Webs". Throws `InputError` where a word is no method, and where there is none.
 [[nodiscard]] std::vector<Method> read_methods(std::string_view text);
 /// Numbers parted by blanks, commas or semicolons. Throws `InputError`, also beyond `limits`.
 [[nodiscard]] std::vector<double> read_numbers(std::string_view text, const Limits& limits,

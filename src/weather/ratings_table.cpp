@@ -19,6 +19,12 @@ constexpr Text several_times = {
 constexpr Text several_sets = {
     "Grenzwerte folgen aus einem Verfahren und einer Vorbelastung; die Leitung {0} hat mehrere",
     "limits follow from one method and one preload; the line {0} has several"};
+constexpr Text parts_of_seconds = {
+    "Grenzwerte gelten für ganze Sekunden; die Leitung {0} hat eine Dauer von {1} s",
+    "limits are for whole seconds; the line {0} has a duration of {1} s"};
+constexpr Text several_rows = {
+    "Grenzwerte folgen aus einer Zeile des Wetters; die Leitung {0} hat mehrere",
+    "limits follow from one row of the weather; the line {0} has several"};
 constexpr Text no_limit_of_temperature = {
     "die Leitung {0} hat einen Strom statt einer Grenztemperatur",
     "the line {0} has a current instead of a limit temperature"};
@@ -34,8 +40,6 @@ constexpr std::string_view kind_permanent = "patl";
 constexpr std::string_view kind_temporary = "tatl";
 constexpr std::string_view kind_temperature = "temperature";
 
-bool stands(const Rating& rating) { return rating.by_recourse || has_value(rating.code); }
-
 std::string whole(double number) {
     return std::to_string(static_cast<std::int64_t>(std::llround(number)));
 }
@@ -44,7 +48,12 @@ std::string whole(double number) {
 void require_one_set(const LineTable& lines) {
     for (const RatedLine& line : lines.lines) {
         std::set<double> preloads;
-        for (const Tatl& tatl : line.tatls) preloads.insert(tatl.preload);
+        for (const Tatl& tatl : line.tatls) {
+            preloads.insert(tatl.preload);
+            if (tatl.duration != std::floor(tatl.duration))
+                throw InputError(
+                    Reason(parts_of_seconds, {in_quotes(line.name), exact_number(tatl.duration)}));
+        }
         if (line.methods.size() > 1 || preloads.size() > 1)
             throw InputError(Reason(several_sets, {in_quotes(line.name)}));
         if (line.temperature_sought)
@@ -55,7 +64,12 @@ void require_one_set(const LineTable& lines) {
 }  // namespace
 
 std::string status_of(const Rating& rating) {
-    return (rating.by_recourse ? "recourse:" : "") + std::string(name_of(rating.code));
+    std::string status(name_of(rating.code));
+    if (!rating.by_recourse) return status;
+    status.insert(0, "recourse:");
+    if (rating.recourse_mark != RatingCode::Rated)
+        status += ":" + std::string(name_of(rating.recourse_mark));
+    return status;
 }
 
 RatingsTable::RatingsTable(const LineTable& lines, const WeatherTable& weather,
@@ -96,10 +110,18 @@ void RatingsTable::add(std::string& text, std::string_view cell) const {
     text += std::string_view(quoted).substr(0, quoted.size() - 1);
 }
 
-void RatingsTable::add(std::string& text, double number) const {
-    std::string cell = std::isfinite(number) ? exact_number(number) : std::string();
-    if (comma_ == ';') std::replace(cell.begin(), cell.end(), '.', ',');
-    add(text, cell);
+void RatingsTable::add(std::string& text, double number) const { add(text, text_of(number)); }
+
+std::string RatingsTable::text_of(double number) const {
+    std::string text = std::isfinite(number) ? exact_number(number) : std::string();
+    if (comma_ == ';') std::replace(text.begin(), text.end(), '.', ',');
+    return text;
+}
+
+std::string RatingsTable::text_of(const LineCell& cell) const {
+    std::string text = cell.text;
+    for (const double number : cell.numbers) text += (text.empty() ? "" : " ") + text_of(number);
+    return text;
 }
 
 std::string RatingsTable::rows(const WeatherBlock& block, const BlockRater& rater) {
@@ -133,7 +155,8 @@ std::string RatingsTable::rows(const WeatherBlock& block, const BlockRater& rate
 void RatingsTable::count(const WeatherBlock& block, const BlockRater& rater,
                          const MethodRatings& of, std::size_t i, const Rating& rating) {
     const std::string status = status_of(rating);
-    if (++statuses_.counts[status] > 1 || has_value(rating.code)) return;
+    const bool without_limit = options_.format == TableFormat::Limits && rating.current < 0;
+    if (++statuses_.counts[status] > 1 || (has_value(rating.code) && !without_limit)) return;
     const Period& period = block.rows[rater.rows_of(of.line_index)[i]].period;
     statuses_.first[status] = {of.line->name, key_of(of.method), period,
                                rater.refusal(block, of, i, options_.locale.lang)};
@@ -142,7 +165,7 @@ void RatingsTable::count(const WeatherBlock& block, const BlockRater& rater,
 void RatingsTable::add_long(std::string& text, const WeatherBlock& block, const MethodRatings& of,
                             std::size_t row, std::size_t kind, const Rating& rating) const {
     const Tatl* tatl = of.tatl(kind);
-    const bool standing = stands(rating);
+    const bool standing = rating.stands();
     add(text, of.line->name);
     add(text, time_text(block.rows[row].period.start));
     add(text, time_text(block.rows[row].period.end));
@@ -162,9 +185,10 @@ void RatingsTable::add_long(std::string& text, const WeatherBlock& block, const 
             continue;
         }
         const auto& cells = of.line->cells;
-        const auto found = std::find_if(cells.begin(), cells.end(),
-                                        [&](const auto& cell) { return cell.first == asked.name; });
-        add(text, found == cells.end() ? std::string() : found->second);
+        const auto found = std::find_if(cells.begin(), cells.end(), [&](const LineCell& cell) {
+            return cell.column == asked.name;
+        });
+        add(text, found == cells.end() ? std::string() : text_of(*found));
     }
     text += '\n';
 }
@@ -172,7 +196,7 @@ void RatingsTable::add_long(std::string& text, const WeatherBlock& block, const 
 /// A limit holds at both ends of a line.
 void RatingsTable::add_limits(std::string& text, const MethodRatings& of, std::size_t kind,
                               const Rating& rating) const {
-    if (!stands(rating) || rating.current < 0) return;
+    if (!rating.stands() || rating.current < 0) return;
     const Tatl* tatl = of.tatl(kind);
     const std::string duration = tatl == nullptr ? "-1" : whole(tatl->duration);
     for (const std::string_view side : {"ONE", "TWO"}) {
@@ -193,6 +217,14 @@ void RatingsTable::require_one_time(const WeatherBlock& block) {
         if (only_->start != row.period.start)
             throw InputError(
                 Reason(several_times, {time_text(only_->start), time_text(row.period.start)}));
+        const int named = limited_.empty() ? of_all_lines : *limited_.rbegin();
+        const auto line =
+            static_cast<std::size_t>(std::max(row.line != of_all_lines ? row.line : named, 0));
+        const bool second = row.line == of_all_lines
+                                ? !limited_.empty()
+                                : limited_.contains(of_all_lines) || limited_.contains(row.line);
+        if (second) throw InputError(Reason(several_rows, {in_quotes(lines_.lines[line].name)}));
+        limited_.insert(row.line);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -37,7 +38,7 @@ struct StatusCounts {
     std::map<std::string, FirstOfStatus> first;  // of those without a value of their own
 };
 
-/// "ok", "missing_input", "recourse:missing_input".
+/// "ok", "missing_input", "recourse:missing_input", "recourse:missing_input:tatl_rises".
 [[nodiscard]] std::string status_of(const Rating& rating);
 
 class RatingsTable {
@@ -72,6 +73,8 @@ private:
     void require_one_time(const WeatherBlock& block);
     void add(std::string& text, std::string_view cell) const;
     void add(std::string& text, double number) const;
+    [[nodiscard]] std::string text_of(double number) const;
+    [[nodiscard]] std::string text_of(const LineCell& cell) const;
 
     const LineTable& lines_;
     TableOptions options_;
@@ -79,6 +82,7 @@ private:
     std::vector<Asked> asked_;
     StatusCounts statuses_;
     std::optional<Period> only_;  // of a table of limits
+    std::set<int> limited_;       // lines that have their row of it
 };
 
 }  // namespace zel::weather

@@ -12,7 +12,12 @@ constexpr Text no_column = {
 constexpr Text no_change_of_state = {
     "Spalte {0}: Zustandsänderungen werden hier nicht berechnet; --ignore läßt Spalten weg",
     "column {0}: changes of state are not calculated here; --ignore leaves columns out"};
+constexpr Text no_unit = {"Spalte {0}: hier steht keine Einheit", "column {0} takes no unit"};
+constexpr Text one_field = {"die Spalten {0} und {1} setzen dieselbe Eingabe",
+                            "the columns {0} and {1} set the same input"};
 constexpr Text at_column = {"Spalte {0}", "column {0}"};
+
+}  // namespace
 
 std::string_view trimmed(std::string_view text) {
     constexpr std::string_view blanks = " \t\r";
@@ -20,8 +25,6 @@ std::string_view trimmed(std::string_view text) {
     if (begin == std::string_view::npos) return {};
     return text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
 }
-
-}  // namespace
 
 ColumnHead read_head(std::string_view cell) {
     ColumnHead head{std::string(trimmed(cell)), {}, {}, {}};
@@ -37,7 +40,24 @@ ColumnHead read_head(std::string_view cell) {
 std::string column_name(std::string_view word) {
     const std::string_view mark = word.starts_with(static_mark) ? static_mark : "";
     const std::string_view input = word.substr(mark.size());
-    return std::string(mark) + std::string(input == "ghi" ? "global_radiation" : input);
+    if (input == "ghi") return std::string(mark) + "global_radiation";
+    const CaseField* field = find_by_any_name(input);
+    const bool named = field != nullptr && !field->english_name.empty();
+    return std::string(mark) + std::string(named ? field->english_name : input);
+}
+
+void require_no_unit(const ColumnHead& head) {
+    if (head.word.size() != head.title.size())
+        throw InputError(Reason(no_unit, {in_quotes(head.title)}));
+}
+
+bool set_one_field(const SeriesInput& a, const SeriesInput& b) {
+    const auto other = b.fields();
+    return std::ranges::any_of(a.fields(), [&](const FieldKey& key) { return holds(other, key); });
+}
+
+Reason same_input(const std::string& a, const std::string& b) {
+    return Reason(one_field, {in_quotes(a), in_quotes(b)});
 }
 
 InputColumn input_column(const ColumnHead& head, std::string_view name) {
@@ -59,9 +79,16 @@ InputColumn input_column(const ColumnHead& head, std::string_view name) {
 }
 
 char comma_of(std::string_view text) {
-    while (text.starts_with('#')) text.remove_prefix(std::min(text.find('\n') + 1, text.size()));
-    const std::string_view first = text.substr(0, text.find('\n'));
-    return first.find(';') != std::string_view::npos ? ';' : ',';
+    constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
+    if (text.starts_with(byte_order_mark)) text.remove_prefix(byte_order_mark.size());
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        const std::string_view line = text.substr(0, end);
+        if (!trimmed(line).empty() && !line.starts_with('#'))
+            return line.find(';') != std::string_view::npos ? ';' : ',';
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return ',';
 }
 
 std::optional<double> number_in(std::string_view cell, DecimalSeparator separator) {

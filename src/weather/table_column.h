@@ -35,7 +35,7 @@ struct ColumnHead {
 /// Before the inputs of the static weather of a line: "static_wind_speed".
 inline constexpr std::string_view static_mark = "static_";
 
-/// The name of the input or of the column that a user calls so.
+/// The English name of the input that a user calls so, or the word itself.
 [[nodiscard]] std::string column_name(std::string_view word);
 
 /// An input and the unit in which a column gives it.
@@ -48,7 +48,18 @@ struct InputColumn {
 /// it is one of a change of state, and where the unit does not fit.
 [[nodiscard]] InputColumn input_column(const ColumnHead& head, std::string_view name);
 
-/// How the cells of a table are parted: by semicolons where its first line has one, else by commas.
+/// Throws `InputError` where the head of a column that takes none names a unit.
+void require_no_unit(const ColumnHead& head);
+
+/// Whether both set one field of the case.
+[[nodiscard]] bool set_one_field(const SeriesInput& a, const SeriesInput& b);
+/// That the columns of these heads do.
+[[nodiscard]] Reason same_input(const std::string& a, const std::string& b);
+
+[[nodiscard]] std::string_view trimmed(std::string_view text);
+
+/// How the cells of a table are parted: by semicolons where its first line that is neither empty
+/// nor a remark has one, else by commas.
 [[nodiscard]] char comma_of(std::string_view text);
 
 /// A number of a cell. An empty cell, and one that says "NaN", is no number; nothing where the cell

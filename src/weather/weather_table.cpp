@@ -36,9 +36,11 @@ constexpr std::string_view wind_inputs[] = {"wind_speed", "wind_from_direction"}
 /// Numbers that hardly are what they should be.
 struct Implausible {
     std::string_view input;
-    double above;
+    double above;  // or below, where it is negative
     Text likely;
 };
+constexpr Text mark_of_missing = {"das Zeichen eines fehlenden Werts? dann die Zelle leeren",
+                                  "the mark of a missing value? then empty the cell"};
 // The first row that holds is told.
 constexpr Implausible implausible_numbers[] = {
     {"air_temperature",
@@ -50,6 +52,9 @@ constexpr Implausible implausible_numbers[] = {
     {"ground_temperature",
      200,
      {"Kelvin? dann ground_temperature[K]", "kelvin? then ground_temperature[K]"}},
+    {"air_temperature", -90, mark_of_missing},
+    {"ground_temperature", -90, mark_of_missing},
+    {"global_radiation", -20, mark_of_missing},
     {"global_radiation",
      1400,
      {"eine Energie? dann ghi[J/m2], ghi[J/cm2] oder ghi[Wh/m2]",
@@ -62,7 +67,8 @@ constexpr Implausible implausible_numbers[] = {
 
 const Text* likely_instead(std::string_view input, double number) {
     for (const Implausible& row : implausible_numbers)
-        if (row.input == input && number > row.above) return &row.likely;
+        if (row.input == input && (row.above < 0 ? number < row.above : number > row.above))
+            return &row.likely;
     return nullptr;
 }
 
@@ -136,6 +142,8 @@ void WeatherTable::take_head(const CsvRow& row) {
                          : name == "line" ? Column::Use::Line
                                           : Column::Use::Input;
         }
+        if (column.use == Column::Use::Time || column.use == Column::Use::Line)
+            require_no_unit(column.head);
         if (column.use == Column::Use::Time) time_column_ = columns_.size();
         if (column.use == Column::Use::Line) line_column_ = columns_.size();
         if (column.use == Column::Use::Input) add_input(column);
@@ -161,7 +169,8 @@ void WeatherTable::add_input(Column& column) {
     inputs_.push_back(component ? SeriesInput(wind_inputs[name == "v"]) : speed.input);
 }
 
-/// By the first two times of the same line in what is read of the table so far.
+/// By the first two times of the same line in what is read of the table so far, without a row
+/// between them that cannot be read.
 void WeatherTable::find_interval() {
     if (buffer_.find('\n', read_) == std::string::npos && !ended_) {
         std::string piece = next_();
@@ -171,18 +180,28 @@ void WeatherTable::find_interval() {
     const std::size_t begin = read_;
     const int line = line_;
     const bool ended = std::exchange(ended_, true);  // reads no further
-    std::map<std::string, std::int64_t> first;
+    std::map<std::string, std::pair<int, std::int64_t>> first;
+    TimeSequence sequence(options_.zone);
     std::optional<Reason> wrong_time;  // the first
     CsvRow row;
     while (interval_ == 0 && next_row(row)) {
-        if (row.damage != nullptr || row.cells.size() != columns_.size()) continue;
+        if (row.damage != nullptr || row.cells.size() != columns_.size()) {
+            first.clear();
+            continue;
+        }
         const std::string key = has_lines_ ? row.cells[line_column_] : std::string();
         try {
-            const std::int64_t moment = times_.moment(row.cells[time_column_], of_all_lines);
-            const auto [known, is_first] = first.emplace(key, moment);
-            if (is_first || moment == known->second) continue;
-            interval_ = moment - known->second;
+            const auto found = first.find(key);
+            const int of =
+                found == first.end() ? static_cast<int>(first.size()) : found->second.first;
+            const std::int64_t moment = sequence.moment(row.cells[time_column_], of);
+            sequence.follow(moment, of, 1);
+            if (found == first.end())
+                first.emplace(key, std::pair(of, moment));
+            else
+                interval_ = moment - found->second.second;
         } catch (const InputError& error) {
+            first.clear();
             if (!wrong_time)
                 wrong_time = at(Reason(at_row, {std::to_string(row.line)}), error.reason());
         }
@@ -224,10 +243,11 @@ void WeatherTable::take(const CsvRow& row, WeatherBlock& block) {
 }
 
 int WeatherTable::line_of(const CsvRow& row) const {
-    if (!has_lines_ || row.cells[line_column_].empty()) return of_all_lines;
-    const auto found = lines_.find(row.cells[line_column_]);
-    if (found == lines_.end())
-        throw InputError(Reason(no_such_line, {in_quotes(row.cells[line_column_])}));
+    if (!has_lines_) return of_all_lines;
+    const std::string name(trimmed(row.cells[line_column_]));
+    if (name.empty()) return of_all_lines;
+    const auto found = lines_.find(name);
+    if (found == lines_.end()) throw InputError(Reason(no_such_line, {in_quotes(name)}));
     return found->second;
 }
 

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 #include "platform/text/text.h"
@@ -33,7 +32,7 @@ extern const Text no_time;       // {0} is none
 extern const Text no_zone;       // {0} has no zone, and none is given
 extern const Text time_skipped;  // {0} is left out by the clock that goes over to summer time
 
-/// Where a sequence of times is not as it should be.
+/// Where a sequence of times is not as it should be. What comes late is not missing.
 struct TimeFault {
     std::uint64_t count = 0;
     std::vector<std::int64_t> first{};  // places, some of the first; s since 1970 in UTC
@@ -44,6 +43,7 @@ inline constexpr int of_all_lines = -1;
 
 /// Follows the times of one table, those of each line and those of all lines apart. The
 /// first of two moments that a clock shows alike is taken, unless the row before was that or later.
+/// Of a table without any order or step, only some hundred thousand times are known again.
 class TimeSequence {
 public:
     /// `zone` is null where times have to name their own.
@@ -59,23 +59,25 @@ public:
     [[nodiscard]] const TimeFault& disordered() const { return disordered_; }
 
 private:
-    /// The moments of one line. Those that follow each other by the interval are kept as one run,
-    /// so that an ordered table needs no memory for its rows.
-    class Seen {
-    public:
-        std::int64_t last = 0;
+    /// The moments of one line. Those that stand equally far apart are kept as one run, so that an
+    /// ordered table needs no memory for its rows.
+    struct Seen {
+        struct Run {
+            std::int64_t first, last, step;  // a step of 0 while it is one moment
+        };
+        std::int64_t earliest = 0, last = 0, latest = 0;
+        std::vector<Run> runs{};          // in their order
+        std::set<std::int64_t> behind{};  // that stand behind later ones, and in no run
 
-        [[nodiscard]] bool holds(std::int64_t moment, std::int64_t interval) const;
-        void add(std::int64_t moment, std::int64_t interval);
-
-    private:
-        /// What a moment leaves when divided by the interval, and the moment.
-        using Place = std::pair<std::int64_t, std::int64_t>;
-        std::map<Place, std::int64_t> runs_;  // from their first moment to their last
+        [[nodiscard]] bool holds(std::int64_t moment) const;
+        void go_on(std::int64_t moment);
     };
+
+    void keep(Seen& seen, std::int64_t moment);
 
     const TimeZone* zone_;
     std::unordered_map<int, Seen> seen_;
+    std::size_t kept_ = 0;  // runs and moments, of all lines
     TimeFault twice_, missing_, disordered_;
 };
 

@@ -72,6 +72,25 @@ def test_masked_and_missing_are_missing_inputs(line):
     assert infinite.codes.keys() == {"outside_limits"} and np.isnan(infinite.current)
 
 
+@pytest.mark.parametrize("times", [
+    np.ma.array(HOURS.to_numpy(), mask=[0, 1, 0]), [HOURS[0], None, HOURS[2]],
+    pd.Series([HOURS[0].to_pydatetime(), None, HOURS[2].to_pydatetime()], dtype=object),
+    [HOURS[0].timestamp(), None, HOURS[2].timestamp()],
+])  # fmt: skip
+def test_masked_and_missing_times_are_missing_inputs(line, times):
+    assert zel.rate(line, methods="Webs", time=times, longitude=10).code.tolist() == [0, 1, 0]
+
+
+def test_marks_of_missing_values_and_currents_out_of_reach_are_never_rated(line):
+    for inputs in ({"air_temperature": -999}, {"ground_temperature": -99.9}, {"ghi": -999}):
+        assert zel.rate(line, methods="Kirn", **inputs).code == 2
+    for current, name in ((1e6, "temperature_too_high"), (-1e6, "temperature_too_low")):
+        for method in ("Webs", "Kirn"):
+            rated = zel.rate(line, methods=method, conductor_current=[500, current])
+            assert list(rated.codes) == ["ok", name]
+            assert np.isnan(rated.temperature[1])
+
+
 def test_pandas_comes_back_with_its_index(line, expected):
     found = currents(line, wind_speed=pd.Series(WINDS, HOURS))
     assert found.index.equals(HOURS) and found.tolist() == expected
@@ -164,7 +183,10 @@ def test_wind_by_its_parts(line):
     ({"wind_speed": [True]}, "takes numbers"), ({"designation": 3}, "takes a text"),
     ({"methods": "TB600"}, "'TB600' is none of 'TB601'"), ({"methods": []}, "names none"),
     ({"conductor": "no such"}, "no such"), ({"threads": 0}, "threads"),
-    ({"errors": "no"}, "errors"),
+    ({"errors": "no"}, "errors"), ({"threads": 2.5}, "threads"), ({"methods": 5}, "takes names"),
+    ({"duration": 3}, "no effect"), ({"Z1_TEMP_db": 3}, "no effect"),
+    ({"ghi": 1, "global_radiation": 2}, "same input"), ({"wind_speed": [10**400]}, "takes numbers"),
+    ({"wind_speed": pd.Series(["1", "2"])}, "takes numbers"), ({"conductor": 5}, "takes a name"),
     ({"time": "noon"}, "ISO 8601"), ({"time": True}, "takes numbers"),
     ({"conductor_temperature": 80, "conductor_current": 600}, "given= says"),
 ])  # fmt: skip

@@ -73,7 +73,10 @@ def test_arrays_equal_the_terminal(program, request, kind, mode):
                 assert rating.code[i] > 0, cases[i]
                 continue
             found, angle = document[method]
-            assert (found["status"] != "") == (rating.code[i] > 0), (found, rating.code[i])
+            # The page shows where the search of Webs and Kirn has ended, found or not.
+            missed = method in ("Webs", "Kirn") and not sought and \
+                abs(found["current_A"] - cases[i]["Stromstaerke_db"]) > 10
+            assert (found["status"] != "" or missed) == (rating.code[i] > 0), (found, rating.code[i])
             if rating.code[i] <= 0:
                 assert found["current_A"] == rating.conductor_current[i], cases[i]
                 assert found["temperature_C"] == rating.temperature[i], cases[i]

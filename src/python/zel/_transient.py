@@ -8,7 +8,7 @@ from typing import Any, Iterator, Mapping, Sequence
 from . import _zel
 from ._call import Call
 from ._errors import InputError
-from ._names import METHODS, choice
+from ._names import CHANGES_OF_STATE, METHODS, choice, refuse_idle
 from ._results import CodeCount, Result, counts, raise_failed
 
 
@@ -43,6 +43,7 @@ def tatl(
     Results: patl and tatl (A, of the bundle), patl_code and tatl_code, wind_angle (degrees). A tatl
     below its patl keeps its value and has the code tatl_below_patl.
     """
+    refuse_idle(inputs, CHANGES_OF_STATE, "tatl()")
     call = Call("line", case, conductor, threads, errors, inputs, "temperature")
     arrays = _zel.rate_tatl(call.case, call.threads, call.columns, call.shape)
     found = Tatl(*map(call.wrap, arrays))
@@ -74,9 +75,13 @@ _MOST_CHANGES = 6
 
 def _columns(changes: Sequence[Mapping[str, Any]]) -> Iterator[tuple[str, Any, str]]:
     """Name and value of each input of the changes, and what its change seeks."""
+    if isinstance(changes, Mapping):
+        raise InputError("changes: a list of dicts, not one")
     if not 1 <= len(changes) <= _MOST_CHANGES:
         raise InputError(f"changes: there are 1 to {_MOST_CHANGES}, not {len(changes)}")
     for number, change in enumerate(changes, start=1):
+        if not isinstance(change, Mapping):
+            raise InputError(f"changes: a list of dicts, and {change!r:.60} is none")
         sought = [name for name in _QUANTITIES if name not in change]
         if len(sought) != 1 or len(change) != 2:
             given = ", ".join(change) or "nothing"
