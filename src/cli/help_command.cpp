@@ -3,6 +3,7 @@
 
 #include "cli/commands.h"
 #include "series/series_input.h"
+#include "short_circuit/entry.h"
 #include "short_circuit/short_circuit_fields.h"
 #include "workflow/rules/entry_rules.h"
 
@@ -69,8 +70,11 @@ std::vector<InputRow> inputs() {
                         input.limits,
                         sense_of(input.name),
                         input.about});
-    for (const auto& field : short_circuit_fields())
-        rows.push_back(row_of("short_circuit", std::string(field.name), field, Limits()));
+    for (const auto& field : short_circuit_fields()) {
+        const auto* const number = std::get_if<NumberKey>(&field.key);
+        rows.push_back(row_of("short_circuit", std::string(field.name), field,
+                              number != nullptr ? limits_of(*number) : Limits()));
+    }
     return rows;
 }
 

@@ -5,6 +5,7 @@
 #include "library/short_circuit_series.h"
 #include "library/zel_objects.h"
 #include "series/rating_code.h"
+#include "short_circuit/entry.h"
 #include "short_circuit/short_circuit_fields.h"
 
 // Names, cases and options of the C interface.
@@ -83,8 +84,10 @@ std::vector<NamedInput> inputs_of_lines() {
 
 std::vector<NamedInput> inputs_of_short_circuits() {
     std::vector<NamedInput> inputs;
-    for (const ShortCircuitField& field : short_circuit_fields())
-        inputs.push_back(described(field, Limits()));
+    for (const ShortCircuitField& field : short_circuit_fields()) {
+        const auto* const number = std::get_if<NumberKey>(&field.key);
+        inputs.push_back(described(field, number != nullptr ? limits_of(*number) : Limits()));
+    }
     return inputs;
 }
 
