@@ -11,6 +11,7 @@
 #include "steady/webs.h"
 #include "tb601_transient/tb601/tb601_solver.h"
 #include "workflow/rules/derived.h"
+#include "workflow/run/notes.h"
 
 namespace zel {
 namespace {
@@ -109,7 +110,9 @@ RatedNumber CaseRater::rate() {
     if (!std::isfinite(angle) || !std::isfinite(c.Stromstaerke_db.value))
         return {RatingCode::Fault};
     try {
-        return run(angle);
+        RatedNumber found = run(angle);
+        if (found.code == RatingCode::Rated && is_turned(c)) found.code = RatingCode::WindFolded;
+        return found;
     } catch (const ProgramEnd&) {
         return failed(RatingCode::Ended, angle);
     }

@@ -8,6 +8,10 @@ namespace {
 using enum RatingCode;
 
 constexpr RatingCodeText codes[] = {
+    {WindFolded,
+     "wind_folded",
+     {"der Windwinkel ist durch Subtraktion gefaltet und nicht der spitze zwischen Wind und Leitung",
+      "the wind angle is folded by subtraction and is not the acute one between wind and line"}},
     {TargetMissed,
      "target_missed",
      {"der gefundene Strom führt zu einer anderen als der gegebenen Temperatur",

@@ -76,7 +76,7 @@ TatlElement rate(CaseRater& rater, const Session& session) {
 
 /// The six rows of one element, where they came to an end.
 struct StateRows {
-    RatingCode code = RatingCode::Rated;  // of all rows, where it is not `Rated`
+    RatingCode code = RatingCode::Rated;  // of the steady state, and of all rows where it failed
     TransientResult result;
 };
 
@@ -107,7 +107,7 @@ RatingCode code_of_row(const StateRows& rows, std::size_t row) {
     if (result.rows[row].Merker == row_unused) return RatingCode::MissingInput;
     const std::size_t run = result.rows_run();
     if (row >= run || result.rows[row].Failed == 1) return RatingCode::TransientFailed;
-    return result.checks[row] ? RatingCode::TargetMissed : RatingCode::Rated;
+    return result.checks[row] ? RatingCode::TargetMissed : rows.code;
 }
 
 void write(const StateRows& rows, std::size_t row, const CalcCase& c, const StateSeries& out,

@@ -51,10 +51,10 @@ void rate_kinds(const SeriesInputs& inputs, MethodRatings& of, const SeriesOptio
     }
 }
 
-/// What is to be said of a number that stands; the first mark stays.
+/// What is to be said of a number that stands; the first mark stays, unless it is about the wind.
 void mark(Rating& rating, RatingCode code) {
     RatingCode& place = rating.by_recourse ? rating.recourse_mark : rating.code;
-    if (place == RatingCode::Rated) place = code;
+    if (place == RatingCode::Rated || place == RatingCode::WindFolded) place = code;
 }
 
 /// A rating for a time has the limit temperature of the permanent one. One below that, and one

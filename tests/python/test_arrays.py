@@ -164,6 +164,16 @@ def test_turned_and_mirrored_wind_changes_nothing(line):
             assert np.array_equal(other[method].current[legal], rating[method].current[legal])
 
 
+def test_folded_angles_of_cases_are_marked(line):
+    for method in ("TB601", "Webs"):
+        across = zel.rate(line, methods=method, line_azimuth=0, wind_angle=90).current
+        folded = zel.rate(line, methods=method, line_azimuth=0, wind_angle_to_north=[90, 180, 45])
+        assert list(folded.codes) == ["wind_folded", "ok"] and folded.code[1] == -5
+        assert folded.current[1] == across
+        true = zel.rate(line, methods=method, line_azimuth=0, wind_from_direction=[90, 180])
+        assert true.code.tolist() == [0, 0] and true.current[1] < across
+
+
 def test_wind_by_its_parts(line):
     # from the west, the north-east, and calm
     found = zel.rate(line, methods="TB207", line_azimuth=0, wind_u=[2, -1, 0], wind_v=[0, -1, 0])

@@ -57,13 +57,6 @@ CalcCase with_wind_at(CalcCase c, double angle) {
     return c;
 }
 
-/// Whether the fold turns the wind to another angle than the acute one. In still air Kirn alone
-/// reads the angle.
-bool is_turned(const CalcCase& c) {
-    return std::abs(acute_angle(c) - S_Winkel_Wind_Leiter(c)) >= same_angle &&
-           (c.Windgeschwindigkeit_db.value != 0 || is_selected(c, Method::Kirn));
-}
-
 std::optional<SteadyRemarks::TrueWind> wind_fold(const CalcCase& c, const SteadyRunResult& result,
                                                  const Session& session) {
     if (!is_turned(c)) return std::nullopt;
@@ -166,6 +159,11 @@ double acute_angle(const CalcCase& c) {
 
 SteadyRemarks remarks_on(const CalcCase& c, const SteadyRunResult& result, const Session& session) {
     return {wind_fold(c, result, session), misses(result), short_table(c), assumptions(c)};
+}
+
+bool is_turned(const CalcCase& c) {
+    return std::abs(acute_angle(c) - S_Winkel_Wind_Leiter(c)) >= same_angle &&
+           (c.Windgeschwindigkeit_db.value != 0 || is_selected(c, Method::Kirn));
 }
 
 std::vector<std::string_view> remarkable(const CalcCase& c, std::span<const SteadyResult> results) {

@@ -26,6 +26,10 @@ inline constexpr std::string_view transient_check = "transient_check";
 [[nodiscard]] SteadyRemarks remarks_on(const CalcCase& c, const SteadyRunResult& result,
                                        const Session& session);
 
+/// Whether the fold turns the wind to another angle than the acute one. In still air Kirn alone
+/// reads the angle.
+[[nodiscard]] bool is_turned(const CalcCase& c);
+
 /// The codes of what is remarkable about the results `methods` of `c`, without a run or a word
 /// more.
 [[nodiscard]] std::vector<std::string_view> remarkable(const CalcCase& c,
