@@ -97,6 +97,7 @@ void add_settings(CommandLine& line);
 void add_conductor(CommandLine& line);
 void add_db(CommandLine& line);
 void add_measure(CommandLine& line);
+void add_selftest(CommandLine& line);
 void add_help(CommandLine& line);
 
 // ---- what several commands have

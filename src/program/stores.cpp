@@ -35,8 +35,10 @@ void provide_exchange_file(ProgramStores& stores) {
     if (lacks_companion_files(stores.shared)) start_companion(stores);
 }
 
+std::string shipped_folder() { return share_folder() / "zel"; }
+
 LibraryPlaces library_places(const ProgramPaths& paths) {
-    return {share_folder() / "zel", paths.data_folder + "/conductors.csv"};
+    return {shipped_folder(), paths.data_folder + "/conductors.csv"};
 }
 
 std::string document_folder() { return share_folder() / "doc/zel"; }

@@ -41,6 +41,10 @@ void start_companion_once(ProgramStores& stores);
 /// make one.
 void provide_exchange_file(ProgramStores& stores);
 
+/// Where the shipped data stand: share/zel beside the folder of the program, of a build as of an
+/// installation.
+[[nodiscard]] std::string shipped_folder();
+
 /// Where the conductors of the library stand: the shipped ones in share/zel beside the folder of
 /// the program (of a build as of an installation), the user's own in the data folder.
 [[nodiscard]] LibraryPlaces library_places(const ProgramPaths& paths);

@@ -57,9 +57,10 @@ foreach(theme IN LISTS themes)
 endforeach()
 folder(program persistence/database)  # and every adapter
 folder(desktop ${themes} program adapters/printers)
+folder(validation series short_circuit)
 folder(library series short_circuit adapters/json adapters/posix)
 folder(python)  # and the C interface
-folder(cli compare weather program)  # and every adapter
+folder(cli compare weather validation program)  # and every adapter
 
 set(qt_folders "^(desktop|desktop/.*|adapters/(qt_canvas|serial))$")
 # No streams, JSON, options:

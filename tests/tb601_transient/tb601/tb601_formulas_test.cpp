@@ -178,19 +178,6 @@ TEST(Tb601Formulas, have_the_values_of_their_rows) {
                                        ZEL_FORMULA(argument)});
 }
 
-TEST(Tb601Convection, passes_through_the_figures_of_the_published_example) {
-    const Tb601Convection c = tb601_convection(drake);
-    EXPECT_NEAR(c.air.lambda, 0.0286, 5e-5);
-    EXPECT_NEAR(c.air.mu, 20.384e-6, 5e-10);
-    EXPECT_NEAR(c.Re, 865, 0.5);
-    EXPECT_NEAR(c.Nu90, 15.495, 1e-3);  // 15.4955: printed cut, not rounded
-    EXPECT_NEAR(c.Nu, 14.40, 5e-3);
-    EXPECT_NEAR(c.Gr, 96.95e3, 60);  // the example takes 273 K for 0 °C: 0.05 %
-    EXPECT_NEAR(c.air.Pr, 0.716, 5e-4);
-    EXPECT_NEAR(c.Pforced, 77.6, 0.1);  // 77.67: printed cut
-    EXPECT_NEAR(c.Pnat, 42.0, 0.05);
-}
-
 TEST(Tb601Convection, of_a_colder_conductor_may_be_natural) {
     Tb601Flow cold = drake;
     cold.V = 0.05;
