@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <tuple>
 
 #include "persistence/exchange_record.h"
 #include "platform/errors.h"
+#include "platform/text/likeness.h"
 
 namespace zel {
 namespace {
@@ -33,21 +33,6 @@ std::string_view take_number(std::string_view& text) {
     return digits;
 }
 
-/// The fewest letters to put in, take out or replace that make `a` of `b`.
-std::size_t distance(const std::string& a, const std::string& b) {
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (const char letter : a) {
-        std::size_t diagonal = row[0]++;
-        for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t above = row[j + 1];
-            row[j + 1] = std::min({above + 1, row[j] + 1, diagonal + (letter == b[j] ? 0U : 1U)});
-            diagonal = above;
-        }
-    }
-    return row.back();
-}
-
 /// How far a name is from those of the conductor; one that holds it is near.
 std::size_t distance_to(const LibraryConductor& conductor, const std::string& name) {
     std::size_t least = std::string::npos;
@@ -55,7 +40,7 @@ std::size_t distance_to(const LibraryConductor& conductor, const std::string& na
         const std::string known = plain(own);
         if (known.empty()) continue;
         const bool holds = known.find(name) != std::string::npos;
-        least = std::min(least, holds ? 0 : distance(known, name));
+        least = std::min(least, holds ? 0 : letters_apart(known, name));
     }
     return least;
 }
