@@ -62,6 +62,7 @@ public:
     /// What the words of the user choose; empty where they name no command.
     [[nodiscard]] const std::function<int()>& chosen() const { return chosen_; }
 
+    [[nodiscard]] CLI::App& app() const { return app_; }
     /// The words as the user has written them, the name of the program first; null behind the last.
     [[nodiscard]] char** words() const { return words_; }
     /// Null in the program that cannot draw and becomes the one that can.
@@ -99,6 +100,7 @@ void add_db(CommandLine& line);
 void add_measure(CommandLine& line);
 void add_selftest(CommandLine& line);
 void add_help(CommandLine& line);
+void add_completion(CommandLine& line);
 
 // ---- what several commands have
 

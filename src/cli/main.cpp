@@ -17,7 +17,7 @@ constexpr void (*commands[])(CommandLine&) = {
     add_steady,  add_transient,   add_table,    add_graph,         add_picture,
     add_compare, add_sensitivity, add_report,   add_short_circuit, add_desktop,
     add_batch,   add_rate,        add_template, add_settings,      add_conductor,
-    add_db,      add_measure,     add_selftest, add_help};
+    add_db,      add_measure,     add_selftest, add_help,          add_completion};
 
 int run(int argc, char** argv) {
     CLI::App app(std::string(short_name.en) + " - " + std::string(long_title.en) + "\n\n" + about,

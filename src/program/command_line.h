@@ -13,6 +13,8 @@
 
 namespace zel {
 
+inline constexpr const char* choice_check = "choice";  // of an option that takes names of a list
+
 /// An option, or the name of a required word, that takes one of these names and sets `value` to
 /// what stands beside it.
 template <class T, class Value>
@@ -27,7 +29,7 @@ CLI::Option* add_choice(CLI::App& command, const std::string& name, Value& value
             if (choice.first == chosen) value = choice.second;
     };
     return command.add_option_function<std::string>(name, take, description)
-        ->check(CLI::IsMember(names))
+        ->check(CLI::IsMember(names).name(choice_check))
         ->option_text(CLI::detail::join(names, "|"));
 }
 
