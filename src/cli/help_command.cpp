@@ -1,155 +1,234 @@
-#include <cmath>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "cli/command_tree.h"
 #include "cli/commands.h"
-#include "series/series_input.h"
-#include "short_circuit/entry.h"
-#include "short_circuit/short_circuit_fields.h"
-#include "workflow/rules/entry_rules.h"
+#include "cli/help_fields.h"
+#include "cli/help_pages.h"
+#include "platform/errors.h"
+#include "platform/text/likeness.h"
+#include "platform/text/utf8.h"
+#include "program/stores.h"
 
 namespace zel {
 namespace {
 
 using nlohmann::ordered_json;
 
-constexpr const char* fields_notes =
+constexpr const char* notes =
     "\n"
-    "Names both of the case files and, in plain English, of series and programs. An input of the\n"
-    "kind \"derived\" is one of series only: it sets fields of the case.";
+    "Without TOPIC the topics of the user guide are listed. TOPIC may be one of them, a command\n"
+    "(\"zel help db list\"), or the code of a message, of a rating or of an exit status, for which\n"
+    "cause and remedy are told (\"zel help 3044\"; below zero as it stands). Besides, there are\n"
+    "\n"
+    "  fields      the inputs by name, with kind, unit and range: names both of the case files\n"
+    "              and, in plain English, of series and programs. An input of the kind \"derived\"\n"
+    "              is one of series only: it sets fields of the case.\n"
+    "  commands    all commands; with --json each with its options\n"
+    "\n"
+    "--names prints all that TOPIC can be, one per line. With --json standard output is one\n"
+    "JSON document. The windows show the same guide by F1.\n"
+    "\n"
+    "Exit status: 0 done; 2 there is no such topic.";
 
-/// An input as a reader or a program is told of it.
-struct InputRow {
-    std::string_view area;  // "line", "short_circuit"
-    std::string field;      // empty where it is derived
-    std::string_view name;  // in English; may be empty
-    std::string_view kind;
-    std::string_view unit;
-    Limits limits;
-    Text sense;
-    Text text;
+constexpr std::size_t most_near = 6;
+
+constexpr Text head = {
+    "Themen der Anleitung (zel help THEMA zeigt eines, zel help CODE erklärt eine Meldung):",
+    "Topics of the guide (zel help TOPIC prints one, zel help CODE explains a message):"};
+constexpr Text fields_about = {"Die Eingaben mit Art, Einheit und Bereich",
+                               "The inputs with kind, unit and range"};
+constexpr Text commands_about = {"Alle Befehle", "All commands"};
+constexpr Text also_command = {"zel {0} --help zeigt die Optionen des Befehls.",
+                               "zel {0} --help tells the options of the command."};
+constexpr Text message_label = {"Meldung: ", "Message: "};
+constexpr Text cause_label = {"Ursache: ", "Cause: "};
+constexpr Text remedy_label = {"Abhilfe: ", "Remedy: "};
+constexpr Text unknown = {"zu {0} gibt es keine Hilfe; zel help zeigt alle Themen",
+                          "there is no help on {0}; zel help lists all topics"};
+constexpr Text unknown_near = {
+    "zu {0} gibt es keine Hilfe; ähnlich sind: {1}; zel help zeigt alle Themen",
+    "there is no help on {0}; near to it: {1}; zel help lists all topics"};
+
+struct HelpWords : CommonOptions {
+    std::vector<std::string> topic{};
+    bool names = false;
 };
 
-std::string_view kind_of(const FieldInfo& field) {
-    switch (field.kind) {
-        case FieldKind::Text: return "text";
-        case FieldKind::Number:
-        case FieldKind::Single: return "number";
-        case FieldKind::Whole: return "whole";
-        case FieldKind::List: return "list";
-        case FieldKind::Flag: break;
-    }
-    return "flag";
+/// What the user asks for, and all that there is.
+struct Question {
+    const HelpWords& words;
+    std::string topic;
+    HelpPages pages;
+    std::vector<CommandFacts> commands;
+};
+
+/// Of the terminal, but no longer than is good for reading.
+std::size_t line_width() {
+    constexpr std::size_t usual = 80;
+    constexpr std::size_t most = 110;
+    winsize size{};
+    if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col < 20) return usual;
+    return std::min<std::size_t>(size.ws_col, most);
 }
 
-InputRow row_of(std::string_view area, const std::string& name, const FieldInfo& field,
-                const Limits& limits) {
-    return {area,
-            name,
-            field.english_name,
-            kind_of(field),
-            field.unit_in(LangId::English),
-            limits,
-            sense_of(field.english_name),
-            long_label_of(field)};
+int tell(const Question& asked, const std::string& text, const ordered_json& document) {
+    if (asked.words.json) return print_or_fail(json_text(document));
+    return print_or_fail(printable(wrapped(text, line_width())));
 }
 
-std::vector<InputRow> inputs() {
-    std::vector<InputRow> rows;
-    for (const CaseField& field : case_fields())
-        rows.push_back(row_of("line", std::string(field.name), field, series_limits_of(field)));
-    CalcCase any;
-    for (const FieldOf& field : fields_of(any))
-        if (find_case_field(field.name) == nullptr)
-            rows.push_back(row_of("line", field.name, *field.info, Limits()));
-    for (const DerivedInput& input : derived_inputs())
-        rows.push_back({"line",
-                        {},
-                        input.name,
-                        "derived",
-                        input.unit,
-                        input.limits,
-                        sense_of(input.name),
-                        input.about});
-    for (const auto& field : short_circuit_fields()) {
-        const auto* const number = std::get_if<NumberKey>(&field.key);
-        rows.push_back(row_of("short_circuit", std::string(field.name), field,
-                              number != nullptr ? limits_of(*number) : Limits()));
-    }
-    return rows;
+std::string in_small_letters(std::string text) {
+    for (char& c : text)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return text;
 }
 
-ordered_json bound(double limit) {
-    return std::isfinite(limit) ? ordered_json(limit) : ordered_json(nullptr);
-}
-
-ordered_json both(const Text& text) { return {{"de", text.de}, {"en", text.in(LangId::English)}}; }
-
-std::string document(const std::vector<InputRow>& rows) {
-    ordered_json list = ordered_json::array();
-    for (const InputRow& row : rows)
-        list.push_back({{"area", row.area},
-                        {"field", row.field},
-                        {"name", row.name},
-                        {"kind", row.kind},
-                        {"unit", row.unit},
-                        {"low", bound(row.limits.low)},
-                        {"high", bound(row.limits.high)},
-                        {"sign", both(row.sense)},
-                        {"text", both(row.text)}});
-    return json_text({{"fields", list}});
-}
-
-std::string range_of(const Limits& limits) {
-    if (!std::isfinite(limits.low) && !std::isfinite(limits.high)) return {};
-    const auto shown = [](double limit) {
-        return std::isfinite(limit) ? exact_number(limit) : std::string();
+int tell_topics(const Question& asked) {
+    const LangId lang = asked.words.lang;
+    std::string text = std::string(head.in(lang)) + "\n\n";
+    std::size_t width = 0;
+    const auto name_of = [](const HelpTopic& topic) {
+        return std::string(2 * static_cast<std::size_t>(topic.level), ' ') + topic.name;
     };
-    return shown(limits.low) + ".." + shown(limits.high);
+    for (const HelpTopic& topic : asked.pages.topics)
+        width = std::max(width, name_of(topic).size() + 2);
+    ordered_json list = ordered_json::array();
+    const auto add = [&](const HelpTopic& topic) {
+        const std::string name = name_of(topic);
+        text += "\t" + name + std::string(width - name.size(), ' ') + topic.title + "\n";
+        list.push_back({{"topic", topic.name}, {"level", topic.level}, {"title", topic.title}});
+    };
+    for (const HelpTopic& topic : asked.pages.topics) add(topic);
+    text += "\n";
+    add({"fields", 1, std::string(fields_about.in(lang))});
+    add({"commands", 1, std::string(commands_about.in(lang))});
+    return tell(asked, text, {{"topics", list}});
 }
 
-std::string padded(std::string_view text, std::size_t width) {
-    return std::string(text) + std::string(width - std::min(width, width_of(text)), ' ') + "  ";
-}
-
-std::string page(const std::vector<InputRow>& rows, LangId lang) {
-    using Cells = std::array<std::string, 6>;
-    std::vector<Cells> lines;
-    for (const InputRow& row : rows) {
-        std::string text(row.text.in(lang));
-        // What is derived says it in its text.
-        const std::string sense = "(" + std::string(row.sense.in(lang)) + ")";
-        if (!row.sense.de.empty() && !row.field.empty() && text.find(sense) == std::string::npos)
-            text += " " + sense;
-        lines.push_back({std::string(row.name), row.field, std::string(row.kind),
-                         std::string(row.unit), range_of(row.limits), text});
+int tell_commands(const Question& asked) {
+    std::string text;
+    for (const CommandFacts& command : asked.commands) {
+        if (&command == &asked.commands.front()) continue;
+        constexpr std::size_t width = 28;
+        text += "\t" + command.path +
+                std::string(width - std::min(width - 1, command.path.size()), ' ') + command.about +
+                "\n";
     }
-    Cells::size_type last = std::tuple_size_v<Cells> - 1;
-    std::array<std::size_t, std::tuple_size_v<Cells>> widths{};
-    for (const Cells& line : lines)
-        for (std::size_t i = 0; i < line.size(); ++i)
-            widths[i] = std::max(widths[i], width_of(line[i]));
-    std::string page;
-    for (const Cells& line : lines) {
-        for (std::size_t i = 0; i < last; ++i) page += padded(line[i], widths[i]);
-        page += line[last] + "\n";
-    }
-    return page;
+    return tell(asked, text, command_document(asked.commands));
 }
 
-int tell_fields(const CommonOptions& words) {
-    const std::vector<InputRow> rows = inputs();
-    return print_or_fail(words.json ? document(rows) : printable(page(rows, words.lang)));
+std::optional<int> tell_topic(const Question& asked) {
+    const auto& topics = asked.pages.topics;
+    const auto found = std::find_if(topics.begin(), topics.end(), [&](const HelpTopic& topic) {
+        return topic.name == asked.topic;
+    });
+    if (found == topics.end()) return std::nullopt;
+    std::string text =
+        section_text(topics, static_cast<std::size_t>(std::distance(topics.begin(), found)));
+    if (find_command(asked.commands, asked.topic) != nullptr)
+        text += "\n" + fill(also_command.in(asked.words.lang), {asked.topic}) + "\n";
+    std::string plain;
+    for (const std::string& line : lines_of(text))
+        plain += (line.starts_with('\t') ? line.substr(1) : line) + "\n";
+    return tell(asked, text, {{"topic", found->name}, {"title", found->title}, {"text", plain}});
+}
+
+/// A number may be the code of more than one thing.
+std::optional<int> tell_messages(const Question& asked) {
+    const LangId lang = asked.words.lang;
+    std::string text;
+    ordered_json list = ordered_json::array();
+    for (const HelpMessage& message : asked.pages.messages) {
+        if (in_small_letters(message.code) != asked.topic) continue;
+        if (!text.empty()) text += "\n";
+        text += message.code + " (" + message.area + ")\n";
+        for (const auto& [label, said] :
+             {std::pair(message_label, message.text), std::pair(cause_label, message.cause),
+              std::pair(remedy_label, message.remedy)})
+            if (!said.empty()) text += "\n" + std::string(label.in(lang)) + said + "\n";
+        list.push_back({{"code", message.code},
+                        {"area", message.area},
+                        {"text", message.text},
+                        {"cause", message.cause},
+                        {"remedy", message.remedy}});
+    }
+    if (list.empty()) return std::nullopt;
+    return tell(asked, text, {{"messages", list}});
+}
+
+std::optional<int> tell_command(const Question& asked, CLI::App& app) {
+    const CommandFacts* found = find_command(asked.commands, asked.topic);
+    if (found == nullptr) return std::nullopt;
+    if (asked.words.json) return print_or_fail(json_text(command_document({*found})));
+    CLI::App* command = &app;
+    for (const std::string& name : asked.words.topic) command = command->get_subcommand(name);
+    const std::string path = found->path;
+    return print_or_fail(command->help(path.substr(0, path.rfind(' '))));
+}
+
+std::vector<std::string> all_names(const Question& asked) {
+    std::vector<std::string> names = {"fields", "commands"};
+    for (const HelpTopic& topic : asked.pages.topics) names.push_back(topic.name);
+    for (const CommandFacts& command : asked.commands)
+        if (const std::size_t blank = command.path.find(' '); blank != std::string::npos)
+            names.push_back(command.path.substr(blank + 1));
+    for (const HelpMessage& message : asked.pages.messages)
+        names.push_back(in_small_letters(message.code));
+    std::vector<std::string> once;
+    for (const std::string& name : names)
+        if (std::find(once.begin(), once.end(), name) == once.end()) once.push_back(name);
+    return once;
+}
+
+[[noreturn]] void refuse(const Question& asked) {
+    const std::string quoted = in_quotes(asked.topic);
+    const auto near = names_near(asked.topic, all_names(asked), most_near);
+    if (near.empty()) throw InputError(Reason(unknown, {quoted}));
+    throw InputError(Reason(unknown_near, {quoted, joined(near, ", ")}));
+}
+
+int tell_help(const HelpWords& words, CLI::App& app) {
+    const std::string topic = in_small_letters(joined(words.topic, " "));
+    if (topic == "fields" && !words.names) return tell_fields(words);
+    const Question asked = {words, topic, read_help_pages(help_folder(), words.lang),
+                            all_commands(app)};
+    if (words.names) return print_or_fail(joined(all_names(asked), "\n") + "\n");
+    if (topic.empty()) return tell_topics(asked);
+    if (topic == "commands") return tell_commands(asked);
+    if (const auto status = tell_topic(asked)) return *status;
+    if (const auto status = tell_command(asked, app)) return *status;
+    if (const auto status = tell_messages(asked)) return *status;
+    refuse(asked);
+}
+
+/// A code below zero, which looks like an option.
+bool is_number(const std::string& word) {
+    return word.size() > 1 && word.find_first_not_of("0123456789", 1) == std::string::npos;
 }
 
 }  // namespace
 
 void add_help(CommandLine& line) {
-    CLI::App& help = line.add_group("help", "What the program reads and writes", "");
-    const auto [command, words] = line.add<CommonOptions>(
-        help, "fields", "The inputs by name, with kind, unit and range", tell_fields);
+    CLI::App& app = line.app();
+    const auto [command, words] =
+        line.add<HelpWords>("help", "The user guide, a topic of it, or what a message means",
+                            [&app](const HelpWords& given) { return tell_help(given, app); });
+    command.add_option("TOPIC", words.topic, "Topic, command, or code of a message");
+    command.add_flag("--names", words.names, "Print all that TOPIC can be, one per line");
     add_json_option(command, words);
     add_language(command, words.lang, words.separator);
-    command.footer(fields_notes);
+    command.allow_extras();
+    command.parse_complete_callback([&command = command, &words = words] {
+        for (const std::string& word : command.remaining()) {
+            if (word == "--") continue;
+            if (!is_number(word)) throw CLI::ExtrasError({word});
+            words.topic.push_back(word);
+        }
+    });
+    command.footer(notes);
 }
 
 }  // namespace zel

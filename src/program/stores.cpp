@@ -43,6 +43,8 @@ LibraryPlaces library_places(const ProgramPaths& paths) {
 
 std::string document_folder() { return share_folder() / "doc/zel"; }
 
+std::string help_folder() { return share_folder() / "zel/help"; }
+
 bool JsonCaseStore::has(const std::string& path) { return file_exists(path); }
 
 FlatObject JsonCaseStore::load(const std::string& path) {

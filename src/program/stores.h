@@ -52,6 +52,9 @@ void provide_exchange_file(ProgramStores& stores);
 /// Where an installation keeps its documents.
 [[nodiscard]] std::string document_folder();
 
+/// The user guide in its forms, which the build makes: beside the conductors.
+[[nodiscard]] std::string help_folder();
+
 /// Cases in JSON files. `load` takes "-" for standard input.
 class JsonCaseStore : public CaseStore {
 public:
