@@ -19,6 +19,7 @@
 #include "desktop/frame/window_icon.h"
 #include "desktop/frame/window_memory.h"
 #include "desktop/frm_languageselect.h"
+#include "desktop/help.h"
 #include "forms/line_form.h"
 #include "platform/text/utf8.h"
 #include "shell/case_settings.h"
@@ -85,16 +86,27 @@ void set_look() {
                    stderr);
 }
 
-std::optional<LanguageChoice> ask_language(const LanguageChoice& marked) {
+/// The help has the language that is set as long as no other one is chosen.
+std::optional<LanguageChoice> ask_language(const LanguageChoice& marked, const Session& session,
+                                           Launcher& launcher,
+                                           const std::vector<std::string>& help_folders) {
+    Session asking = session;
+    asking.lang = marked.lang;
+    const Help help(asking, launcher, help_folders);
+    const HelpKey key(help);
     FrmLanguageselect form(marked);
     if (form.exec() != QDialog::Accepted) return std::nullopt;
     return form.choice();
 }
 
 /// Start-up before the first window. Boxes of it follow the language as far as it is known.
-Started start_up(const DesktopOptions& options, const DesktopPlatform& platform, Dialogs& dialogs) {
+Started start_up(const DesktopOptions& options, const DesktopPlatform& platform, Dialogs& dialogs,
+                 Launcher& launcher) {
+    const Session session = {{LangId::English, options.separator}, RunMode::Messages, dialogs};
     StartupPlatform startup{platform.system, dialogs, options.separator, options.lang};
-    startup.ask_language = ask_language;
+    startup.ask_language = [&](const LanguageChoice& marked) {
+        return ask_language(marked, session, launcher, platform.help_folders);
+    };
     startup.start_companion = platform.start_companion;
     startup.printers = &platform.printers;
     return S00_Start_Programminitialisierung(platform.settings, startup, true);
@@ -124,7 +136,7 @@ int run_desktop(int& argc, char** argv, DesktopOptions options, DesktopPlatform 
     QtDialogs dialogs;
     QtFileChooser chooser;
     QtLauncher launcher;
-    Started started = start_up(options, platform, dialogs);
+    Started started = start_up(options, platform, dialogs, launcher);
     if (started.end != StartEnd::Ready) return exit_status_of(started.end);
     DesktopState state{forms::case_for_form(std::move(options.start_case)),
                        {started.lang, options.separator, RunMode::Messages, dialogs},

@@ -59,7 +59,8 @@ FormMain::FormMain(DesktopState& state)
       ks_form1_(area_parts(), state.short_circuit, state.program.short_circuit_short_name,
                 make_conductors(), state.files),
       frm_mess_01_(measuring_parts()),
-      help_menu_(state.session, state.launcher, state.help_folders),
+      help_(state.session, state.launcher, state.help_folders),
+      help_key_(help_),
       drops_({this, &form1_, &ks_form1_, &frm_mess_01_},
              [this](const std::string& path, const QWidget& on) { open_file(path, &on); }),
       shown_full_screen_(full_screen()) {
@@ -75,9 +76,9 @@ FormMain::FormMain(DesktopState& state)
     add_settings(form1_, MenuWindow::Form1, &form1_.language_menu());
     add_settings(ks_form1_, MenuWindow::KS_Form1, &ks_form1_.language_menu());
     add_language_menu(*menuBar(), captions_, [this](LangId lang) { switch_language(lang); });
-    for (QMainWindow* window : std::initializer_list<QMainWindow*>{this, &form1_})
-        help_menu_.add_to(*window->menuBar(), captions_, "mBenutzerhandbuch");
-    help_menu_.add_to(*ks_form1_.menuBar(), captions_, "mKS_Benutzerhandbuch");
+    for (QMainWindow* window :
+         std::initializer_list<QMainWindow*>{this, &form1_, &ks_form1_, &frm_mess_01_})
+        add_help_menu(*window->menuBar(), captions_, help_);
     state_.settings.changed = [this] { apply_settings(); };
     setCentralWidget(make_content());
     set_qt_language(state_.session.lang);

@@ -68,7 +68,8 @@ private:
     short_circuit::KsForm1 ks_form1_;
     FrmMess01 frm_mess_01_;
     std::vector<std::unique_ptr<SettingsMenu>> settings_menus_;
-    HelpMenu help_menu_;
+    Help help_;
+    HelpKey help_key_;
     FileDrops drops_;
     bool shown_full_screen_ = false;  // what the windows follow now
 };

@@ -59,7 +59,7 @@ int open_windows(int& argc, char** argv, const DesktopWords& words) {
                         settings,
                         stores.system,
                         stores.paths.data_folder,
-                        {stores.paths.data_folder, document_folder()},
+                        {stores.paths.data_folder, document_folder(), help_folder()},
                         [&stores, &options] { start_companion(stores, options.lang); },
                         stores.disk,
                         printers,

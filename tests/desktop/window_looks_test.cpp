@@ -7,6 +7,7 @@
 
 #include "desktop/desktop_fixture.h"
 #include "desktop/frm_languageselect.h"
+#include "desktop/help.h"
 #include "desktop/window_checks.h"
 #include "fakes/short_circuit_cases.h"
 #include "fakes/transient_cases.h"
@@ -134,6 +135,8 @@ protected:
         EXPECT_THAT(cut_texts(seen), IsEmpty());
         EXPECT_THAT(nameless_controls(seen), IsEmpty());
         EXPECT_THAT(shared_keys(seen, shared_key), IsEmpty());
+        const std::string topic = help_topic(seen);
+        EXPECT_NE(guide.find("{#" + topic + "}"), std::string::npos) << topic;
         const QString folder = qEnvironmentVariable("ZEL_PICTURES");
         if (folder.isEmpty()) return;
         ASSERT_TRUE(QDir().mkpath(folder));
@@ -196,6 +199,7 @@ protected:
         EXPECT_TRUE(seen) << "nothing came up";
     }
 
+    const std::string guide = shipped_file("../docs/user-guide.en.md");
     static constexpr QSize frame{16, 48};  // of the window system, around a window
 
 private:

@@ -17,6 +17,7 @@
 
 #include "desktop/batch/wrong_cell_list.h"
 #include "desktop/frame/events.h"
+#include "desktop/frame/help_page.h"
 #include "desktop/frame/sheet_saving.h"
 #include "desktop/frame/widgets.h"
 #include "excel_batch/batch_texts.h"
@@ -92,6 +93,7 @@ std::string folder_of_path(const std::string& path) { return path.substr(0, path
 FrmExcelIO::FrmExcelIO(QWidget* parent, DesktopState& state, ExcelMode mode)
     : QDialog(parent), state_(state), mode_(mode) {
     setObjectName("frm_excel_IO");
+    setProperty(help_page, static_cast<int>(mode));
     // Nothing may change under a run.
     setWindowModality(Qt::ApplicationModal);
     setWindowTitle(qt(mode == ExcelMode::Steady ? steady_title : transient_title, lang()));

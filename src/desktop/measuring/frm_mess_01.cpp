@@ -33,8 +33,8 @@ constexpr Text duration_caption = {"Messzyklusdauer", "Length of the measuring c
 constexpr Text duration_hint = {"Die Auswahl wird aufbewahrt; jeder Zyklus dauert eine Minute.",
                                 "The choice is kept; every cycle takes one minute."};
 constexpr Text inputs_caption = {"Angaben zur Messung", "Inputs of the measurement"};
-constexpr Text height_label = {"&Höhendifferenz Meßkopf - Seil:",
-                               "&Height difference head - conductor:"};
+constexpr Text height_label = {"Höhen&differenz Meßkopf - Seil:",
+                               "Height &difference head - conductor:"};
 constexpr Text identification_label = {"&Kennung:", "&Identification:"};
 constexpr Text remaining_label = {"Restdauer:", "Remaining time:"};
 constexpr Text remaining_text = {"noch {0} s, {1} Messwerte", "{0} s left, {1} samples"};
