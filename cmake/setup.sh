@@ -6,11 +6,12 @@
 build_packages=(g++ cmake ninja-build ccache pkg-config nlohmann-json3-dev
     libcli11-dev libpugixml-dev libzip-dev libxlsxwriter-dev libsqlite3-dev
     libsqlitecpp-dev mdbtools-dev libhowardhinnant-date-dev libssl-dev qt6-base-dev qt6-svg-dev libcups2-dev libqpdf-dev
-    qt6-translations-l10n fonts-liberation)
+    qt6-translations-l10n fonts-liberation pandoc python3)
 python_packages=(pybind11-dev python3-dev python3-numpy)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev clang-format poppler-utils
     "${python_packages[@]}" python3-pandas python3-xarray python3-pytest python3-distributed mypy)
 tidy_packages=(clang-tidy)
+guide_packages=(weasyprint)
 
 set_up_failed=4 # exit status; 1 to 3 are those of zel
 
@@ -93,8 +94,8 @@ install_packages() {
 }
 
 # build PRESET PARTS [TARGETS]: configures where that is needed, then builds. PARTS are those of
-# ZEL_TESTS and ZEL_PYTHON that are wanted, or nothing: a build without them needs none of their
-# packages, and the first one that wants them turns them on.
+# ZEL_TESTS, ZEL_PYTHON and ZEL_GUIDE that are wanted, or nothing: a build without them needs none of
+# their packages, and the first one that wants them turns them on.
 build() {
     local preset=$1 folder=build/$1 cache='' configure=() parts=() part
     [[ ! -f $folder/build.ninja ]] || cache=$(<"$folder/CMakeCache.txt")
@@ -104,7 +105,7 @@ build() {
     done
     if [[ $cache != *$'\n'"CMAKE_HOME_DIRECTORY:INTERNAL=$PWD"$'\n'* ]]; then
         configure=(cmake --fresh) # nothing there yet, or the clone was moved
-        for part in ZEL_TESTS ZEL_PYTHON; do
+        for part in ZEL_TESTS ZEL_PYTHON ZEL_GUIDE; do
             [[ " $2 " == *" $part "* ]] || parts+=("-D$part=OFF")
         done
     fi
