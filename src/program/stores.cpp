@@ -43,8 +43,6 @@ LibraryPlaces library_places(const ProgramPaths& paths) {
 
 std::string document_folder() { return share_folder() / "doc/zel"; }
 
-std::string help_folder() { return share_folder() / "zel/help"; }
-
 bool JsonCaseStore::has(const std::string& path) { return file_exists(path); }
 
 FlatObject JsonCaseStore::load(const std::string& path) {
@@ -80,5 +78,7 @@ std::string XlsxStore::real_path(const std::string& path) {
     const std::filesystem::path real = std::filesystem::weakly_canonical(path, failed);
     return failed ? path : real.string();
 }
+
+std::string help_folder() { return library_places({}).shipped_folder + "/help"; }
 
 }  // namespace zel

@@ -52,9 +52,6 @@ void provide_exchange_file(ProgramStores& stores);
 /// Where an installation keeps its documents.
 [[nodiscard]] std::string document_folder();
 
-/// The user guide in its forms, which the build makes: beside the conductors.
-[[nodiscard]] std::string help_folder();
-
 /// Cases in JSON files. `load` takes "-" for standard input.
 class JsonCaseStore : public CaseStore {
 public:
@@ -74,5 +71,8 @@ public:
     /// `path` from the root on, links followed.
     [[nodiscard]] static std::string real_path(const std::string& path);
 };
+
+/// Where the user guide lies in its forms, which the build makes: beside the shipped conductors.
+[[nodiscard]] std::string help_folder();
 
 }  // namespace zel
