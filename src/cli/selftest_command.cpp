@@ -1,7 +1,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/commands.h"
-#include "program/stores.h"
+#include "program/places.h"
 #include "validation/validation_text.h"
 
 namespace zel {
