@@ -1,0 +1,84 @@
+#!/usr/bin/env bash
+# What packaging/try_in_bare_root.sh does within the root, where /try holds the package. What is seen
+# goes to /try/seen.
+set -euo pipefail
+export DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8
+seen=/try/seen
+mkdir -p "$seen"
+exec > >(tee "$seen/told.txt") 2>&1
+
+step() { printf '\n== %s\n' "$*"; }
+quiet() { "$@" >"$seen/log" 2>&1 || { tail -n 30 "$seen/log" && return 1; }; }
+# A user who is no administrator, at home.
+planner=(setpriv --reuid=planner --regid=planner --init-groups
+    env -C /home/planner HOME=/home/planner USER=planner)
+user() { "${planner[@]}" "$@"; }
+files() {
+    find / -xdev \( -path /proc -o -path /sys -o -path /dev -o -path /tmp -o -path /try -o \
+        -path /run -o -path /var/cache -o -path /var/log -o -path /var/lib/apt -o \
+        -path /var/lib/dpkg \) -prune -o -print | sort
+}
+purge() {
+    quiet apt-get purge -y zel
+    quiet apt-get autoremove --purge -y
+    ! dpkg-query -W zel 2>/dev/null
+}
+
+useradd --create-home planner
+files >"$seen/files_before"
+
+step "$(. /etc/os-release && echo "$PRETTY_NAME"), $(dpkg-query -f '.\n' -W | wc -l) packages: apt install"
+quiet apt-get install -y /try/zel_*.deb
+dpkg-query -W -f '${Package} ${Version}, ${Installed-Size} KiB, ${db:Status-Status}\n' zel
+
+step 'in the terminal'
+examples=/usr/share/zel/examples
+user zel --version
+user zel steady $examples/380kV-twin-264-34.json | grep -e bundle -e 'TB 601'
+user zel picture balance $examples/380kV-twin-264-34.json --method TB601 -o balance.svg
+user /usr/bin/python3 $examples/first_ratings.py
+
+step 'removed'
+purge
+files >"$seen/files_after"
+left=$(comm -13 "$seen/files_before" "$seen/files_after")
+printf '%s\n' "$left" | sed 's/^/left: /'
+! grep -v '^/home/planner/' <<<"$left" || { echo 'the package leaves more than the files of the user' && exit 1; }
+
+step 'the window, by the entry of the menu'
+quiet apt-get install -y /try/zel_*.deb
+dpkg -L zel | sort >"$seen/files_of_package"
+quiet apt-get install -y --no-install-recommends \
+    xvfb openbox xdotool scrot libglib2.0-bin netsurf-gtk
+mkdir -p -m 1777 /tmp/.X11-unix
+"${planner[@]}" Xvfb -displayfd 1 -screen 0 1400x1000x24 >/tmp/display 2>/dev/null &
+screen=$!
+until [[ -s /tmp/display ]]; do sleep 0.2; done
+DISPLAY=:$(</tmp/display)
+export DISPLAY
+"${planner[@]}" openbox 2>/dev/null &
+user gio launch /usr/share/applications/zel.desktop
+
+# look TITLE NAME: waits for a window of this title and keeps a picture of the screen.
+look() {
+    user timeout 60 xdotool search --sync --onlyvisible --name "$1" >/dev/null
+    sleep 2
+    user scrot --overwrite "/tmp/$2.png"
+    mv "/tmp/$2.png" "$seen"
+    echo "$2.png: $(user xdotool getactivewindow getwindowname)"
+}
+
+look 'Select Language' language
+user xdotool key Return
+look 'VOR' start
+user xdotool key F1
+sleep 10
+look '' help
+
+step 'removed'
+kill "$screen" # and with it all that has windows on it
+purge
+while read -r path; do
+    [[ ! -e $path || -d $path ]] || { echo "left: $path" && exit 1; }
+done <"$seen/files_of_package"
+find /home/planner -type f | sort
