@@ -2,6 +2,7 @@
 
 #include "cli/commands.h"
 #include "program/places.h"
+#include "program/stores.h"
 #include "validation/validation_text.h"
 
 namespace zel {
