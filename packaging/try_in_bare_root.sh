@@ -15,7 +15,8 @@ mkdir -p -- "$out"
 
 # The root lives as long as the hooks run. A step that fails is told, and what was seen is kept.
 mmdebstrap --variant=minbase --format=null \
-    --customize-hook="mkdir \"\$1\"/try && copy-in '$package' packaging/try_inside.sh /try" \
+    --customize-hook='mkdir -p "$1"/try/seen' \
+    --customize-hook="copy-in '$package' packaging/try_inside.sh /try" \
     --customize-hook='chroot "$1" bash /try/try_inside.sh || touch "$1"/try/seen/failed' \
     --customize-hook="sync-out /try/seen '$out'" \
     bookworm - >/dev/null

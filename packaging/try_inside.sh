@@ -3,33 +3,32 @@
 # goes to /try/seen.
 set -euo pipefail
 export DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8
+rm -f /etc/apt/apt.conf.d/00mmdebstrap # would leave out what is recommended
+echo force-unsafe-io >/etc/dpkg/dpkg.cfg.d/quick
 seen=/try/seen
 mkdir -p "$seen"
 exec > >(tee "$seen/told.txt") 2>&1
 
 step() { printf '\n== %s\n' "$*"; }
 quiet() { "$@" >"$seen/log" 2>&1 || { tail -n 30 "$seen/log" && return 1; }; }
-# A user who is no administrator, at home.
-planner=(setpriv --reuid=planner --regid=planner --init-groups
-    env -C /home/planner HOME=/home/planner USER=planner)
-user() { "${planner[@]}" "$@"; }
+packages() { dpkg-query -W -f '${Package}\n' | sort; }
 files() {
     find / -xdev \( -path /proc -o -path /sys -o -path /dev -o -path /tmp -o -path /try -o \
         -path /run -o -path /var/cache -o -path /var/log -o -path /var/lib/apt -o \
         -path /var/lib/dpkg \) -prune -o -print | sort
 }
-purge() {
-    quiet apt-get purge -y zel
-    quiet apt-get autoremove --purge -y
-    ! dpkg-query -W zel 2>/dev/null
-}
-
+# A user who is no administrator, at home.
+planner=(setpriv --reuid=planner --regid=planner --init-groups
+    env -C /home/planner HOME=/home/planner USER=planner)
+user() { "${planner[@]}" "$@"; }
 useradd --create-home planner
-files >"$seen/files_before"
 
-step "$(. /etc/os-release && echo "$PRETTY_NAME"), $(dpkg-query -f '.\n' -W | wc -l) packages: apt install"
+step "$(. /etc/os-release && echo "$PRETTY_NAME") with $(packages | wc -l) packages: apt install"
+packages >"$seen/packages_before"
 quiet apt-get install -y /try/zel_*.deb
 dpkg-query -W -f '${Package} ${Version}, ${Installed-Size} KiB, ${db:Status-Status}\n' zel
+dpkg -L zel | sort >"$seen/files_of_package"
+files | comm -23 - "$seen/files_of_package" >"$seen/files_of_others"
 
 step 'in the terminal'
 examples=/usr/share/zel/examples
@@ -38,16 +37,18 @@ user zel steady $examples/380kV-twin-264-34.json | grep -e bundle -e 'TB 601'
 user zel picture balance $examples/380kV-twin-264-34.json --method TB601 -o balance.svg
 user /usr/bin/python3 $examples/first_ratings.py
 
+# What is there now and was not without the package, but for the files of the user. What its scripts
+# may have made bears its name.
+left() {
+    { files | comm -13 "$seen/files_of_others" - && files | grep -i -e zel -e /vor; } |
+        grep -v '^/home/planner' | sort -u
+}
 step 'removed'
-purge
-files >"$seen/files_after"
-left=$(comm -13 "$seen/files_before" "$seen/files_after")
-printf '%s\n' "$left" | sed 's/^/left: /'
-! grep -v '^/home/planner/' <<<"$left" || { echo 'the package leaves more than the files of the user' && exit 1; }
+quiet apt-get purge -y zel
+! left | sed 's/^/left: /' | grep . || { echo 'the package leaves more than the files of the user' && exit 1; }
 
 step 'the window, by the entry of the menu'
 quiet apt-get install -y /try/zel_*.deb
-dpkg -L zel | sort >"$seen/files_of_package"
 quiet apt-get install -y --no-install-recommends \
     xvfb openbox xdotool scrot libglib2.0-bin netsurf-gtk
 mkdir -p -m 1777 /tmp/.X11-unix
@@ -59,26 +60,26 @@ export DISPLAY
 "${planner[@]}" openbox 2>/dev/null &
 user gio launch /usr/share/applications/zel.desktop
 
-# look TITLE NAME: waits for a window of this title and keeps a picture of the screen.
+# look TITLE NAME: waits for a window with this in its title and keeps a picture of the screen.
 look() {
     user timeout 60 xdotool search --sync --onlyvisible --name "$1" >/dev/null
-    sleep 2
+    sleep 3
     user scrot --overwrite "/tmp/$2.png"
     mv "/tmp/$2.png" "$seen"
     echo "$2.png: $(user xdotool getactivewindow getwindowname)"
 }
-
 look 'Select Language' language
 user xdotool key Return
 look 'VOR' start
 user xdotool key F1
-sleep 10
-look '' help
+look '.' help
 
 step 'removed'
 kill "$screen" # and with it all that has windows on it
-purge
-while read -r path; do
-    [[ ! -e $path || -d $path ]] || { echo "left: $path" && exit 1; }
-done <"$seen/files_of_package"
-find /home/planner -type f | sort
+quiet apt-get purge -y zel
+! files | grep -e '/zel' | grep -v '^/home/planner' || exit 1
+echo 'files of the user:'
+find /home/planner -type f -newer "$seen/packages_before" | sort
+quiet apt-get autoremove --purge -y
+echo "packages more than before, after apt autoremove:"
+packages | comm -13 "$seen/packages_before" - | paste -sd ' '
