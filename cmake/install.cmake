@@ -8,9 +8,10 @@ install(FILES ${validation_files} DESTINATION ${ZEL_DATA_FOLDER}/validation)
 install(FILES ${examples} DESTINATION ${ZEL_DATA_FOLDER}/examples)
 install(FILES docs/zel.1 DESTINATION share/man/man1)
 
-# What a user reads; how the program is made stands with its sources.
+# What a user reads; how the program is made stands with its sources, and what is made of the guide
+# with the help.
 file(GLOB documents CONFIGURE_DEPENDS docs/*.md)
-list(FILTER documents EXCLUDE REGEX "/(adding|architecture|numerics|packaging)\\.md$")
+list(FILTER documents EXCLUDE REGEX "/(adding|architecture|user-guide\\.[a-z]+)\\.md$")
 install(FILES ${documents} DESTINATION share/doc/zel)
 install(DIRECTORY docs/pictures DESTINATION share/doc/zel)
 
