@@ -12,7 +12,9 @@ cd -P -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")/.."
 source cmake/setup.sh
 install_packages mmdebstrap
 mkdir -p -- "$out"
+rm -f -- "$out/failed"
 
+# shellcheck disable=SC2016 # the shell of the hooks expands these
 # The root lives as long as the hooks run. A step that fails is told, and what was seen is kept.
 mmdebstrap --variant=minbase --format=null \
     --customize-hook='mkdir -p "$1"/try/seen' \

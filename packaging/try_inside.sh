@@ -57,7 +57,7 @@ step 'the window, by the entry of the menu'
 quiet apt-get install -y --no-install-recommends \
     xvfb openbox xdotool scrot libglib2.0-bin netsurf-gtk
 install_zel
-mkdir -p -m 1777 /tmp/.X11-unix
+install -d -m 1777 /tmp/.X11-unix
 "${planner[@]}" Xvfb -displayfd 1 -screen 0 1400x1000x24 >/tmp/display 2>/dev/null &
 screen=$!
 until [[ -s /tmp/display ]]; do sleep 0.2; done
