@@ -78,6 +78,7 @@ look 'Select Language' language
 user xdotool key Return
 look 'VOR' start
 user xdotool key F1
+sleep 20 # a browser starts, is led to the guide and lays it out
 look NetSurf help
 
 step 'removed'
