@@ -7,7 +7,7 @@
 
 #include "adapters/json/flat_json.h"
 #include "adapters/posix/descriptor.h"
-#include "adapters/posix/posix_files.h"
+#include "program/places.h"
 
 namespace zel {
 
@@ -42,7 +42,7 @@ void add_conductor_option(CLI::App& command, CommonOptions& options) {
 }
 
 int become_program(const char* name, char** words, const Text& failure, LangId lang) {
-    const std::string program = program_folder() + "/" + name;
+    const std::string program = helper_program(name);
     ::execv(program.c_str(), words);
     const Reason reason = at(program, system_reason(errno));
     Console::tell_reason(fill(failure.in(lang), {reason.in(lang)}));

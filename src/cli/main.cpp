@@ -1,6 +1,7 @@
 #include <string>
 
 #include "cli/commands.h"
+#include "shell/linked_libraries.h"
 #include "shell/program_texts.h"
 
 namespace zel {
@@ -22,7 +23,7 @@ constexpr void (*commands[])(CommandLine&) = {
 int run(int argc, char** argv) {
     CLI::App app(std::string(short_name.en) + " - " + std::string(long_title.en) + "\n\n" + about,
                  "zel");
-    app.set_version_flag("--version", std::string(short_name.en));
+    app.set_version_flag("--version", fill("{0}, release {1}", {short_name.en, release_number()}));
     app.footer(std::string("\n\"zel COMMAND --help\" tells the options of a command.\n\n") +
                exit_statuses);
     app.require_subcommand(0, 1);

@@ -1,6 +1,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/commands.h"
+#include "program/places.h"
 #include "program/stores.h"
 #include "validation/validation_text.h"
 

@@ -19,6 +19,7 @@ namespace {
 
 constexpr Text title = {"Info zu {0}", "About {0}"};
 constexpr Text version_line = {"{0} vom {1}", "{0} of {1}"};
+constexpr Text release_line = {"Ausgabe {0}", "Release {0}"};
 constexpr Text built_with = {"Gebaut mit diesen Bibliotheken :", "Built with these libraries :"};
 constexpr Text heads[] = {
     {"Bibliothek", "Library"}, {"Version"}, {"Lizenz", "Licence"}, {"Zweck", "Purpose"}};
@@ -61,7 +62,8 @@ void show_about(QWidget* parent, LangId lang) {
     name->setText(qt(short_name, lang));
     QLabel* what = plain_label(qt(long_title, lang));
     QLabel* dated = plain_label(qt(fill(version_line.in(lang), {version.in(lang), program_date})));
-    for (QLabel* line : {name, what, dated, plain_label(qt(built_with, lang))}) {
+    QLabel* release = plain_label(qt(fill(release_line.in(lang), {release_number()})));
+    for (QLabel* line : {name, what, dated, release, plain_label(qt(built_with, lang))}) {
         line->setWordWrap(true);
         line->setTextInteractionFlags(Qt::TextSelectableByMouse);
         layout->addWidget(line);

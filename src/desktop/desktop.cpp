@@ -80,6 +80,7 @@ void set_look() {
         palette.setColor(QPalette::Disabled, text, greyed);
     QApplication::setPalette(palette);
     QApplication::setWindowIcon(window_icon());
+    QApplication::setDesktopFileName(QStringLiteral("zel"));  // names the windows in panels
     if (QFontDatabase::families().isEmpty() || QFontInfo(font).family().isEmpty())
         std::fputs("zel: no font is installed, texts cannot be read; "
                    "the package fonts-liberation has one\n",

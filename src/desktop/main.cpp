@@ -7,6 +7,7 @@
 #include "program/case_source.h"
 #include "program/command_line.h"
 #include "program/database_files.h"
+#include "program/places.h"
 #include "program/print_time.h"
 #include "program/stores.h"
 #include "shell/startup.h"

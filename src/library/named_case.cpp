@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 
 #include "adapters/json/flat_json.h"
 #include "adapters/posix/posix_files.h"
@@ -30,20 +29,14 @@ constexpr Text no_conductors = {
 /// Where the shipped conductors stand: a build and an installation have them at share/zel, one to
 /// three folders above this library.
 std::string shipped_folder() {
-    namespace fs = std::filesystem;
     if (const char* named = std::getenv("ZEL_DATA")) return named;  // NOLINT(concurrency-mt-unsafe)
     Dl_info info{};
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): any place of this library
     if (dladdr(reinterpret_cast<const void*>(&open_conductors), &info) == 0)
         throw InputError(Reason(no_conductors));
-    std::error_code failed;
-    fs::path above = fs::weakly_canonical(info.dli_fname, failed).parent_path();
-    for (int i = 0; i < 3; ++i) {
-        above = above.parent_path();
-        const fs::path folder = above / "share/zel";
-        if (fs::exists(folder / "conductors.csv", failed)) return folder.string();
-    }
-    throw InputError(Reason(no_conductors));
+    const std::string folder = folder_above(info.dli_fname, "share/zel/conductors.csv");
+    if (folder.empty()) throw InputError(Reason(no_conductors));
+    return folder + "/share/zel";
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ typedef enum zel_method {
     ZEL_KIRN = 4   /* Kirn (1987) */
 } zel_method;
 
-/* "8.2"; the interface that the library was built with. */
+/* The release, such as "1.2.3"; the interface that the library was built with. */
 ZEL_API const char* zel_version(void);
 ZEL_API int zel_interface(void);
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "adapters/posix/posix_files.h"
+#include "program/places.h"
 
 namespace zel {
 namespace {
@@ -22,7 +22,7 @@ std::string beginning_of(const std::string& path) {
 
 }  // namespace
 
-DatabaseFiles::DatabaseFiles() : access_(program_folder() + "/zel-access-reader") {}
+DatabaseFiles::DatabaseFiles() : access_(helper_program("zel-access-reader")) {}
 
 std::unique_ptr<Database> DatabaseFiles::open(const std::string& path) {
     return begins_as_access_file(beginning_of(path)) ? access_.open(path) : own_.open(path);

@@ -9,6 +9,7 @@
 #include "adapters/xlsx/xlsx_workbook.h"
 #include "persistence/conductor_link.h"
 #include "platform/errors.h"
+#include "program/places.h"
 
 namespace zel {
 
@@ -16,13 +17,8 @@ namespace {
 
 void start_companion(ProgramStores& stores) {
     make_folder(stores.paths.data_folder);
-    create_companion_files(stores.disk, stores.paths.companion_folder, program_folder() + "/zel",
+    create_companion_files(stores.disk, stores.paths.companion_folder, program_of_user(),
                            stores.shared);
-}
-
-/// Beside the folder of the programs, of a build as of an installation.
-std::filesystem::path share_folder() {
-    return std::filesystem::path(program_folder()).parent_path() / "share";
 }
 
 }  // namespace
@@ -35,13 +31,9 @@ void provide_exchange_file(ProgramStores& stores) {
     if (lacks_companion_files(stores.shared)) start_companion(stores);
 }
 
-std::string shipped_folder() { return share_folder() / "zel"; }
-
 LibraryPlaces library_places(const ProgramPaths& paths) {
     return {shipped_folder(), paths.data_folder + "/conductors.csv"};
 }
-
-std::string document_folder() { return share_folder() / "doc/zel"; }
 
 bool JsonCaseStore::has(const std::string& path) { return file_exists(path); }
 

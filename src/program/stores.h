@@ -41,16 +41,9 @@ void start_companion_once(ProgramStores& stores);
 /// make one.
 void provide_exchange_file(ProgramStores& stores);
 
-/// Where the shipped data stand: share/zel beside the folder of the program, of a build as of an
-/// installation.
-[[nodiscard]] std::string shipped_folder();
-
-/// Where the conductors of the library stand: the shipped ones in share/zel beside the folder of
-/// the program (of a build as of an installation), the user's own in the data folder.
+/// Where the conductors of the library stand: the shipped ones in share/zel, the user's own in the
+/// data folder.
 [[nodiscard]] LibraryPlaces library_places(const ProgramPaths& paths);
-
-/// Where an installation keeps its documents.
-[[nodiscard]] std::string document_folder();
 
 /// Cases in JSON files. `load` takes "-" for standard input.
 class JsonCaseStore : public CaseStore {

@@ -64,6 +64,8 @@ constexpr LinkedLibrary libraries[] = {
 
 }  // namespace
 
+std::string_view release_number() { return ZEL_RELEASE; }
+
 std::span<const LinkedLibrary> linked_libraries() { return libraries; }
 
 }  // namespace zel

@@ -5,7 +5,13 @@
 
 #include "platform/text/text.h"
 
+// What a build consists of.
+
 namespace zel {
+
+/// The number of the release, such as "1.2.3". The version in the names of the program and of its
+/// folders is another one and does not change with it.
+[[nodiscard]] std::string_view release_number();
 
 /// A library that the program is linked with.
 struct LinkedLibrary {

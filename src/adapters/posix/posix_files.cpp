@@ -29,4 +29,15 @@ std::string program_folder() {
     return failed ? std::string() : program.parent_path().string();
 }
 
+std::string folder_above(const std::string& file, std::string_view inside) {
+    constexpr int farthest = 3;
+    std::error_code failed;
+    std::filesystem::path folder = std::filesystem::weakly_canonical(file, failed).parent_path();
+    for (int i = 0; i < farthest; ++i) {
+        folder = folder.parent_path();
+        if (std::filesystem::exists(folder / inside, failed)) return folder.string();
+    }
+    return {};
+}
+
 }  // namespace zel

@@ -22,4 +22,8 @@ private:
 /// The folder of the running program's own file; empty where the system does not tell it.
 [[nodiscard]] std::string program_folder();
 
+/// The nearest folder, one to three above that of `file`, in which `inside` exists; empty where
+/// there is none. Links of `file` are followed.
+[[nodiscard]] std::string folder_above(const std::string& file, std::string_view inside);
+
 }  // namespace zel

@@ -4,7 +4,7 @@
 
 namespace zel {
 
-/// The program's icon: a line sagging between two towers under the sun.
+/// The program's icon, zel.svg, in the usual sizes. An installation has the same file for menus.
 [[nodiscard]] QIcon window_icon();
 
 }  // namespace zel
