@@ -1,11 +1,11 @@
 """Lets the calls of the program fail one after the other while it writes each kind of its files, and
 kills it at random moments; afterwards each file has to be the old one or the new one, whole.
 
-    faults.py --bin FOLDER --calls LIBRARY [--full] [--kills N] [--seed S] [--table FILE] [THING ...]
+    faults.py --bin FOLDER --calls LIBRARY [THING ...] [--most N] [--kills [N]] [--seed S] [--table FILE]
 
-THINGS tells what each is written by. Without --full, or ZEL_ALL_FAULTS in the environment, many
-calls of a kind are tried in steps.
---kills ends runs at random moments instead. --table adds a row per thing to a table in Markdown.
+THINGS tells what each is written by. Of more calls of a kind than --most, or ZEL_MOST_FAULTS in the
+environment, only that many are tried, in even steps. --kills kills as many runs, or ZEL_KILLS of the
+environment, at random moments instead. --table makes a table in Markdown with a row for each thing.
 """
 
 import argparse
@@ -52,7 +52,8 @@ SWEEPS = [
     ("disk", KILL, False),
     ("memory", errno.ENOMEM, False),
 ]
-MOST_CALLS = {False: 16, True: 1000}  # of a kind; more are tried in even steps
+FEW_CALLS = 16
+FEW_KILLS = 10
 # As what the engine of databases sees a failure: no right to write, no sound page.
 ENGINE = (os.strerror(errno.EACCES), os.strerror(errno.EIO), "can only be read", "is malformed",
           "unable to open database file", "have lost data")
@@ -308,9 +309,9 @@ class Trial:
         return (*verdict, process.returncode == -signal.SIGKILL)
 
 
-def sweep(trial, call, error, stays, full):
+def sweep(trial, call, error, stays, most):
     """Lets the calls of a kind fail one after the other; gives what became of the files."""
-    count, most = trial.calls(call), MOST_CALLS[full]
+    count = trial.calls(call)
     numbers = range(1, count + 1)
     if count > most:
         numbers = [1 + (count - 1) * step // (most - 1) for step in range(most)]
@@ -318,10 +319,18 @@ def sweep(trial, call, error, stays, full):
 
 
 def kills(trial, options, name):
+    """Runs until as many were killed; one that came to its end before does not count."""
     moments = random.Random(f"{options.seed} {name}")
-    for _ in range(options.kills):
-        became, wrong, killed = trial.kill(moments.uniform(0, trial.seconds * 1.05))
-        yield became, wrong, killed
+    killed = 0
+    while killed < options.kills:
+        became, wrong, hit = trial.kill(moments.uniform(0, trial.seconds))
+        killed += hit
+        if hit or wrong:
+            yield became, wrong
+
+
+def ends_of(tried):
+    return [str(tried.count(became)) for became in ("old", "new", "lost")]
 
 
 def try_thing(name, options):
@@ -330,19 +339,18 @@ def try_thing(name, options):
         trial = Trial(name, options, pathlib.Path(scratch))
         if options.kills:
             found = list(kills(trial, options, name))
-            wrongs = [wrong for _, wrong, _ in found if wrong]
-            rows.append([name, f"{1000 * trial.seconds:.0f} ms", str(sum(f[2] for f in found))] +
-                        [str(sum(f[0] == became for f in found)) for became in ("old", "new", "lost")])
+            wrongs = [wrong for _, wrong in found if wrong]
+            rows.append([name.replace("_", " "), f"{1000 * trial.seconds:.0f} ms", str(len(found))] + ends_of(
+                [became for became, _ in found]))
         else:
             counts = {}
             for call, error, stays in SWEEPS:
-                for became, wrong in sweep(trial, call, error, stays, options.full):
+                for became, wrong in sweep(trial, call, error, stays, options.most):
                     key = "kill" if error == KILL else "network" if error == errno.ESTALE else call
                     counts.setdefault(key, []).append(became)
                     wrongs += [wrong] if wrong else []
             tried = [became for all_of in counts.values() for became in all_of]
-            rows.append([name] + [str(len(counts.get(key, ()))) for key in COLUMNS] +
-                        [str(tried.count(became)) for became in ("old", "new", "lost")])
+            rows.append([name.replace("_", " ")] + [str(len(counts.get(key, ()))) for key in COLUMNS] + ends_of(tried))
     return rows, [f"{name}: {wrong}" for wrong in wrongs]
 
 
@@ -354,8 +362,9 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--bin", type=pathlib.Path)
     parser.add_argument("--calls", type=pathlib.Path)
-    parser.add_argument("--full", action="store_true", default="ZEL_ALL_FAULTS" in os.environ)
-    parser.add_argument("--kills", type=int, default=0)
+    parser.add_argument("--most", type=int, default=os.environ.get("ZEL_MOST_FAULTS", FEW_CALLS))
+    parser.add_argument("--kills", type=int, nargs="?", default=0,
+                        const=int(os.environ.get("ZEL_KILLS", FEW_KILLS)))
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--jobs", type=int, default=1)
     parser.add_argument("--table", type=pathlib.Path)
