@@ -33,6 +33,7 @@ LINE = EXAMPLES / "380kV-twin-264-34.json"
 OTHER_LINE = EXAMPLES / "wind-100-degrees.json"
 WORKBOOK = ROOT / "tests/cli/workbooks/saved_by_openpyxl.xlsx"
 KILL = 0  # in place of an errno
+DEATHS = (-signal.SIGSEGV, -signal.SIGABRT)
 
 # A kind of call, how it fails, and whether it and what comes behind it goes on failing.
 SWEEPS = [
@@ -72,7 +73,7 @@ class Thing:
     copies: dict = dataclasses.field(default_factory=dict)
     steps: bool = False  # it writes several times, and may end behind each
     varies: bool = False  # its numbers are not the same every time
-    dies: bool = False  # a library of it does not look whether it got memory
+    dies: bool = False  # a library does not look whether it got memory: it dies, or leaves something out
 
 
 def zel(*words):
@@ -95,7 +96,7 @@ def many_rows(folder):
 
 def much_weather(folder):
     text, *rows = re.split(r"\n(?=2024)", (EXAMPLES / "weather.csv").read_text().strip())
-    for day in range(20):
+    for day in range(5):
         date = (datetime.date(2023, 1, 1) + datetime.timedelta(day)).isoformat()
         text += "".join("\n" + date + row[10:] for row in rows)
     (folder / "weather.csv").write_text(text + "\n")
@@ -257,9 +258,12 @@ class Trial:
         if became == "lost" and self.thing.steps:
             became = "old"
         wrong = ""
+        careless = self.thing.dies and call == "memory"
+        if became == "lost" and careless and result.returncode == 0:
+            return "poorer", ""
         if became == "lost":
             wrong = f"neither old nor new: {', '.join(kept)}"
-        elif result.returncode == -signal.SIGSEGV and self.thing.dies and call == "memory":
+        elif careless and result.returncode in DEATHS:
             return became, self.repeated(folder, became)
         elif not all(may_leave and LEFTOVER.search(name) or clears and name.startswith("tmp/")
                      for name in rests):
@@ -330,7 +334,7 @@ def kills(trial, options, name):
 
 
 def ends_of(tried):
-    return [str(tried.count(became)) for became in ("old", "new", "lost")]
+    return [str(tried.count(became)) for became in ENDS]
 
 
 def try_thing(name, options):
@@ -340,8 +344,8 @@ def try_thing(name, options):
         if options.kills:
             found = list(kills(trial, options, name))
             wrongs = [wrong for _, wrong in found if wrong]
-            rows.append([name.replace("_", " "), f"{1000 * trial.seconds:.0f} ms", str(len(found))] + ends_of(
-                [became for became, _ in found]))
+            rows.append([name.replace("_", " "), f"{1000 * trial.seconds:.0f} ms", str(len(found)),
+                         *ends_of([became for became, _ in found])])
         else:
             counts = {}
             for call, error, stays in SWEEPS:
@@ -350,10 +354,12 @@ def try_thing(name, options):
                     counts.setdefault(key, []).append(became)
                     wrongs += [wrong] if wrong else []
             tried = [became for all_of in counts.values() for became in all_of]
-            rows.append([name.replace("_", " ")] + [str(len(counts.get(key, ()))) for key in COLUMNS] + ends_of(tried))
+            rows.append([name.replace("_", " "), *(str(len(counts.get(key, ()))) for key in COLUMNS),
+                         *ends_of(tried)])
     return rows, [f"{name}: {wrong}" for wrong in wrongs]
 
 
+ENDS = ("old", "new", "poorer", "lost")
 COLUMNS = ("open", "read", "write", "sync", "truncate", "close", "rename", "unlink", "lock", "mode",
            "network", "kill", "memory")
 
@@ -375,7 +381,7 @@ def main():
         return print(";".join(THINGS))
     things = options.things or list(THINGS)
     head = (["Written", "a run takes", "killed"] if options.kills else ["Written", *COLUMNS])
-    rows, wrongs = [head + ["old", "new", "lost"]], []
+    rows, wrongs = [[*head, *ENDS]], []
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
         for made, wrong in pool.map(lambda name: try_thing(name, options), things):
             rows += made

@@ -78,8 +78,8 @@ private:
     }
 
     std::string named_;
-    fs::path path_;
     std::optional<struct stat> former_;
+    fs::path path_;  // behind the others, which its failures tell
 };
 
 /// No one else's file is named so.
@@ -240,7 +240,8 @@ private:
             former->st_mode & (same_owner && same_group ? all : S_IRWXU | group | S_IRWXO);
         // The rights of a group are not those of another one.
         if (!same_group) mode &= ~group | ((mode & S_IRWXO) << 3U);
-        check(::fchmod(number_, mode) == 0 ? 0 : errno);
+        // Some file systems have one mode for all files, and refuse to set it.
+        if ((state.st_mode & all) != mode) check(::fchmod(number_, mode) == 0 ? 0 : errno);
         if (same_group) copy_attributes(target_.path().string(), number_);
     }
 

@@ -66,7 +66,7 @@ public:
         lxw_workbook_options options = {};
         options.tmpdir = folder_.data();
         book_ = workbook_new_opt(path.c_str(), &options);
-        if (book_ == nullptr) refuse(Reason(Text{"zu wenig Speicher", "out of memory"}));
+        if (book_ == nullptr) refuse(no_memory());
         for (std::size_t i = 0; i < formats_.size(); ++i)
             formats_[i] = format_of(static_cast<CellLook>(i));
     }
@@ -108,6 +108,7 @@ public:
     }
 
 private:
+    static Reason no_memory() { return Reason(Text{"zu wenig Speicher", "out of memory"}); }
     static lxw_row_t row(int number) { return static_cast<lxw_row_t>(number - 1); }
     static lxw_col_t column(int number) { return static_cast<lxw_col_t>(number - 1); }
     static void check(lxw_error error) {
@@ -119,6 +120,7 @@ private:
 
     lxw_format* format_of(CellLook look) {
         lxw_format* format = workbook_add_format(book_);
+        if (format == nullptr) refuse(no_memory());
         switch (look) {
             case CellLook::Plain: break;
             case CellLook::Title:
