@@ -73,6 +73,8 @@ public:
     virtual void drop_table(const std::string& table) = 0;
     /// What `body` changes is there whole or, where it throws, not at all.
     virtual void whole(const std::function<void()>& body) = 0;
+    /// The last call for one that was made anew: until then no file has its name.
+    virtual void put_in_place() {}
 };
 
 /// Opens and creates databases by their paths.
@@ -84,7 +86,8 @@ public:
     TableStore& operator=(const TableStore&) = delete;
 
     [[nodiscard]] virtual std::unique_ptr<Database> open(const std::string& path) = 0;
-    /// A new database without tables. `DatabaseExists` where a file has the name.
+    /// A new database without tables, which is gone again unless it is put in its place in the end.
+    /// `DatabaseExists` where a file has the name.
     [[nodiscard]] virtual std::unique_ptr<Database> create(const std::string& path) = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "adapters/ini/profile_text.h"
 #include "adapters/json/flat_json.h"
 #include "adapters/posix/text_file.h"
 #include "adapters/posix/workbook_file.h"
@@ -24,7 +25,12 @@ void start_companion(ProgramStores& stores) {
 }  // namespace
 
 void start_companion_once(ProgramStores& stores) {
-    if (!stores.disk.exists(stores.paths.shared_settings_file)) start_companion(stores);
+    const auto text = stores.files.read(stores.paths.shared_settings_file);
+    // A first start that was killed has named its program alone.
+    const bool begun =
+        text && is_this_program(profile_value(*text, link_section, program_key).value_or("")) &&
+        !profile_value(*text, link_section, exchange_key);
+    if (begun || !stores.disk.exists(stores.paths.shared_settings_file)) start_companion(stores);
 }
 
 void provide_exchange_file(ProgramStores& stores) {

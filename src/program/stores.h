@@ -34,7 +34,7 @@ struct ProgramStores {
 
 /// Stands in for the first start of the conductor database, which makes the shared settings file
 /// with its two keys and the exchange file, and makes the folder for the user's data. Does nothing
-/// where the settings file is there. Throws `OutputError`.
+/// where the settings file is there, but finishes one that was begun. Throws `OutputError`.
 void start_companion_once(ProgramStores& stores);
 
 /// The same where the settings file names neither an exchange file nor another program that would

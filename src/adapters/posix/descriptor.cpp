@@ -59,10 +59,39 @@ Reason system_reason(int error_number) {
         {ENOMEM, "der Speicher reicht nicht"},
         {EMFILE, "zu viele Dateien sind offen"},
         {EEXIST, "ist schon vorhanden"},
+        {ESTALE, "das Netzlaufwerk gibt die Datei nicht mehr her"},
+        {ETIMEDOUT, "das Netzlaufwerk antwortet nicht"},
+        {EXDEV, "liegt auf einem anderen Datenträger"},
     };
     Reason reason(std::strerror(error_number));
     for (const Row& row : rows)
         if (row.number == error_number) reason.de = row.de;
+    return reason;
+}
+
+Reason write_failure(Reason reason, int error_number, const Text& stands) {
+    static constexpr Text room = {
+        "{0}; {1}; schaffen Sie dort Platz, oder wählen Sie einen anderen Ort",
+        "{0}; {1}; make room there, or choose another place"};
+    static constexpr Text place = {"{0}; {1}; wählen Sie einen anderen Ort",
+                                   "{0}; {1}; choose another place"};
+    static constexpr Text drive = {
+        "{0}; {1}; prüfen Sie Laufwerk und Netz, oder wählen Sie einen anderen Ort",
+        "{0}; {1}; check the drive and the network, or choose another place"};
+    static constexpr Text other = {"{0}; {1}; schließen Sie die Datei in anderen Programmen",
+                                   "{0}; {1}; close the file in other programs"};
+    static constexpr struct {
+        int number;
+        const Text& remedy;
+    } rows[] = {{ENOSPC, room},     {EDQUOT, room}, {EFBIG, place},   {EACCES, place},
+                {EPERM, place},     {EROFS, place}, {EXDEV, place},   {EIO, drive},
+                {ESTALE, drive},    {ENXIO, drive}, {ENODEV, drive},  {ENOTCONN, drive},
+                {ETIMEDOUT, drive}, {EBUSY, other}, {ETXTBSY, other}, {EWOULDBLOCK, other}};
+    for (const auto& [number, remedy] : rows) {
+        if (number != error_number) continue;
+        reason.de = fill(remedy.de, {reason.de, stands.de});
+        reason.en = fill(remedy.en, {reason.en, stands.en});
+    }
     return reason;
 }
 

@@ -27,4 +27,9 @@ private:
 /// What the system says of a number of `errno`; in German where the program has words for it.
 [[nodiscard]] Reason system_reason(int error_number);
 
+/// `reason` why writing failed by a number of `errno`, what stands there now, and what the user can
+/// do: "No space left on device; the former file is unchanged; make room there, or choose another
+/// place".
+[[nodiscard]] Reason write_failure(Reason reason, int error_number, const Text& stands);
+
 }  // namespace zel

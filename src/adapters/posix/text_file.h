@@ -39,18 +39,24 @@ private:
 
 /// A file that comes into being piece by piece beside the one at its path, and takes its place
 /// whole or not at all: it is written beside it, put on the disk, and renamed. A link is followed,
-/// and a file that is replaced keeps its mode and, where that can be, its owner, which what is
-/// written beside it has from the first byte on. Clears what runs that were killed have left beside
-/// the file. Each call throws `OutputError` with path and reason; the former file is then
+/// and a file that is replaced keeps its mode and, where that can be, its owner, its group and its
+/// extended attributes, which what is written beside it has from the first byte on. Other hard
+/// links to it keep the former content. Clears what runs that were killed have left beside the
+/// file. Each call throws `OutputError` with path, reason and remedy; the former file is then
 /// unchanged.
 class NewFile {
 public:
-    explicit NewFile(const std::string& path);
+    enum class Over : std::uint8_t { Any, Nothing };
+
+    /// Over `Nothing` it never takes the place of a file: it throws where there is one by then.
+    explicit NewFile(const std::string& path, Over over = Over::Any);
     /// What has not been put in place is gone.
     ~NewFile();
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
 
+    /// Where it is until it is put in place, for who writes it by other means.
+    [[nodiscard]] const std::string& path() const;
     void write(std::string_view text);
     void put_in_place();
 
@@ -59,7 +65,9 @@ private:
     std::unique_ptr<Parts> parts_;
 };
 
-/// Makes `text` the content of the file at `path`, as a `NewFile`.
+/// Makes `text` the content of the file at `path`, as a `NewFile`. In a folder that takes no new
+/// files a file that is there is written in its place: where that breaks off, the former content is
+/// put back; a program that is killed meanwhile leaves a part.
 void write_text_file(const std::string& path, std::string_view text);
 
 }  // namespace zel

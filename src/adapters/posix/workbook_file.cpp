@@ -24,9 +24,6 @@ constexpr Text no_file = {"ist keine Datei, die ersetzt werden kann",
 constexpr Text too_large = {"ist größer als 1 GiB", "is larger than 1 GiB"};
 constexpr Text not_writable = {"Ergebnisse können nicht geschrieben werden: {0}",
                                "results cannot be written: {0}"};
-constexpr Text not_writable_there = {
-    "Ergebnisse können nicht in den Ordner geschrieben werden: {0}",
-    "results cannot be written in its folder: {0}"};
 constexpr Text being_written = {"wird gerade von einem anderen Programm geschrieben",
                                 "is being written by another program"};
 constexpr Text changed = {"wurde während der Berechnung von einem anderen Programm geändert; die "
@@ -78,11 +75,6 @@ WorkbookFile::WorkbookFile(std::string path) : path_(std::move(path)) {
     if (::faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) != 0) {
         const int error = errno;
         refuse(path_, WorkbookFault::Denied, filled(not_writable, system_reason(error)));
-    }
-    const fs::path folder = behind_links(path_).parent_path();
-    if (::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0) {
-        const int error = errno;
-        refuse(path_, WorkbookFault::Denied, filled(not_writable_there, system_reason(error)));
     }
     require_unlocked();
 }

@@ -19,7 +19,7 @@ public:
     /// The content, read in one go.
     [[nodiscard]] std::string read();
 
-    /// Replaces the file, whole or not at all. Throws `WorkbookError` where it was changed since it
+    /// Replaces the file by `write_text_file`. Throws `WorkbookError` where it was changed since it
     /// was read, or is locked by now, and `OutputError`.
     void replace(std::string_view bytes) const;
 

@@ -93,6 +93,7 @@ void write_pdf(const Picture& picture, QBuffer& file) {
 /// Screen readers and searches go by the language of a document, which Qt does not write.
 std::string with_language(const QByteArray& bytes, std::string_view language) {
     QPDF pdf;
+    pdf.setSuppressWarnings(true);
     pdf.processMemoryFile("report", bytes.data(), static_cast<std::size_t>(bytes.size()));
     pdf.getRoot().replaceKey("/Lang", QPDFObjectHandle::newString(std::string(language)));
     QPDFWriter writer(pdf);
@@ -100,6 +101,8 @@ std::string with_language(const QByteArray& bytes, std::string_view language) {
     writer.setStreamDataMode(qpdf_s_preserve);
     writer.setDeterministicID(true);
     writer.write();
+    // It leaves out an object that it has no memory for, and only warns.
+    if (pdf.anyWarnings()) throw OutputError(Reason(no_memory_for_it));
     const std::shared_ptr<Buffer> written = writer.getBufferSharedPointer();
     return {reinterpret_cast<const char*>(written->getBuffer()), written->getSize()};
 }

@@ -1,18 +1,17 @@
 #include "adapters/sqlite/sqlite_store.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
-#include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
-#include <cstring>
 #include <filesystem>
 #include <limits>
 
+#include "adapters/posix/descriptor.h"
+#include "adapters/posix/text_file.h"
 #include "platform/errors.h"
 #include "platform/text/number_text.h"
 #include "platform/text/text.h"
@@ -57,13 +56,30 @@ PlatformFault fault_of(int code, const std::string& path) {
     }
 }
 
+/// What the engine reports in the words of the system, where it has some, and what can be done. The
+/// engine takes back what it has begun.
+Reason reason_of(int code, const char* told) {
+    static constexpr Text unchanged = {"die Datenbank ist unverändert",
+                                       "the database is unchanged"};
+    switch (code & 0xFF) {
+        case SQLITE_FULL: return write_failure(system_reason(ENOSPC), ENOSPC, unchanged);
+        case SQLITE_IOERR: return write_failure(system_reason(EIO), EIO, unchanged);
+        case SQLITE_READONLY:
+        case SQLITE_PERM: return write_failure(system_reason(EACCES), EACCES, unchanged);
+        case SQLITE_LOCKED:
+        case SQLITE_BUSY: return write_failure(told, EBUSY, unchanged);
+        default: return told;
+    }
+}
+
 /// Runs `body`; what SQLite reports becomes the failure of the file at `path`.
 template <class Body>
 auto told(const std::string& path, const Body& body) {
     try {
         return body();
     } catch (const SQLite::Exception& error) {
-        throw InputError(path + ": " + error.what(), fault_of(error.getExtendedErrorCode(), path));
+        const int code = error.getExtendedErrorCode();
+        throw InputError(at(path, reason_of(code, error.what())), fault_of(code, path));
     }
 }
 
@@ -118,6 +134,17 @@ public:
         : path_(path), file_(path_for_engine(path), SQLite::OPEN_READWRITE, patience) {
         // Opening reads nothing; whether this is a database shows at the first question.
         (void)file_.execAndGet("SELECT count(*) FROM sqlite_schema");
+    }
+
+    /// A new one. Nobody else knows the file, and nobody misses what a program that dies has begun:
+    /// it needs neither locks nor a journal on the disk.
+    SqliteDatabase(std::string path, std::unique_ptr<NewFile> file)
+        : path_(std::move(path)),
+          new_file_(std::move(file)),
+          file_(path_for_engine(new_file_->path()), SQLite::OPEN_READWRITE, patience, "unix-none") {
+        (void)file_.execAndGet("PRAGMA journal_mode = MEMORY");
+        file_.exec("PRAGMA application_id = " + std::to_string(application_id));
+        file_.exec("PRAGMA user_version = " + std::to_string(format));
     }
 
     [[nodiscard]] bool writable() const override {
@@ -240,6 +267,10 @@ public:
         });
     }
 
+    void put_in_place() override {
+        if (new_file_) new_file_->put_in_place();
+    }
+
 private:
     struct ColumnFacts {
         std::string name;
@@ -302,24 +333,10 @@ private:
     }
 
     std::string path_;
+    std::unique_ptr<NewFile> new_file_;  // while it is not in its place
     mutable SQLite::Database file_;
     std::unique_ptr<Adding> adding_;  // the last one
 };
-
-/// An empty file that nobody else made.
-void make_file(const std::string& path) {
-    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (file >= 0) {
-        ::close(file);
-        return;
-    }
-    const int why = errno;
-    const PlatformFault fault = why == EEXIST   ? PlatformFault::DatabaseExists
-                                : why == ENOENT ? PlatformFault::PathMissing
-                                : why == ENOSPC ? PlatformFault::DiskFull
-                                                : PlatformFault::DatabaseDenied;
-    throw InputError(path + ": " + std::strerror(why), fault, path);
-}
 
 }  // namespace
 
@@ -334,17 +351,15 @@ std::unique_ptr<Database> SqliteStore::open(const std::string& path) {
 }
 
 std::unique_ptr<Database> SqliteStore::create(const std::string& path) {
-    make_file(path);
+    if (!path.empty() && exists(path))
+        throw InputError(at(path, system_reason(EEXIST)), PlatformFault::DatabaseExists, path);
     try {
-        return told(path, [&] {
-            SQLite::Database file(path_for_engine(path), SQLite::OPEN_READWRITE, patience);
-            file.exec("PRAGMA application_id = " + std::to_string(application_id));
-            file.exec("PRAGMA user_version = " + std::to_string(format));
-            return std::make_unique<SqliteDatabase>(path);
-        });
-    } catch (const PlatformError&) {
-        ::unlink(path.c_str());
-        throw;
+        auto file = std::make_unique<NewFile>(path, NewFile::Over::Nothing);
+        return told(path, [&] { return std::make_unique<SqliteDatabase>(path, std::move(file)); });
+    } catch (const OutputError& error) {
+        const bool denied = error.fault() == PlatformFault::AccessDenied;
+        throw InputError(error.reason(), denied ? PlatformFault::DatabaseDenied : error.fault(),
+                         path);
     }
 }
 

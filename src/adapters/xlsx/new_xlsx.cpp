@@ -2,15 +2,23 @@
 
 #include <xlsxwriter.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <map>
+#include <pugixml.hpp>
+#include <sstream>
 
+#include "adapters/xlsx/xlsx_archive.h"
+#include "adapters/xlsx/xlsx_workbook.h"
+#include "adapters/xlsx/xml_tree.h"
 #include "platform/errors.h"
+#include "platform/workbook.h"
 
 namespace zel {
 namespace {
@@ -19,6 +27,8 @@ namespace fs = std::filesystem;
 
 constexpr Text not_made = {"eine neue Arbeitsmappe kann nicht angelegt werden: {0}",
                            "a new workbook cannot be made: {0}"};
+constexpr Text no_temporary_files = {"keine temporären Dateien in {0} (TMPDIR): {1}",
+                                     "no temporary files in {0} (TMPDIR): {1}"};
 
 [[noreturn]] void refuse(const Reason& reason) { throw OutputError(filled(not_made, reason)); }
 
@@ -31,9 +41,7 @@ public:
         const fs::path parent = named != nullptr && *named != '\0' ? named : "/tmp";
         std::string name = (parent / "zel-XXXXXX").string();
         if (::mkdtemp(name.data()) == nullptr)
-            refuse(Reason(Text{"keine temporären Dateien in {0} (TMPDIR): {1}",
-                               "no temporary files in {0} (TMPDIR): {1}"},
-                          {parent.string(), std::strerror(errno)}));
+            refuse(Reason(no_temporary_files, {parent.string(), std::strerror(errno)}));
         path_ = name;
     }
     ~TemporaryFolder() {
@@ -58,7 +66,7 @@ public:
         lxw_workbook_options options = {};
         options.tmpdir = folder_.data();
         book_ = workbook_new_opt(path.c_str(), &options);
-        if (book_ == nullptr) refuse(Reason(Text{"zu wenig Speicher", "out of memory"}));
+        if (book_ == nullptr) refuse(no_memory());
         for (std::size_t i = 0; i < formats_.size(); ++i)
             formats_[i] = format_of(static_cast<CellLook>(i));
     }
@@ -94,11 +102,13 @@ public:
         errno = 0;
         const lxw_error error = workbook_close(book);
         // Only now it writes.
-        if (error != LXW_NO_ERROR && errno != 0) refuse(std::strerror(errno));
+        if (error != LXW_NO_ERROR && errno != 0)
+            refuse(Reason(no_temporary_files, {folder_, std::strerror(errno)}));
         check(error);
     }
 
 private:
+    static Reason no_memory() { return Reason(Text{"zu wenig Speicher", "out of memory"}); }
     static lxw_row_t row(int number) { return static_cast<lxw_row_t>(number - 1); }
     static lxw_col_t column(int number) { return static_cast<lxw_col_t>(number - 1); }
     static void check(lxw_error error) {
@@ -110,6 +120,7 @@ private:
 
     lxw_format* format_of(CellLook look) {
         lxw_format* format = workbook_add_format(book_);
+        if (format == nullptr) refuse(no_memory());
         switch (look) {
             case CellLook::Plain: break;
             case CellLook::Title:
@@ -167,6 +178,80 @@ private:
     std::array<lxw_format*, static_cast<std::size_t>(CellLook::TenthResult) + 1> formats_{};
 };
 
+std::string content_of(const std::string& path, const std::string& folder) {
+    errno = 0;
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    if (!file || !bytes) refuse(Reason(no_temporary_files, {folder, std::strerror(errno)}));
+    return std::move(bytes).str();
+}
+
+/// What the workbook shows in a cell that holds `content`.
+bool shows(const std::string& text,
+           const std::variant<std::monostate, double, std::string>& content) {
+    if (const auto* number = std::get_if<double>(&content)) {
+        std::string shown = text;
+        std::replace(shown.begin(), shown.end(), ',', '.');
+        constexpr double precision = 1e-13;  // a cell shows 15 digits
+        return std::abs(std::strtod(shown.c_str(), nullptr) - *number) <=
+               precision * std::abs(*number);
+    }
+    const auto* expected = std::get_if<std::string>(&content);
+    // Control characters stand in a file by other names.
+    const auto is_control = [](unsigned char c) { return c < ' '; };
+    return expected == nullptr || text == *expected ||
+           std::any_of(expected->begin(), expected->end(), is_control);
+}
+
+constexpr const char* texts = "xl/sharedStrings.xml";
+
+bool is_part(const xlsx::Archive& archive, const std::string& name) {
+    const std::string text = archive.read(name);
+    pugi::xml_document document;
+    // A tree of a large one takes too much memory.
+    if (text.size() <= xlsx::largest_tree) xlsx::parse_tree(document, text, name);
+    return text.starts_with("<?xml ") && text[text.find_last_not_of("\r\n")] == '>';
+}
+
+/// The library does not look whether its temporary files take what it writes: on a full disk it
+/// makes a workbook that lacks cells or ends of parts.
+bool is_whole(const std::string& bytes, const WorkbookDesign& design) {
+    const auto made = open_xlsx("new.xlsx", bytes, {});
+    for (const SheetDesign& sheet : design) {
+        made->select(sheet.name);
+        std::map<std::pair<int, int>, const DesignCell*> cells;  // the last of a place
+        for (const DesignCell& cell : sheet.cells) cells[{cell.row, cell.column}] = &cell;
+        for (const auto& [place, cell] : cells)
+            if (!shows(made->text(cell->row, cell->column), cell->content)) return false;
+    }
+    const xlsx::Archive archive(bytes);
+    for (std::size_t number = 1; number <= design.size(); ++number)
+        if (!is_part(archive, "xl/worksheets/sheet" + std::to_string(number) + ".xml"))
+            return false;
+    for (const char* part :
+         {"[Content_Types].xml", "_rels/.rels", "docProps/app.xml", "docProps/core.xml",
+          "xl/_rels/workbook.xml.rels", "xl/styles.xml", "xl/theme/theme1.xml", "xl/workbook.xml"})
+        if (!is_part(archive, part)) return false;
+    return !archive.has(texts) || is_part(archive, texts);
+}
+
+void require_whole(const std::string& bytes, const WorkbookDesign& design,
+                   const std::string& folder) {
+    bool whole = false;
+    try {
+        whole = is_whole(bytes, design);
+    } catch (const WorkbookError&) {
+        // It cannot even be read.
+    }
+    if (!whole)
+        refuse(Reason({"temporäre Dateien in {0} (TMPDIR) haben Daten verloren; prüfen Sie, ob "
+                       "dort Platz ist",
+                       "temporary files in {0} (TMPDIR) have lost data; check whether there is "
+                       "room"},
+                      {folder}));
+}
+
 }  // namespace
 
 std::string new_xlsx(const WorkbookDesign& design, const std::string& title) {
@@ -176,11 +261,8 @@ std::string new_xlsx(const WorkbookDesign& design, const std::string& title) {
     book.set_title(title);
     for (const SheetDesign& sheet : design) book.add(sheet);
     book.close();
-    std::ifstream file(path, std::ios::binary);
-    std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    if (!file || bytes.empty())
-        refuse(Reason(Text{"ihre temporäre Datei kann nicht gelesen werden",
-                           "its temporary file cannot be read"}));
+    std::string bytes = content_of(path, folder.path().string());
+    require_whole(bytes, design, folder.path().string());
     return bytes;
 }
 

@@ -1,7 +1,5 @@
 #include "persistence/database/saving.h"
 
-#include <filesystem>
-
 #include "shell/program_texts.h"
 
 namespace zel {
@@ -14,12 +12,6 @@ constexpr BoxText values_left_out = {
      "The table {0} lacks these columns, their values have not been saved:\n{1}"}};
 
 }  // namespace
-
-NewDatabase::~NewDatabase() {
-    database_.reset();
-    std::error_code gone_already;
-    if (!kept_) std::filesystem::remove(path_, gone_already);
-}
 
 void save_in_new_table(Database& database, const TableFormat& format, const std::string& table,
                        std::span<const NamedValue> row) {

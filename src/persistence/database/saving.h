@@ -8,23 +8,18 @@
 
 namespace zel {
 
-/// A new database while it is being filled: unless it is kept in the end, its file is gone again.
+/// A new database while it is being filled: unless it is kept in the end, there is no file.
 class NewDatabase {
 public:
     /// Throws `PlatformError`, `DatabaseExists` where a file has the name.
-    NewDatabase(TableStore& store, std::string path)
-        : path_(std::move(path)), database_(store.create(path_)) {}
-    ~NewDatabase();
-    NewDatabase(const NewDatabase&) = delete;
-    NewDatabase& operator=(const NewDatabase&) = delete;
+    NewDatabase(TableStore& store, const std::string& path) : database_(store.create(path)) {}
 
     [[nodiscard]] Database& database() { return *database_; }
-    void keep() { kept_ = true; }
+    /// The last call. Throws `PlatformError` where the file cannot be put in its place.
+    void keep() { database_->put_in_place(); }
 
 private:
-    std::string path_;
     std::unique_ptr<Database> database_;
-    bool kept_ = false;
 };
 
 /// Makes `table` with one row; both are there or none.

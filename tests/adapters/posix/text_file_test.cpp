@@ -6,6 +6,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -132,17 +133,72 @@ TEST_F(TextFile, path_and_reason_are_named_where_it_cannot_be_read_or_written) {
     EXPECT_EQ(files(), 0);
 }
 
-TEST_F(TextFile, the_former_stays_where_the_folder_or_the_file_is_protected) {
+TEST_F(TextFile, the_former_stays_where_it_is_protected_and_says_so) {
     const AsNobody nobody(folder.path());  // nothing is protected from root
     folder.write("case.json", "former");
-    for (const auto& [protected_name, mode, usual] :
-         {std::tuple{path, 0440U, 0640U}, {folder.path().string(), 0550U, 0750U}}) {
-        ::chmod(protected_name.c_str(), mode);
-        EXPECT_THAT(refusal(path), HasSubstr("Permission denied"));
-        ::chmod(protected_name.c_str(), usual);
-    }
+    ::chmod(path.c_str(), 0440);
+    EXPECT_EQ(refusal(path), path + ": Permission denied; the former file is unchanged; choose "
+                                    "another place");
+    ::chmod(path.c_str(), 0640);
     EXPECT_EQ(read_text_file(path), "former");
     EXPECT_EQ(files(), 1);
+}
+
+TEST_F(TextFile, in_a_folder_that_takes_no_new_files_only_those_that_are_there_are_written) {
+    const AsNobody nobody(folder.path());
+    folder.write("case.json", "a longer former content");
+    ::chmod(folder.path().c_str(), 0550);
+    const std::string other = folder.file("other.json");
+    EXPECT_EQ(refusal(other),
+              other + ": Permission denied; nothing is written; choose another place");
+    write_text_file(path, "new");
+    EXPECT_EQ(read_text_file(path), "new");
+    const rlimit usual = {RLIM_INFINITY, RLIM_INFINITY};
+    const rlimit full = {1000, RLIM_INFINITY};
+    std::signal(SIGXFSZ, SIG_IGN);
+    ::setrlimit(RLIMIT_FSIZE, &full);
+    const std::string told =
+        refusal_of([&] { return write_text_file(path, std::string(5000, 'x')), true; });
+    ::setrlimit(RLIMIT_FSIZE, &usual);
+    EXPECT_THAT(told, HasSubstr("the former file is unchanged"));
+    EXPECT_EQ(read_text_file(path), "new");
+    EXPECT_EQ(files(), 1);
+    ::chmod(folder.path().c_str(), 0750);
+}
+
+TEST_F(TextFile, a_replaced_one_keeps_its_group_and_attributes) {
+    folder.write("case.json", "former");
+    if (::setxattr(path.c_str(), "user.note", "kept", 4, 0) != 0) GTEST_SKIP() << "no attributes";
+    const bool given = ::chown(path.c_str(), 1234, 4321) == 0;  // the administrator may
+    write_text_file(path, "new");
+    char value[8] = {};
+    EXPECT_EQ(::getxattr(path.c_str(), "user.note", value, sizeof value), 4);
+    EXPECT_STREQ(value, "kept");
+    struct stat state {};
+    ::stat(path.c_str(), &state);
+    EXPECT_EQ(state.st_uid, given ? 1234U : ::geteuid());
+    EXPECT_EQ(state.st_gid, given ? 4321U : ::getegid());
+}
+
+/// The rights that a group had are not those of another one.
+TEST_F(TextFile, what_belongs_to_another_group_loses_its_rights) {
+    if (::geteuid() != 0) GTEST_SKIP() << "only the administrator can set this up";
+    folder.write("case.json", "former");
+    ::chmod(path.c_str(), 0662);
+    ASSERT_EQ(::chown(path.c_str(), 1234, 4321), 0);
+    const AsNobody nobody(folder.path());
+    write_text_file(path, "new");
+    EXPECT_EQ(mode_of(path), 0622U);
+}
+
+TEST_F(TextFile, one_that_may_replace_nothing_leaves_what_has_come_meanwhile) {
+    NewFile file(path, NewFile::Over::Nothing);
+    file.write("new");
+    folder.write("case.json", "of another");
+    EXPECT_EQ(refusal_of([&] { return file.put_in_place(), true; }), path + ": File exists");
+    EXPECT_EQ(refusal_of([&] { return NewFile(path, NewFile::Over::Nothing), true; }),
+              path + ": File exists");
+    EXPECT_EQ(read_text_file(path), "of another");
 }
 
 }  // namespace

@@ -110,12 +110,9 @@ TEST_F(WorkbookFileTest, what_cannot_be_replaced_is_refused_at_once) {
     fs::remove(path);
     const AsNobody nobody(folder.path());
     folder.write("a.xlsx", "former");
-    for (const auto& [name, mode, usual] :
-         {std::tuple{path, 0444U, 0644U}, {folder.path().string(), 0555U, 0755U}}) {
-        ::chmod(name.c_str(), mode);
-        EXPECT_EQ(refusal(), WorkbookFault::Denied);
-        ::chmod(name.c_str(), usual);
-    }
+    ::chmod(path.c_str(), 0444);
+    EXPECT_EQ(refusal(), WorkbookFault::Denied);
+    ::chmod(path.c_str(), 0644);
     EXPECT_FALSE(refusal());
 }
 

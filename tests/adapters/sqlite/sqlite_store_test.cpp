@@ -37,6 +37,11 @@ struct Store : testing::Test {
     std::string path = folder.file("a.mdb");
     SqliteStore store;
 
+    void made(const std::string& name) {
+        const auto database = store.create(name);
+        database->create_table("T", columns);
+        database->put_in_place();
+    }
     std::vector<TableRow> rows_of(Database& database, const std::string& table) {
         std::vector<TableRow> rows;
         database.each_row(table, all, [&](RowKey key, const TableRow& row) {
@@ -55,6 +60,7 @@ TEST_F(Store, gives_values_back_in_the_precision_of_their_columns) {
         {"name", "äöü € \"'"}, {"n", std::int16_t{-32768}}, {"x", 0.1F}, {"y", 0.1}};
     database->add_row("T [1] `x`", row);
     database->add_row("t [1] `X`", {});
+    database->put_in_place();
     const auto again = store.open(path);
     ASSERT_EQ(again->tables().size(), 1U);
     EXPECT_EQ(again->tables()[0].columns, all);
@@ -89,6 +95,15 @@ TEST_F(Store, takes_back_what_broke_off) {
     EXPECT_TRUE(database->tables().empty());
 }
 
+TEST_F(Store, makes_a_file_when_a_new_one_is_put_in_its_place) {
+    store.create(path)->create_table("T", columns);  // is gone again
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+    const auto database = store.create(path);
+    made(path);
+    EXPECT_NE(fault_of([&] { return database->put_in_place(), 0; }), 0);
+    EXPECT_EQ(store.open(path)->tables().size(), 1U);
+}
+
 TEST_F(Store, tells_failures_by_their_numbers) {
     EXPECT_EQ(fault_of([&] { return store.open(path); }), 3024);
     EXPECT_EQ(fault_of([&] { return store.create(folder.file("none/a.mdb")); }), 76);
@@ -98,9 +113,9 @@ TEST_F(Store, tells_failures_by_their_numbers) {
     EXPECT_EQ(fault_of([&] { return store.open(folder.file("empty.mdb")); }), 3343);
     for (const char* const no_file : {"", ":memory:", "file:none.mdb?mode=memory"})
         EXPECT_EQ(fault_of([&] { return store.open(no_file); }), 3024) << no_file;
-    const auto database = store.create(path);
+    made(path);
     EXPECT_EQ(fault_of([&] { return store.create(path); }), 3204);
-    database->create_table("T", columns);
+    const auto database = store.open(path);
     EXPECT_EQ(fault_of([&] { return database->create_table("t", columns), 0; }), 3010);
     EXPECT_EQ(fault_of([&] { return database->rows("U"); }), 26469);
     const auto other = store.open(path);
@@ -111,7 +126,7 @@ TEST_F(Store, tells_failures_by_their_numbers) {
 }
 
 TEST_F(Store, keeps_every_row_that_was_told_when_the_program_is_killed) {
-    store.create(path)->create_table("T", columns);
+    made(path);
     std::size_t told = 0;
     for (int round = 0; round < 10; ++round) {
         int ends[2];
