@@ -110,7 +110,7 @@ std::string function_of(std::string path) {
     return "_" + path;
 }
 
-/// A text inside a specification of zsh, where brackets and colons have a meaning.
+/// A text in what zsh is told of an option, where brackets and colons have a meaning.
 std::string zsh_text(std::string_view text) {
     std::string escaped;
     for (const char c : text) {
