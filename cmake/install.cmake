@@ -6,7 +6,6 @@ install(TARGETS zel-access-reader DESTINATION libexec/zel)
 install(FILES ${data_files} DESTINATION ${ZEL_DATA_FOLDER})
 install(FILES ${validation_files} DESTINATION ${ZEL_DATA_FOLDER}/validation)
 install(FILES ${examples} DESTINATION ${ZEL_DATA_FOLDER}/examples)
-install(FILES docs/zel.1 DESTINATION share/man/man1)
 
 # What a user reads; how the program is made stands with its sources, and what is made of the guide
 # with the help.

@@ -12,7 +12,7 @@ test_packages=(libgtest-dev libgmock-dev libbenchmark-dev clang-format poppler-u
     "${python_packages[@]}" python3-pandas python3-xarray python3-pytest python3-distributed mypy)
 tidy_packages=(clang-tidy)
 guide_packages=(weasyprint)
-package_packages=(debhelper dh-python desktop-file-utils lintian)
+package_packages=(debhelper dh-python desktop-file-utils lintian libgtest-dev libgmock-dev)
 
 set_up_failed=4 # exit status; 1 to 3 are those of zel
 
