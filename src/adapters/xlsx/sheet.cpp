@@ -28,15 +28,24 @@ int row_number(std::string_view tag, int former) {
     return number;
 }
 
+/// Elements of columns each stand for some of their own, if not quite so in every program.
+constexpr int most_styled_columns = 4 * largest_column;
+
 /// Where the styles of several elements meet in a column, the first one holds.
 void read_column_styles(std::string_view element, SheetIndex& index) {
     pugi::xml_document cols;
     parse_tree(cols, element, "has damaged columns");
+    int styled = 0;
     for (const pugi::xml_node col : cols.first_child().children()) {
         const std::string_view style = col.attribute("style").value();
         if (style.empty()) continue;
-        const int last = std::min(col.attribute("max").as_int(), largest_column);
-        for (int column = std::max(col.attribute("min").as_int(), 1); column <= last; ++column)
+        const int first = std::clamp(col.attribute("min").as_int(), 1, largest_column + 1);
+        const int last = std::clamp(col.attribute("max").as_int(), 0, largest_column);
+        styled += std::max(last - first + 1, 0);
+        if (styled > most_styled_columns)
+            refuse_damaged({"ihre Spaltenformate überdecken sich zu oft",
+                            "the formats of its columns overlap too often"});
+        for (int column = first; column <= last; ++column)
             index.column_styles.try_emplace(column, style);
     }
 }
