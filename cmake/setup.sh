@@ -11,6 +11,7 @@ python_packages=(pybind11-dev python3-dev python3-numpy)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev clang-format poppler-utils
     "${python_packages[@]}" python3-pandas python3-xarray python3-pytest python3-distributed mypy)
 tidy_packages=(clang-tidy)
+fuzz_packages=(clang libclang-rt-14-dev)
 
 set_up_failed=4 # exit status; 1 to 3 are those of zel
 
