@@ -1,6 +1,7 @@
 #include "adapters/xlsx/sheet.h"
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
 
 #include "adapters/xlsx/cell_name.h"
@@ -66,6 +67,20 @@ void read_merged_cells(std::string_view element, SheetIndex& index) {
     }
 }
 
+/// The prefix of a name, with its colon; it is given to new elements.
+std::string prefix_of(std::string_view name) {
+    const std::string_view prefix = name.substr(0, name.size() - local_name(name).size());
+    const auto fits = [](char c) {
+        return std::isalnum(static_cast<unsigned char>(c)) != 0 || (c & 0x80) != 0 ||
+               std::string_view("_-.:").find(c) != std::string_view::npos;
+    };
+    const bool begins = prefix.find_first_of("0123456789-.:") != 0;
+    if (!begins || !std::all_of(prefix.begin(), prefix.end(), fits))
+        refuse_damaged({"hat Elemente mit dem Präfix {0}", "has elements of the prefix {0}"},
+                       {shortened(prefix)});
+    return std::string(prefix);
+}
+
 /// The rows up to the end of the sheetData element, which was just opened.
 void index_rows(std::string_view xml, TagWalk& walk, SheetIndex& index) {
     int former = 0;
@@ -105,7 +120,7 @@ SheetIndex index_of_sheet(std::string_view xml) {
     TagWalk walk(xml);
     for (bool first = true; const auto tag = walk.next(); first = false) {
         const std::string_view name = local_name(tag->name);
-        if (first) index.prefix = tag->name.substr(0, tag->name.size() - name.size());
+        if (first) index.prefix = prefix_of(tag->name);
         if (first || tag->kind == TagKind::Close) continue;
         if (name == "sheetData" && index.data.empty()) {
             index.data = {tag->begin, tag->end};
