@@ -15,7 +15,7 @@ tool=$(command -v clang-format-$version || command -v clang-format) || {
 }
 
 folders=()
-for folder in src tests bench; do
+for folder in src tests bench fuzz; do
     [[ ! -d $folder ]] || folders+=("$folder")
 done
 find "${folders[@]}" \( -name '*.h' -o -name '*.cpp' \) -print0 |

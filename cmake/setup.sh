@@ -13,6 +13,7 @@ test_packages=(libgtest-dev libgmock-dev libbenchmark-dev clang-format poppler-u
 tidy_packages=(clang-tidy)
 guide_packages=(weasyprint)
 package_packages=(debhelper dh-python desktop-file-utils lintian libgtest-dev libgmock-dev)
+fuzz_packages=(clang libclang-rt-14-dev)
 
 set_up_failed=4 # exit status; 1 to 3 are those of zel
 

@@ -14,7 +14,7 @@ function(zel_settings target)
         target_compile_options(${target} PRIVATE -fsanitize=${ZEL_SANITIZE}
             -fno-sanitize-recover=all -fno-omit-frame-pointer
             # g++ 12 warns falsely of std::function in sanitized code.
-            -Wno-maybe-uninitialized)
+            $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
         target_link_options(${target} PRIVATE -fsanitize=${ZEL_SANITIZE})
     endif()
 endfunction()

@@ -26,12 +26,20 @@ constexpr Text below_limit = {"{0} liegt unter der Grenze {1}", "{0} is below th
 constexpr Text no_whole_number = {"eine ganze Zahl von {0} bis {1} wird erwartet, nicht {2}",
                                   "a whole number from {0} to {1} is expected, not {2}"};
 
+std::vector<CsvRow> rows_of(std::string_view text, const std::string& file) {
+    try {
+        return parse_csv(text);
+    } catch (const InputError& error) {
+        throw InputError(at(file, error.reason()));
+    }
+}
+
 std::string number_text(double value) { return plain_number(value, DecimalSeparator::Point); }
 
 }  // namespace
 
 NamedColumns::NamedColumns(std::string_view text, std::string file)
-    : file_(std::move(file)), rows_(parse_csv(text)) {
+    : file_(std::move(file)), rows_(rows_of(text, file_)) {
     if (rows_.empty()) throw InputError(at(file_, Reason(no_head)));
     const CsvRow head = std::move(rows_.front());
     rows_.erase(rows_.begin());

@@ -241,8 +241,8 @@ void LineReader::put_input(const LineColumn& column, const std::string& cell,
     }
     const double number = input->conversion.converted(required_number(cell, locale_.separator));
     require(number, cell, input->input.limits());
-    const auto put = [&](SeriesElement& element) {
-        if (input->input.put(element, number) != RatingCode::Rated)
+    const auto put = [&, &taken = input->input](SeriesElement& element) {
+        if (taken.put(element, number) != RatingCode::Rated)
             throw InputError(Reason(not_whole, {in_quotes(cell)}));
     };
     if (of_recourse && !line.recourse) line.recourse = line.base;

@@ -10,6 +10,12 @@
 // Reads an Access file for the program that started it, question by question (wire.h). It may die
 // of what stands in the file, and is limited so that nothing else does.
 
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer) && !defined(__SANITIZE_ADDRESS__)
+#define __SANITIZE_ADDRESS__ 1  // as g++ has it
+#endif
+#endif
+
 namespace zel::access {
 namespace {
 

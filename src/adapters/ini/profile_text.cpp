@@ -90,9 +90,12 @@ void check(std::string_view section, std::string_view key, std::string_view valu
     constexpr std::string_view line_ends("\r\n\0", 3);
     for (const std::string_view part : {section, key, value})
         refuse_unless(part.find_first_of(line_ends) == std::string_view::npos);
-    refuse_unless(!trimmed(section).empty() && section.find(']') == std::string_view::npos);
-    refuse_unless(!trimmed(key).empty() && key.find('=') == std::string_view::npos);
-    refuse_unless(!trimmed(key).starts_with('[') && !trimmed(key).starts_with(';'));
+    // Blanks around a name are none of it in the file: it would not be found again.
+    for (const std::string_view name : {section, key})
+        refuse_unless(!name.empty() && trimmed(name) == name);
+    refuse_unless(section.find(']') == std::string_view::npos);
+    refuse_unless(key.find('=') == std::string_view::npos);
+    refuse_unless(!key.starts_with('[') && !key.starts_with(';'));
 }
 
 /// The lines of a key that is missing, to be put in at `at`.

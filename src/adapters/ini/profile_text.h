@@ -20,8 +20,8 @@ namespace zel {
 /// `text` with the value of `key` in `section` replaced. A missing key comes to the end of its
 /// section, a missing section to the end of the text, with the line ends of the text. A value that
 /// stands in quotes itself is put in quotes, so that it is read back as it is.
-/// Throws `std::invalid_argument` where a name or the value has a line end, or a name is empty or
-/// has a character that would end it.
+/// Throws `std::invalid_argument` where a name or the value has a line end, or a name is empty,
+/// has blanks around it, or a character that would end it.
 [[nodiscard]] std::string with_profile_value(std::string_view text, std::string_view section,
                                              std::string_view key, std::string_view value);
 

@@ -23,10 +23,15 @@ constexpr Text beyond_range = {"{0} liegt außerhalb des Bereichs einer Zahl",
                                "{0} is beyond the range of a number"};
 constexpr Text one_object = {"die Datei muss ein JSON-Objekt enthalten",
                              "the file must hold one JSON object"};
+constexpr Text too_many = {"mehr als {0} Werte, keine Datei eines Falls",
+                           "more than {0} values, no file of a case"};
 constexpr Text zero_byte = {"kein JSON: ein Nullbyte steht an Stelle {0}",
                             "no JSON: a zero byte stands at {0}"};
 constexpr Text at_place = {"kein JSON: Fehler in Zeile {0}, Spalte {1}",
                            "no JSON: error at line {0}, column {1}"};
+
+/// Ten times what a case has: a file of 16 MiB could fill two hundred.
+constexpr std::size_t most_values = 10'000;
 
 /// The parser's words are English: the German reason names the place alone.
 Reason no_json(std::string text) {
@@ -48,6 +53,8 @@ public:
 
     bool key(string_t& name) override {
         key_ = name;
+        if (keys_.size() == most_values)
+            throw InputError(Reason(too_many, {std::to_string(most_values)}));
         if (!keys_.insert(name).second) throw InputError(at(shortened(name), Reason(twice)));
         return true;
     }

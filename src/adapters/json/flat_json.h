@@ -11,7 +11,7 @@ namespace zel {
 ///
 /// Throws `InputError` where the text is no JSON (with line and column), where it is no object,
 /// and, naming the key, where a value is an object, an array or null, where a number is beyond the
-/// range of a double, and where a key stands twice.
+/// range of a double, where a key stands twice, and where there are more than 10 000 values.
 [[nodiscard]] FlatObject parse_flat_json(std::string_view text);
 
 /// The JSON text of one object with a line per value, which `parse_flat_json` reads back to the

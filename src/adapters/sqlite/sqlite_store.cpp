@@ -24,6 +24,12 @@ constexpr int patience = 200;  // ms that another program may hold the file
 constexpr int application_id = 0x5A454C43;
 constexpr int format = 1;
 
+/// Bytes of a value and of a row. No column of this program holds more than a kilobyte; what
+/// another one has put into its tables may make a value of any size out of a few bytes.
+constexpr int largest_value = 16 << 20;
+
+constexpr Text value_too_large = {"eine Zeile oder ein Wert ist größer als {0} MiB",
+                                  "a row or a value is larger than {0} MiB"};
 constexpr Text row_is_gone = {"{0}: die Zeile gibt es nicht mehr",
                               "{0}: the row is not there any more"};
 constexpr Text table_is_there = {"es gibt schon eine Tabelle {0}", "there is a table {0}"};
@@ -79,6 +85,9 @@ auto told(const std::string& path, const Body& body) {
         return body();
     } catch (const SQLite::Exception& error) {
         const int code = error.getExtendedErrorCode();
+        if (error.getErrorCode() == SQLITE_TOOBIG)
+            throw InputError(
+                at(path, Reason(value_too_large, {std::to_string(largest_value >> 20)})));
         throw InputError(at(path, reason_of(code, error.what())), fault_of(code, path));
     }
 }
@@ -132,6 +141,7 @@ class SqliteDatabase : public Database {
 public:
     explicit SqliteDatabase(const std::string& path)
         : path_(path), file_(path_for_engine(path), SQLite::OPEN_READWRITE, patience) {
+        limit_what_others_wrote();
         // Opening reads nothing; whether this is a database shows at the first question.
         (void)file_.execAndGet("SELECT count(*) FROM sqlite_schema");
     }
@@ -272,6 +282,14 @@ public:
     }
 
 private:
+    /// A table may hold expressions, which are worked out where it is read.
+    void limit_what_others_wrote() {
+        sqlite3* const handle = file_.getHandle();
+        sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+        sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+        sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, largest_value);
+    }
+
     struct ColumnFacts {
         std::string name;
         bool single;  // held at 32 bits
@@ -315,7 +333,9 @@ private:
     }
 
     [[nodiscard]] std::vector<ColumnFacts> columns_of(const std::string& table) const {
-        SQLite::Statement facts(file_, "SELECT name, type FROM pragma_table_info(?)");
+        // Those that are worked out too, as a whole row has them.
+        SQLite::Statement facts(file_,
+                                "SELECT name, type FROM pragma_table_xinfo(?) WHERE hidden <> 1");
         facts.bind(1, table);
         std::vector<ColumnFacts> columns;
         while (facts.executeStep())

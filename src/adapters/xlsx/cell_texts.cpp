@@ -14,6 +14,9 @@
 namespace zel::xlsx {
 namespace {
 
+constexpr std::size_t most_shared = 2'000'000;
+constexpr std::size_t most_formats = 65536;  // a spreadsheet program takes some fewer
+
 /// The text of a string item: its one text, or those of its runs.
 std::string text_of_item(const pugi::xml_node& item) {
     std::string text;
@@ -45,6 +48,10 @@ void CellTexts::read_shared_strings(std::string_view xml) {
     pugi::xml_document item;
     TagWalk walk(xml);
     while (const auto element = next_element(xml, walk, "si")) {
+        if (shared_ends_.size() == most_shared)
+            refuse_damaged(
+                {"hat mehr als {0} gemeinsame Texte", "has more than {0} shared strings"},
+                {std::to_string(most_shared)});
         parse_tree(item, *element, "has damaged shared strings",
                    pugi::parse_default | pugi::parse_ws_pcdata);
         shared_ += shortened(text_of_item(item.first_child()), longest_text);
@@ -62,6 +69,9 @@ void CellTexts::read_styles(std::string_view xml) {
         if (name != "numFmts" && name != "cellXfs") continue;
         ChildWalk entries(list->element.of(xml));
         while (const auto element = entries.next()) {
+            if (shows_date_.size() + own_formats.size() == most_formats)
+                refuse_damaged({"hat mehr als {0} Zellformate", "has more than {0} cell formats"},
+                               {std::to_string(most_formats)});
             parse_tree(entry, element->element.of(list->element.of(xml)), "has damaged styles");
             const pugi::xml_node node = entry.first_child();
             const int format = node.attribute("numFmtId").as_int();

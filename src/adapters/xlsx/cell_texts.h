@@ -20,10 +20,12 @@ inline constexpr std::size_t longest_text = 1000;
 /// share, and which cell formats show a date.
 class CellTexts {
 public:
-    /// The shared strings part. Rich text is joined, phonetic marks are left out.
+    /// The shared strings part, at most two million of them. Rich text is joined, phonetic marks
+    /// are left out.
     void read_shared_strings(std::string_view xml);
 
-    /// The styles part: a number in a date or time format is a date.
+    /// The styles part, at most 65536 formats of cells: a number in a date or time format is a
+    /// date.
     void read_styles(std::string_view xml);
 
     /// Dates count from 1904 and not from 1900.

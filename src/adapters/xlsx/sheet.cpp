@@ -1,6 +1,7 @@
 #include "adapters/xlsx/sheet.h"
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
 
 #include "adapters/xlsx/cell_name.h"
@@ -28,15 +29,24 @@ int row_number(std::string_view tag, int former) {
     return number;
 }
 
+/// Elements of columns each stand for some of their own, if not quite so in every program.
+constexpr int most_styled_columns = 4 * largest_column;
+
 /// Where the styles of several elements meet in a column, the first one holds.
 void read_column_styles(std::string_view element, SheetIndex& index) {
     pugi::xml_document cols;
     parse_tree(cols, element, "has damaged columns");
+    int styled = 0;
     for (const pugi::xml_node col : cols.first_child().children()) {
         const std::string_view style = col.attribute("style").value();
         if (style.empty()) continue;
-        const int last = std::min(col.attribute("max").as_int(), largest_column);
-        for (int column = std::max(col.attribute("min").as_int(), 1); column <= last; ++column)
+        const int first = std::clamp(col.attribute("min").as_int(), 1, largest_column + 1);
+        const int last = std::clamp(col.attribute("max").as_int(), 0, largest_column);
+        styled += std::max(last - first + 1, 0);
+        if (styled > most_styled_columns)
+            refuse_damaged({"ihre Spaltenformate überdecken sich zu oft",
+                            "the formats of its columns overlap too often"});
+        for (int column = first; column <= last; ++column)
             index.column_styles.try_emplace(column, style);
     }
 }
@@ -55,6 +65,20 @@ void read_merged_cells(std::string_view element, SheetIndex& index) {
         if (area->first_row != area->last_row || area->first_column != area->last_column)
             index.merged.push_back(*area);
     }
+}
+
+/// The prefix of a name, with its colon; it is given to new elements.
+std::string prefix_of(std::string_view name) {
+    const std::string_view prefix = name.substr(0, name.size() - local_name(name).size());
+    const auto fits = [](char c) {
+        return std::isalnum(static_cast<unsigned char>(c)) != 0 || (c & 0x80) != 0 ||
+               std::string_view("_-.:").find(c) != std::string_view::npos;
+    };
+    const bool begins = prefix.find_first_of("0123456789-.:") != 0;
+    if (!begins || !std::all_of(prefix.begin(), prefix.end(), fits))
+        refuse_damaged({"hat Elemente mit dem Präfix {0}", "has elements of the prefix {0}"},
+                       {shortened(prefix)});
+    return std::string(prefix);
 }
 
 /// The rows up to the end of the sheetData element, which was just opened.
@@ -96,7 +120,7 @@ SheetIndex index_of_sheet(std::string_view xml) {
     TagWalk walk(xml);
     for (bool first = true; const auto tag = walk.next(); first = false) {
         const std::string_view name = local_name(tag->name);
-        if (first) index.prefix = tag->name.substr(0, tag->name.size() - name.size());
+        if (first) index.prefix = prefix_of(tag->name);
         if (first || tag->kind == TagKind::Close) continue;
         if (name == "sheetData" && index.data.empty()) {
             index.data = {tag->begin, tag->end};

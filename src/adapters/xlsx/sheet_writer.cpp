@@ -89,9 +89,12 @@ private:
     }
 
     void write_tail() {
-        if (one_empty_tag()) out_.xml += "</" + index_.prefix + "sheetData>";
+        if (one_empty_tag()) out_.xml += end_tag(*TagWalk(index_.data.of(xml_)).next());
         copy(index_.rows_part.end, xml_.size());
     }
+
+    /// An element may have another prefix than the root.
+    static std::string end_tag(const Tag& open) { return "</" + std::string(open.name) + ">"; }
 
     /// Some readers trust the area that a sheet names as the one in use.
     [[nodiscard]] std::string widened_dimension() const {
@@ -124,7 +127,8 @@ private:
         parsed_.parse(row.number, row.element.of(xml_));
         const std::string_view text = parsed_.text();
         const auto& cells = parsed_.cells();
-        const std::size_t tag_end = TagWalk(text).next()->end;
+        const Tag tag = *TagWalk(text).next();
+        const std::size_t tag_end = tag.end;
         write_row_tag(text.substr(0, tag_end), set);
         const pugi::xml_node node = parsed_.node();
         const bool own_format = node.attribute("customFormat").as_bool();
@@ -154,8 +158,8 @@ private:
         out_.xml += text.substr(copied, close - copied);
         for (; next != edits.end(); ++next)
             write_new_cell(row.number, next->first, next->second, style);
-        out_.xml += close == text.size() && set != nullptr ? "</" + index_.prefix + "row>"
-                                                           : std::string(text.substr(close));
+        out_.xml +=
+            close == text.size() && set != nullptr ? end_tag(tag) : std::string(text.substr(close));
     }
 
     /// The columns that a row spans may be left out, but not be too few.

@@ -24,8 +24,10 @@ std::string lower(std::string_view text) {
 // What reads more, or has more kinds, counts as reading anything: its value is dropped, and a
 // spreadsheet program calculates it. Millions of formulas must not take hours.
 constexpr std::size_t longest_formula = 32768;  // four bytes for each of 8192 characters
+constexpr std::size_t most_references = 1024;   // as they stand in a formula
 constexpr std::size_t most_reaches = 64;
 constexpr std::size_t most_kinds = 65536;
+constexpr int most_rounds = 100;  // from a changed column to one that reads it, against their order
 
 /// A stretch of columns of one sheet.
 struct Reach {
@@ -93,12 +95,18 @@ public:
             by_name_[lower(sheets[i].name)] = i;
             changed_[i] = sheets[i].changed_columns;
         }
-        for (const auto& [name, formula] : names) names_[lower(name)] = reads_of_formula(formula);
+        for (const auto& [name, formula] : names) {
+            FormulaReads& reads = names_[lower(name)];
+            reads.anything = formula.size() > longest_formula;
+            if (!reads.anything) reads = reads_of_formula(formula);
+            // Formulas may name it a million times.
+            if (reads.columns.size() > most_reaches) reads = {{}, {}, true};
+        }
     }
 
     std::map<std::string, std::string> texts() {
         for (std::size_t i = 0; i < sheets_.size(); ++i) read_formulas(i);
-        while (spread()) {
+        for (int round = 0; spread(round == most_rounds); ++round) {
         }
         std::map<std::string, std::string> texts;
         for (std::size_t i = 0; i < sheets_.size(); ++i)
@@ -136,6 +144,7 @@ private:
         FormulaReads reads;
         reads.anything = text.size() > longest_formula;
         if (!reads.anything) reads = reads_of_formula(text);
+        if (reads.columns.size() > most_references) reads = {{}, {}, true};
         if (std::string_view(f.attribute("t").value()) != "shared")
             return formulas_[sheet].push_back({row, kind_of(sheet, column, reads, 0)});
         const char* const key = f.attribute("si").value();
@@ -155,7 +164,8 @@ private:
                                             const FormulaReads& reads, int shift) {
         FormulaKind kind = {sheet, column, reads.anything};
         add_reaches(kind, sheet, reads, shift);
-        for (const std::string& name : reads.names) add_name(kind, name);
+        for (const std::string& name : reads.names)
+            if (!kind.anything) add_name(kind, name);
         join(kind.reaches);
         if (kind.reaches.size() > most_reaches ||
             (kinds_.size() >= most_kinds && !kinds_.contains(kind)))
@@ -187,6 +197,9 @@ private:
             return;
         }
         add_reaches(kind, no_sheet, found->second, 0);
+        // Of many names that read the same few columns are left.
+        if (kind.reaches.size() > most_reaches) join(kind.reaches);
+        if (kind.reaches.size() > most_reaches) kind.anything = true;
     }
 
     [[nodiscard]] bool is_reached(const FormulaKind& kind) const {
@@ -198,12 +211,13 @@ private:
                });
     }
 
-    /// Marks the kinds that changed columns reach; true where more columns changed by it.
-    bool spread() {
+    /// Marks the kinds that changed columns reach, or all of them; true where more columns changed
+    /// by it.
+    bool spread(bool all) {
         bool found = false;
         for (auto& [kind, stale] : kinds_) {
             if (stale || sheets_[kind.sheet].kept_columns.contains(kind.column) ||
-                !is_reached(kind))
+                !(all || is_reached(kind)))
                 continue;
             stale = true;
             if (changed_[kind.sheet].insert(kind.column).second) found = true;
@@ -231,8 +245,8 @@ private:
             if (parsed != formula.row) row.parse(index.rows[formula.row].number, element.of(text));
             parsed = formula.row;
             const auto cell =
-                std::find_if(row.cells().begin(), row.cells().end(),
-                             [&](const SheetCell& c) { return c.column == formula.column(); });
+                std::lower_bound(row.cells().begin(), row.cells().end(), formula.column(),
+                                 [](const SheetCell& c, int n) { return c.column < n; });
             const Stretch value = value_of(row.text(), *cell);
             out.append(text, copied, element.begin + value.begin - copied);
             copied = element.begin + value.end;

@@ -14,7 +14,10 @@ constexpr Text part_is_damaged = {"ihr Teil {0} ist beschädigt", "its part {0} 
 constexpr std::size_t longest_path = 1000;
 
 void parse(pugi::xml_document& document, std::string_view xml, const std::string& part) {
-    parse_tree(document, xml, "its part " + part + " is damaged");
+    parse_tree(document, xml, "its part " + part + " is damaged",
+               pugi::parse_default | pugi::parse_doctype);
+    for (const pugi::xml_node node : document.children())
+        if (node.type() == pugi::node_doctype) refuse_declaration();
 }
 
 std::string folder_of(const std::string& part) {

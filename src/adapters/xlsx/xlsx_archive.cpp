@@ -25,7 +25,7 @@ constexpr zip_uint64_t mebibyte = 1ULL << 20U;
 constexpr zip_uint64_t largest_whole = 1024 * mebibyte;
 constexpr zip_uint64_t always_fits = 64 * mebibyte;
 constexpr zip_uint64_t largest_ratio = 50;
-constexpr zip_int64_t most_parts = 10000;
+constexpr std::size_t most_parts = 10000;
 // The best compression takes six times as long for a tenth less.
 constexpr zip_uint32_t compression_level = 3;
 
@@ -65,15 +65,29 @@ bool has_stream(std::string_view bytes, std::string_view name) {
          "is no xlsx file but one of the older kind, or protected by a password"});
 }
 
+[[noreturn]] void refuse_parts(std::size_t count) {
+    refuse_damaged(
+        {"hat {0} Teile, mehr als jede Arbeitsmappe", "has {0} parts, more than any workbook"},
+        {std::to_string(count)});
+}
+
+/// Before the library makes a list of them, which takes far more memory than they do. Compressed
+/// bytes look like the beginning of an entry once in four gigabytes.
+void require_few_entries(std::string_view bytes) {
+    constexpr std::string_view entry = "PK\1\2";
+    std::size_t count = 0;
+    for (std::size_t at = bytes.find(entry); at != std::string_view::npos;
+         at = bytes.find(entry, at + entry.size()))
+        ++count;
+    if (count > most_parts) refuse_parts(count);
+}
+
 std::string in_mebibytes(zip_uint64_t size) { return std::to_string(size / mebibyte) + " MiB"; }
 
 /// Before anything is unpacked: a small file can hold more than any memory.
 void require_sound_sizes(zip* zip, zip_uint64_t file_size) {
     const zip_int64_t count = zip_get_num_entries(zip, 0);
-    if (count > most_parts)
-        refuse_damaged(
-            {"hat {0} Teile, mehr als jede Arbeitsmappe", "has {0} parts, more than any workbook"},
-            {std::to_string(count)});
+    if (count > static_cast<zip_int64_t>(most_parts)) refuse_parts(static_cast<std::size_t>(count));
     zip_uint64_t whole = 0;
     for (zip_int64_t i = 0; i < count; ++i) {
         zip_stat_t state;
@@ -104,6 +118,7 @@ Archive::Archive(std::string_view bytes) {
     if (bytes.empty())
         refuse_damaged({"ist keine xlsx-Datei (sie ist leer)", "is no xlsx file (it is empty)"});
     if (is_compound_file(bytes)) refuse_compound_file(bytes);
+    require_few_entries(bytes);
     zip_error_t error;
     zip_error_init(&error);
     source_ = zip_source_buffer_create(allocated_copy(bytes), bytes.size(), 1, &error);

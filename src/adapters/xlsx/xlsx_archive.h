@@ -15,7 +15,7 @@ namespace zel::xlsx {
 class Archive {
 public:
     /// Refuses files of other kinds by what they are, and one whose parts together unpack to more
-    /// than 1 GiB, or to more than 64 MiB and 50 times its size.
+    /// than 1 GiB, or to more than 64 MiB and 50 times its size, or that has more than 10 000.
     explicit Archive(std::string_view bytes);
     ~Archive();
     Archive(const Archive&) = delete;

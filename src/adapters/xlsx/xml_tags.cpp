@@ -12,7 +12,15 @@ constexpr std::string_view end_of_name = " \t\r\n/>";
     refuse_damaged({"ein XML-Teil endet in der Mitte", "an XML part ends in the middle"});
 }
 
+constexpr int deepest = 64;  // elements within each other, rich text in a comment has some ten
+
 }  // namespace
+
+void refuse_declaration() {
+    // It could define texts that stand for any number of others.
+    refuse_damaged({"enthält eine Dokumenttypdeklaration, die keine Arbeitsmappe haben darf",
+                    "has a document type declaration, which no workbook may have"});
+}
 
 void refuse_damaged(const Text& text, std::initializer_list<std::string_view> values) {
     throw WorkbookError(WorkbookFault::Damaged, Reason(text, values));
@@ -58,7 +66,7 @@ std::optional<Tag> TagWalk::next() {
         } else if (rest.starts_with("?")) {
             at_ = behind("?>", begin + 2);
         } else if (rest.starts_with("!")) {
-            at_ = end_of_tag(begin + 2);
+            refuse_declaration();
         } else {
             Tag tag;
             const bool close = rest.starts_with("/");
@@ -104,7 +112,9 @@ std::string_view element_of(std::string_view xml, TagWalk& walk, const Tag& open
     for (int depth = open.kind == TagKind::Open ? 1 : 0; depth > 0;) {
         const auto tag = walk.next();
         if (!tag) refuse_end();
-        if (tag->kind == TagKind::Open) ++depth;
+        if (tag->kind == TagKind::Open && ++depth > deepest)
+            refuse_damaged({"verschachtelt mehr als {0} Elemente", "nests more than {0} elements"},
+                           {std::to_string(deepest)});
         if (tag->kind == TagKind::Close) --depth;
         end = tag->end;
     }

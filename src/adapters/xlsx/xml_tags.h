@@ -16,6 +16,9 @@ namespace zel::xlsx {
 [[noreturn]] void refuse_damaged(const Text& text,
                                  std::initializer_list<std::string_view> values = {});
 
+/// Throws `WorkbookError` (`Damaged`): the format allows no document type declaration.
+[[noreturn]] void refuse_declaration();
+
 /// A stretch of a text, from its first byte to behind its last.
 struct Stretch {
     std::size_t begin = 0;
@@ -36,8 +39,9 @@ struct Tag {
     std::size_t end = 0;    // behind ">"
 };
 
-/// Walks the tags of `xml` one by one, over comments, CDATA sections, declarations and processing
-/// instructions. Throws `WorkbookError` (`Damaged`) where one does not end.
+/// Walks the tags of `xml` one by one, over comments, CDATA sections and processing
+/// instructions. Throws `WorkbookError` (`Damaged`) where one does not end, and where a document
+/// type is declared.
 class TagWalk {
 public:
     explicit TagWalk(std::string_view xml, std::size_t from = 0) : xml_(xml), at_(from) {}
@@ -69,6 +73,7 @@ void require_utf8(std::string_view xml);
 [[nodiscard]] std::string_view local_name(std::string_view name);
 
 /// From "<" to behind the end of the element that `open` opens. `walk` stands behind it then.
+/// Throws `WorkbookError` (`Damaged`) where more than 64 elements stand within each other.
 [[nodiscard]] std::string_view element_of(std::string_view xml, TagWalk& walk, const Tag& open);
 
 /// The next element of the local name `name`, or nothing.

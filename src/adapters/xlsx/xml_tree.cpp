@@ -9,7 +9,7 @@ namespace zel::xlsx {
 void parse_tree(pugi::xml_document& document, std::string_view xml, const std::string& what,
                 unsigned flags) {
     if (xml.size() > largest_tree)
-        refuse_damaged({"{0}: größer als 8 MiB", "{0}: it is larger than 8 MiB"}, {what});
+        refuse_damaged({"{0}: größer als 4 MiB", "{0}: it is larger than 4 MiB"}, {what});
     const auto parsed = document.load_buffer(xml.data(), xml.size(), flags);
     if (parsed.status == pugi::status_out_of_memory) throw std::bad_alloc();
     if (!parsed) refuse_damaged({"{0}: {1}", "{0}: {1}"}, {what, parsed.description()});

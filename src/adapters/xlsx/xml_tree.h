@@ -9,8 +9,8 @@
 
 namespace zel::xlsx {
 
-/// A row of 16384 cells that each hold a formula has a quarter of it.
-inline constexpr std::size_t largest_tree = 8U << 20U;
+/// A row of 16384 cells that each hold a formula has half of it.
+inline constexpr std::size_t largest_tree = 4U << 20U;
 
 /// Makes `document` the tree of `xml`, a whole part or one element of it. Throws `WorkbookError`
 /// (`Damaged`) where it is larger than that or broken; `what` is told in front: "has a damaged

@@ -2,19 +2,27 @@
 
 #include <algorithm>
 
+#include "platform/errors.h"
+
 namespace zel {
 namespace {
+
+constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
 constexpr Text quote_inside = {"ein Anführungszeichen steht in einer Zelle",
                                "a quote stands inside a cell"};
 constexpr Text quote_open = {"ein Anführungszeichen ist nicht geschlossen",
                              "a quote is not closed"};
 
+constexpr Text too_many_cells = {"mehr als {0} Zellen", "more than {0} cells"};
+
+/// A cell takes up to a hundred times the memory of its one comma.
+constexpr std::size_t most_cells = 1'000'000;
+
 class CsvReader {
 public:
     CsvReader(std::string_view text, char comma)
         : text_(text), cell_end_{comma, '"', '\r', '\n', '\0'} {
-        constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
         if (text_.starts_with(byte_order_mark)) text_.remove_prefix(byte_order_mark.size());
     }
 
@@ -35,6 +43,8 @@ private:
         const std::string_view begin = text_;
         CsvRow row{line_, {}, {}, nullptr};
         do {
+            if (++cells_ > most_cells)
+                throw InputError(Reason(too_many_cells, {std::to_string(most_cells)}));
             row.damage = take_cell(row.cells.emplace_back());
         } while (row.damage == nullptr && take(cell_end_[0]));
         if (row.damage == nullptr && !text_.empty() && text_.front() != '\n' &&
@@ -92,6 +102,7 @@ private:
 
     std::string_view text_;
     char cell_end_[5];
+    std::size_t cells_ = 0;
     int line_ = 1;
 };
 
@@ -112,9 +123,10 @@ std::string csv_line(const std::vector<std::string>& cells, char comma) {
     std::string line;
     for (const std::string& cell : cells) {
         if (&cell != &cells.front()) line += comma;
-        // A line that begins with "#" would be passed over.
-        const bool plain = cell.find_first_of(special) == std::string::npos &&
-                           !(line.empty() && cell.starts_with('#'));
+        // A line that begins with "#" would be passed over, and so would the mark of a file.
+        const bool plain =
+            cell.find_first_of(special) == std::string::npos &&
+            !(line.empty() && (cell.starts_with('#') || cell.starts_with(byte_order_mark)));
         line += plain ? cell : quoted(cell);
     }
     return line + "\n";

@@ -20,7 +20,7 @@ struct CsvRow {
 /// hold commas, line ends and, doubled, quotes. Lines end with LF or CRLF. Empty lines and those
 /// that begin with "#" are passed over, and so is a byte order mark. A row where a quote is not
 /// closed or stands inside a cell is damaged, up to the end of its first line. The rows refer to
-/// `text`.
+/// `text`. Throws `InputError` where there are more than a million cells.
 [[nodiscard]] std::vector<CsvRow> parse_csv(std::string_view text, char comma = ',');
 
 /// One line of a table with its line end; `comma` parts the cells, and one is quoted where it needs

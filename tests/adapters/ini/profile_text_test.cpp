@@ -97,7 +97,8 @@ TEST(ProfileText, refuses_what_would_break_the_file) {
     EXPECT_THROW((void)with_profile_value("", "VOR", "a", "1\r"), std::invalid_argument);
     EXPECT_THROW((void)with_profile_value("", "V]R", "a", "1"), std::invalid_argument);
     EXPECT_THROW((void)with_profile_value("", " ", "a", "1"), std::invalid_argument);
-    for (const char* key : {"", "a=b", ";a", "[a]", "a\nb"})
+    EXPECT_THROW((void)with_profile_value("", "VOR ", "a", "1"), std::invalid_argument);
+    for (const char* key : {"", "a=b", ";a", "[a]", "a\nb", " a", "a\t"})
         EXPECT_THROW((void)with_profile_value("", "VOR", key, "1"), std::invalid_argument) << key;
 }
 

@@ -1,5 +1,6 @@
 #include "adapters/sqlite/sqlite_store.h"
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -149,6 +150,22 @@ TEST_F(Store, keeps_every_row_that_was_told_when_the_program_is_killed) {
         while (::read(ends[0], &sign, 1) == 1) ++told;
         ::close(ends[0]);
         EXPECT_GE(store.open(path)->rows("T").size(), told);
+    }
+}
+
+TEST_F(Store, a_large_value_out_of_a_few_bytes_is_refused) {
+    (void)store.create(path);
+    SQLite::Database other(path, SQLite::OPEN_READWRITE);
+    other.exec("CREATE TABLE T (n INTEGER, fits AS (hex(zeroblob(n))))");
+    other.exec("INSERT INTO T (n) VALUES (8000000), (8388609)");
+    const auto database = store.open(path);
+    const std::vector<RowKey> keys = database->rows("T");
+    EXPECT_EQ(database->row("T", keys[0])[1]->size(), 16000000U);
+    try {
+        (void)database->row("T", keys[1]);
+        FAIL();
+    } catch (const InputError& error) {
+        EXPECT_EQ(error.what(), path + ": a row or a value is larger than 16 MiB");
     }
 }
 

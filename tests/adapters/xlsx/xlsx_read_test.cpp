@@ -183,8 +183,8 @@ TEST(XlsxRead, small_files_that_fill_the_memory_are_refused) {
     EXPECT_EQ(refused_rows("<row r=\"5\">" + repeated("<c/>", 16384) + "</row>"), "");
     EXPECT_EQ(refused_rows("<row r=\"5\">" + repeated("<c/>", 16385) + "</row>"),
               "a.xlsx: input: has more than 16384 cells in row 5");
-    EXPECT_EQ(refused_rows("<row r=\"5\">" + repeated("<c/>", 2 * mebibyte) + "</row>"),
-              "a.xlsx: input: has a damaged row: it is larger than 8 MiB");
+    EXPECT_EQ(refused_rows("<row r=\"5\">" + repeated("<c/>", mebibyte) + "</row>"),
+              "a.xlsx: input: has a damaged row: it is larger than 4 MiB");
     Parts parts;
     while (parts.size() <= 10000) parts.push_back({"p" + std::to_string(parts.size()), ""});
     EXPECT_EQ(refusal_of(packed(parts)), "a.xlsx: has 10001 parts, more than any workbook");
