@@ -193,11 +193,13 @@ std::vector<std::string> all_names(const Question& asked) {
 int tell_help(const HelpWords& words, CLI::App& app) {
     const std::string topic = in_small_letters(joined(words.topic, " "));
     if (topic == "fields" && !words.names) return tell_fields(words);
+    // The pages are made of what is told of the commands.
+    if (topic == "commands" && !words.names)
+        return tell_commands({words, topic, {}, all_commands(app)});
     const Question asked = {words, topic, read_help_pages(help_folder(), words.lang),
                             all_commands(app)};
     if (words.names) return print_or_fail(joined(all_names(asked), "\n") + "\n");
     if (topic.empty()) return tell_topics(asked);
-    if (topic == "commands") return tell_commands(asked);
     if (const auto status = tell_topic(asked)) return *status;
     if (const auto status = tell_command(asked, app)) return *status;
     if (const auto status = tell_messages(asked)) return *status;

@@ -154,7 +154,7 @@ TEST_F(Store, keeps_every_row_that_was_told_when_the_program_is_killed) {
 }
 
 TEST_F(Store, a_large_value_out_of_a_few_bytes_is_refused) {
-    (void)store.create(path);
+    store.create(path)->put_in_place();
     SQLite::Database other(path, SQLite::OPEN_READWRITE);
     other.exec("CREATE TABLE T (n INTEGER, fits AS (hex(zeroblob(n))))");
     other.exec("INSERT INTO T (n) VALUES (8000000), (8388609)");
