@@ -64,8 +64,7 @@ TEST(Program, says_what_a_failing_surrounding_is) {
          {std::tuple{"TMPDIR=/not/there", template_words, 2,
                      "zel: a new workbook cannot be made: no temporary files in /not/there "
                      "(TMPDIR): No such file or directory\n"},
-          {"ulimit -f 1;", template_words, 2,
-           " (TMPDIR): File too large\n"},
+          {"ulimit -f 1;", template_words, 2, " (TMPDIR): File too large\n"},
           {"", "--help > /dev/full", 1, "zel: standard output cannot be written\n"},
           {"", "steady --help > /dev/full", 1, "zel: standard output cannot be written\n"}}) {
         const ProcessResult result = by_shell(folder, before, words);

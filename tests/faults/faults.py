@@ -33,7 +33,8 @@ LINE = EXAMPLES / "380kV-twin-264-34.json"
 OTHER_LINE = EXAMPLES / "wind-100-degrees.json"
 WORKBOOK = ROOT / "tests/cli/workbooks/saved_by_openpyxl.xlsx"
 KILL = 0  # in place of an errno
-DEATHS = (-signal.SIGSEGV, -signal.SIGABRT)
+HANGS = -signal.SIGALRM
+DEATHS = (-signal.SIGSEGV, -signal.SIGABRT, HANGS)
 
 # A kind of call, how it fails, and whether it and what comes behind it goes on failing.
 SWEEPS = [
@@ -73,7 +74,7 @@ class Thing:
     copies: dict = dataclasses.field(default_factory=dict)
     steps: bool = False  # it writes several times, and may end behind each
     varies: bool = False  # its numbers are not the same every time
-    dies: bool = False  # a library does not look whether it got memory: it dies, or leaves something out
+    dies: bool = False  # a library does not look whether it got memory: it dies, waits for ever, or leaves something out
 
 
 def zel(*words):
@@ -206,9 +207,13 @@ class Trial:
                 "QT_QPA_PLATFORM": "offscreen", "SOURCE_DATE_EPOCH": "1700000000", **more}
 
     def run(self, command, folder, **more):
-        return subprocess.run([self.options.bin / command[0], *command[1:]], cwd=folder,
-                              env=self.environment(folder, **more), stdin=subprocess.DEVNULL,
-                              capture_output=True, text=True, errors="replace", timeout=120)
+        command = [self.options.bin / command[0], *command[1:]]
+        try:
+            return subprocess.run(command, cwd=folder, env=self.environment(folder, **more),
+                                  stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                                  errors="replace", timeout=60)
+        except subprocess.TimeoutExpired:  # killed by then
+            return subprocess.CompletedProcess(command, HANGS, "", "waits for ever")
 
     def must(self, command, folder):
         result = self.run(command, folder)
