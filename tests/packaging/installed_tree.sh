@@ -24,6 +24,8 @@ $told" && exit 1; }
 expect ", release $release" "$zel" --version
 expect '1305 A' "$zel" steady "$examples/380kV-twin-264-34.json"
 expect '264-AL1/34-ST1A' "$zel" conductor list
+"$zel" selftest >/dev/null
+"$zel" help first-rating >/dev/null
 # A database of old that ends behind its first bytes: the reader of such files has been found.
 printf '\0\1\0\0Standard Jet DB\0\1\0\0\0' >old.mdb
 expect 'old.mdb' "$zel" db tables old.mdb
