@@ -16,7 +16,7 @@ rm -f -- "$out/failed"
 
 # shellcheck disable=SC2016 # the shell of the hooks expands these
 # The root lives as long as the hooks run. A step that fails is told, and what was seen is kept.
-mmdebstrap --variant=minbase --format=null \
+mmdebstrap --variant=minbase --format=null --skip=cleanup \
     --customize-hook='mkdir -p "$1"/try/seen' \
     --customize-hook="copy-in '$package' packaging/try_inside.sh /try" \
     --customize-hook='chroot "$1" bash /try/try_inside.sh || touch "$1"/try/seen/failed' \
