@@ -12,6 +12,7 @@
 #ifndef ZEL_H
 #define ZEL_H
 
+/* This is C. NOLINTBEGIN(modernize-use-using, modernize-deprecated-headers) */
 #include <stddef.h>
 #include <stdint.h>
 
@@ -216,4 +217,5 @@ ZEL_API zel_status zel_explain(const zel_case* it, const zel_options* options, z
 }
 #endif
 
+/* NOLINTEND(modernize-use-using, modernize-deprecated-headers) */
 #endif

@@ -85,9 +85,11 @@ void put_change_duration(SeriesElement& element, double seconds) {
     give(element.c.Z[row].sec, whole - 60 * minutes);
 }
 
-// NOLINTNEXTLINE(cppcoreguidelines-macro-usage): the changes of state differ in their number.
+// NOLINTBEGIN(cppcoreguidelines-macro-usage, bugprone-macro-parentheses): the changes of state
+// differ in their number, which is part of texts.
 #define CHANGE_INPUT(n, quantity, unit, limits, de, en, put) \
     DerivedInput { "change_" #n "_" quantity, unit, limits, Text{de #n, en #n}, {}, put<n - 1> }
+// NOLINTEND(cppcoreguidelines-macro-usage, bugprone-macro-parentheses)
 // NOLINTNEXTLINE(cppcoreguidelines-macro-usage)
 #define CHANGE(n)                                                                                  \
     CHANGE_INPUT(n, "current", "A", Limits().between(0, 999999),                                   \

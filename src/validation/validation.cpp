@@ -131,7 +131,7 @@ void rate_families(Validation& validation, Recalculation& recalculation) {
                 rated_by(method, family, members, validation.tables, recalculation));
     }
     for (const LibraryConductor& conductor : recalculation.conductors())
-        if (conductor.c.Dauerstrombelastbarkeit_db.value > 0 && taken.count(&conductor) == 0)
+        if (conductor.c.Dauerstrombelastbarkeit_db.value > 0 && !taken.contains(&conductor))
             validation.outside_families.push_back(full_name(conductor));
 }
 

@@ -203,7 +203,8 @@ void Page::add(const std::vector<CheckedFamily>& families) {
     for (const CheckedFamily& family : families) {
         const std::string name = "- " + family.family->name.in(locale_.lang);
         if (const std::string& outside = family.family->outside.in(locale_.lang); !outside.empty())
-            text_ += name + in({" ist keine Prüfung: ", " is no test: "}) + outside + ".\n";
+            text_ +=
+                joined({name, in({" ist keine Prüfung: ", " is no test: "}), outside, ".\n"}, "");
         for (const CheckedRating& rating : family.methods) {
             const std::string method = name + ", " + std::string(name_of(rating.method));
             if (rating.limit != nullptr)
