@@ -16,6 +16,7 @@ sys.path.insert(0, str(DOCS / "help"))
 import guide_source  # noqa: E402
 
 LITERALS = re.compile(r'"(?:[^"\\\n]|\\.)*"(?:\s*"(?:[^"\\\n]|\\.)*")*')
+DRAWS = re.compile(r"zel (?:graph|picture|report) ")
 MARKDOWN_LINK = re.compile(r"\]\(([a-z-]+\.md)[)#]")
 
 
@@ -40,6 +41,8 @@ def test_commands_print_what_stands_there(lang, program, tmp_path):
                    "HOME": str(tmp_path), "LC_ALL": "C.UTF-8"}  # fmt: skip
     given = list(commands(guide_source.guide_text(DOCS, lang)))
     assert len(given) > 30
+    if os.environ["ZEL_WINDOWS"] == "OFF":  # such a build draws nothing
+        given = [(command, lines) for command, lines in given if not DRAWS.match(command)]
     wrong = []
     for command, lines in given:
         run = subprocess.run(["bash", "-c", command], cwd=tmp_path / "examples", env=environment,
