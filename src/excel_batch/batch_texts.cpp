@@ -49,6 +49,9 @@ constexpr NoteText note_texts[] = {
     {note_code::assumed,
      {"Kniepunkt oder radiale Wärmeleitfähigkeit sind angenommen.",
       "the knee point or a radial conductivity is assumed."}},
+    {note_code::endless_age,
+     {"Kirn hat bei einem Emissionsverhältnis von genau 0,9 kein Ergebnis.",
+      "Kirn has no result at an emissivity of exactly 0.9."}},
 };
 
 }  // namespace

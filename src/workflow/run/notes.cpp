@@ -13,10 +13,12 @@
 namespace zel {
 namespace {
 
-constexpr double same_angle = 1e-9;       // degrees
-constexpr double rounding_noise = 1e-6;   // tenths of an ampere
-constexpr double share_of_joule = 0.01;   // of the Joule heat, by which a balance may miss
-constexpr double last_direction = 359.9;  // degrees, that a case may hold
+constexpr double same_angle = 1e-9;         // degrees
+constexpr double rounding_noise = 1e-6;     // tenths of an ampere
+constexpr double share_of_joule = 0.01;     // of the Joule heat, by which a balance may miss
+constexpr double last_direction = 359.9;    // degrees, that a case may hold
+constexpr double endless_emissivity = 0.9;  // without a result by Kirn
+constexpr double next_emissivity = 0.899;   // with one
 
 constexpr Text wind_fold_text = {
     "Der Wind trifft die Leitung unter {0}°, gerechnet ist mit {1}° (Winkel durch Abzug gefaltet). "
@@ -33,6 +35,11 @@ constexpr Text short_table_text = {
     "Temperatur von 0 °C und vor einer, die nicht steigt.",
     "Of {1} pairs of AC resistances only the first {0} count: the table ends at a temperature of "
     "0 °C, and before one that does not rise."};
+constexpr Text endless_age_text = {
+    "Kirn hat bei einem Emissionsverhältnis von genau {0} kein Ergebnis: sein Maß für das Alter der "
+    "Oberfläche teilt dort durch 0. Nehmen Sie {1}.",
+    "Kirn has no result at an emissivity of exactly {0}: its measure of the surface's age divides "
+    "by 0 there. Take {1}."};
 constexpr Text assumed_text = {"Angenommen, nicht angegeben: {0}.", "Assumed, not given: {0}."};
 
 constexpr Text leads_elsewhere = {"{0} A führen in {2} zu {1} °C statt zu {3} °C.",
@@ -122,6 +129,10 @@ std::vector<SteadyRemarks::Assumption> assumptions(const CalcCase& c) {
     return found;
 }
 
+bool has_endless_age(const CalcCase& c) {
+    return is_selected(c, Method::Kirn) && c.Emissionsverhaeltnis_db.value == endless_emissivity;
+}
+
 std::string degrees(double angle, const Locale& locale) {
     return masked(angle, "##0.0#", locale.separator);
 }
@@ -158,7 +169,8 @@ double acute_angle(const CalcCase& c) {
 }
 
 SteadyRemarks remarks_on(const CalcCase& c, const SteadyRunResult& result, const Session& session) {
-    return {wind_fold(c, result, session), misses(result), short_table(c), assumptions(c)};
+    return {wind_fold(c, result, session), misses(result), short_table(c), assumptions(c),
+            has_endless_age(c)};
 }
 
 bool is_turned(const CalcCase& c) {
@@ -174,6 +186,7 @@ std::vector<std::string_view> remarkable(const CalcCase& c, std::span<const Stea
         codes.push_back(note_code::balance);
     if (short_table(c)) codes.push_back(note_code::short_table);
     if (!assumptions(c).empty()) codes.push_back(note_code::assumed);
+    if (has_endless_age(c)) codes.push_back(note_code::endless_age);
     return codes;
 }
 
@@ -194,6 +207,11 @@ std::vector<Note> notes_on(const SteadyRunResult& result, const Locale& locale) 
         notes.push_back(
             {note_code::assumed, fill(assumed_text.in(locale.lang),
                                       {joined(named(remarks.assumptions, locale.lang), ", ")})});
+    if (remarks.endless_age)
+        notes.push_back(
+            {note_code::endless_age, fill(endless_age_text.in(locale.lang),
+                                          {masked(endless_emissivity, "0.0##", locale.separator),
+                                           masked(next_emissivity, "0.0##", locale.separator)})});
     return notes;
 }
 

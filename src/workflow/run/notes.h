@@ -15,6 +15,7 @@ inline constexpr std::string_view wind_fold = "wind_fold";
 inline constexpr std::string_view balance = "balance";
 inline constexpr std::string_view short_table = "ac_table";
 inline constexpr std::string_view assumed = "assumed";
+inline constexpr std::string_view endless_age = "kirn_emissivity";
 inline constexpr std::string_view transient_check = "transient_check";
 }  // namespace note_code
 

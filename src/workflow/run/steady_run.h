@@ -81,6 +81,9 @@ struct SteadyRemarks {
         std::string text;  // the number
     };
     std::vector<Assumption> assumptions;
+
+    /// Kirn finds no age of the surface by the emissivity, and so no result.
+    bool endless_age = false;
 };
 
 /// All that the result page shows after a run.
