@@ -50,11 +50,11 @@ SideDock::SideDock(AreaFrame& form, const DockFacts& facts, QWidget* content, Ca
 /// Whether another dock takes width on the other side of the pages.
 bool SideDock::shares_with_other_side() const {
     const auto docks = form_.findChildren<QDockWidget*>();
-    return std::ranges::any_of(docks, [this](const QDockWidget* dock) {
-        const Qt::DockWidgetArea area = form_.dockWidgetArea(const_cast<QDockWidget*>(dock));
+    const Qt::DockWidgetArea own = form_.dockWidgetArea(*std::ranges::find(docks, this));
+    return std::ranges::any_of(docks, [this, own](QDockWidget* dock) {
+        const Qt::DockWidgetArea area = form_.dockWidgetArea(dock);
         return dock != this && !dock->isHidden() && !dock->isFloating() &&
-               (area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea) &&
-               area != form_.dockWidgetArea(const_cast<SideDock*>(this));
+               (area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea) && area != own;
     });
 }
 
