@@ -73,6 +73,7 @@ class Thing:
     heavy: object = None  # makes what `command` reads long enough to be killed
     copies: dict = dataclasses.field(default_factory=dict)
     steps: bool = False  # it writes several times, and may end behind each
+    at_once: int = 1  # faults tried side by side, where a run mostly waits
     varies: bool = False  # its numbers are not the same every time
     dies: bool = False  # a library does not look whether it got memory: it dies, waits for ever, or leaves something out
 
@@ -128,7 +129,7 @@ THINGS = {
         zel("measure", "--source", "simulated", "--cycle-seconds", "0.6", "--height-difference", "9",
             "--save", "a.mdb", "M"),
         [zel("measure", "--source", "simulated", "--cycle-seconds", "0.6", "--height-difference",
-             "1", "--save", "a.mdb", "M")], varies=True),
+             "1", "--save", "a.mdb", "M")], at_once=6, varies=True),
     "ratings": Thing(zel("rate", EXAMPLES / "lines.csv", "weather.csv", "-o", "a.csv"),
                      [zel("rate", EXAMPLES / "lines.csv", "weather.csv", "-o", "a.csv", "--lang",
                           "de")], much_weather, {"weather.csv": EXAMPLES / "weather.csv"}),
@@ -177,6 +178,7 @@ class Trial:
         self.thing, self.options = THINGS[name], options
         self.base = scratch / "base"
         self.scratch = scratch
+        self.patience = 60  # s
         self.base.mkdir()
         for file, source in self.thing.copies.items():
             shutil.copy(source, self.base / file)
@@ -189,6 +191,7 @@ class Trial:
         began = time.monotonic()
         self.must(self.thing.command, folder)
         self.seconds = time.monotonic() - began
+        self.patience = max(10, 10 * self.seconds)
         self.new = self.state(folder)
         assert self.new != self.old, "the command changes nothing"
 
@@ -211,7 +214,7 @@ class Trial:
         try:
             return subprocess.run(command, cwd=folder, env=self.environment(folder, **more),
                                   stdin=subprocess.DEVNULL, capture_output=True, text=True,
-                                  errors="replace", timeout=60)
+                                  errors="replace", timeout=self.patience)
         except subprocess.TimeoutExpired:  # killed by then
             return subprocess.CompletedProcess(command, HANGS, "", "waits for ever")
 
@@ -324,7 +327,8 @@ def sweep(trial, call, error, stays, most):
     numbers = range(1, count + 1)
     if count > most:
         numbers = [1 + (count - 1) * step // (most - 1) for step in range(most)]
-    return [trial.fault(call, error, stays, number) for number in numbers]
+    with concurrent.futures.ThreadPoolExecutor(trial.thing.at_once) as pool:
+        return list(pool.map(lambda number: trial.fault(call, error, stays, number), numbers))
 
 
 def kills(trial, options, name):
