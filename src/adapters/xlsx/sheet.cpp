@@ -86,6 +86,7 @@ void index_rows(std::string_view xml, TagWalk& walk, SheetIndex& index) {
     int former = 0;
     while (const auto tag = walk.next()) {
         if (tag->kind == TagKind::Close) {
+            if (local_name(tag->name) != "sheetData") break;
             index.rows_part.end = tag->begin;
             index.data.end = tag->end;
             return;
@@ -129,7 +130,8 @@ SheetIndex index_of_sheet(std::string_view xml) {
             continue;
         }
         const std::string_view element = element_of(xml, walk, *tag);
-        if (name == "dimension") index.dimension = {tag->begin, tag->begin + element.size()};
+        if (name == "dimension" && index.data.empty())
+            index.dimension = {tag->begin, tag->begin + element.size()};
         if (name == "cols") read_column_styles(element, index);
         if (name == "mergeCells") read_merged_cells(element, index);
     }
