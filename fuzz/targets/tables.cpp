@@ -115,11 +115,12 @@ bool alike(const std::vector<double>& a, const std::vector<double>& b) {
 /// Up to the end of the head, which has to stand in the first piece: by it the cells' separator is
 /// known.
 std::size_t end_of_head(const std::string& text) {
+    constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = std::min(text.find('\n', at), text.size());
-        const std::string_view line = std::string_view(text).substr(at, end - at);
-        if (!line.starts_with('#') && line.find_first_not_of(" \t\r\xEF\xBB\xBF") < line.size())
-            return end;
+        std::string_view line = std::string_view(text).substr(at, end - at);
+        if (line.starts_with(byte_order_mark)) line.remove_prefix(byte_order_mark.size());
+        if (!line.starts_with('#') && line.find_first_not_of(" \t\r") < line.size()) return end;
         at = end + 1;
     }
     return text.size();
