@@ -40,7 +40,7 @@ struct RateWords : CommonOptions {
     std::optional<double> interval{};  // min
     Stamp stamp = Stamp::End;
     Radiation radiation = Radiation::AsItStands;
-    TableFormat format = TableFormat::Long;
+    weather::TableFormat format = weather::TableFormat::Long;
     unsigned threads = 0;
 };
 
@@ -315,9 +315,9 @@ void add_rate(CommandLine& line) {
     command.add_option("--ignore", words.ignored, "Columns of the tables that are left out")
         ->delimiter(',')
         ->option_text("A,B,...");
-    add_choice<TableFormat>(
+    add_choice<weather::TableFormat>(
         command, "--format", words.format,
-        {{"long", TableFormat::Long}, {"limits", TableFormat::Limits}},
+        {{"long", weather::TableFormat::Long}, {"limits", weather::TableFormat::Limits}},
         "A row for each rating, or the limits of one time for grid programs (default: long)");
     command.add_option("--threads", words.threads, "Processors at work (default: all)")
         ->option_text("N");

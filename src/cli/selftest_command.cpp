@@ -91,7 +91,7 @@ ordered_json oddities_of(const Validation& validation, LangId lang) {
     return list;
 }
 
-int run(const CommonOptions& words) {
+int recalculate(const CommonOptions& words) {
     PosixFiles files;
     JsonCaseStore cases;
     const std::string folder = shipped_folder() + "/validation";
@@ -110,7 +110,7 @@ int run(const CommonOptions& words) {
 
 void add_selftest(CommandLine& line) {
     const auto [command, words] =
-        line.add<CommonOptions>("selftest", "Recalculate every published figure", run);
+        line.add<CommonOptions>("selftest", "Recalculate every published figure", recalculate);
     add_json_option(command, words);
     add_language(command, words.lang, words.separator);
     command.footer(selftest_notes);

@@ -15,7 +15,7 @@ namespace {
 
 using nlohmann::json;
 
-const json data = test_data("workbook_cells");
+const json cell_data = test_data("workbook_cells");
 const SheetOrigin origin = {"a.xlsx", fixed_sheet, LangId::English};
 
 CalcCase case_of(const json& methods) {
@@ -64,7 +64,7 @@ Box limit_box(const json& row, const std::string& text, LangId lang) {
     constexpr Text place = {
         "\nArbeitsblatt fixed_input : Spalte 3 / Zeile 1\nInkorrekter Eingabewert: ",
         "\nWorksheet fixed_input : column 3 / row 1\nIncorrect input value: "};
-    return {Icon::Stop, row.value(title, data.at(title)),
+    return {Icon::Stop, row.value(title, cell_data.at(title)),
             lines_of(row.at(language).get<std::string>() + std::string(place.in(lang)) + text)};
 }
 
@@ -89,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(Of, InputCells,
 
 TEST_P(InputCells, stand_in_their_places_and_keep_to_their_limits) {
     const auto& [name, cells] = GetParam();
-    const json& rows = data.at("cells").at(name);
+    const json& rows = cell_data.at("cells").at(name);
     ASSERT_EQ(cells.size(), rows.size());
     for (std::size_t i = 0; i < cells.size(); ++i) {
         const InputCell& cell = *cells[i];
@@ -130,7 +130,7 @@ TEST(CellReading, numbers_of_their_own_keep_to_their_limits) {
                                        {"time as an array", &time_limits},
                                        {"time by cell", &time_limits_by_cell}})
         for (const LangId lang : {LangId::German, LangId::English}) {
-            const json& row = data.at("numbers").at(name);
+            const json& row = cell_data.at("numbers").at(name);
             const SheetOrigin there = {origin.workbook, origin.sheet, lang};
             CellReading reading(there);
             for (const std::string text : row.at("takes"))
@@ -146,14 +146,14 @@ TEST(CellReading, numbers_of_their_own_keep_to_their_limits) {
 
 TEST(CellReading, the_frequency_goes_by_the_methods) {
     const InputCell& frequency = cell_of(line_cells(), &CalcCase::Netzfrequenz_db);
-    for (const json& row : data.at("frequencies"))
+    for (const json& row : cell_data.at("frequencies"))
         EXPECT_EQ(read(frequency, row[1], row[0]).boxes.empty(), row[2]) << row;
 }
 
 TEST(CellReading, a_number_has_a_decimal_comma) {
     const InputCell& wind = cell_of(line_cells(), &CalcCase::Windgeschwindigkeit_db);
     for (const auto& [key, taken] : {std::pair{"takes", true}, {"refuses", false}})
-        for (const std::string text : data.at("decimal_comma").at(key))
+        for (const std::string text : cell_data.at("decimal_comma").at(key))
             EXPECT_EQ(read(wind, text, json::array()).boxes.empty(), taken) << text;
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 using nlohmann::json;
 
-const json data = test_data("workbook_runs");
+const json run_data = test_data("workbook_runs");
 
 WorkbookKind kind_of_run(const json& run) {
     const std::string kind = run.at("workbook");
@@ -38,7 +38,7 @@ std::vector<std::string> texts_of(const std::vector<Box>& boxes) {
 std::vector<std::string> boxes_of(const json& run, const std::string& language) {
     std::vector<std::string> texts = run.at("boxes").at(language);
     for (std::string& text : texts)
-        if (text.starts_with('@')) text = data.at("texts").at(text.substr(1)).at(language);
+        if (text.starts_with('@')) text = run_data.at("texts").at(text.substr(1)).at(language);
     return texts;
 }
 
@@ -99,7 +99,7 @@ protected:
 };
 
 TEST_F(WorkbookRuns, tell_show_and_write_what_the_data_say) {
-    for (const json& run : data.at("runs"))
+    for (const json& run : run_data.at("runs"))
         for (const char* language : {"de", "en"}) {
             SCOPED_TRACE(run.at("name").get<std::string>() + " " + language);
             fill_in(run);

@@ -17,12 +17,12 @@ using nlohmann::json;
 
 constexpr Locale german = {LangId::German, DecimalSeparator::Comma};
 
-json rows(const char* name) { return test_data("measuring").at(name); }
+json input_rows(const char* name) { return test_data("measuring").at(name); }
 
 std::string lines_in(const Box& box) { return joined(box.lines, "\n"); }
 
 TEST(Height, is_taken_at_32_bits_or_refused) {
-    for (const json& row : rows("height_entries")) {
+    for (const json& row : input_rows("height_entries")) {
         SCOPED_TRACE(row.dump());
         Entry height;
         const auto refused = enter_height(height, row[0].get<std::string>(), german);
@@ -46,7 +46,7 @@ TEST(Height, keeps_its_number_without_a_text) {
 }
 
 TEST(Height, decides_whether_a_cycle_starts) {
-    for (const json& row : rows("starts")) {
+    for (const json& row : input_rows("starts")) {
         SCOPED_TRACE(row.dump());
         Entry height;
         ASSERT_FALSE(enter_height(height, row[0].get<std::string>(), german));
@@ -59,7 +59,7 @@ TEST(Height, decides_whether_a_cycle_starts) {
 }
 
 TEST(CombinationBoxes, take_typed_numbers_into_the_case) {
-    for (const json& row : rows("combinations")) {
+    for (const json& row : input_rows("combinations")) {
         SCOPED_TRACE(row.dump());
         const CombinationBox& box = combination_boxes()[row[0] == "Combo1" ? 0 : 1];
         CalcCase c;
@@ -97,7 +97,7 @@ protected:
 };
 
 TEST_F(Ports, are_assigned_after_a_question_unless_they_are_taken) {
-    for (const json& row : rows("ports")) {
+    for (const json& row : input_rows("ports")) {
         SCOPED_TRACE(row.dump());
         shared = {};
         Settings settings(shared, user, "/data");
@@ -118,7 +118,7 @@ TEST_F(Ports, are_assigned_after_a_question_unless_they_are_taken) {
 }
 
 TEST_F(Ports, mark_their_item_and_close_the_other_one) {
-    for (const json& row : rows("marks")) {
+    for (const json& row : input_rows("marks")) {
         SCOPED_TRACE(row.dump());
         shared = {};
         const char* keys[] = {"MUCOM", "MGCOM"};

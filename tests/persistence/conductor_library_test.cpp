@@ -24,7 +24,7 @@ using testing::SizeIs;
 
 constexpr auto Point = DecimalSeparator::Point;
 constexpr const char* own_file = "/home/conductors.csv";
-const json data = test_data("conductor_library");
+const json library_data = test_data("conductor_library");
 
 std::string shipped_file(const char* name) {
     std::ostringstream content;
@@ -77,7 +77,7 @@ TEST_F(Library, has_the_shipped_conductors_with_their_sources_and_materials) {
 TEST_F(Library, figures_of_a_conductor_are_those_of_its_row_and_its_materials) {
     const auto library = open(DecimalSeparator::Comma);
     CalcCase c = find_conductor(library.conductors(), "265/35").c;
-    for (const auto& [name, expected] : data.at("figures of 265/35").items()) {
+    for (const auto& [name, expected] : library_data.at("figures of 265/35").items()) {
         const FieldRef field = find_field(c, name)->value;
         if (const auto* const* entry = std::get_if<Entry*>(&field))
             EXPECT_EQ((*entry)->text, expected) << name;
@@ -90,13 +90,13 @@ TEST_F(Library, figures_of_a_conductor_are_those_of_its_row_and_its_materials) {
 
 TEST_F(Library, finds_by_either_name_and_lists_the_near_ones) {
     const auto library = open();
-    for (const auto& [name, found] : data.at("found").items())
+    for (const auto& [name, found] : library_data.at("found").items())
         EXPECT_EQ(full_name(find_conductor(library.conductors(), name)), found) << name;
-    for (const auto& [name, reason] : data.at("not found").items())
+    for (const auto& [name, reason] : library_data.at("not found").items())
         EXPECT_EQ(
             refusal_of([&, &name = name] { return &find_conductor(library.conductors(), name); }),
             reason);
-    for (const auto& [typed, count] : data.at("matches").items())
+    for (const auto& [typed, count] : library_data.at("matches").items())
         EXPECT_EQ(std::count_if(library.conductors().begin(), library.conductors().end(),
                                 [&typed = typed](const auto& conductor) {
                                     return matches(conductor, typed);
@@ -106,7 +106,7 @@ TEST_F(Library, finds_by_either_name_and_lists_the_near_ones) {
 }
 
 TEST(ConductorNames, come_in_the_order_of_letters_and_numbers) {
-    for (const json& pair : data.at("order")) {
+    for (const json& pair : library_data.at("order")) {
         const std::string first = pair[0];
         const std::string second = pair[1];
         EXPECT_TRUE(text_before(first, second)) << pair;
@@ -209,7 +209,7 @@ TEST_F(Library, skips_damaged_lines_keeps_them_and_lets_them_be_repaired_or_remo
     EXPECT_EQ(library.conductors()[1].c.Bezeichnung1_db, "last");
     std::vector<std::string> reasons;
     for (const auto& line : library.damaged()) reasons.push_back(line.damage->reason.en);
-    EXPECT_EQ(json(reasons), data.at("damaged lines"));
+    EXPECT_EQ(json(reasons), library_data.at("damaged lines"));
     const LibraryConductor umlaut = library.damaged().front();
     EXPECT_EQ(umlaut.c.Anmerkung_db, "Größe");
     EXPECT_EQ(umlaut.c.DCR_20_db.value, 0.5);
@@ -233,14 +233,14 @@ TEST_F(Library, skips_damaged_lines_keeps_them_and_lets_them_be_repaired_or_remo
 TEST(ConductorTable, refuses_by_file_line_column_and_limit) {
     const std::vector<Material> materials =
         read_materials(shipped_file("materials.csv"), "materials.csv", Point);
-    for (const json& row : data.at("tables"))
+    for (const json& row : library_data.at("tables"))
         EXPECT_EQ(refusal_of([&] {
                       return read_conductors(row[0].get<std::string>(), "own.csv", materials,
                                              Point);
                   }),
                   row[1])
             << row[0];
-    for (const json& row : data.at("material tables"))
+    for (const json& row : library_data.at("material tables"))
         EXPECT_EQ(
             refusal_of([&] { return read_materials(row[0].get<std::string>(), "own.csv", Point); }),
             row[1])
@@ -252,7 +252,7 @@ TEST(ConductorTable, refuses_by_file_line_column_and_limit) {
 // has 2814.87 mm² and 104 mm inside.
 TEST_F(Library, tells_figures_that_contradict_each_other) {
     const auto library = open();
-    for (const json& row : data.at("implausible")) {
+    for (const json& row : library_data.at("implausible")) {
         CalcCase c = find_conductor(library.conductors(), row.at("conductor")).c;
         set_fields(c, row.at("set"));
         EXPECT_EQ(implausible_figures(c, LangId::English), row.at("en")) << row;
@@ -269,7 +269,7 @@ void assume_fields(CalcCase& c, const json& row) {
 }
 
 TEST(Offers, fill_only_what_is_without_input_and_are_told) {
-    for (const json& row : data.at("offers")) {
+    for (const json& row : library_data.at("offers")) {
         CalcCase from;
         CalcCase to;
         CalcCase expected;
@@ -290,7 +290,7 @@ TEST(Offers, fill_only_what_is_without_input_and_are_told) {
 }
 
 TEST(Offers, usual_ones_go_by_the_conductor) {
-    for (const json& row : data.at("usual offers")) {
+    for (const json& row : library_data.at("usual offers")) {
         CalcCase c;
         set_fields(c, row.at("of"));
         CalcCase expected = c;

@@ -15,9 +15,8 @@ namespace {
 using nlohmann::json;
 using testing::ElementsAre;
 
-constexpr auto Point = DecimalSeparator::Point;
 constexpr const char* exchange = "/link/einseil1.dat";
-const json data = test_data("conductor_link");
+const json link_data = test_data("conductor_link");
 
 std::string record_of(std::int16_t type) {
     ConductorData c;
@@ -30,7 +29,7 @@ std::string record_of(std::int16_t type) {
 class ConductorLink : public testing::Test {
 protected:
     std::optional<Box> take(LangId lang = LangId::English) {
-        return take_over_conductor(c, files, exchange, {lang, Point});
+        return take_over_conductor(c, files, exchange, {lang, DecimalSeparator::Point});
     }
     MemoryFiles files;
     CalcCase c = twin_264_34();
@@ -42,7 +41,7 @@ TEST_F(ConductorLink, takes_over_all_that_the_record_holds_and_nothing_else) {
     c.ACDC_R_Option_Merker_db = 2;
     c.KniepunktTemperatur_db = typed(100);
     CalcCase expected = c;
-    copy_record_fields(read_record(files.files[exchange], Point), expected);
+    copy_record_fields(read_record(files.files[exchange], DecimalSeparator::Point), expected);
     EXPECT_EQ(take(), std::nullopt);
     EXPECT_EQ(c, expected);
     EXPECT_EQ(c.DCR_20_db, (Entry{"0.5", 0.5}));
@@ -52,7 +51,7 @@ TEST_F(ConductorLink, takes_over_all_that_the_record_holds_and_nothing_else) {
 }
 
 TEST_F(ConductorLink, the_kind_must_go_with_the_methods) {
-    for (const json& row : data.at("kinds"))
+    for (const json& row : link_data.at("kinds"))
         for (const LangId lang : {LangId::German, LangId::English}) {
             SCOPED_TRACE(row.dump());
             c = CalcCase{};
@@ -67,7 +66,8 @@ TEST_F(ConductorLink, the_kind_must_go_with_the_methods) {
             EXPECT_EQ(box.has_value(), refusal.is_string());
             EXPECT_EQ(c == before, box.has_value());
             if (box) {
-                const json& expected = data.at(refusal).at(lang == LangId::German ? "de" : "en");
+                const json& expected =
+                    link_data.at(refusal).at(lang == LangId::German ? "de" : "en");
                 EXPECT_EQ(box->title + "\n" + joined(box->lines, "\n"), expected);
                 EXPECT_EQ(box->icon, Icon::Stop);
             }

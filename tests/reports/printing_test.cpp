@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 
-const ReportPrint german = {PrintLang::German, DecimalSeparator::Comma, "22/11/2026 / 09:05"};
+const ReportPrint german_print = {PrintLang::German, DecimalSeparator::Comma, "22/11/2026 / 09:05"};
 
 Report long_report() {
     Report report;
@@ -27,14 +27,14 @@ class Printing : public testing::Test {
 protected:
     PrintOrder order(std::optional<Report> report) {
         return {ReportKind::TransientTable, "S03", [report](const ReportPrint& print) {
-                    EXPECT_EQ(print.print_date, german.print_date);
+                    EXPECT_EQ(print.print_date, german_print.print_date);
                     return report;
                 }};
     }
     void print(const PrintOrder& what) {
-        S00_Drucken(what, german, {printers, errors, [this](const SheetsDocument& document) {
-                                       return pdf_of(document);
-                                   }});
+        S00_Drucken(what, german_print, {printers, errors, [this](const SheetsDocument& document) {
+                                             return pdf_of(document);
+                                         }});
     }
     /// The words of all sheets, by language and title.
     std::string pdf_of(const SheetsDocument& document) {
@@ -97,7 +97,7 @@ TEST_F(Printing, tells_a_report_that_fails_and_prints_nothing) {
         throw PlatformError(PlatformFault::Overflow, Reason(Text{"zu groß", "too large"}));
     };
     print(failing);
-    EXPECT_FALSE(report_for_preview(failing, german, errors));
+    EXPECT_FALSE(report_for_preview(failing, german_print, errors));
     EXPECT_THAT(heads(), ElementsAre("Error 6 in MODUL_IEC865.S03", "Error 6 in MODUL_IEC865.S03"));
     EXPECT_TRUE(printers.printed.empty());
 }

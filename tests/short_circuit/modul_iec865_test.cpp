@@ -177,13 +177,13 @@ TEST(Auswertung, rated_short_time_cancels_for_a_conductor) {
     expect_near(result.S_zul, 126.59268726952192);
 }
 
-struct MaterialRow {
+struct MaterialFactors {
     std::int16_t index;
     double K_80_200;  // A·s^0.5/mm², from 80 to 200 °C
     double K_20_300;  // from 20 to 300 °C; 0 where it was not worked
 };
 // The constants of materials 1 to 3 are those of EN 60865-1 for bare conductors.
-constexpr MaterialRow material_rows[] = {
+constexpr MaterialFactors material_factors[] = {
     {1, 126.59268726952192, 191.801794347608},
     {2, 83.63294931805682, 126.7367136682592},
     {3, 46.377770567493066, 70.35487232991744},
@@ -202,8 +202,8 @@ double factor_K(std::int16_t material, const char* theta_b, const char* theta_e)
 }
 
 TEST(FactorK, of_all_materials) {
-    ASSERT_EQ(std::size(material_rows) + 1, conductor_materials().size());
-    for (const auto& [index, K_80_200, K_20_300] : material_rows) {
+    ASSERT_EQ(std::size(material_factors) + 1, conductor_materials().size());
+    for (const auto& [index, K_80_200, K_20_300] : material_factors) {
         expect_near(factor_K(index, "80", "200"), K_80_200);
         if (K_20_300 != 0) expect_near(factor_K(index, "20", "300"), K_20_300);
     }

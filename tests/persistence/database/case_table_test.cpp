@@ -13,7 +13,7 @@ namespace {
 
 using nlohmann::json;
 
-const json data = test_data("database");
+const json table_data = test_data("database");
 
 std::string declared(const TableColumn& column) {
     constexpr const char* types[] = {"", "Text", "Integer", "Single", "Double"};
@@ -25,7 +25,7 @@ std::string declared(const TableColumn& column) {
 TEST(CaseTable, has_its_columns_in_order) {
     std::vector<std::string> columns;
     for (const TableColumn& column : case_tables().columns) columns.push_back(declared(column));
-    EXPECT_EQ(json(columns), data.at("case columns"));
+    EXPECT_EQ(json(columns), table_data.at("case columns"));
 }
 
 /// A row of a table that has only the columns of `values`.
@@ -56,7 +56,7 @@ struct Reading : testing::Test {
 };
 
 TEST_F(Reading, follows_its_rules) {
-    for (const json& row : data.at("reading")) {
+    for (const json& row : table_data.at("reading")) {
         CalcCase c;
         CalcCase expected;
         set_fields(c, row.value("from", json::object()));
@@ -75,7 +75,7 @@ TEST_F(Reading, follows_its_rules) {
 }
 
 TEST(TableNames, lack_their_characters) {
-    for (const json& row : data.at("names"))
+    for (const json& row : table_data.at("names"))
         EXPECT_EQ(refused_character(row[0].get<std::string>()).value_or(""), row[1]) << row;
 }
 
