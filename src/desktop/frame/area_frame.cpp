@@ -239,13 +239,14 @@ void AreaFrame::go_to(const FieldInfo& field) {
     }
 }
 
-/// The line that it comes from may go meanwhile.
-void AreaFrame::put_back(AreaMessage message) {
-    go_to(*message.field);
-    QWidget* input = pages_[static_cast<std::size_t>(page_)]->input(*message.field);
+void AreaFrame::put_back(const AreaMessage& message) {
+    const FieldInfo& field = *message.field;
+    const QString text = qt(message.put_back);
+    go_to(field);  // the line that the message comes from may go meanwhile
+    QWidget* input = pages_[static_cast<std::size_t>(page_)]->input(field);
     // Only into its own input, which may have closed; as if it were typed: the box can undo it.
     if (auto* box = qobject_cast<QLineEdit*>(input); box != nullptr && box->hasFocus())
-        box->insert(qt(message.put_back));
+        box->insert(text);
 }
 
 void AreaFrame::show_modified() {

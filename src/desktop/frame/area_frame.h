@@ -172,7 +172,7 @@ private:
     void add_message_actions(QMenu& edit);
     void show_messages();
     void show_tab(int page);
-    void put_back(AreaMessage message);
+    void put_back(const AreaMessage& message);
     QAction* add_action(QMenu& menu, const MenuRow& row);
     void tell_title();
     void page_changed(int to);

@@ -121,7 +121,8 @@ QLineEdit* FormPanel::make_edit(std::size_t index) {
     auto* edit = new QLineEdit;
     edit->setMinimumWidth(parts_.look.number_width);
     close_in_grey(*edit);
-    edit->installEventFilter(new LeavingBox(edit, [this, index] { take_in(fields_[index]); }));
+    edit->installEventFilter(
+        new LeavingBox(edit, alive_, [this, index] { take_in(fields_[index]); }));
     edit->installEventFilter(new FocusChain(
         edit, [this](std::string_view control) { return parts_.record.next_control(control); }));
     on(edit, &QLineEdit::textEdited, [this, index] {

@@ -122,6 +122,7 @@ private:
     FormParts parts_;
     QGridLayout* grid_;
     std::vector<Field> fields_;
+    QObject alive_;  // ends before the boxes do
 };
 
 /// Gives panels that stand one below the other the same columns.

@@ -139,7 +139,7 @@ bool NumberKeys::refuses(const QEvent& event) const {
 }
 
 bool LeavingBox::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::FocusOut) return false;
+    if (event->type() != QEvent::FocusOut || panel_.isNull()) return false;
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
     if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
         guarded(*watched, leave_);

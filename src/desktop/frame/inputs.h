@@ -51,15 +51,17 @@ private:
 void understand_pasted_numbers(QLineEdit& edit, const Session& session);
 
 /// Installed on a box, it calls `leave` when the focus goes to another input, and not when only the
-/// window is left.
+/// window is left. A box that is deleted while it has the focus loses it: `panel`, for which it is
+/// called, is to end before the boxes of its panel are deleted.
 class LeavingBox : public QObject {
 public:
-    LeavingBox(QObject* parent, std::function<void()> leave)
-        : QObject(parent), leave_(std::move(leave)) {}
+    LeavingBox(QObject* parent, const QObject& panel, std::function<void()> leave)
+        : QObject(parent), panel_(&panel), leave_(std::move(leave)) {}
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QPointer<const QObject> panel_;
     std::function<void()> leave_;
 };
 

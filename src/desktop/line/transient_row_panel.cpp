@@ -105,7 +105,7 @@ void TransientRowPanel::make_cells(QGridLayout& grid, int line) {
         edit->setAlignment(Qt::AlignRight);
         edit->setFixedWidth(cell_widths[i]);
         understand_pasted_numbers(*edit, parts_.session);
-        edit->installEventFilter(new LeavingBox(edit, [this, i] { take_in(i); }));
+        edit->installEventFilter(new LeavingBox(edit, alive_, [this, i] { take_in(i); }));
         edit->installEventFilter(new FocusChain(edit));
         edit->installEventFilter(new NumberKeys(edit, parts_.session));
         on(edit, &QLineEdit::textEdited, [this] { parts_.typed(); });

@@ -88,6 +88,7 @@ private:
     std::array<QLineEdit*, 4> cells_{};
     QLabel* total_;
     NoteLine* note_;
+    QObject alive_;  // ends before the boxes do
 };
 
 }  // namespace zel
