@@ -179,12 +179,13 @@ void ComparePanel::copy_table() const {
 }
 
 void ComparePanel::save_table() const {
-    const auto& [session, captions, chooser, files] = parts_.panel;
-    save_as(session, chooser, files, {save_title, filters, "xlsx", not_saved}, {},
+    const PanelParts& parts = parts_.panel;
+    const Session& session = parts.session;
+    save_as(session, parts.chooser, parts.files, {save_title, filters, "xlsx", not_saved}, {},
             std::string(file_name.in(session.lang)),
             [&](const std::string& path) -> std::optional<Box> {
                 write_sheet(comparison_sheet(compared(ComparedInputs::All), session), path,
-                            parts_.workbooks, files, session.separator);
+                            parts_.workbooks, parts.files, session.separator);
                 return std::nullopt;
             });
 }
