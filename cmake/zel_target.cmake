@@ -29,6 +29,8 @@ endfunction()
 # development and the sanitizers compile each alone, so that none can lean on its neighbour.
 function(zel_unity target)
     set_target_properties(${target} PROPERTIES UNITY_BUILD ${ZEL_UNITY} UNITY_BUILD_BATCH_SIZE 5)
+    # A name of one file hides nothing of another.
+    target_compile_options(${target} PRIVATE $<$<BOOL:${ZEL_UNITY}>:-Wno-shadow>)
 endfunction()
 
 # One static library per folder of src/; what it links is what it may include.

@@ -114,14 +114,14 @@ ComparedGroup methods_and_settings(Runs runs, const Locale& locale) {
     for (const ConfigGroup& options : config_groups())
         for (const auto& [field, setting] : setting_rows) {
             if (options.options.front().setting != setting) continue;
-            group.rows.push_back(
-                row_of(bare(options.caption.in(locale.lang)), {}, runs, [&](const KeptRun& run) {
-                    ComparedValue value;
-                    for (const ConfigOption& option : options.options)
-                        if (option.value == run.c.*field)
-                            value.text = without_outer_blanks(option.caption.in(locale.lang));
-                    return value;
-                }));
+            const auto chosen = [&options, &locale, of = field](const KeptRun& run) {
+                ComparedValue value;
+                for (const ConfigOption& option : options.options)
+                    if (option.value == run.c.*of)
+                        value.text = without_outer_blanks(option.caption.in(locale.lang));
+                return value;
+            };
+            group.rows.push_back(row_of(bare(options.caption.in(locale.lang)), {}, runs, chosen));
             group.rows.back().field = name_of(FieldKey(field));
         }
     return group;

@@ -19,9 +19,9 @@ namespace zel {
 /// with the reason why the present ones cannot.
 class LiveRating {
 public:
-    /// Rates `c` with the texts of `pending` as if they were entered. A number that is only begun
-    /// ("-", "1,") is no number yet, so that the former results stay.
-    void update(const CalcCase& c, std::span<const forms::PendingText> pending,
+    /// Rates `given` with the texts of `pending` as if they were entered. A number that is only
+    /// begun ("-", "1,") is no number yet, so that the former results stay.
+    void update(const CalcCase& given, std::span<const forms::PendingText> pending,
                 const Session& session);
     void forget() { *this = {}; }
 
@@ -55,9 +55,9 @@ struct Outlook {
 /// Asked again and again whether to go on.
 using GoOn = std::function<bool()>;
 
-/// Of a run that goes on from what `session.memory` holds, which must not be null and changes.
+/// Of a run that goes on from what `watched.memory` holds, which must not be null and changes.
 /// Nothing where `go_on` stopped it.
-[[nodiscard]] std::optional<Outlook> outlook(const KeptRun& run, const Session& session,
+[[nodiscard]] std::optional<Outlook> outlook(const KeptRun& run, const Session& watched,
                                              const GoOn& go_on);
 
 /// "Cigre TB 601: wind speed + 0.1 m/s: +38 A, ...", of the first method with a result and its

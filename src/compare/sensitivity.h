@@ -48,10 +48,11 @@ struct Sensitivity {
 /// Told how many of all inputs are done, and answers whether to go on.
 using SensitivityProgress = std::function<bool(std::size_t done, std::size_t all)>;
 
-/// Of every numeric input of `c`, which the input check lets pass. A step that the limits or the
-/// input check refuse is done the other way; one refused both ways leaves its input out. Nothing
-/// where `progress` stopped it. Throws `InputError` where a chosen step is of no numeric input.
-[[nodiscard]] std::optional<Sensitivity> sensitivity(const CalcCase& c, const Session& session,
+/// Of every numeric input of `given`, which the input check lets pass. A step that the limits or
+/// the input check refuse is done the other way; one refused both ways leaves its input out.
+/// Nothing where `progress` stopped it. Throws `InputError` where a chosen step is of no numeric
+/// input.
+[[nodiscard]] std::optional<Sensitivity> sensitivity(const CalcCase& given, const Session& session,
                                                      const std::vector<ChosenStep>& steps = {},
                                                      const SensitivityProgress& progress = {});
 

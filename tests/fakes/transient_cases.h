@@ -25,6 +25,9 @@ inline CalcCase with_masses(CalcCase c) {
     return c;
 }
 
+inline CalcCase line_by_tb207() { return with_masses(twin_264_34()); }
+inline CalcCase line_by_tb601() { return with_masses(line_264_34()); }
+
 inline TransientRow current_row(double Temp, int Min, int Sec) {
     return {seeks_current,
             0,

@@ -29,7 +29,7 @@ ChosenConductor shipped(const std::string& name) {
 
 NextPiece pieces_of(const std::string& text, std::size_t size) {
     return [text, size, at = std::size_t{0}]() mutable {
-        const std::string piece = text.substr(std::min(at, text.size()), size);
+        std::string piece = text.substr(std::min(at, text.size()), size);
         at += size;
         return piece;
     };
@@ -249,9 +249,10 @@ TEST(Limits, are_of_one_row_and_of_whole_seconds) {
         InputError);
     for (const auto& [first, second] : {std::pair{"A", "A"}, {"", "A"}, {"A", ""}, {"", ""}})
         EXPECT_THROW(
-            (void)rated(whole,
-                        steady_wind + row + first + "," + weather + row + second + "," + weather,
-                        limits),
+            (void)rated(
+                whole,
+                joined({steady_wind, row, first, ",", weather, row, second, ",", weather}, ""),
+                limits),
             InputError)
             << first << second;
 }

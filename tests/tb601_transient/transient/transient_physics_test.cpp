@@ -9,9 +9,6 @@
 namespace zel {
 namespace {
 
-CalcCase line_by_tb207() { return with_masses(twin_264_34()); }
-CalcCase line_by_tb601() { return with_masses(line_264_34()); }
-
 /// Tube 120x8 of E-AlMgSi0.5 in the wind.
 CalcCase tube() {
     CalcCase c = line_by_tb207();

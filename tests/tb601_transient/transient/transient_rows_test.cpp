@@ -9,9 +9,6 @@
 namespace zel {
 namespace {
 
-CalcCase line_by_tb207() { return with_masses(twin_264_34()); }
-CalcCase line_by_tb601() { return with_masses(line_264_34()); }
-
 template <class Transient>
 Transient make();
 template <>

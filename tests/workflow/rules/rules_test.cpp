@@ -70,7 +70,7 @@ json limit_of(std::vector<std::string> fields, std::string taken, std::string re
 }
 
 json key(char32_t code, DecimalSeparator separator) {
-    const json refusal = in_both([&](LangId lang) {
+    json refusal = in_both([&](LangId lang) {
         return filter_key(code, {lang, separator}).refusal;
     });
     EXPECT_TRUE(refusal.is_null() || !filter_key(code, {LangId::English, separator}).passes);
