@@ -86,7 +86,9 @@ void index_rows(std::string_view xml, TagWalk& walk, SheetIndex& index) {
     int former = 0;
     while (const auto tag = walk.next()) {
         if (tag->kind == TagKind::Close) {
-            if (local_name(tag->name) != "sheetData") break;
+            if (local_name(tag->name) != "sheetData")
+                refuse_damaged({"ihre Zeilen enden mit {0}", "its rows end with {0}"},
+                               {shortened(tag->name)});
             index.rows_part.end = tag->begin;
             index.data.end = tag->end;
             return;
