@@ -46,7 +46,7 @@ void expect_output(const json& expected, const std::string& actual, double toler
         const json document = json::parse(actual, nullptr, false);
         ASSERT_FALSE(document.is_discarded()) << "no JSON document:\n" << actual;
         expect_part(expected, document, {tolerance, tolerance}, "");
-    } else if (expected == "") {
+    } else if (expected.is_string() && expected.get<std::string>().empty()) {
         EXPECT_EQ(actual, "");
     } else {
         expect_parts(expected, actual);

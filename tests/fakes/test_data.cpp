@@ -27,7 +27,7 @@ void expect_part(const json& expected, const json& actual, Closeness near,
         ASSERT_TRUE(actual.is_object()) << place;
         for (const auto& [key, value] : expected.items()) {
             ASSERT_TRUE(actual.contains(key)) << place << "/" << key;
-            expect_part(value, actual.at(key), near, place + "/" + key);
+            expect_part(value, actual.at(key), near, std::string(place).append("/").append(key));
         }
     } else if (expected.is_array()) {
         ASSERT_EQ(expected.size(), actual.size()) << place << ": " << actual;

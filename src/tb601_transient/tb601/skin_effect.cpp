@@ -73,14 +73,14 @@ constexpr double relative_distance = 0x1p-40;
 
 }  // namespace
 
-double equivalent_diameter(const TB601Params& p) {
-    switch (p.ConductorType) {
+double equivalent_diameter(const TB601Params& params) {
+    switch (params.ConductorType) {
         case homogeneous_conductor:
         case steel_cored_conductor:
         case composite_core_conductor:
-            if (p.GMRMerker == 1) return 2 * static_cast<double>(p.GMR);
-            return narrowed_to_single(2 * (p.D * 0.7788 / 2));
-        case tubular_busbar: return narrowed_to_single(p.D);
+            if (params.GMRMerker == 1) return 2 * static_cast<double>(params.GMR);
+            return narrowed_to_single(2 * (params.D * 0.7788 / 2));
+        case tubular_busbar: return narrowed_to_single(params.D);
         default: return 0;
     }
 }
