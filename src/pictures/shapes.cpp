@@ -45,7 +45,8 @@ double write_lines(Canvas& canvas, const CanvasPoint& at, Side side, double room
         const std::string word(text.substr(0, end));
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
         std::string longer = line;
-        longer.append(line.empty() ? "" : " ").append(word);
+        longer += line.empty() ? "" : " ";
+        longer += word;
         if (!line.empty() && canvas.text_width(longer, font) > room) {
             finish();
             line = word;

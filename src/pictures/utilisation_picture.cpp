@@ -97,7 +97,7 @@ std::optional<Utilisation> utilisation(const ShortCircuitCase& c,
 }
 
 std::string share_text(const Utilisation& use, DecimalSeparator separator) {
-    const std::string text = masked(use.share() * 100, "###0.0", separator);
+    std::string text = masked(use.share() * 100, "###0.0", separator);
     const std::string full = masked(100, "###0.0", separator);
     if (text == full && !use.withstands) return "> 100";
     if (text == full && use.share() < 1) return "< 100";

@@ -17,8 +17,8 @@ public:
 
     /// Their paths, the last one first.
     [[nodiscard]] std::vector<std::string> all() const;
-    /// `path` is the last one now; it is kept from the root on.
-    void add(const std::string& path);
+    /// `given` is the last one now; its path is kept from the root on.
+    void add(const std::string& given);
 
 private:
     SettingsStore& store_;

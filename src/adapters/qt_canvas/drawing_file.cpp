@@ -11,11 +11,8 @@
 #include <QSvgGenerator>
 #include <clocale>
 #include <cmath>
-#include <qpdf/Buffer.hh>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFObjectHandle.hh>
-#include <qpdf/QPDFWriter.hh>
 
+#include "adapters/qt_canvas/pdf_language.h"
 #include "adapters/qt_canvas/qt_canvas.h"
 #include "platform/errors.h"
 
@@ -90,23 +87,6 @@ void write_pdf(const Picture& picture, QBuffer& file) {
     paint(picture, pdf, 1, [&pdf] { pdf.newPage(); });
 }
 
-/// Screen readers and searches go by the language of a document, which Qt does not write.
-std::string with_language(const QByteArray& bytes, std::string_view language) {
-    QPDF pdf;
-    pdf.setSuppressWarnings(true);
-    pdf.processMemoryFile("report", bytes.data(), static_cast<std::size_t>(bytes.size()));
-    pdf.getRoot().replaceKey("/Lang", QPDFObjectHandle::newString(std::string(language)));
-    QPDFWriter writer(pdf);
-    writer.setOutputMemory();
-    writer.setStreamDataMode(qpdf_s_preserve);
-    writer.setDeterministicID(true);
-    writer.write();
-    // It leaves out an object that it has no memory for, and only warns.
-    if (pdf.anyWarnings()) throw OutputError(Reason(no_memory_for_it));
-    const std::shared_ptr<Buffer> written = writer.getBufferSharedPointer();
-    return {reinterpret_cast<const char*>(written->getBuffer()), written->getSize()};
-}
-
 }  // namespace
 
 std::string drawing_file(DrawingKind kind, const CanvasBox& area, std::string_view title,
@@ -133,7 +113,11 @@ std::string sheets_file(const SheetsDocument& document) {
     QBuffer file;
     file.open(QIODevice::WriteOnly);
     write_pdf({document.sheet, text_of(document.title), document.draw}, file);
-    return with_language(file.data(), document.language);
+    const QByteArray& bytes = file.data();
+    std::string pdf =
+        with_language({bytes.data(), static_cast<std::size_t>(bytes.size())}, document.language);
+    if (pdf.empty()) throw OutputError(Reason(no_memory_for_it));
+    return pdf;
 }
 
 DrawingSystem::DrawingSystem() {
