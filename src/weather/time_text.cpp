@@ -109,8 +109,8 @@ std::optional<std::int64_t> read_offset(std::string_view text) {
     return sign * (h * seconds_of_hour + m * seconds_of_minute);
 }
 
-std::string time_text(std::int64_t value) {
-    const sys_seconds time{seconds(value)};
+std::string time_text(std::int64_t moment) {
+    const sys_seconds time{seconds(moment)};
     const auto midnight = floor<days>(time);
     const year_month_day date{midnight};
     const hh_mm_ss<seconds> clock{time - midnight};

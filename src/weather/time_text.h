@@ -22,7 +22,7 @@ struct WrittenTime {
 /// none of them.
 [[nodiscard]] std::optional<std::int64_t> read_offset(std::string_view text);
 
-/// "2024-01-15T08:30:00Z" of seconds since 1970 in UTC.
-[[nodiscard]] std::string time_text(std::int64_t seconds);
+/// "2024-01-15T08:30:00Z" of the `moment`, seconds since 1970 in UTC.
+[[nodiscard]] std::string time_text(std::int64_t moment);
 
 }  // namespace zel::weather
