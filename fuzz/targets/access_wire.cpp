@@ -23,7 +23,8 @@ namespace zel::access {
 ReaderProcess::ReaderProcess(const std::string& /*program*/, int /*file*/,
                              std::chrono::milliseconds limit)
     : left_(limit) {}
-ReaderProcess::~ReaderProcess() = default;
+// There is no process to end.
+ReaderProcess::~ReaderProcess() {}  // NOLINT(modernize-use-equals-default)
 
 std::string ReaderProcess::ask(const Message& question) {
     // The question itself is a message.

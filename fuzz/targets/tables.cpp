@@ -81,7 +81,7 @@ WeatherRead weather_of(const std::string& text, std::size_t piece, const Locale&
     WeatherRead all;
     std::size_t at = 0;
     const auto next = [&] {
-        const std::string bytes = text.substr(std::min(at, text.size()), piece);
+        std::string bytes = text.substr(std::min(at, text.size()), piece);
         at += bytes.size();
         return bytes;
     };
