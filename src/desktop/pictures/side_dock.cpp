@@ -48,9 +48,9 @@ SideDock::SideDock(AreaFrame& form, const DockFacts& facts, QWidget* content, Ca
 }
 
 /// Whether another dock takes width on the other side of the pages.
-bool SideDock::shares_with_other_side() const {
+bool SideDock::shares_with_other_side() {
     const auto docks = form_.findChildren<QDockWidget*>();
-    const Qt::DockWidgetArea own = form_.dockWidgetArea(*std::ranges::find(docks, this));
+    const Qt::DockWidgetArea own = form_.dockWidgetArea(this);
     return std::ranges::any_of(docks, [this, own](QDockWidget* dock) {
         const Qt::DockWidgetArea area = form_.dockWidgetArea(dock);
         return dock != this && !dock->isHidden() && !dock->isFloating() &&
@@ -58,13 +58,13 @@ bool SideDock::shares_with_other_side() const {
     });
 }
 
-bool SideDock::has_room() const {
+bool SideDock::has_room() {
     if (is_below()) return form_.height() >= least_height;
     const int docks = shares_with_other_side() ? 2 : 1;
     return form_.width() >= room_for_page(form_) + docks * least_width;
 }
 
-int SideDock::room_beside_page() const {
+int SideDock::room_beside_page() {
     const int room = form_.width() - room_for_page(form_);
     return shares_with_other_side() ? room / 2 : room;
 }

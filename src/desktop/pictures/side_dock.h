@@ -36,9 +36,9 @@ protected:
 private:
     void switched(bool shown);
     void follow_room();
-    [[nodiscard]] bool has_room() const;
-    [[nodiscard]] bool shares_with_other_side() const;
-    [[nodiscard]] int room_beside_page() const;
+    [[nodiscard]] bool has_room();
+    [[nodiscard]] bool shares_with_other_side();
+    [[nodiscard]] int room_beside_page();
     /// Whether the user has opened or closed it.
     [[nodiscard]] bool is_chosen() const { return property(WindowMemory::dock_chosen).isValid(); }
     void set_chosen(bool shown) { setProperty(WindowMemory::dock_chosen, shown); }
