@@ -10,6 +10,7 @@
 #include "cli/commands.h"
 #include "platform/errors.h"
 #include "program/conductor_source.h"
+#include "program/stores.h"
 #include "weather/rate_texts.h"
 
 namespace zel {
@@ -55,22 +56,6 @@ constexpr Text both_piped = {"nur eine der Tabellen kann von der Standardeingabe
                              "only one of the tables can come from standard input"};
 constexpr Text is_an_input = {"ist eine der Tabellen", "is one of the tables"};
 constexpr Text ratings_so_far = {"{0} Belastbarkeiten", "{0} ratings"};
-
-/// The conductors of the library, which is read once, when a line names the first.
-class Conductors {
-public:
-    explicit Conductors(const Locale& locale) : locale_(locale) {}
-
-    ChosenConductor chosen(const std::string& named) {
-        if (!library_) library_.emplace(open_library(files_, locale_));
-        return choose_conductor(*library_, files_, named, locale_.separator);
-    }
-
-private:
-    Locale locale_;
-    PosixFiles files_;
-    std::optional<ConductorLibrary> library_;
-};
 
 std::unique_ptr<TimeZone> zone_of(const std::string& name) {
     if (name.empty()) return nullptr;
@@ -119,6 +104,39 @@ std::string checksum_of(const std::string& path) {
     return sum.hex();
 }
 
+/// The conductors of the library, which is read once, when a line names the first.
+class Conductors {
+public:
+    explicit Conductors(const Locale& locale) : locale_(locale) {}
+
+    ChosenConductor chosen(const std::string& named) {
+        if (!library_) {
+            library_.emplace(open_library(files_, locale_));
+            const LibraryPlaces places = library_places(ProgramStores().paths);
+            for (const std::string& path :
+                 {places.shipped_file(), places.materials_file(), places.own_file})
+                take_source(path);
+        }
+        take_source(named);
+        return choose_conductor(*library_, files_, named, locale_.separator);
+    }
+
+    /// The files of the library, and the records that lines named.
+    [[nodiscard]] const std::vector<RateSource>& sources() const { return sources_; }
+
+private:
+    void take_source(const std::string& path) {
+        const bool known = std::ranges::any_of(
+            sources_, [&](const RateSource& source) { return source.path == path; });
+        if (!known && file_exists(path)) sources_.push_back({path, checksum_of(path)});
+    }
+
+    Locale locale_;
+    PosixFiles files_;
+    std::optional<ConductorLibrary> library_;
+    std::vector<RateSource> sources_;
+};
+
 std::string checksum_of_text(std::string_view text) {
     Sha256 sum;
     sum.take(text);
@@ -158,6 +176,7 @@ private:
     std::string weather_sum_;
     std::string lines_sum_;
     LineDefaults defaults_;
+    Conductors conductors_{words_};
     std::optional<WeatherTable> weather_;
     LineTable lines_;
     StatusCounts statuses_;
@@ -193,10 +212,13 @@ void RateRun::rate() {
     const std::string text = read_text_file(words_.lines);
     lines_sum_ = checksum_of_text(text);
     lines_ = reading(words_.lines, [&] { return lines_of(text); });
+    settle_radiation(lines_, *weather_, words_.radiation);
     if (lines_.lines.empty()) throw InputError(at(words_.lines, Reason(no_lines)));
-    require_radiation(lines_, *weather_, words_.radiation);
     std::vector<std::string> names;
-    for (const RatedLine& line : lines_.lines) names.push_back(line.name);
+    for (const RatedLine& line : lines_.lines) {
+        names.push_back(line.name);
+        std::ranges::copy(faults_of_recourse(line), std::back_inserter(lines_.without_recourse));
+    }
     weather_->set_lines(names);
     RatingsTable table(lines_, *weather_, {words_.format, words_.columns, words_});
     NewFile file(words_.output);
@@ -228,16 +250,16 @@ std::string RateRun::next_piece() {
 }
 
 LineTable RateRun::lines_of(const std::string& text) {
-    Conductors conductors(words_);
     return read_lines(
         text, defaults_, weather_->names(),
-        [&](const std::string& named) { return conductors.chosen(named); }, words_);
+        [&](const std::string& named) { return conductors_.chosen(named); }, words_);
 }
 
 RateRecord RateRun::record() const {
     return {command_,
             {words_.lines, words_.lines == "-" ? std::string() : lines_sum_},
             {words_.weather, pieces_->is_file() ? weather_sum_ : std::string()},
+            conductors_.sources(),
             words_.zone,
             words_.stamp,
             words_.radiation};
@@ -284,7 +306,7 @@ void add_time_options(CLI::App& command, RateWords& words) {
     add_choice<Radiation>(
         command, "--radiation", words.radiation,
         {{"horizontal", Radiation::Horizontal}, {"conductor", Radiation::OnConductor}},
-        "What the radiation of the weather is: on level ground, or as it meets the conductor");
+        "What the radiation is: on level ground, or as it meets the conductor");
 }
 
 }  // namespace

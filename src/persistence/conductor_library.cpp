@@ -23,8 +23,8 @@ bool holds(const std::vector<LibraryConductor>& lines, const LibraryConductor& l
 
 ConductorLibrary::ConductorLibrary(Files& files, LibraryPlaces places, DecimalSeparator separator)
     : files_(files), places_(std::move(places)), separator_(separator) {
-    const std::string materials = places_.shipped_folder + "/materials.csv";
-    const std::string shipped = places_.shipped_folder + "/conductors.csv";
+    const std::string materials = places_.materials_file();
+    const std::string shipped = places_.shipped_file();
     materials_ = read_materials(files_.content(materials), materials, separator_);
     shipped_ = read_conductors(files_.content(shipped), shipped, materials_, separator_);
     try {

@@ -14,6 +14,9 @@ namespace zel {
 struct LibraryPlaces {
     std::string shipped_folder;  // with conductors.csv and materials.csv
     std::string own_file;        // the user's own conductors; need not exist
+
+    [[nodiscard]] std::string shipped_file() const { return shipped_folder + "/conductors.csv"; }
+    [[nodiscard]] std::string materials_file() const { return shipped_folder + "/materials.csv"; }
 };
 
 /// The shipped conductors and the user's own. Only the user's file is ever written.

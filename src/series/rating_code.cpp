@@ -8,6 +8,10 @@ namespace {
 using enum RatingCode;
 
 constexpr RatingCodeText codes[] = {
+    {TooHot,
+     "too_hot",
+     {"die Zustandsänderung endet über 500 °C, wo die Daten keines Leiters gelten",
+      "the change of state ends above 500 °C, where the data of no conductor hold"}},
     {WindFolded,
      "wind_folded",
      {"der Windwinkel ist durch Subtraktion gefaltet und nicht der spitze zwischen Wind und Leitung",

@@ -16,6 +16,7 @@ namespace zel {
 /// Programs keep these numbers: they never change. Below 0 the value stands and something is to be
 /// said of it; above 0 there is no value.
 enum class RatingCode : std::int32_t {
+    TooHot = -6,           // a change of state that ends above 500 °C
     WindFolded = -5,       // the angle of a case is folded and not the acute one
     TargetMissed = -4,     // the current of a change of state leads elsewhere than asked
     TatlRises = -3,        // above that of a shorter time

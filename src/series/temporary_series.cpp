@@ -105,9 +105,9 @@ RatingCode code_of_row(const StateRows& rows, std::size_t row) {
     if (!has_value(rows.code)) return rows.code;
     const TransientResult& result = rows.result;
     if (result.rows[row].Merker == row_unused) return RatingCode::MissingInput;
-    const std::size_t run = result.rows_run();
-    if (row >= run || result.rows[row].Failed == 1) return RatingCode::TransientFailed;
-    return result.checks[row] ? RatingCode::TargetMissed : rows.code;
+    if (!result.ended_soundly(row)) return RatingCode::TransientFailed;
+    if (result.checks[row]) return RatingCode::TargetMissed;
+    return ends_too_hot(result, row) ? RatingCode::TooHot : rows.code;
 }
 
 void write(const StateRows& rows, std::size_t row, const CalcCase& c, const StateSeries& out,

@@ -13,7 +13,10 @@
 namespace zel::weather {
 namespace {
 
-constexpr std::string_view radiation_input = "global_radiation";
+constexpr Text no_recourse = {
+    "Leitung {0}: nach {1} gibt es mit ihrem statischen Wetter keine Belastbarkeit",
+    "line {0}: there is no rating by {1} with its static weather"};
+
 constexpr double largest_radiation = 1400;  // W/m², the limit of the field
 constexpr double least_sun_height = 10;     // degrees
 
@@ -76,6 +79,13 @@ void finish(const MethodRatings& of, std::span<Rating> kinds) {
 
 }  // namespace
 
+bool has_radiation(const RatedLine& line) {
+    constexpr std::string_view of_recourse = "static_global_radiation";
+    return std::ranges::any_of(line.cells, [](const LineCell& cell) {
+        return cell.column == radiation_input || cell.column == of_recourse;
+    });
+}
+
 bool calls_for_recourse(RatingCode code) {
     switch (code) {
         case RatingCode::MissingInput:
@@ -87,6 +97,23 @@ bool calls_for_recourse(RatingCode code) {
         case RatingCode::Ended: return true;
         default: return false;
     }
+}
+
+std::vector<Reason> faults_of_recourse(const RatedLine& line) {
+    std::vector<Reason> faults;
+    if (!line.recourse) return faults;
+    const double any_time = 0;
+    const SeriesInputs inputs(line.recourse->c, {{SeriesInput("time"), {&any_time}}}, 1);
+    for (const Method method : line.methods) {
+        std::int32_t code = 0;
+        rate_steady(inputs, method, {1}, {{}, {}, {}, {}, {&code}});
+        const auto found = static_cast<RatingCode>(code);
+        if (found != RatingCode::MissingInput && found != RatingCode::OutsideLimits) continue;
+        Reason why(refusal_of(inputs, method, 0, LangId::German));
+        why.en = refusal_of(inputs, method, 0, LangId::English);
+        faults.push_back(at(Reason(no_recourse, {in_quotes(line.name), key_of(method)}), why));
+    }
+    return faults;
 }
 
 double radiation_on_conductor(double ghi, double sun_height) {
@@ -118,7 +145,7 @@ BlockRater::Columns BlockRater::columns_of(const WeatherBlock& block, const Rate
         const bool turned = radiation_ == Radiation::Horizontal && !takes_the_sun(method) &&
                             inputs_[input].name() == radiation_input;
         SeriesElement element = turned ? line.base : SeriesElement{};
-        const bool placed = element.c.geogr_Breite_db.given() && element.c.geo_laeng_db.given();
+        const bool placed = has_place(element);
         for (std::size_t i = 0; turned && i < rows.size(); ++i) {
             const bool timed = time.put(element, times[i]) == RatingCode::Rated;
             numbers[i] = placed && timed

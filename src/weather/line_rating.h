@@ -11,8 +11,8 @@
 
 namespace zel::weather {
 
-/// What the radiation of the weather is. Nothing changes it silently: without a word each method
-/// takes it as it stands.
+/// What the radiation of the weather is; a constant one of a line meets the conductor. Nothing
+/// changes it silently: without a word each method takes it as it stands.
 enum class Radiation : std::uint8_t {
     AsItStands,
     /// On level ground. Webs and Kirn take it as it stands and apply the sun's height. For the
@@ -52,6 +52,16 @@ struct MethodRatings {
         return kind == 0 ? nullptr : &line->tatls[kind - 1];
     }
 };
+
+inline constexpr std::string_view radiation_input = "global_radiation";
+
+/// Whether latitude and longitude of `line` are known, and so the height of the sun.
+[[nodiscard]] inline bool has_place(const SeriesElement& line) {
+    return line.c.geogr_Breite_db.given() && line.c.geo_laeng_db.given();
+}
+
+/// Whether `line` has a radiation of its own, in all weather or in the static one.
+[[nodiscard]] bool has_radiation(const RatedLine& line);
 
 class BlockRater {
 public:
@@ -94,6 +104,9 @@ private:
 /// weather, and what a method cannot calculate. That a conductor is too hot is a finding, and
 /// stays.
 [[nodiscard]] bool calls_for_recourse(RatingCode code);
+
+/// Why methods have no rating by the static weather of `line`: what it lacks, or a wrong number.
+[[nodiscard]] std::vector<Reason> faults_of_recourse(const RatedLine& line);
 
 /// As it meets the conductor, of `ghi` (W/m²) on level ground under a sun of that height (radians).
 [[nodiscard]] double radiation_on_conductor(double ghi, double sun_height);

@@ -136,7 +136,9 @@ void LineReader::take_column(std::string_view cell) {
     LineColumn column{read_head(cell)};
     ColumnHead& head = column.head;
     column.ignored = holds(defaults_.ignored_columns, head.word);
-    if (!column.ignored) {
+    if (column.ignored) {
+        table.ignored.push_back(head.word);
+    } else {
         if (holds(table.columns, head.name))
             throw InputError(Reason(column_twice, {in_quotes(head.title)}));
         table.columns.push_back(head.name);

@@ -51,6 +51,8 @@ struct LineTable {
     std::vector<RatedLine> lines;
     std::vector<Reason> refused;       // rows that are left out: "line 3, column latitude: ..."
     std::vector<std::string> columns;  // their names
+    std::vector<std::string> ignored;  // columns that were left out as asked for
+    std::vector<Reason> without_recourse{};  // why the static weather of a line gives no rating
 };
 
 using ConductorSource = std::function<ChosenConductor(const std::string& record_or_name)>;

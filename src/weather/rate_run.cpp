@@ -15,10 +15,13 @@ constexpr std::size_t most_rows = 4096;
 constexpr Text radiation_is_open = {
     "Webs und Kirn wenden die Sonnenhöhe auf die Globalstrahlung an, die anderen Verfahren nehmen "
     "sie, wie sie auf den Leiter trifft: --radiation horizontal oder --radiation conductor sagt, "
-    "was die Wetterdaten enthalten",
+    "was die Tabellen enthalten",
     "Webs and Kirn apply the sun's height to the global radiation, the other methods take it as it "
-    "meets the conductor: --radiation horizontal or --radiation conductor says what the weather "
-    "holds"};
+    "meets the conductor: --radiation horizontal or --radiation conductor says what the tables "
+    "hold"};
+constexpr Text no_place = {
+    "Leitung {0}: --radiation horizontal braucht ihre geographische Breite und Länge",
+    "line {0}: --radiation horizontal needs its latitude and longitude"};
 
 std::size_t rows_of_a_block(const LineTable& table) {
     std::size_t ratings = 1;
@@ -28,17 +31,26 @@ std::size_t rows_of_a_block(const LineTable& table) {
 
 }  // namespace
 
-void require_radiation(const LineTable& lines, const WeatherTable& weather, Radiation radiation) {
-    const std::vector<std::string> names = weather.names();
-    if (radiation != Radiation::AsItStands ||
-        std::find(names.begin(), names.end(), "global_radiation") == names.end())
-        return;
-    bool with_sun = false;
-    bool without = false;
-    for (const RatedLine& line : lines.lines)
-        for (const Method method : line.methods)
-            (takes_the_sun(method) ? with_sun : without) = true;
-    if (with_sun && without) throw InputError(Reason(radiation_is_open));
+void settle_radiation(LineTable& lines, const WeatherTable& weather, Radiation radiation) {
+    const bool in_weather = holds(weather.names(), radiation_input);
+    if (radiation == Radiation::AsItStands) {
+        bool taken = in_weather;
+        bool with_sun = false;
+        bool without = false;
+        for (const RatedLine& line : lines.lines) {
+            taken = taken || has_radiation(line);
+            for (const Method method : line.methods)
+                (takes_the_sun(method) ? with_sun : without) = true;
+        }
+        if (taken && with_sun && without) throw InputError(Reason(radiation_is_open));
+    }
+    if (radiation != Radiation::Horizontal || !in_weather) return;
+    std::erase_if(lines.lines, [&](const RatedLine& line) {
+        const bool turned = !std::ranges::all_of(line.methods, takes_the_sun);
+        if (!turned || has_place(line.base)) return false;
+        lines.refused.push_back(Reason(no_place, {in_quotes(line.name)}));
+        return true;
+    });
 }
 
 void rate_weather(const LineTable& lines, WeatherTable& weather, RatingsTable& table,

@@ -21,8 +21,9 @@ struct RateOptions {
 };
 
 /// Throws `InputError` where lines are rated both by a method that applies the sun's height to the
-/// radiation of the weather and by one that does not, and `radiation` does not say what it is.
-void require_radiation(const LineTable& lines, const WeatherTable& weather, Radiation radiation);
+/// radiation and by one that does not, and `radiation` does not say what it is. Leaves out lines
+/// whose radiation is to be turned and whose latitude or longitude is not known.
+void settle_radiation(LineTable& lines, const WeatherTable& weather, Radiation radiation);
 
 /// Rates all rows of `weather` for their lines and gives them to `take`. The result is the same for
 /// any size of blocks and number of threads.

@@ -11,6 +11,7 @@ constexpr Text not_known = {"nicht bekannt", "not known"};
 constexpr Text source_line = {"{0}: {1}, sha256 {2}", "{0}: {1}, sha256 {2}"};
 constexpr Text lines_word = {"Leitungen", "lines"};
 constexpr Text weather_word = {"Wetter", "weather"};
+constexpr Text conductors_word = {"Leiter", "conductors"};
 constexpr Text command_line = {"Aufruf: {0}", "command: {0}"};
 constexpr Text times_line = {
     "Zeiten: UTC; im Wetter steht {0} eines Zeitraums von {1} s ({2}), die Sonne steht wie in dessen "
@@ -53,6 +54,8 @@ constexpr Text disordered = {"Wetter: {0} Zeiten stehen hinter späteren: {1}",
 constexpr Text implausible = {
     "Wetter, Spalte {0}: {1} Zahlen sind unwahrscheinlich, die erste ist {2}: {3}",
     "weather, column {0}: {1} numbers are implausible, the first is {2}: {3}"};
+constexpr Text nothing_to_ignore = {"--ignore: keine der Tabellen hat die Spalte {0}",
+                                    "--ignore: neither table has the column {0}"};
 constexpr Text found_interval = {
     "ein Zeitraum hat {0} s, wie die ersten beiden Zeiten auseinander liegen",
     "a period has {0} s, as the first two times are apart"};
@@ -80,17 +83,20 @@ std::string_view text_of_status(std::string_view status, LangId lang) {
 std::string head_lines(const RateRecord& record, const LineTable& lines,
                        const WeatherTable& weather, LangId lang) {
     const auto names = weather.names();
-    std::vector<std::string> told = {
-        std::string(short_name.in(lang)), fill(command_line.in(lang), {record.command}),
-        source_text(lines_word, record.lines, lang),
-        source_text(weather_word, record.weather, lang),
+    std::vector<std::string> told = {std::string(short_name.in(lang)),
+                                     fill(command_line.in(lang), {record.command}),
+                                     source_text(lines_word, record.lines, lang),
+                                     source_text(weather_word, record.weather, lang)};
+    for (const RateSource& source : record.conductors)
+        told.push_back(source_text(conductors_word, source, lang));
+    told.push_back(
         fill(times_line.in(lang),
              {stamps[static_cast<std::size_t>(record.stamp)].in(lang),
               std::to_string(weather.interval()),
-              (weather.interval_is_given() ? interval_given : interval_found).in(lang)})};
+              (weather.interval_is_given() ? interval_given : interval_found).in(lang)}));
     if (!record.zone.empty()) told.push_back(fill(zone_line.in(lang), {record.zone}));
     told.emplace_back(wind_line.in(lang));
-    if (holds(names, "global_radiation") || holds(lines.columns, "global_radiation"))
+    if (holds(names, radiation_input) || std::ranges::any_of(lines.lines, has_radiation))
         told.emplace_back(radiations[static_cast<std::size_t>(record.radiation)].in(lang));
     told.emplace_back(value_line.in(lang));
     std::string text;
@@ -103,6 +109,10 @@ std::vector<std::string> remarks_on(const LineTable& lines, const WeatherTable& 
     std::vector<std::string> told;
     for (const Reason& reason : lines.refused)
         told.push_back(fill(in_lines.in(lang), {reason.in(lang)}));
+    for (const Reason& reason : lines.without_recourse) told.push_back(reason.in(lang));
+    for (const std::string& column : weather.absent_columns())
+        if (!holds(lines.ignored, column))
+            told.push_back(fill(nothing_to_ignore.in(lang), {in_quotes(column)}));
     if (!weather.interval_is_given())
         told.push_back(fill(found_interval.in(lang), {std::to_string(weather.interval())}));
     const WeatherReport& report = weather.report();

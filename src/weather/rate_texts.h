@@ -20,6 +20,7 @@ struct RateRecord {
     std::string command;
     RateSource lines;
     RateSource weather;
+    std::vector<RateSource> conductors;
     std::string zone;  // of times that name none; may be empty
     Stamp stamp = Stamp::End;
     Radiation radiation = Radiation::AsItStands;

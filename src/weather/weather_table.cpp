@@ -91,6 +91,15 @@ std::vector<std::string> WeatherTable::names() const {
     return names;
 }
 
+std::vector<std::string> WeatherTable::absent_columns() const {
+    std::vector<std::string> absent;
+    for (const std::string& ignored : options_.ignored_columns)
+        if (std::none_of(columns_.begin(), columns_.end(),
+                         [&](const Column& column) { return column.head.word == ignored; }))
+            absent.push_back(ignored);
+    return absent;
+}
+
 void WeatherTable::set_lines(const std::vector<std::string>& names) {
     for (std::size_t i = 0; i < names.size(); ++i) lines_.emplace(names[i], static_cast<int>(i));
 }

@@ -60,6 +60,8 @@ public:
     /// the wind to the east and to the north, are wind speed and direction here.
     [[nodiscard]] const std::vector<SeriesInput>& inputs() const { return inputs_; }
     [[nodiscard]] std::vector<std::string> names() const;
+    /// The columns to be left out that it does not have.
+    [[nodiscard]] std::vector<std::string> absent_columns() const;
     [[nodiscard]] std::int64_t interval() const { return interval_; }
     [[nodiscard]] bool interval_is_given() const { return options_.interval != 0; }
 

@@ -316,24 +316,40 @@ TEST(Radiation, on_level_ground_meets_the_conductor_by_the_height_of_the_sun) {
 }
 
 TEST(Radiation, has_to_be_told_where_both_kinds_of_methods_take_it) {
-    const auto open = [](const std::string& methods, const std::string& head, Radiation radiation) {
-        const WeatherTable weather(
-            pieces_of("time," + head + "\n2024-01-15T08:00Z,1\n2024-01-15T09:00Z,1\n", 4096), {});
-        const LineTable lines = lines_of(
-            line_head + "\nA,,\"" + methods + "\",1,0,0,50,9,50,0.6,0.6,1,80\n", weather.names());
-        try {
-            require_radiation(lines, weather, radiation);
-            return false;
-        } catch (const InputError&) {
-            return true;
-        }
+    struct Row {
+        const char *methods, *head, *of_line;
+        Radiation radiation;
+        bool open;
     };
-    EXPECT_TRUE(open("TB601,Webs", "ghi", Radiation::AsItStands));
-    EXPECT_TRUE(open("TB207,Kirn", "ghi", Radiation::AsItStands));
-    EXPECT_FALSE(open("TB601,Webs", "ghi", Radiation::OnConductor));
-    EXPECT_FALSE(open("TB601,TB207", "ghi", Radiation::AsItStands));
-    EXPECT_FALSE(open("Webs,Kirn", "ghi", Radiation::AsItStands));
-    EXPECT_FALSE(open("TB601,Webs", "wind_speed", Radiation::AsItStands));
+    using enum Radiation;
+    for (const auto& [methods, head, of_line, radiation, is_open] :
+         {Row{"TB601,Webs", "ghi", "", AsItStands, true},
+          {"TB207,Kirn", "ghi", "", AsItStands, true},
+          {"TB601,Webs", "wind_speed", "ghi", AsItStands, true},
+          {"TB601,Webs", "wind_speed", "static_ghi", AsItStands, true},
+          {"TB601,Webs", "ghi", "", OnConductor, false},
+          {"TB601,Webs", "wind_speed", "ghi", Horizontal, false},
+          {"TB601,TB207", "ghi", "static_ghi", AsItStands, false},
+          {"Webs,Kirn", "ghi", "", AsItStands, false},
+          {"TB601,Webs", "wind_speed", "", AsItStands, false}}) {
+        const WeatherTable weather(
+            pieces_of(std::string("time,") + head + "\n2024-01-15T08:00Z,1\n2024-01-15T09:00Z,1\n",
+                      4096),
+            {});
+        const std::string more = *of_line == 0 ? "" : ",";
+        LineTable lines =
+            lines_of(line_head + more + of_line + "\nA,,\"" + methods +
+                         "\",1,0,0,50,9,50,0.6,0.6,1,80" + (more.empty() ? "" : ",900") + "\n",
+                     weather.names());
+        bool refused = false;
+        try {
+            settle_radiation(lines, weather, radiation);
+        } catch (const InputError&) {
+            refused = true;
+        }
+        EXPECT_EQ(refused, is_open) << methods << head << of_line;
+        EXPECT_EQ(lines.lines.size(), 1U);
+    }
 }
 
 TEST(Weather, that_is_hardly_in_its_unit_is_told_with_the_likely_one) {

@@ -54,6 +54,9 @@ constexpr Text below_jump = {
     " The temperature jumps over {1} °C; the highest current below that is {0} A."};
 constexpr Text no_right_current = {" Keine Stromstärke erreicht {1} °C.",
                                    " No current reaches {1} °C."};
+constexpr Text too_hot_text = {
+    "Die Zeile endet bei {0} °C. Über {1} °C gelten die Daten keines Leiters: er wäre zerstört.",
+    "The row ends at {0} °C. Above {1} °C the data of no conductor hold: it would be destroyed."};
 constexpr Text note_label = {"Hinweis: ", "Note: "};
 constexpr Text duration_text = {"{0} min {1} s", "{0} min {1} s"};
 
@@ -218,8 +221,13 @@ std::vector<Note> notes_on(const SteadyRunResult& result, const Locale& locale) 
 std::optional<Note> note_on_row(const TransientResult& result, const CalcCase& c, std::size_t row,
                                 const Locale& locale) {
     const auto& check = result.checks[row];
-    if (!check) return std::nullopt;
     const TransientRow& told = result.rows[row];
+    if (!check) {
+        if (!ends_too_hot(result, row)) return std::nullopt;
+        const auto whole = [&](double T) { return masked(T, "########0", locale.separator); };
+        return Note{note_code::too_hot, fill(too_hot_text.in(locale.lang),
+                                             {whole(told.Temp), whole(hottest_conductor)})};
+    }
     const int n = sharing_conductors(c);
     const auto ampere = [&](double I) { return masked(I * n, "####0.0", locale.separator); };
     // Never above the target by the rounding.

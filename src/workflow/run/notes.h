@@ -17,6 +17,7 @@ inline constexpr std::string_view short_table = "ac_table";
 inline constexpr std::string_view assumed = "assumed";
 inline constexpr std::string_view endless_age = "kirn_emissivity";
 inline constexpr std::string_view transient_check = "transient_check";
+inline constexpr std::string_view too_hot = "transient_too_hot";
 }  // namespace note_code
 
 /// The acute angle between wind and line, degrees: 175° and 5° are one.
@@ -42,7 +43,7 @@ inline constexpr std::string_view transient_check = "transient_check";
 /// The remarks as lines below a page: "Note: ..."; empty where there are none.
 [[nodiscard]] std::string notes_text(const std::vector<Note>& notes, LangId lang);
 
-/// A remark on row `row` (from 0) of a transient run of `c`; nothing where its current is sound.
+/// A remark on row `row` (from 0) of a transient run of `c`; nothing where its numbers are sound.
 [[nodiscard]] std::optional<Note> note_on_row(const TransientResult& result, const CalcCase& c,
                                               std::size_t row, const Locale& locale);
 

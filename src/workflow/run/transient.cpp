@@ -194,6 +194,14 @@ std::size_t TransientResult::rows_run() const {
     return count;
 }
 
+bool TransientResult::ended_soundly(std::size_t row) const {
+    return row < rows_run() && rows[row].Failed != 1;
+}
+
+bool ends_too_hot(const TransientResult& result, std::size_t row) {
+    return result.ended_soundly(row) && result.rows[row].Temp > hottest_conductor;
+}
+
 void RunTransient(CalcCase& c, const TransientBasis& basis, const Session& session,
                   const TransientObserver& observer, TransientResult& result) {
     result = {};

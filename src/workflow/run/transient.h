@@ -51,7 +51,15 @@ struct TransientResult {
 
     /// How many rows ran, the failed one included.
     [[nodiscard]] std::size_t rows_run() const;
+    /// Whether row `row` came to its end.
+    [[nodiscard]] bool ended_soundly(std::size_t row) const;
 };
+
+/// °C. No search for a steady temperature goes higher, and no data of a conductor hold there.
+inline constexpr double hottest_conductor = 500;
+
+/// Whether row `row` came to its end above `hottest_conductor`.
+[[nodiscard]] bool ends_too_hot(const TransientResult& result, std::size_t row);
 
 /// What refuses a transient of `c` now; nothing where it can run.
 [[nodiscard]] std::optional<TransientRefusal> refusal_of_transient(const CalcCase& c,
