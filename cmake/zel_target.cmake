@@ -25,17 +25,22 @@ function(zel_optimize target level)
     target_compile_options(${target} PRIVATE $<$<CONFIG:Release,RelWithDebInfo>:-O${level}>)
 endfunction()
 
-# For files that each take long to read the same headers: compiles them by fives. The presets for
-# development and the sanitizers compile each alone, so that none can lean on its neighbour.
+# Reading headers takes longer than all else: compiles the files of a target by fives. The presets
+# for development and the sanitizers compile each alone, so that none can lean on its neighbour.
+# Files that follow call something else by a name of a neighbour, and are always compiled alone.
 function(zel_unity target)
     set_target_properties(${target} PROPERTIES UNITY_BUILD ${ZEL_UNITY} UNITY_BUILD_BATCH_SIZE 5)
     # A name of one file hides nothing of another.
     target_compile_options(${target} PRIVATE $<$<BOOL:${ZEL_UNITY}>:-Wno-shadow>)
+    if(ARGN)
+        set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    endif()
 endfunction()
 
-# One static library per folder of src/; what it links is what it may include.
+# One static library per folder of src/; what it links is what it may include. Files named by ALONE
+# are compiled alone in each build.
 function(zel_library name)
-    cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(arg "" "" "SOURCES;LINKS;ALONE" ${ARGN})
     add_library(${name} STATIC ${arg_SOURCES})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${name} PUBLIC ${arg_LINKS})
@@ -43,6 +48,7 @@ function(zel_library name)
     set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON
         CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
     zel_settings(${name})
+    zel_unity(${name} ${arg_ALONE})
 endfunction()
 
 # One test program per folder of tests/. Each of its tests is a test of its own for ctest, so that

@@ -9,8 +9,6 @@
 namespace zel {
 namespace {
 
-constexpr int most_steps = 10;
-
 double along(const ValueRange& range, double share) { return range.low + range.width() * share; }
 
 double share_of(const ValueRange& range, double value) {

@@ -16,6 +16,7 @@ namespace zel {
 
 /// 1, 2 or 5 times a power of ten: the smallest such step that parts `range` into at most `most`.
 [[nodiscard]] double round_step(double range, int most);
+inline constexpr int most_steps = 10;  // along an axis
 
 struct ValueRange {
     double low = 0;

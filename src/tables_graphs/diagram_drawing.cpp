@@ -19,7 +19,6 @@ constexpr double sign_width = 250;  // in the legend
 constexpr double sign_size = 65;    // from its middle
 constexpr double least_plot = 600;
 constexpr std::size_t header_columns = 3;
-constexpr int most_steps = 10;
 constexpr std::string_view widest_value = "00000.0";
 constexpr Font title_font = {10, true};
 constexpr Font font = {8};

@@ -242,13 +242,13 @@ TEST(Series, follows_changes_of_state_as_the_page_does) {
     base.Z[1].merker = seeks_time;
     base.Z[1].Strom = typed(900);
     base.Z[1].TEMP = typed(100);
-    const double currents[] = {800, 900, no_number};
-    double temperature[3];
-    std::int32_t code[3], code2[3];
+    const double currents[] = {800, 900, 9000, no_number};
+    double temperature[4];
+    std::int32_t code[4], code2[4];
     std::array<StateSeries, state_change_count> out;
     out[0] = {{}, {temperature}, {}, {code}};
     out[1] = {{}, {}, {}, {code2}};
-    rate_transient({base, {{SeriesInput("Z1_Strom_db"), {currents}}}, 3}, Method::TB601, {}, out);
+    rate_transient({base, {{SeriesInput("Z1_Strom_db"), {currents}}}, 4}, Method::TB601, {}, out);
     ScriptedDialogs none;
     for (std::size_t i = 0; i < 2; ++i) {
         MethodMemory memory;
@@ -263,8 +263,9 @@ TEST(Series, follows_changes_of_state_as_the_page_does) {
         EXPECT_EQ(code[i], 0);
         EXPECT_EQ(has_value(static_cast<RatingCode>(code2[i])), result.rows[1].Failed == 0);
     }
-    EXPECT_EQ(code[2], static_cast<int>(RatingCode::MissingInput));
-    EXPECT_TRUE(std::isnan(temperature[2]));
+    EXPECT_EQ(code[2], static_cast<int>(RatingCode::TooHot));
+    EXPECT_EQ(code[3], static_cast<int>(RatingCode::MissingInput));
+    EXPECT_TRUE(std::isnan(temperature[3]));
 }
 
 }  // namespace

@@ -46,8 +46,6 @@ std::string origin(const std::string& path, const std::string& table) {
     return name_in(path) + ": " + table;
 }
 
-bool is_pattern(const std::string& path) { return path.find_first_of("*?") != std::string::npos; }
-
 }  // namespace
 
 DatabaseDesk::DatabaseDesk(AreaFrame& form, const forms::DatabaseForms& forms,

@@ -12,8 +12,6 @@ constexpr Text save_title = {"Speichern in Meßwerttabelle ...", "Save in measur
 constexpr Text filters = {"mdb-Dateien (*.mdb) (*.mdb)\nAlle Dateien (*.*) (*)",
                           "mdb-Dateien (*.mdb) (*.mdb)\nAll files (*.*) (*)"};
 
-bool is_pattern(const std::string& path) { return path.find_first_of("*?") != std::string::npos; }
-
 }  // namespace
 
 std::optional<std::string> MeasuringDesk::ask(const Text& title, bool existing) const {

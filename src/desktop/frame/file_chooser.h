@@ -17,6 +17,11 @@ struct PathQuestion {
     std::string name{};        // preset; may be a pattern, which is no name yet
 };
 
+/// Whether `path` is still the pattern that a question was preset with.
+[[nodiscard]] inline bool is_pattern(std::string_view path) {
+    return path.find_first_of("*?") != std::string_view::npos;
+}
+
 /// Who asks for the path of a case file: a window, or the script of a test. Nothing is given back
 /// where the user wants none. The question starts at the path `present`, which may be empty.
 class FileChooser {

@@ -33,8 +33,7 @@ struct FrmPrintPreview::MenuRow {
 namespace {
 
 constexpr QSize window_size(1000, 900);
-constexpr QSize frame_room(20, 60);  // of the window system, around a window
-constexpr double twips_per_pixel = 15;
+constexpr QSize frame_room(20, 60);    // of the window system, around a window
 constexpr double wide_screen = 19000;  // twips
 constexpr double zoom_step = 1.25;
 

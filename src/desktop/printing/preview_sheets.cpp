@@ -14,8 +14,6 @@
 namespace zel {
 namespace {
 
-constexpr double twips_per_pixel = 15;
-
 // Of a step of the scroll bars, in twips.
 constexpr double horizontal_step = -50;
 constexpr double vertical_steps[] = {-35, -80};  // of the first and the second sheet

@@ -10,6 +10,8 @@ class QScrollBar;
 
 namespace zel {
 
+inline constexpr double twips_per_pixel = 15;
+
 /// How far the scroll bars of the preview move its sheets: fixed steps, times these factors.
 struct PreviewScale {
     double Skala_x = 1;
