@@ -117,7 +117,8 @@ std::vector<Reason> faults_of_recourse(const RatedLine& line) {
 }
 
 double radiation_on_conductor(double ghi, double sun_height) {
-    if (!(ghi <= largest_radiation)) return ghi;
+    // Instruments tell a little less than none at night.
+    if (!(ghi > 0 && ghi <= largest_radiation)) return ghi;
     const double height = std::max(sun_height, radians_of(least_sun_height));
     return std::min(ghi / std::sin(height), largest_radiation);
 }

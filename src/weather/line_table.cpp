@@ -5,6 +5,7 @@
 
 #include "platform/errors.h"
 #include "platform/text/utf8.h"
+#include "weather/plausibility.h"
 #include "weather/table_column.h"
 
 namespace zel::weather {
@@ -43,6 +44,10 @@ constexpr Text both_given = {"Temperatur und Strom sind beide gegeben",
                              "temperature and current are both given"};
 constexpr Text no_preload = {"zu einer Dauer gehört eine Vorbelastung (preload_percent)",
                              "a duration needs a preload (preload_percent)"};
+constexpr Text no_duration = {"zu einer Vorbelastung gehört eine Dauer (duration)",
+                              "a preload needs a duration"};
+constexpr Text no_tatl = {"--preload braucht --tatl oder die Spalte duration",
+                          "--preload needs --tatl or the column duration"};
 constexpr Text tatl_by_tb601 = {"Belastbarkeiten auf Zeit werden nach TB601 berechnet",
                                 "temporary ratings are calculated by TB601"};
 constexpr Text tatl_needs_limit = {"zu Belastbarkeiten auf Zeit gehört eine Grenztemperatur",
@@ -130,6 +135,9 @@ private:
 void LineReader::take_head(const CsvRow& row) {
     for (const std::string& cell : row.cells) take_column(cell);
     if (!holds(table.columns, name_column)) throw InputError(Reason(no_name_column));
+    if (!defaults_.preloads.empty() && defaults_.durations.empty() &&
+        !holds(table.columns, duration_column))
+        throw InputError(Reason(no_tatl));
 }
 
 void LineReader::take_column(std::string_view cell) {
@@ -242,6 +250,9 @@ void LineReader::put_input(const LineColumn& column, const std::string& cell,
         return;
     }
     const double number = input->conversion.converted(required_number(cell, locale_.separator));
+    if (const Text* likely = likely_instead(input->input.name(), number);
+        likely != nullptr && !input->input.limits().holds(number))
+        throw InputError(at(in_quotes(cell), Reason(*likely)));
     require(number, cell, input->input.limits());
     const auto put = [&, &taken = input->input](SeriesElement& element) {
         if (taken.put(element, number) != RatingCode::Rated)
@@ -277,6 +288,8 @@ std::vector<Tatl> LineReader::tatls_of(const CsvRow& row, const RatedLine& line)
     const bool own = !cell_of(row, duration_column).empty();
     const std::vector<double> durations = numbers_of(row, duration_column, defaults_.durations);
     const std::vector<double> preloads = numbers_of(row, preload_column, defaults_.preloads);
+    if (durations.empty() && !cell_of(row, preload_column).empty())
+        throw InputError(Reason(no_duration));
     if (durations.empty()) return {};
     if (preloads.empty()) throw InputError(Reason(no_preload));
     if (line.temperature_sought) throw InputError(Reason(tatl_needs_limit));

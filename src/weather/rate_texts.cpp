@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "shell/linked_libraries.h"
 #include "shell/program_texts.h"
 
 namespace zel::weather {
@@ -51,6 +52,8 @@ constexpr Text missing = {"Wetter: {0} Zeiten fehlen, ab {1}",
                           "weather: {0} times are missing, from {1} on"};
 constexpr Text disordered = {"Wetter: {0} Zeiten stehen hinter späteren: {1}",
                              "weather: {0} times stand behind later ones: {1}"};
+constexpr Text closer = {"Wetter: {0} Zeiten stehen näher beieinander als ein Zeitraum: {1}",
+                         "weather: {0} times stand closer together than a period: {1}"};
 constexpr Text implausible = {
     "Wetter, Spalte {0}: {1} Zahlen sind unwahrscheinlich, die erste ist {2}: {3}",
     "weather, column {0}: {1} numbers are implausible, the first is {2}: {3}"};
@@ -73,6 +76,7 @@ std::string source_text(const Text& word, const RateSource& source, LangId lang)
 std::string_view text_of_status(std::string_view status, LangId lang) {
     constexpr std::string_view mark = "recourse:";
     if (status.starts_with(mark)) status.remove_prefix(mark.size());
+    status = status.substr(0, status.find(':'));
     for (const RatingCodeText& row : rating_codes())
         if (row.name == status) return row.text.in(lang);
     return {};
@@ -83,10 +87,10 @@ std::string_view text_of_status(std::string_view status, LangId lang) {
 std::string head_lines(const RateRecord& record, const LineTable& lines,
                        const WeatherTable& weather, LangId lang) {
     const auto names = weather.names();
-    std::vector<std::string> told = {std::string(short_name.in(lang)),
-                                     fill(command_line.in(lang), {record.command}),
-                                     source_text(lines_word, record.lines, lang),
-                                     source_text(weather_word, record.weather, lang)};
+    std::vector<std::string> told = {
+        fill("{0}, release {1}", {short_name.in(lang), release_number()}),
+        fill(command_line.in(lang), {record.command}), source_text(lines_word, record.lines, lang),
+        source_text(weather_word, record.weather, lang)};
     for (const RateSource& source : record.conductors)
         told.push_back(source_text(conductors_word, source, lang));
     told.push_back(
@@ -130,6 +134,7 @@ std::vector<std::string> remarks_on(const LineTable& lines, const WeatherTable& 
     add(twice, times.twice());
     add(missing, times.missing());
     add(disordered, times.disordered());
+    add(closer, times.closer());
     for (const ImplausibleColumn& column : report.implausible)
         told.push_back(
             fill(implausible.in(lang), {in_quotes(column.title), std::to_string(column.count),

@@ -13,6 +13,12 @@ namespace {
 
 constexpr Text no_such_column = {"keine der Tabellen hat die Spalte {0}",
                                  "neither table has the column {0}"};
+constexpr Text asked_twice = {"die Spalte {0} ist zweimal verlangt",
+                               "the column {0} is asked for twice"};
+constexpr Text no_component = {"u und v stehen hier als wind_speed und wind_from_direction",
+                               "u and v stand here as wind_speed and wind_from_direction"};
+constexpr Text columns_of_limits = {"Grenzwerte haben keine weiteren Spalten (--columns)",
+                                    "limits have no further columns (--columns)"};
 constexpr Text several_times = {
     "Grenzwerte gelten zu einer Zeit; die Wetterdaten haben mehrere, {0} und {1}",
     "limits are of one time; the weather has several, {0} and {1}"};
@@ -77,10 +83,16 @@ RatingsTable::RatingsTable(const LineTable& lines, const WeatherTable& weather,
     : lines_(lines),
       options_(std::move(options)),
       comma_(options_.locale.separator == DecimalSeparator::Comma ? ';' : ',') {
-    if (options_.format == TableFormat::Limits) require_one_set(lines);
+    if (options_.format == TableFormat::Limits) {
+        require_one_set(lines);
+        if (!options_.columns.empty()) throw InputError(Reason(columns_of_limits));
+    }
     const std::vector<std::string> inputs = weather.names();
     for (const std::string& asked : options_.columns) {
         const std::string name = column_name(asked);
+        if (std::ranges::any_of(asked_, [&](const Asked& other) { return other.name == name; }))
+            throw InputError(Reason(asked_twice, {in_quotes(asked)}));
+        if (name == "u" || name == "v") throw InputError(Reason(no_component));
         const auto found = std::find(inputs.begin(), inputs.end(), name);
         const auto& columns = lines.columns;
         if (found != inputs.end())

@@ -12,10 +12,17 @@ constexpr Text no_column = {
 constexpr Text no_change_of_state = {
     "Spalte {0}: Zustandsänderungen werden hier nicht berechnet; --ignore läßt Spalten weg",
     "column {0}: changes of state are not calculated here; --ignore leaves columns out"};
+constexpr Text half_unit = {"Spalte {0}: eine Einheit steht ganz am Ende in Klammern, wie [km/h]",
+                            "column {0}: a unit stands in brackets at the very end, as [km/h]"};
 constexpr Text no_unit = {"Spalte {0}: hier steht keine Einheit", "column {0} takes no unit"};
 constexpr Text one_field = {"die Spalten {0} und {1} setzen dieselbe Eingabe",
                             "the columns {0} and {1} set the same input"};
 constexpr Text at_column = {"Spalte {0}", "column {0}"};
+
+/// What columns are called besides the names of inputs.
+constexpr struct {
+    std::string_view other, name;
+} other_names[] = {{"ghi", "global_radiation"}, {"wind_u", "u"}, {"wind_v", "v"}};
 
 }  // namespace
 
@@ -30,8 +37,11 @@ ColumnHead read_head(std::string_view cell) {
     ColumnHead head{std::string(trimmed(cell)), {}, {}, {}};
     const std::string_view title = head.title;
     const auto bracket = title.find('[');
-    if (bracket != std::string_view::npos && title.ends_with(']'))
-        head.unit = trimmed(title.substr(bracket + 1, title.size() - bracket - 2));
+    if (bracket != std::string_view::npos) {
+        if (title.ends_with(']'))
+            head.unit = trimmed(title.substr(bracket + 1, title.size() - bracket - 2));
+        if (head.unit.empty()) throw InputError(Reason(half_unit, {in_quotes(head.title)}));
+    }
     head.word = trimmed(title.substr(0, bracket));
     head.name = column_name(head.word);
     return head;
@@ -40,7 +50,8 @@ ColumnHead read_head(std::string_view cell) {
 std::string column_name(std::string_view word) {
     const std::string_view mark = word.starts_with(static_mark) ? static_mark : "";
     const std::string_view input = word.substr(mark.size());
-    if (input == "ghi") return std::string(mark) + "global_radiation";
+    for (const auto& [other, name] : other_names)
+        if (input == other) return std::string(mark) + std::string(name);
     const CaseField* field = find_by_any_name(input);
     const bool named = field != nullptr && !field->english_name.empty();
     return std::string(mark) + std::string(named ? field->english_name : input);
@@ -78,17 +89,21 @@ InputColumn input_column(const ColumnHead& head, std::string_view name) {
     }
 }
 
-char comma_of(std::string_view text) {
+std::optional<char> comma_of_beginning(std::string_view text) {
     constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
     if (text.starts_with(byte_order_mark)) text.remove_prefix(byte_order_mark.size());
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
+    while (true) {
+        const std::size_t end = text.find('\n');
+        if (end == std::string_view::npos) return std::nullopt;
         const std::string_view line = text.substr(0, end);
         if (!trimmed(line).empty() && !line.starts_with('#'))
             return line.find(';') != std::string_view::npos ? ';' : ',';
-        text.remove_prefix(std::min(end + 1, text.size()));
+        text.remove_prefix(end + 1);
     }
-    return ',';
+}
+
+char comma_of(std::string_view text) {
+    return comma_of_beginning(std::string(text) + "\n").value_or(',');
 }
 
 std::optional<double> number_in(std::string_view cell, DecimalSeparator separator) {

@@ -30,6 +30,7 @@ struct ColumnHead {
     std::string unit;   // empty where none is named
 };
 
+/// Throws `InputError` where it has half a unit.
 [[nodiscard]] ColumnHead read_head(std::string_view cell);
 
 /// Before the inputs of the static weather of a line: "static_wind_speed".
@@ -61,6 +62,8 @@ void require_no_unit(const ColumnHead& head);
 /// How the cells of a table are parted: by semicolons where its first line that is neither empty
 /// nor a remark has one, else by commas.
 [[nodiscard]] char comma_of(std::string_view text);
+/// The same of the beginning of a table; nothing where that line is not whole yet.
+[[nodiscard]] std::optional<char> comma_of_beginning(std::string_view text);
 
 /// A number of a cell. An empty cell, and one that says "NaN", is no number; nothing where the cell
 /// holds anything else.

@@ -11,6 +11,7 @@ namespace zel::weather {
 namespace {
 
 constexpr std::size_t longest_line = 1U << 20U;
+constexpr std::size_t most_ahead = 1U << 25U;  // bytes that are read before the first row is taken
 constexpr std::size_t most_told = 10;
 
 constexpr Text at_cell = {"Zeile {0}, Spalte {1}", "line {0}, column {1}"};
@@ -31,53 +32,19 @@ constexpr Text no_interval = {
     "MINUTEN",
     "the first two times do not tell how long their periods are; name it by --interval MINUTES"};
 
+constexpr Text energy_of_no_time = {
+    "die Zeit {1} steht näher als {0} s hinter der davor, und so weit liegen die ersten beiden "
+    "auseinander; nennen Sie mit --interval MINUTEN die Zeit, in der die Energien kamen",
+    "the time {1} stands closer than {0} s behind the one before, and that far the first two are "
+    "apart; name by --interval MINUTES the time in which the energies came"};
+
 constexpr std::string_view wind_inputs[] = {"wind_speed", "wind_from_direction"};
-
-/// Numbers that hardly are what they should be.
-struct Implausible {
-    std::string_view input;
-    double above;  // or below, where it is negative
-    Text likely;
-};
-constexpr Text mark_of_missing = {"das Zeichen eines fehlenden Werts? dann die Zelle leeren",
-                                  "the mark of a missing value? then empty the cell"};
-// The first row that holds is told.
-constexpr Implausible implausible_numbers[] = {
-    {"air_temperature",
-     200,
-     {"Kelvin? dann air_temperature[K]", "kelvin? then air_temperature[K]"}},
-    {"air_temperature",
-     60,
-     {"Fahrenheit? dann air_temperature[degF]", "Fahrenheit? then air_temperature[degF]"}},
-    {"ground_temperature",
-     200,
-     {"Kelvin? dann ground_temperature[K]", "kelvin? then ground_temperature[K]"}},
-    {"air_temperature", -90, mark_of_missing},
-    {"ground_temperature", -90, mark_of_missing},
-    {"global_radiation", -20, mark_of_missing},
-    {"global_radiation",
-     1400,
-     {"eine Energie? dann ghi[J/m2], ghi[J/cm2] oder ghi[Wh/m2]",
-      "an energy? then ghi[J/m2], ghi[J/cm2] or ghi[Wh/m2]"}},
-    {"wind_speed",
-     60,
-     {"km/h oder Knoten? dann wind_speed[km/h], wind_speed[kn]",
-      "km/h or knots? then wind_speed[km/h], wind_speed[kn]"}},
-};
-
-const Text* likely_instead(std::string_view input, double number) {
-    for (const Implausible& row : implausible_numbers)
-        if (row.input == input && (row.above < 0 ? number < row.above : number > row.above))
-            return &row.likely;
-    return nullptr;
-}
 
 }  // namespace
 
 WeatherTable::WeatherTable(NextPiece next, const WeatherOptions& options)
     : next_(std::move(next)), options_(options), interval_(options.interval), times_(options.zone) {
-    buffer_ = next_();
-    ended_ = buffer_.empty();
+    while (!ended_ && !comma_of_beginning(buffer_)) read_on(buffer_.size() + 1);
     comma_ = comma_of(buffer_);
     CsvRow head;
     if (!next_row(head)) throw InputError(Reason(empty_table));
@@ -104,6 +71,16 @@ void WeatherTable::set_lines(const std::vector<std::string>& names) {
     for (std::size_t i = 0; i < names.size(); ++i) lines_.emplace(names[i], static_cast<int>(i));
 }
 
+/// Until the buffer has `size` bytes, or the table ends.
+void WeatherTable::read_on(std::size_t size) {
+    if (size > most_ahead) throw InputError(Reason(too_long));
+    while (!ended_ && buffer_.size() < size) {
+        const std::string piece = next_();
+        ended_ = piece.empty();
+        buffer_ += piece;
+    }
+}
+
 /// A line of the table is one of its file: a cell holds no line ends.
 bool WeatherTable::next_line(std::string_view& line) {
     while (true) {
@@ -115,27 +92,26 @@ bool WeatherTable::next_line(std::string_view& line) {
             ++line_;
             return true;
         }
-        if (ended_) return false;
+        if (ended_ || looks_ahead_) return false;
         buffer_.erase(0, read_);
         read_ = 0;
         if (buffer_.size() > longest_line) throw InputError(Reason(too_long));
-        const std::string piece = next_();
-        ended_ = piece.empty();
-        buffer_ += piece;
+        read_on(buffer_.size() + 1);
     }
 }
 
-/// Passes over empty lines and remarks.
+/// Passes over empty lines and remarks. A carriage return without a line feed ends a row too.
 bool WeatherTable::next_row(CsvRow& row) {
     std::string_view line;
-    while (next_line(line)) {
-        std::vector<CsvRow> rows = parse_csv(line, comma_);
-        if (rows.empty()) continue;
-        row = std::move(rows.front());
-        row.line = line_;
-        return true;
+    while (rows_.empty()) {
+        if (!next_line(line)) return false;
+        rows_ = parse_csv(line, comma_);
+        std::ranges::reverse(rows_);
     }
-    return false;
+    row = std::move(rows_.back());
+    rows_.pop_back();
+    row.line = line_;
+    return true;
 }
 
 void WeatherTable::take_head(const CsvRow& row) {
@@ -174,24 +150,35 @@ void WeatherTable::add_input(Column& column) {
     // A component is a speed.
     const InputColumn speed = input_column(column.head, component ? wind_inputs[0] : name);
     column.conversion = speed.conversion;
+    energies_ = energies_ || speed.conversion.per_interval;
     column.place = inputs_.size();
     inputs_.push_back(component ? SeriesInput(wind_inputs[name == "v"]) : speed.input);
 }
 
-/// By the first two times of the same line in what is read of the table so far, without a row
-/// between them that cannot be read.
+/// By the first two times of the same line, without a row between them that cannot be read.
 void WeatherTable::find_interval() {
-    if (buffer_.find('\n', read_) == std::string::npos && !ended_) {
-        std::string piece = next_();
-        ended_ = piece.empty();
-        buffer_ += piece;
-    }
     const std::size_t begin = read_;
     const int line = line_;
-    const bool ended = std::exchange(ended_, true);  // reads no further
+    looks_ahead_ = true;
+    std::optional<Reason> wrong_time;
+    while (true) {
+        wrong_time = seek_interval();
+        read_ = begin;
+        line_ = line;
+        rows_.clear();
+        if (interval_ != 0 || ended_ || 2 * buffer_.size() > most_ahead) break;
+        read_on(2 * buffer_.size());
+    }
+    looks_ahead_ = false;
+    if (interval_ == 0 && wrong_time) throw InputError(*wrong_time);
+    if (interval_ <= 0) throw InputError(Reason(no_interval));
+}
+
+/// In what is read of the table so far. Gives the first time that cannot be read.
+std::optional<Reason> WeatherTable::seek_interval() {
     std::map<std::string, std::pair<int, std::int64_t>> first;
     TimeSequence sequence(options_.zone);
-    std::optional<Reason> wrong_time;  // the first
+    std::optional<Reason> wrong_time;
     CsvRow row;
     while (interval_ == 0 && next_row(row)) {
         if (row.damage != nullptr || row.cells.size() != columns_.size()) {
@@ -215,11 +202,7 @@ void WeatherTable::find_interval() {
                 wrong_time = at(Reason(at_row, {std::to_string(row.line)}), error.reason());
         }
     }
-    read_ = begin;
-    line_ = line;
-    ended_ = ended;
-    if (interval_ == 0 && wrong_time) throw InputError(*wrong_time);
-    if (interval_ <= 0) throw InputError(Reason(no_interval));
+    return wrong_time;
 }
 
 bool WeatherTable::next(WeatherBlock& block, std::size_t most) {
@@ -227,7 +210,11 @@ bool WeatherTable::next(WeatherBlock& block, std::size_t most) {
     block.numbers.assign(inputs_.size(), {});
     CsvRow row;
     while (block.rows.size() < most && next_row(row)) take(row, block);
+    if (energies_ && !interval_is_given() && times_.closer().count > 0)
+        throw InputError(Reason(energy_of_no_time, {std::to_string(interval_),
+                                                    time_text(times_.closer().first.front())}));
     if (components_) turn_components(block);
+    if (block.rows.empty()) look_at_columns();
     return !block.rows.empty();
 }
 
@@ -289,12 +276,25 @@ void WeatherTable::refuse(int line, const std::string& column, const Reason& rea
 }
 
 void WeatherTable::look_at(const Column& column, double number, double taken) {
+    looks_[column.place].take(taken);
     const Text* likely = likely_instead(inputs_[column.place].name(), taken);
     if (likely == nullptr) return;
     const auto [known, is_first] =
         implausible_.try_emplace(column.place, report_.implausible.size());
     if (is_first) report_.implausible.push_back({column.head.title, 0, number, *likely});
     ++report_.implausible[known->second].count;
+}
+
+/// Once all rows are read.
+void WeatherTable::look_at_columns() {
+    for (const Column& column : columns_) {
+        if (column.use != Column::Use::Input) continue;
+        const std::string_view input = inputs_[column.place].name();
+        if (components_ && holds(wind_inputs, input)) continue;
+        const ColumnLook look = std::exchange(looks_[column.place], {});
+        if (const Text* likely = likely_instead(input, look))
+            report_.implausible.push_back({column.head.title, look.count, look.greatest, *likely});
+    }
 }
 
 /// The wind comes from where it does not blow to.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/text/locale.h"
+#include "weather/plausibility.h"
 #include "weather/table_column.h"
 #include "weather/weather_time.h"
 
@@ -82,11 +83,13 @@ private:
         UnitConversion conversion{};
     };
 
+    void read_on(std::size_t size);
     [[nodiscard]] bool next_line(std::string_view& line);
     [[nodiscard]] bool next_row(CsvRow& row);
     void take_head(const CsvRow& row);
     void add_input(Column& column);
     void find_interval();
+    [[nodiscard]] std::optional<Reason> seek_interval();
     void take(const CsvRow& row, WeatherBlock& block);
     /// The index of the line that the row is for.
     [[nodiscard]] int line_of(const CsvRow& row) const;
@@ -94,6 +97,7 @@ private:
     void put_numbers(const CsvRow& row, WeatherBlock& block);
     void refuse(int line, const std::string& column, const Reason& reason);
     void look_at(const Column& column, double number, double taken);
+    void look_at_columns();
     void turn_components(WeatherBlock& block) const;
 
     NextPiece next_;
@@ -102,9 +106,12 @@ private:
     std::size_t read_ = 0;  // bytes of the buffer that are done
     int line_ = 0;
     bool ended_ = false;
+    bool looks_ahead_ = false;  // nothing more is read
+    std::vector<CsvRow> rows_;  // of the present line, the next one last
     char comma_ = ',';
     std::vector<Column> columns_;
     std::vector<SeriesInput> inputs_;
+    bool energies_ = false;    // a column gives them in the time of a row
     bool components_ = false;  // the wind's speed and direction come as components
     std::size_t time_column_ = 0;
     std::size_t line_column_ = 0;
@@ -114,6 +121,7 @@ private:
     TimeSequence times_;
     WeatherReport report_;
     std::map<std::size_t, std::size_t> implausible_;  // place in the report of an input
+    std::map<std::size_t, ColumnLook> looks_;         // of an input
 };
 
 }  // namespace zel::weather

@@ -61,6 +61,7 @@ void TimeSequence::follow(std::int64_t moment, int line, std::int64_t interval) 
                              (seen.latest - moment) % interval == 0;
     if (was_missing) --missing_.count;
     if (was_missing) std::erase(missing_.first, moment);
+    if (moment > seen.latest && moment < seen.latest + interval) count(closer_, moment);
     if (moment > seen.latest + interval)
         count(missing_, seen.latest + interval,
               static_cast<std::uint64_t>((moment - seen.latest - 1) / interval));

@@ -57,6 +57,8 @@ public:
     [[nodiscard]] const TimeFault& twice() const { return twice_; }
     [[nodiscard]] const TimeFault& missing() const { return missing_; }
     [[nodiscard]] const TimeFault& disordered() const { return disordered_; }
+    /// Less than an interval behind the latest one before.
+    [[nodiscard]] const TimeFault& closer() const { return closer_; }
 
 private:
     /// The moments of one line. Those that stand equally far apart are kept as one run, so that an
@@ -78,7 +80,7 @@ private:
     const TimeZone* zone_;
     std::unordered_map<int, Seen> seen_;
     std::size_t kept_ = 0;  // runs and moments, of all lines
-    TimeFault twice_, missing_, disordered_;
+    TimeFault twice_, missing_, disordered_, closer_;
 };
 
 }  // namespace zel::weather

@@ -310,6 +310,7 @@ TEST(Radiation, on_level_ground_meets_the_conductor_by_the_height_of_the_sun) {
     EXPECT_NEAR(radiation_on_conductor(100, radians(30)), 200, 1e-6);
     EXPECT_NEAR(radiation_on_conductor(100, 0), 100 / std::sin(radians(10)), 1e-6);
     EXPECT_EQ(radiation_on_conductor(1000, radians(20)), 1400);
+    EXPECT_EQ(radiation_on_conductor(-4, 0), -4) << "an instrument at night";
     EXPECT_EQ(current("500", Radiation::OnConductor), current("500", Radiation::AsItStands));
     EXPECT_NE(current("500", Radiation::Horizontal), current("500", Radiation::AsItStands));
     EXPECT_EQ(current("0", Radiation::Horizontal), current("0", Radiation::AsItStands));
@@ -350,6 +351,38 @@ TEST(Radiation, has_to_be_told_where_both_kinds_of_methods_take_it) {
         EXPECT_EQ(refused, is_open) << methods << head << of_line;
         EXPECT_EQ(lines.lines.size(), 1U);
     }
+}
+
+TEST(Weather, tells_its_period_however_it_comes_in) {
+    const std::string text =
+        "# a, remark\ntime;line;ghi\n2024-01-15T08:00Z;A;1\n2024-01-15T08:00Z;B;1\n"
+        "2024-01-15T09:00Z;A;1\r2024-01-15T09:20Z;A;1\n";
+    for (const std::size_t piece : {1U, 7U, 4096U}) {
+        WeatherTable table(pieces_of(text, piece), {});
+        EXPECT_EQ(table.interval(), 3600) << piece;
+        table.set_lines({"A", "B"});
+        WeatherBlock block;
+        ASSERT_TRUE(table.next(block, 10));
+        EXPECT_EQ(block.rows.size(), 4U);
+        EXPECT_EQ(table.times().closer().count, 1U);
+    }
+    std::string energies = text;
+    WeatherTable table(pieces_of(energies.insert(energies.find("\n2024"), "[J/m2]"), 7), {});
+    table.set_lines({"A", "B"});
+    WeatherBlock block;
+    EXPECT_THROW((void)table.next(block, 10), InputError);
+}
+
+TEST(Weather, of_another_unit_is_seen_by_the_whole_column) {
+    std::string text = "time,wind_speed,ghi\n";
+    for (int hour = 10; hour < 34; ++hour)
+        text += time_text(1705000000 + 3600 * hour) + ",15,0." + std::to_string(hour) + "\n";
+    WeatherTable table(pieces_of(text, 100), {});
+    WeatherBlock block;
+    while (table.next(block, 10)) EXPECT_TRUE(table.report().implausible.empty());
+    ASSERT_EQ(table.report().implausible.size(), 2U);
+    EXPECT_THAT(std::string(table.report().implausible[0].likely.en), HasSubstr("[km/h]"));
+    EXPECT_THAT(std::string(table.report().implausible[1].likely.en), HasSubstr("[kW/m2]"));
 }
 
 TEST(Weather, that_is_hardly_in_its_unit_is_told_with_the_likely_one) {
