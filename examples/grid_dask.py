@@ -62,13 +62,14 @@ def weather(number: int, hours: int) -> dict[str, Any]:
     }
 
 
-def rate_block(first: int, end: int, hours: int, method: Any) -> tuple[Any, Any]:
-    """Currents and codes of the lines from `first` to before `end`, a row for each."""
+def rate_block(first: int, end: int, hours: int, method: Any) -> tuple[Any, Any, str]:
+    """Currents and codes of the lines from `first` to before `end`, a row for each, and what
+    rated them."""
     rated = [
         zel.rate(methods=method, threads=1, **line(number), **weather(number, hours))
         for number in range(first, end)
     ]
-    return np.stack([r.current for r in rated]), np.stack([r.code for r in rated])
+    return np.stack([r.current for r in rated]), np.stack([r.code for r in rated]), processor()
 
 
 def processor() -> str:
@@ -81,7 +82,15 @@ def processor() -> str:
     return f"{facts.get('model name')} (flags {flags}, used {chosen}), zel {zel.__version__}"
 
 
+def refuse_mixed(kinds: set[str], given: argparse.Namespace) -> None:
+    if len(kinds) > 1 and not given.mixed:
+        sys.exit("workers differ, and with them the last bits of ratings: --mixed allows it\n  "
+                 + "\n  ".join(sorted(kinds)))  # fmt: skip
+
+
 def rate_grid(client: Any, given: argparse.Namespace) -> tuple[Any, Any]:
+    kinds = set(client.run(processor).values())
+    refuse_mixed(kinds, given)
     blocks = {}
     for first in range(0, given.lines, LINES_OF_A_BLOCK):
         end = min(given.lines, first + LINES_OF_A_BLOCK)
@@ -91,8 +100,10 @@ def rate_grid(client: Any, given: argparse.Namespace) -> tuple[Any, Any]:
     kill_at = len(blocks) // 3 if given.kill_one else -1
     for done, future in enumerate(as_completed(list(blocks)), start=1):
         first, end = blocks.pop(future)
-        current[first:end], code[first:end] = future.result()
+        current[first:end], code[first:end], kind = future.result()
         future.release()
+        kinds.add(kind)  # of a worker that came later, perhaps
+        refuse_mixed(kinds, given)
         if done - 1 == kill_at:
             victim = next(iter(client.run(os.getpid).values()))
             os.kill(victim, signal.SIGKILL)
@@ -135,10 +146,6 @@ def main() -> None:
             n_workers=given.workers, threads_per_worker=1, processes=True, dashboard_address=None
         )
     with Client(cluster or given.scheduler) as client:
-        kinds = set(client.run(processor).values())
-        if len(kinds) > 1 and not given.mixed:
-            sys.exit("workers differ, and with them the last bits of ratings: --mixed allows it\n  "
-                     + "\n  ".join(sorted(kinds)))  # fmt: skip
         started = time.monotonic()
         current, code = rate_grid(client, given)
         seconds = time.monotonic() - started

@@ -65,8 +65,9 @@ constexpr std::pair<std::string_view, std::string_view> symbols[] = {
 };
 
 std::string_view symbol_of(const InputRow& row) {
+    const bool of_line = row.area == "line" && !row.name.empty();
     for (const auto& [name, symbol] : symbols)
-        if (name == (row.name.empty() ? std::string_view(row.field) : row.name)) return symbol;
+        if (name == (of_line ? row.name : std::string_view(row.field))) return symbol;
     return {};
 }
 

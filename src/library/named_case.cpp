@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
+#include <mutex>
 
 #include "adapters/json/flat_json.h"
 #include "adapters/posix/posix_files.h"
@@ -39,16 +41,46 @@ std::string shipped_folder() {
     return folder + "/share/zel";
 }
 
+/// By which a file that was changed is told; all of nothing where it is missing.
+struct FileStamp {
+    std::string path;
+    std::filesystem::file_time_type changed{};
+    std::uintmax_t size = 0;
+
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+
+FileStamp stamp_of(const std::string& path) {
+    std::error_code missing;
+    const auto changed = std::filesystem::last_write_time(path, missing);
+    if (missing) return {path};
+    return {path, changed, std::filesystem::file_size(path, missing)};
+}
+
 }  // namespace
 
-ConductorLibrary open_conductors(Files& files) {
-    const std::string own = program_paths(system_facts()).data_folder + "/conductors.csv";
-    return {files, {shipped_folder(), own}, plain.separator};
+std::shared_ptr<const ConductorLibrary> open_conductors() {
+    static PosixFiles files;
+    static std::mutex one_at_a_time;
+    static std::shared_ptr<const ConductorLibrary> library;
+    static std::vector<FileStamp> stamps;
+    const LibraryPlaces places = {shipped_folder(),
+                                  program_paths(system_facts()).data_folder + "/conductors.csv"};
+    const std::vector<FileStamp> present = {stamp_of(places.shipped_file()),
+                                            stamp_of(places.materials_file()),
+                                            stamp_of(places.own_file)};
+    const std::lock_guard lock(one_at_a_time);
+    if (!library || stamps != present) {
+        library = std::make_shared<ConductorLibrary>(files, places, plain.separator);
+        stamps = present;
+    }
+    return library;
 }
 
 std::string NamedCase::field_name(std::string_view name) const {
     if (area_ == Area::ShortCircuit) {
-        if (const auto* field = find_short_circuit_field(name)) return std::string(field->name);
+        if (const auto* field = find_short_circuit_by_any_name(name))
+            return std::string(field->name);
     } else {
         CalcCase any;
         if (const auto* field = find_by_any_name(name)) return std::string(field->name);
@@ -89,7 +121,7 @@ void NamedCase::read_file(const std::string& path) {
 void NamedCase::set_conductor(const std::string& record_or_name) {
     if (area_ != Area::Line) throw InputError(Reason(of_lines_only));
     PosixFiles files;
-    conductor_ = choose_conductor(open_conductors(files), files, record_or_name, plain.separator);
+    conductor_ = choose_conductor(*open_conductors(), files, record_or_name, plain.separator);
 }
 
 CalcCase NamedCase::line() const {

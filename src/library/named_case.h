@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -43,7 +44,8 @@ private:
 };
 
 /// The shipped conductors and the user's own. Throws `InputError` where the shipped ones are not
-/// found: in share/zel beside the folder of the library or above it, or where ZEL_DATA says.
-[[nodiscard]] ConductorLibrary open_conductors(Files& files);
+/// found: in share/zel beside the folder of the library or above it, or where ZEL_DATA says. They
+/// are read anew when a file of theirs has changed.
+[[nodiscard]] std::shared_ptr<const ConductorLibrary> open_conductors();
 
 }  // namespace zel::library

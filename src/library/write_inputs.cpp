@@ -9,8 +9,8 @@
 
 namespace {
 
-std::string upper(const std::string& name) {
-    std::string letters = "ZEL_INPUT_";
+std::string upper(const char* area, const std::string& name) {
+    std::string letters = area;
     for (const char c : name)
         letters += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     return letters;
@@ -34,17 +34,23 @@ std::string meaning(const zel_input& input) {
     return text;
 }
 
+bool print(zel_area area, const char* begin) {
+    for (size_t i = 0; i < zel_input_count(area); ++i) {
+        zel_input input{};
+        if (zel_input_at(area, i, &input) != ZEL_DONE) return false;
+        std::printf("/* %s */\n#define %s \"%s\"\n", meaning(input).c_str(),
+                    upper(begin, input.name).c_str(), input.name);
+    }
+    return true;
+}
+
 }  // namespace
 
 int main() {
     std::puts("/* Names of inputs, made from the description of the fields. See zel.h. */");
     std::puts("#ifndef ZEL_INPUTS_H\n#define ZEL_INPUTS_H\n");
-    for (size_t i = 0; i < zel_input_count(ZEL_LINE); ++i) {
-        zel_input input{};
-        if (zel_input_at(ZEL_LINE, i, &input) != ZEL_DONE) return 1;
-        std::printf("/* %s */\n#define %s \"%s\"\n", meaning(input).c_str(),
-                    upper(input.name).c_str(), input.name);
-    }
+    const bool done =
+        print(ZEL_LINE, "ZEL_INPUT_") && print(ZEL_SHORT_CIRCUIT, "ZEL_SHORT_CIRCUIT_INPUT_");
     std::puts("\n#endif");
-    return std::fflush(stdout) == 0 ? 0 : 1;
+    return done && std::fflush(stdout) == 0 ? 0 : 1;
 }

@@ -23,7 +23,7 @@ extern "C" {
 #define ZEL_API __attribute__((visibility("default")))
 
 /* Grows when something is added; nothing is ever taken away or changed. */
-#define ZEL_INTERFACE 1
+#define ZEL_INTERFACE 2
 
 typedef enum zel_status {
     ZEL_DONE = 0,
@@ -76,7 +76,7 @@ typedef enum zel_kind {
 } zel_kind;
 
 typedef struct zel_input {
-    const char* name;  /* in plain English: "wind_speed"; of short circuits the field's */
+    const char* name;  /* in plain English: "wind_speed", "rated_short_time" */
     const char* field; /* as in case files: "Windgeschwindigkeit_db"; empty if derived */
     const char* unit;  /* "m/s" */
     double low, high;  /* what is allowed; infinite where there is no limit */
@@ -152,6 +152,17 @@ typedef enum zel_given {
 ZEL_API zel_status zel_options_given(zel_options* it, zel_given given);
 /* The heat capacity in transients: 1 (the default) with its temperature coefficient, 0 constant. */
 ZEL_API zel_status zel_options_heat_capacity(zel_options* it, int with_temperature);
+
+/* What the column of the global radiation is. Webs and Kirn apply the height of the sun to it, the
+ * other methods take it as it meets the conductor. Since interface 2. */
+typedef enum zel_radiation {
+    ZEL_AS_IT_STANDS = 0,   /* the default: each method takes it so */
+    ZEL_HORIZONTAL = 1,     /* on level ground; TB601, TB207 and TBB divide it by the sine of the
+                               sun's height (10 degrees at least), up to 1400 W/m2, and so need
+                               latitude, longitude and time */
+    ZEL_MEETS_CONDUCTOR = 2 /* as it meets the conductor */
+} zel_radiation;
+ZEL_API zel_status zel_options_radiation(zel_options* it, zel_radiation radiation);
 
 typedef struct zel_steady {
     zel_numbers current;           /* A, of the bundle */

@@ -24,6 +24,9 @@ LastError& last_error() {
 }
 
 constexpr Text no_such_given = {"so kann nichts gegeben sein", "nothing can be given so"};
+constexpr Text no_such_radiation = {"so kann keine Strahlung sein", "no radiation can be so"};
+constexpr Text null_text = {"ein Name oder ein Text ist ein Nullzeiger",
+                            "a name or a text is a null pointer"};
 constexpr Text no_such_index = {"es gibt keinen Eintrag mit dieser Nummer",
                                 "there is no entry of this number"};
 
@@ -101,6 +104,11 @@ const std::vector<NamedInput>& inputs_of(zel_area area) {
 
 void keep_error(const Reason& reason) { last_error() = {reason.de, reason.en}; }
 
+std::string_view given_text(const char* text) {
+    if (text == nullptr) throw InputError(Reason(null_text));
+    return text;
+}
+
 }  // namespace zel::library
 
 using namespace zel;
@@ -138,9 +146,8 @@ zel_status zel_input_at(zel_area area, size_t index, zel_input* input) {
 
 zel_status zel_conductors(void (*take)(const char* name, void* context), void* context) {
     return guarded([&] {
-        PosixFiles files;
-        const ConductorLibrary library = open_conductors(files);
-        for (const LibraryConductor& conductor : library.conductors())
+        const auto library = open_conductors();
+        for (const LibraryConductor& conductor : library->conductors())
             take(full_name(conductor).c_str(), context);
     });
 }
@@ -159,25 +166,25 @@ zel_case* zel_case_copy(const zel_case* from) {
 void zel_case_free(zel_case* it) { delete it; }
 
 zel_status zel_case_read_file(zel_case* it, const char* path) {
-    return guarded([&] { it->named.read_file(path); });
+    return guarded([&] { it->named.read_file(std::string(given_text(path))); });
 }
 zel_status zel_case_read_json(zel_case* it, const char* json) {
-    return guarded([&] { it->named.read_json(json); });
+    return guarded([&] { it->named.read_json(given_text(json)); });
 }
 zel_status zel_case_set_number(zel_case* it, const char* name, double number) {
-    return guarded([&] { it->named.set(name, number); });
+    return guarded([&] { it->named.set(given_text(name), number); });
 }
 zel_status zel_case_set_text(zel_case* it, const char* name, const char* text) {
-    return guarded([&] { it->named.set(name, std::string(text)); });
+    return guarded([&] { it->named.set(given_text(name), std::string(given_text(text))); });
 }
 zel_status zel_case_set_flag(zel_case* it, const char* name, int yes) {
-    return guarded([&] { it->named.set(name, yes != 0); });
+    return guarded([&] { it->named.set(given_text(name), yes != 0); });
 }
 zel_status zel_case_unset(zel_case* it, const char* name) {
-    return guarded([&] { it->named.unset(name); });
+    return guarded([&] { it->named.unset(given_text(name)); });
 }
 zel_status zel_case_set_conductor(zel_case* it, const char* record_or_name) {
-    return guarded([&] { it->named.set_conductor(record_or_name); });
+    return guarded([&] { it->named.set_conductor(std::string(given_text(record_or_name))); });
 }
 
 zel_options* zel_options_new(void) { return new (std::nothrow) zel_options; }
@@ -192,6 +199,16 @@ zel_status zel_options_given(zel_options* it, zel_given given) {
         if (given < ZEL_AS_IN_CASE || given > ZEL_BUNDLE_CURRENT_GIVEN)
             throw InputError(Reason(no_such_given));
         it->given = given;
+    });
+}
+zel_status zel_options_radiation(zel_options* it, zel_radiation radiation) {
+    return guarded([&] {
+        switch (radiation) {
+            case ZEL_AS_IT_STANDS: it->radiation = Radiation::AsItStands; return;
+            case ZEL_HORIZONTAL: it->radiation = Radiation::Horizontal; return;
+            case ZEL_MEETS_CONDUCTOR: it->radiation = Radiation::OnConductor; return;
+        }
+        throw InputError(Reason(no_such_radiation));
     });
 }
 zel_status zel_options_heat_capacity(zel_options* it, int with_temperature) {

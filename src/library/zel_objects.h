@@ -3,10 +3,12 @@
 #include <exception>
 #include <new>
 #include <optional>
+#include <string_view>
 
 #include "library/named_case.h"
 #include "library/zel.h"
 #include "platform/errors.h"
+#include "series/radiation.h"
 
 // What stands behind the handles of the C interface, and what keeps exceptions on this side of it.
 
@@ -18,12 +20,16 @@ struct zel_options {
     unsigned threads = 0;
     zel_given given = ZEL_AS_IN_CASE;
     zel::HeatCapacityOption heat_capacity = zel::HeatCapacityOption::WithTemperature;
+    zel::Radiation radiation = zel::Radiation::AsItStands;
 };
 
 namespace zel::library {
 
 /// Keeps why the call of this thread failed.
 void keep_error(const Reason& reason);
+
+/// A text of the caller. Throws `InputError` where it is null.
+[[nodiscard]] std::string_view given_text(const char* text);
 
 /// Runs one call of the interface.
 template <class Body>

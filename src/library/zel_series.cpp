@@ -21,7 +21,7 @@ zel_options options_or_usual(const zel_options* options) {
 }
 
 SeriesOptions series_options(const zel_options& options) {
-    return {options.threads, options.heat_capacity};
+    return {options.threads, options.heat_capacity, options.radiation};
 }
 
 CalcCase line_case(const zel_case& it, zel_given given) {
@@ -38,7 +38,8 @@ SeriesInputs inputs_of(const zel_case* it, zel_given given, const zel_column* co
                        size_t column_count, size_t count) {
     std::vector<SeriesColumn> taken;
     for (size_t k = 0; k < column_count; ++k)
-        taken.push_back({SeriesInput(columns[k].name), {columns[k].numbers, columns[k].stride}});
+        taken.push_back(
+            {SeriesInput(given_text(columns[k].name)), {columns[k].numbers, columns[k].stride}});
     return {line_case(*it, given), std::move(taken), count};
 }
 
@@ -51,7 +52,8 @@ Method method_of(zel_method method) {
 std::vector<NamedColumn> named_columns(const zel_column* columns, size_t column_count) {
     std::vector<NamedColumn> taken;
     for (size_t k = 0; k < column_count; ++k)
-        taken.push_back({columns[k].name, {columns[k].numbers, columns[k].stride}});
+        taken.push_back(
+            {std::string(given_text(columns[k].name)), {columns[k].numbers, columns[k].stride}});
     return taken;
 }
 
@@ -131,9 +133,9 @@ zel_status zel_explain(const zel_case* it, const zel_options* given_options, zel
     return guarded([&] {
         if (size == 0) return;
         const auto of_line = [&] {
-            return refusal_of(inputs_of(it, options_or_usual(given_options).given, columns,
-                                        column_count, index + 1),
-                              method_of(method), index,
+            const zel_options options = options_or_usual(given_options);
+            return refusal_of(inputs_of(it, options.given, columns, column_count, index + 1),
+                              method_of(method), series_options(options), index,
                               language == ZEL_GERMAN ? LangId::German : LangId::English);
         };
         const std::string why =

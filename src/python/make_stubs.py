@@ -23,9 +23,18 @@ def keywords(rows):
     )
 
 
+def fields(rows):
+    """The names of case files."""
+    named = [row for row in rows if row.field not in ("", row.name)]
+    return "".join(f"\n    {row.field}: {type_of(row)} = ...," for row in named)
+
+
 template, stubs = map(pathlib.Path, sys.argv[1:])
 text = template.read_text()
-text = text.replace("@RATING_INPUTS@", keywords(_names.keywords_of_a_rating()))
-text = text.replace("@SHORT_CIRCUIT_INPUTS@", keywords(_names.inputs("short_circuit")))
+inputs = _names.keywords_of_a_rating()
+aliases = "".join(f"\n    {name}: Numbers = ...,  # {of}" for name, of in _names.ALIASES.items())
+text = text.replace("@RATING_INPUTS@", keywords(inputs) + aliases + fields(inputs))
+inputs = _names.inputs("short_circuit")
+text = text.replace("@SHORT_CIRCUIT_INPUTS@", keywords(inputs) + fields(inputs))
 stubs.write_text(text)
 (stubs.parent / "py.typed").touch()

@@ -60,12 +60,15 @@ private:
     std::unique_ptr<zel_case, void (*)(zel_case*)> it_;
 };
 
-/// How a call is made: what is given, how many threads.
+/// How a call is made: what is given, how many threads, and what is to be known of the inputs.
 class Options {
 public:
-    Options(int given, unsigned threads) : it_(made(zel_options_new()), zel_options_free) {
+    Options(int given, unsigned threads, int radiation, bool constant_heat_capacity)
+        : it_(made(zel_options_new()), zel_options_free) {
         check(zel_options_given(it_.get(), static_cast<zel_given>(given)));
         check(zel_options_threads(it_.get(), threads));
+        check(zel_options_radiation(it_.get(), static_cast<zel_radiation>(radiation)));
+        check(zel_options_heat_capacity(it_.get(), constant_heat_capacity ? 0 : 1));
     }
     [[nodiscard]] const zel_options* get() const { return it_.get(); }
 
@@ -125,9 +128,8 @@ void in_blocks(const py::dict& arrays, const Shape& shape, std::size_t size, Rat
     } while (first < count);
 }
 
-py::tuple rate_steady(const Case& it, int method, int given, unsigned threads,
-                      const py::dict& arrays, const Shape& shape) {
-    const Options options(given, threads);
+py::tuple rate_steady(const Case& it, int method, const Options& options, const py::dict& arrays,
+                      const Shape& shape) {
     std::array<Numbers, 4> found{Numbers(shape), Numbers(shape), Numbers(shape), Numbers(shape)};
     Codes code(shape);
     in_blocks(arrays, shape, quick_block,
@@ -142,8 +144,8 @@ py::tuple rate_steady(const Case& it, int method, int given, unsigned threads,
                           code.array);
 }
 
-py::tuple rate_tatl(const Case& it, unsigned threads, const py::dict& arrays, const Shape& shape) {
-    const Options options(ZEL_TEMPERATURE_GIVEN, threads);
+py::tuple rate_tatl(const Case& it, const Options& options, const py::dict& arrays,
+                    const Shape& shape) {
     std::array<Numbers, 3> found{Numbers(shape), Numbers(shape), Numbers(shape)};
     std::array<Codes, 2> code{Codes(shape), Codes(shape)};
     in_blocks(arrays, shape, slow_block(),
@@ -157,14 +159,13 @@ py::tuple rate_tatl(const Case& it, unsigned threads, const py::dict& arrays, co
                           code[1].array);
 }
 
-py::list rate_transient(const Case& it, int method, int given, unsigned threads,
-                        const py::dict& arrays, const Shape& shape) {
+py::list rate_transient(const Case& it, int method, const Options& options, const py::dict& arrays,
+                        const Shape& shape) {
     struct Row {
         explicit Row(const Shape& its) : current(its), temperature(its), duration(its), code(its) {}
         Numbers current, temperature, duration;
         Codes code;
     };
-    const Options options(given, threads);
     std::vector<Row> rows;
     for (std::size_t k = 0; k < ZEL_STATE_CHANGES; ++k) rows.emplace_back(shape);
     in_blocks(arrays, shape, slow_block(),
@@ -184,9 +185,8 @@ py::list rate_transient(const Case& it, int method, int given, unsigned threads,
     return found;
 }
 
-py::tuple rate_short_circuit(const Case& it, unsigned threads, const py::dict& arrays,
+py::tuple rate_short_circuit(const Case& it, const Options& options, const py::dict& arrays,
                              const Shape& shape) {
-    const Options options(ZEL_AS_IN_CASE, threads);
     std::vector<Numbers> found;
     for (std::size_t k = 0; k < zel_short_circuit_result_count(); ++k) found.emplace_back(shape);
     Codes code(shape);
@@ -203,9 +203,8 @@ py::tuple rate_short_circuit(const Case& it, unsigned threads, const py::dict& a
     return py::make_tuple(named, code.array);
 }
 
-std::string explain(const Case& it, int method, int given, const py::dict& arrays,
+std::string explain(const Case& it, int method, const Options& options, const py::dict& arrays,
                     std::size_t index) {
-    const Options options(given, 1);
     Columns columns(arrays);
     const std::vector<zel_column>& taken = columns.block(index, 1);
     std::array<char, 1000> text{};
@@ -256,6 +255,7 @@ PYBIND11_MODULE(_zel, module) {
         .def("set_flag", &Case::set_flag)
         .def("set_number", &Case::set_number)
         .def("set_text", &Case::set_text);
+    py::class_<Options>(module, "Options").def(py::init<int, unsigned, int, bool>());
     module.def("rate_steady", &rate_steady);
     module.def("rate_tatl", &rate_tatl);
     module.def("rate_transient", &rate_transient);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "series/case_rater.h"
+#include "series/radiation.h"
 #include "workflow/run/transient.h"
 
 // Arrays of ratings: one case, of which some inputs change from element to element. An element's
@@ -44,9 +45,9 @@ struct SeriesInputs {
 
     /// The fields that change.
     [[nodiscard]] const std::vector<FieldKey>& varying() const { return varying_; }
-    /// Puts element `i`. A code that is not `Rated` says why it cannot be rated, and `culprit` the
-    /// column.
-    RatingCode put(SeriesElement& element, std::size_t i,
+    /// Puts element `i` for `method`. A code that is not `Rated` says why it cannot be rated, and
+    /// `culprit` the column.
+    RatingCode put(SeriesElement& element, std::size_t i, Method method, Radiation radiation,
                    const SeriesColumn** culprit = nullptr) const;
 
     CalcCase base;
@@ -64,6 +65,7 @@ private:
 struct SeriesOptions {
     unsigned threads = 0;  // 0: one for each processor
     HeatCapacityOption heat_capacity = HeatCapacityOption::WithTemperature;
+    Radiation radiation = Radiation::AsItStands;  // of a column
 };
 
 struct SteadySeries {
@@ -106,7 +108,7 @@ void rate_transient(const SeriesInputs& inputs, Method method, const SeriesOptio
 
 /// Why element `i` has no value, for a reader in `lang`: the input or the check that refuses it.
 /// Empty where inputs and check let it pass.
-[[nodiscard]] std::string refusal_of(const SeriesInputs& inputs, Method method, std::size_t i,
-                                     LangId lang);
+[[nodiscard]] std::string refusal_of(const SeriesInputs& inputs, Method method,
+                                     const SeriesOptions& options, std::size_t i, LangId lang);
 
 }  // namespace zel

@@ -204,7 +204,6 @@ const struct {
     {&CalcCase::Bodenart_db, Limits().between(0, 1)},
     {&CalcCase::Bewoelkungsgrad_db, Limits().between(0, 1)},
     {&CalcCase::Emissionsverhaeltnis_db, Limits().between(0, 1)},
-    {&CalcCase::Absorptionsverhaeltnis_db, Limits().between(0, 1)},
     {&CalcCase::Netzfrequenz_db, Limits().between(0, 61)},
     {&CalcCase::Hoehe_ueber_NN_db, Limits().between(-500, 4500)},
     // A measured current may have a sign; methods that square it would pass over that.

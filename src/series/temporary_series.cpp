@@ -131,7 +131,8 @@ void rate_tatl(const SeriesInputs& inputs, const SeriesOptions& options, const T
                   const SilentRun run(options);
                   CaseRater rater(base, Method::TB601, inputs.varying(), run.session);
                   for (std::size_t i = first; i < end; ++i) {
-                      const RatingCode code = inputs.put(rater.element(), i);
+                      const RatingCode code =
+                          inputs.put(rater.element(), i, Method::TB601, options.radiation);
                       const TatlElement found = code == RatingCode::Rated
                                                     ? rate(rater, run.session)
                                                     : TatlElement{RatedNumber{code}, code};
@@ -154,7 +155,8 @@ void rate_transient(const SeriesInputs& inputs, Method method, const SeriesOptio
                   const SilentRun run(options);
                   CaseRater rater(inputs.base, method, inputs.varying(), run.session);
                   for (std::size_t i = first; i < end; ++i) {
-                      const RatingCode code = inputs.put(rater.element(), i);
+                      const RatingCode code =
+                          inputs.put(rater.element(), i, method, options.radiation);
                       const StateRows rows = code == RatingCode::Rated
                                                  ? run_rows(rater, method, options)
                                                  : StateRows{code, {}};

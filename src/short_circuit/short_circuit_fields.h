@@ -19,6 +19,8 @@ using ShortCircuitField = Field<ShortCircuitCase>;
 
 /// The field `name`, or null. Upper and lower case are alike, as in the names of columns.
 [[nodiscard]] const ShortCircuitField* find_short_circuit_field(std::string_view name);
+/// The same by its English name too, which programs use.
+[[nodiscard]] const ShortCircuitField* find_short_circuit_by_any_name(std::string_view name);
 
 /// The row of a field.
 [[nodiscard]] const ShortCircuitField& field_of(const ShortCircuitKey& key);

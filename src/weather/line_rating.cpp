@@ -7,23 +7,12 @@
 #include <thread>
 
 #include "platform/side_by_side.h"
-#include "series/series.h"
-#include "steady/webs.h"
-
 namespace zel::weather {
 namespace {
 
 constexpr Text no_recourse = {
     "Leitung {0}: nach {1} gibt es mit ihrem statischen Wetter keine Belastbarkeit",
     "line {0}: there is no rating by {1} with its static weather"};
-
-constexpr double largest_radiation = 1400;  // W/m², the limit of the field
-constexpr double least_sun_height = 10;     // degrees
-
-double radians_of(double degrees) {
-    constexpr double pi = 3.14159265358979323846;
-    return degrees * pi / 180;
-}
 
 /// Ratings of `inputs`, kind by kind.
 void rate_kinds(const SeriesInputs& inputs, MethodRatings& of, const SeriesOptions& options) {
@@ -109,18 +98,11 @@ std::vector<Reason> faults_of_recourse(const RatedLine& line) {
         rate_steady(inputs, method, {1}, {{}, {}, {}, {}, {&code}});
         const auto found = static_cast<RatingCode>(code);
         if (found != RatingCode::MissingInput && found != RatingCode::OutsideLimits) continue;
-        Reason why(refusal_of(inputs, method, 0, LangId::German));
-        why.en = refusal_of(inputs, method, 0, LangId::English);
+        Reason why(refusal_of(inputs, method, {}, 0, LangId::German));
+        why.en = refusal_of(inputs, method, {}, 0, LangId::English);
         faults.push_back(at(Reason(no_recourse, {in_quotes(line.name), key_of(method)}), why));
     }
     return faults;
-}
-
-double radiation_on_conductor(double ghi, double sun_height) {
-    // Instruments tell a little less than none at night.
-    if (!(ghi > 0 && ghi <= largest_radiation)) return ghi;
-    const double height = std::max(sun_height, radians_of(least_sun_height));
-    return std::min(ghi / std::sin(height), largest_radiation);
 }
 
 /// The numbers of the rows of one line, as arrays; the times are the last.
@@ -130,34 +112,20 @@ struct BlockRater::Columns {
     std::size_t count = 0;
 };
 
-BlockRater::Columns BlockRater::columns_of(const WeatherBlock& block, const RatedLine& line,
-                                           Method method,
+BlockRater::Columns BlockRater::columns_of(const WeatherBlock& block,
                                            const std::vector<std::size_t>& rows) const {
     Columns made;
     made.count = rows.size();
     made.numbers.resize(inputs_.size() + 1);
-    std::vector<double>& times = made.numbers.back();
-    for (const std::size_t row : rows)
-        times.push_back(static_cast<double>(block.rows[row].period.middle()));
-    const SeriesInput time("time");
     for (std::size_t input = 0; input < inputs_.size(); ++input) {
         std::vector<double>& numbers = made.numbers[input];
         for (const std::size_t row : rows) numbers.push_back(block.numbers[input][row]);
-        const bool turned = radiation_ == Radiation::Horizontal && !takes_the_sun(method) &&
-                            inputs_[input].name() == radiation_input;
-        SeriesElement element = turned ? line.base : SeriesElement{};
-        const bool placed = has_place(element);
-        for (std::size_t i = 0; turned && i < rows.size(); ++i) {
-            const bool timed = time.put(element, times[i]) == RatingCode::Rated;
-            numbers[i] = placed && timed
-                             ? radiation_on_conductor(numbers[i],
-                                                      S3_Sonnenhoehe_webs(sun_input(element.c),
-                                                                          element.c.wzsz_merker_db))
-                             : no_number;
-        }
         made.columns.push_back({inputs_[input], {numbers.data()}});
     }
-    made.columns.push_back({time, {times.data()}});
+    std::vector<double>& times = made.numbers.back();
+    for (const std::size_t row : rows)
+        times.push_back(static_cast<double>(block.rows[row].period.middle()));
+    made.columns.push_back({SeriesInput("time"), {times.data()}});
     return made;
 }
 
@@ -187,8 +155,8 @@ void BlockRater::rate(const WeatherBlock& block) {
 }
 
 void BlockRater::rate(const WeatherBlock& block, MethodRatings& of, unsigned threads) const {
-    const Columns columns = columns_of(block, *of.line, of.method, rows_[of.line_index]);
-    rate_kinds({of.line->base.c, columns.columns, columns.count}, of, {threads});
+    const Columns columns = columns_of(block, rows_[of.line_index]);
+    rate_kinds({of.line->base.c, columns.columns, columns.count}, of, {threads, {}, radiation_});
     if (of.line->recourse) take_recourse(columns, of, threads);
     for (std::size_t row = 0; row < of.ratings.size(); row += of.kinds)
         finish(of, std::span(of.ratings).subspan(row, of.kinds));
@@ -231,8 +199,9 @@ void BlockRater::take_recourse(const Columns& columns, MethodRatings& of, unsign
 
 std::string BlockRater::refusal(const WeatherBlock& block, const MethodRatings& of, std::size_t i,
                                 LangId lang) const {
-    const Columns columns = columns_of(block, *of.line, of.method, rows_[of.line_index]);
-    return refusal_of({of.line->base.c, columns.columns, columns.count}, of.method, i, lang);
+    const Columns columns = columns_of(block, rows_[of.line_index]);
+    return refusal_of({of.line->base.c, columns.columns, columns.count}, of.method,
+                      {1, {}, radiation_}, i, lang);
 }
 
 }  // namespace zel::weather

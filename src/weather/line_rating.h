@@ -3,27 +3,13 @@
 #include <optional>
 #include <vector>
 
-#include "series/case_rater.h"
+#include "series/series.h"
 #include "weather/line_table.h"
 #include "weather/weather_table.h"
 
 // Ratings of lines for a block of weather, over the arrays of series.
 
 namespace zel::weather {
-
-/// What the radiation of the weather is; a constant one of a line meets the conductor. Nothing
-/// changes it silently: without a word each method takes it as it stands.
-enum class Radiation : std::uint8_t {
-    AsItStands,
-    /// On level ground. Webs and Kirn take it as it stands and apply the sun's height. For the
-    /// other methods, which ask for it as it meets the conductor, it is divided by the sine of the
-    /// sun's height (of 10° at least) up to 1400 W/m²: as if all of it came from the sun and met
-    /// the conductor at right angles.
-    Horizontal,
-    /// As it meets the conductor. All methods take it as it stands; Webs and Kirn apply the sun's
-    /// height all the same.
-    OnConductor,
-};
 
 /// One rating of a row of weather.
 struct Rating {
@@ -55,11 +41,6 @@ struct MethodRatings {
 
 inline constexpr std::string_view radiation_input = "global_radiation";
 
-/// Whether latitude and longitude of `line` are known, and so the height of the sun.
-[[nodiscard]] inline bool has_place(const SeriesElement& line) {
-    return line.c.geogr_Breite_db.given() && line.c.geo_laeng_db.given();
-}
-
 /// Whether `line` has a radiation of its own, in all weather or in the static one.
 [[nodiscard]] bool has_radiation(const RatedLine& line);
 
@@ -87,8 +68,8 @@ public:
 
 private:
     struct Columns;
-    [[nodiscard]] Columns columns_of(const WeatherBlock& block, const RatedLine& line,
-                                     Method method, const std::vector<std::size_t>& rows) const;
+    [[nodiscard]] Columns columns_of(const WeatherBlock& block,
+                                     const std::vector<std::size_t>& rows) const;
     void rate(const WeatherBlock& block, MethodRatings& of, unsigned threads) const;
     void take_recourse(const Columns& columns, MethodRatings& of, unsigned threads) const;
 
@@ -107,8 +88,5 @@ private:
 
 /// Why methods have no rating by the static weather of `line`: what it lacks, or a wrong number.
 [[nodiscard]] std::vector<Reason> faults_of_recourse(const RatedLine& line);
-
-/// As it meets the conductor, of `ghi` (W/m²) on level ground under a sun of that height (radians).
-[[nodiscard]] double radiation_on_conductor(double ghi, double sun_height);
 
 }  // namespace zel::weather

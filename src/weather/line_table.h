@@ -75,8 +75,4 @@ using ConductorSource = std::function<ChosenConductor(const std::string& record_
 [[nodiscard]] std::vector<Tatl> combined(std::vector<double> durations,
                                          std::vector<double> preloads);
 
-[[nodiscard]] inline bool takes_the_sun(Method method) {
-    return method == Method::Webs || method == Method::Kirn;
-}
-
 }  // namespace zel::weather

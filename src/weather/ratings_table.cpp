@@ -14,7 +14,7 @@ namespace {
 constexpr Text no_such_column = {"keine der Tabellen hat die Spalte {0}",
                                  "neither table has the column {0}"};
 constexpr Text asked_twice = {"die Spalte {0} ist zweimal verlangt",
-                               "the column {0} is asked for twice"};
+                              "the column {0} is asked for twice"};
 constexpr Text no_component = {"u und v stehen hier als wind_speed und wind_from_direction",
                                "u and v stand here as wind_speed and wind_from_direction"};
 constexpr Text columns_of_limits = {"Grenzwerte haben keine weiteren Spalten (--columns)",

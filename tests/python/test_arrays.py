@@ -84,11 +84,25 @@ def test_masked_and_missing_times_are_missing_inputs(line, times):
 def test_marks_of_missing_values_and_currents_out_of_reach_are_never_rated(line):
     for inputs in ({"air_temperature": -999}, {"ground_temperature": -99.9}, {"ghi": -999}):
         assert zel.rate(line, methods="Kirn", **inputs).code == 2
-    for current, name in ((1e6, "temperature_too_high"), (-1e6, "temperature_too_low")):
+    for current, name in ((9e4, "temperature_too_high"), (-500, "outside_limits")):
         for method in ("Webs", "Kirn"):
             rated = zel.rate(line, methods=method, conductor_current=[500, current])
             assert list(rated.codes) == ["ok", name]
             assert np.isnan(rated.temperature[1])
+
+
+def test_radiation_on_level_ground_needs_place_and_time(line):
+    def rating(**inputs):
+        return zel.rate(line, methods="TB207", ghi=[0, 96], radiation="horizontal", **inputs)
+
+    here = {"latitude": 51, "longitude": 10}
+    dark, low = rating(time="2026-01-15T08:30Z", **here).current
+    meets = zel.rate(line, methods="TB207", ghi=96 / np.sin(np.radians(10)), **here).current
+    assert dark > low == pytest.approx(meets, rel=1e-9)
+    nowhere = {**line, "geogr_Breite_db": None}
+    with pytest.raises(zel.RatingError, match="it needs latitude, longitude and time"):
+        zel.rate(nowhere, methods="TB207", ghi=96, radiation="horizontal", errors="raise")
+    assert rating(**here, time=[0, 1e9]).codes["ok"].count == 2
 
 
 def test_pandas_comes_back_with_its_index(line, expected):
@@ -199,6 +213,8 @@ def test_wind_by_its_parts(line):
     ({"wind_speed": pd.Series(["1", "2"])}, "takes numbers"), ({"conductor": 5}, "takes a name"),
     ({"time": "noon"}, "ISO 8601"), ({"time": True}, "takes numbers"),
     ({"conductor_temperature": 80, "conductor_current": 600}, "given= says"),
+    ({"methods": ["TB601", "Webs"], "ghi": 5}, "says what it is"),
+    ({"ghi": 5, "radiation": "flat"}, "radiation: 'flat' is none of"),
 ])  # fmt: skip
 def test_wrong_inputs_are_told(line, inputs, told):
     with pytest.raises(zel.InputError, match=told):
@@ -210,7 +226,9 @@ def test_wrong_inputs_are_told(line, inputs, told):
 def test_a_case_is_a_file_or_its_content(root, line):
     path = root / "examples/380kV-twin-264-34.json"
     assert zel.rate(path)["TB601"] == zel.rate(str(path))["TB601"] == zel.rate(line)["TB601"]
-    assert zel.rate({**line, "Leitertemp_db": None, "wind_speed": np.nan})["Webs"].code == 1
+    assert zel.rate({**line, "Leitertemp_db": None})["Webs"].code == 1
+    with pytest.raises(zel.InputError, match="the same input"):
+        zel.rate({**line, "wind_speed": np.nan})
     with pytest.raises(zel.InputError, match="no field"):
         zel.rate({**line, "x": 1})
     with pytest.raises(zel.InputError, match="keywords"):

@@ -45,6 +45,7 @@ def test_guide(root, tmp_path, monkeypatch):
 TYPED = """
 import zel
 zel.rate(wind_speed=[1, 2], methods=["TB601", "Webs"]).to_pandas()
+zel.rate(ghi=5, u=1, v=2, Windgeschwindigkeit_db=1, radiation="horizontal")
 zel.rate(wind_sped=1)  # type: ignore[call-arg]
 zel.rate(methods="TB600")  # type: ignore[arg-type]
 zel.rate().courant  # type: ignore[attr-defined]

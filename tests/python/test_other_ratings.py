@@ -81,7 +81,7 @@ def test_short_circuits_equal_the_terminal(program, root, name):
 
 def test_arrays_of_short_circuits(root):
     path = root / "examples/short-circuit-264-34.json"
-    found = zel.short_circuit(path, IK2=[20, 31.5, np.nan])
+    found = zel.short_circuit(path, initial_current=[20, 31.5, np.nan])
     assert found["I_th"][1] == zel.short_circuit(path)["I_th"] > found["I_th"][0]
     assert found.code.tolist() == [0, 0, 1] and np.isnan(found["S_th"][2])
     assert list(found.to_pandas())[:2] == ["I_th", "T_k"]

@@ -1,6 +1,7 @@
 """An element of an array has the bits that the terminal program finds for the same case, whatever
 stands beside it."""
 
+import functools
 import json
 import os
 import subprocess
@@ -88,12 +89,13 @@ def test_neither_order_nor_threads_nor_neighbours_change_a_bit(line):
     columns = drawn("temperature", count)
     columns["Windgeschwindigkeit_db"][::3] = np.nan
     methods = METHODS["line"]
-    usual = zel.rate(line, methods=methods, threads=1, **columns)
+    rate = functools.partial(zel.rate, line, methods=methods, radiation="conductor")
+    usual = rate(threads=1, **columns)
     order = np.random.default_rng(3).permutation(count)
     mixed = {name: column[order] for name, column in columns.items()}
-    shuffled = zel.rate(line, methods=methods, threads=3, **mixed)
-    part = zel.rate(line, methods=methods, **{k: v[100:107] for k, v in columns.items()})
-    cut = zel.rate(line, methods=methods, **{k: v.reshape(20, 30).T for k, v in columns.items()})
+    shuffled = rate(threads=3, **mixed)
+    part = rate(**{k: v[100:107] for k, v in columns.items()})
+    cut = rate(**{k: v.reshape(20, 30).T for k, v in columns.items()})
     for method in methods:
         rated = usual[method].current
         assert 0 < np.isnan(rated).sum() < count

@@ -78,7 +78,8 @@ std::uint64_t bits(double number) { return std::bit_cast<std::uint64_t>(number);
 /// The steady run of the page, of a case with the numbers of element `i`.
 std::optional<SteadyResult> by_the_page(const SeriesInputs& inputs, std::size_t i, Method method) {
     SeriesElement element{prepared_for(inputs.base, method)};
-    if (inputs.put(element, i) != RatingCode::Rated) return std::nullopt;
+    if (inputs.put(element, i, method, Radiation::AsItStands) != RatingCode::Rated)
+        return std::nullopt;
     ScriptedDialogs none;
     const Session session = {{}, RunMode::Silent, none};
     SteadyRunResult result;
@@ -117,7 +118,7 @@ TEST(Series, rates_each_element_bit_for_bit_as_the_page_does) {
                     ASSERT_EQ(has_value(static_cast<RatingCode>(rated.code[i])),
                               expected.has_value())
                         << key_of(method) << " " << i << " code " << rated.code[i] << " "
-                        << refusal_of(inputs, method, i, LangId::English);
+                        << refusal_of(inputs, method, {}, i, LangId::English);
                     ASSERT_EQ(std::isnan(rated.current[i]), !expected);
                     if (!expected) {
                         ++failures;

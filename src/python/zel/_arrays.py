@@ -25,6 +25,11 @@ def _is_pandas(value: Any) -> bool:
     return isinstance(value, (_loaded("pandas", "Series"), _loaded("pandas", "Index")))
 
 
+def missing(value: Any) -> bool:
+    """Whether `value` stands for one that is not known: None, or NA of pandas."""
+    return value is None or value is _loaded("pandas", "NA")
+
+
 def numbers(name: str, value: Any) -> np.ndarray:
     """`value` as doubles; what is masked or None becomes NaN."""
     if isinstance(value, _loaded("pandas", "DataFrame")):
@@ -38,7 +43,8 @@ def numbers(name: str, value: Any) -> np.ndarray:
         else:
             array = np.asarray(value)
             if array.dtype.kind == "O":
-                array = array.astype(np.float64)
+                known = [math.nan if missing(one) else one for one in array.ravel().tolist()]
+                array = np.array(known, dtype=np.float64).reshape(array.shape)
     except (TypeError, ValueError, OverflowError):
         raise InputError(f"{name} takes numbers, not {value!r:.60}") from None
     if array.dtype.kind not in "iuf":
@@ -58,7 +64,7 @@ def _refuse_texts(value: Any) -> None:
 
 def _second(name: str, value: Any) -> float:
     """Seconds since 1970 of one moment; one without a zone is in UTC, None is missing."""
-    if value is None:
+    if missing(value):
         return math.nan
     if isinstance(value, numeric.Real) and not isinstance(value, bool):
         return float(value)

@@ -12,7 +12,7 @@ import numpy as np
 
 from . import _arrays, _zel
 from ._errors import InputError
-from ._names import AREAS, GIVEN, choice, find
+from ._names import ALIASES, AREAS, GIVEN, RADIATIONS, choice, field_of, find
 
 # By which keyword what is given; both names of a field count.
 _GIVEN_BY = {
@@ -23,13 +23,11 @@ _GIVEN_BY = {
 
 
 _MOST_THREADS = 4096
-# What tables call so.
-_ALIASES = {"ghi": "global_radiation", "u": "wind_u", "v": "wind_v"}
 
 
 def _put(case: _zel.Case, name: str, value: Any) -> None:
-    """One value of a dict, as a case file holds it. None and NaN are no input."""
-    if value is None or (isinstance(value, numbers.Real) and math.isnan(value)):
+    """One value of a dict, as a case file holds it. None, NA and NaN are no input."""
+    if _arrays.missing(value) or (isinstance(value, numbers.Real) and math.isnan(value)):
         return
     if isinstance(value, (bool, np.bool_)):
         case.set_flag(name, bool(value))
@@ -49,7 +47,12 @@ def _case(area: str, case: Any, conductor: str | None) -> _zel.Case:
     if isinstance(case, (str, os.PathLike)):
         made.read_file(os.fspath(case))
     elif isinstance(case, Mapping):
+        told: dict[str, str] = {}
         for name, value in case.items():
+            field = field_of(area, name)
+            if field in told:
+                raise InputError(f"{told[field]} and {name} are the same input")
+            told[field] = name
             _put(made, name, value)
     elif case is not None:
         raise InputError(f"case takes the path of a file or a dict, not {case!r:.60}")
@@ -84,19 +87,33 @@ class Call:
         errors: str,
         inputs: dict[str, Any],
         given: str | None = None,
+        radiation: str | None = None,
+        constant_heat_capacity: bool = False,
     ) -> None:
         self.raises = choice("errors", errors, {"codes": 0, "raise": 1}) == 1
         whole = isinstance(threads, numbers.Integral) and not isinstance(threads, bool)
         if threads is not None and not (whole and 1 <= threads <= _MOST_THREADS):
             raise InputError(f"threads: {threads!r:.60} is none of 1 to {_MOST_THREADS} threads")
-        self.threads = threads or 0  # 0: one for each processor
         self.case = _case(area, case, conductor)
         arrays, kind = _arrays.common(self._columns(area, inputs))
         _from_vector(arrays)
         self.shape = kind.shape
         self.wrap = kind.wrap
         self.columns = {name: np.broadcast_to(a, self.shape) for name, a in arrays.items()}
-        self.given = choice("given", given or self._given(), GIVEN)
+        if not isinstance(constant_heat_capacity, (bool, np.bool_)):
+            raise InputError("constant_heat_capacity takes True or False")
+        self.radiation = radiation
+        self.options = _zel.Options(
+            choice("given", given or self._given(), GIVEN),
+            threads or 0,  # 0: one for each processor
+            choice("radiation", radiation, RADIATIONS),
+            bool(constant_heat_capacity),
+        )
+
+    @property
+    def has_radiation(self) -> bool:
+        """Whether a keyword gives the global radiation."""
+        return not {"global_radiation", "Globalstrahlung_db"}.isdisjoint(self.columns)
 
     def _columns(self, area: str, inputs: dict[str, Any]) -> dict[str, Any]:
         """Puts texts and flags into the case and leaves what may be an array."""
@@ -104,7 +121,7 @@ class Call:
         for given, value in inputs.items():
             if value is None:
                 continue
-            name = _ALIASES.get(given, given)
+            name = ALIASES.get(given, given)
             if name in inputs and name != given:
                 raise InputError(f"{given} and {name} are the same input")
             known = find(area, name)
@@ -129,4 +146,4 @@ class Call:
 
     def why(self, method: int, index: int) -> str:
         """Which input or check refuses an element; empty where none does."""
-        return _zel.explain(self.case, method, self.given, self.columns, index)
+        return _zel.explain(self.case, method, self.options, self.columns, index)

@@ -13,6 +13,9 @@ from ._errors import InputError
 AREAS = {"line": 0, "short_circuit": 1}
 METHODS = {"TB601": 0, "TB207": 1, "TBB": 2, "Webs": 3, "Kirn": 4}
 GIVEN = {None: 0, "temperature": 1, "current": 2, "bundle_current": 3}
+# What tables call so.
+ALIASES = {"ghi": "global_radiation", "u": "wind_u", "v": "wind_v"}
+RADIATIONS = {None: 0, "horizontal": 1, "conductor": 2}
 KINDS = ("number", "whole_number", "text", "flag", "derived")
 
 
@@ -113,6 +116,12 @@ def described(text: str, rows: Sequence[Input]) -> str:
 @functools.lru_cache(maxsize=None)
 def _by_name(area: str) -> dict[str, Input]:
     return {name: each for each in inputs(area) for name in (each.field, each.name) if name}
+
+
+def field_of(area: str, name: str) -> str:
+    """The field that an input sets, or the name itself."""
+    known = _by_name(area).get(name)
+    return known.field or name if known else name
 
 
 def find(area: str, name: str) -> Input | None:

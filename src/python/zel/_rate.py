@@ -11,6 +11,9 @@ from ._names import CHANGES_OF_STATE, METHODS, choice, described, keywords_of_a_
 from ._results import Rating, Ratings, raise_failed
 
 
+_WITH_SUN = ("Webs", "Kirn")  # they apply the height of the sun to the radiation
+
+
 def _chosen(methods: str | Iterable[str] | None, call: Call) -> list[str]:
     if methods is None:
         chosen = [name for name, number in METHODS.items() if call.case.selects(number)]
@@ -30,6 +33,7 @@ def rate(
     methods: str | Iterable[str] | None = None,
     conductor: str | None = None,
     given: str | None = None,
+    radiation: str | None = None,
     threads: int | None = None,
     errors: str = "codes",
     **inputs: Any,
@@ -44,6 +48,12 @@ def rate(
     given: "temperature", "current" (of one sub-conductor) or "bundle_current". If None, it is the
         one of conductor_temperature, conductor_current and bundle_current that is an input, or
         what the case says.
+    radiation: what global_radiation is, "horizontal" (on level ground, as weather services give it)
+        or "conductor" (as it meets the conductor). Webs and Kirn apply the height of the sun to it,
+        the other methods take it as it meets the conductor; horizontal, it is divided for these by
+        the sine of the sun's height (10 degrees at least), up to 1400 W/m2, which needs latitude,
+        longitude and time. Needed where both kinds of methods rate a global_radiation that is an
+        input.
     threads: all processors if None. The results are the same for every number.
     errors: "codes" puts a code beside each number; "raise" raises RatingError where an element has
         no value.
@@ -61,13 +71,17 @@ def rate(
     Raises InputError where an input is unknown or of a wrong kind.
     """
     refuse_idle(inputs, ("duration", "preload_percent", *CHANGES_OF_STATE), "rate()")
-    call = Call("line", case, conductor, threads, errors, inputs, given)
+    call = Call("line", case, conductor, threads, errors, inputs, given, radiation)
     found = {}
-    for method in _chosen(methods, call):
-        number = choice("methods", method, METHODS)
-        arrays = _zel.rate_steady(
-            call.case, number, call.given, call.threads, call.columns, call.shape
+    chosen = {method: choice("methods", method, METHODS) for method in _chosen(methods, call)}
+    kinds = {method in _WITH_SUN for method in chosen}
+    if radiation is None and call.has_radiation and len(kinds) > 1:
+        raise InputError(
+            "Webs and Kirn apply the height of the sun to global_radiation, the other methods take"
+            ' it as it meets the conductor: radiation="horizontal" or "conductor" says what it is'
         )
+    for method, number in chosen.items():
+        arrays = _zel.rate_steady(call.case, number, call.options, call.columns, call.shape)
         found[method] = Rating(method, *map(call.wrap, arrays))
     if call.raises:
         codes = {method: rating.code for method, rating in found.items()}

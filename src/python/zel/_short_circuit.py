@@ -48,12 +48,13 @@ def short_circuit(
 ) -> ShortCircuit:
     """Thermal short-circuit strength of a bare conductor or of equipment, by IEC 60865-1.
 
-    case, threads and errors are those of rate(); inputs bear the names of case files.
+    case, threads and errors are those of rate(); inputs have names in plain English, and those of
+    case files.
 
     Results: I_th (kA), T_k (s), m and n of each flow, K, S_thr, S_th, S_zul (A/mm2), the verdicts.
     """
     call = Call("short_circuit", case, None, threads, errors, inputs)
-    values, code = _zel.rate_short_circuit(call.case, call.threads, call.columns, call.shape)
+    values, code = _zel.rate_short_circuit(call.case, call.options, call.columns, call.shape)
     named = {name: call.wrap(array) for name, array in values.items()}
     found = ShortCircuit(named, call.wrap(code))
     if call.raises:

@@ -32,6 +32,8 @@ def tatl(
     case: Any = None,
     *,
     conductor: str | None = None,
+    radiation: str | None = None,
+    constant_heat_capacity: bool = False,
     threads: int | None = None,
     errors: str = "codes",
     **inputs: Any,
@@ -40,12 +42,16 @@ def tatl(
     conductor_temperature after a preload of `preload_percent` (100) of the permanent one, by Cigre
     TB 601 (2014). All other inputs are those of rate().
 
+    constant_heat_capacity: that at 20 degC at every temperature, instead of one that rises with it.
+
     Results: patl and tatl (A, of the bundle), patl_code and tatl_code, wind_angle (degrees). A tatl
-    below its patl keeps its value and has the code tatl_below_patl.
+    below its patl keeps its value and has the code tatl_below_patl. Elements are not compared: that
+    one is above that of a shorter time (tatl_rises) is marked in the tables of `zel rate` alone.
     """
     refuse_idle(inputs, CHANGES_OF_STATE, "tatl()")
-    call = Call("line", case, conductor, threads, errors, inputs, "temperature")
-    arrays = _zel.rate_tatl(call.case, call.threads, call.columns, call.shape)
+    call = Call("line", case, conductor, threads, errors, inputs, "temperature", radiation,
+                constant_heat_capacity)  # fmt: skip
+    arrays = _zel.rate_tatl(call.case, call.options, call.columns, call.shape)
     found = Tatl(*map(call.wrap, arrays))
     if call.raises:
         parts = {"patl": found.patl_code, "tatl": found.tatl_code}
@@ -97,6 +103,8 @@ def transient(
     changes: Sequence[Mapping[str, Any]],
     conductor: str | None = None,
     given: str | None = None,
+    radiation: str | None = None,
+    constant_heat_capacity: bool = False,
     threads: int | None = None,
     errors: str = "codes",
     **inputs: Any,
@@ -117,15 +125,14 @@ def transient(
     for name, value, sought in _columns(changes):
         seeks[name.split("_")[1]] = sought
         inputs[name] = value
-    call = Call("line", case, conductor, threads, errors, inputs, given)
+    call = Call("line", case, conductor, threads, errors, inputs, given, radiation,
+                constant_heat_capacity)  # fmt: skip
     for number in range(1, _MOST_CHANGES + 1):  # those of the case that are not told end here
         sought = seeks.get(str(number))
         kind = _QUANTITIES.index(sought) + 1 if sought else 0
         call.case.set_number(f"Z{number}_merker_db", kind)
     number = choice("method", method, METHODS)
-    arrays = _zel.rate_transient(
-        call.case, number, call.given, call.threads, call.columns, call.shape
-    )
+    arrays = _zel.rate_transient(call.case, number, call.options, call.columns, call.shape)
     found = [
         StateChange(sought, *map(call.wrap, row)) for sought, row in zip(seeks.values(), arrays)
     ]
