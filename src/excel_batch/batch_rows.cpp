@@ -100,7 +100,10 @@ private:
                          [&](std::size_t slot) { outcomes[slot] = calculated(texts[slot]); });
             for (const auto& [number, is_active, slot] : block) {
                 if (is_active) {
-                    if (!take(number, outcomes[slot])) return PassEnd::Wrong;
+                    if (!take(number, outcomes[slot])) {
+                        list_rest(number + 1);
+                        return PassEnd::Wrong;
+                    }
                     percentage.show(++result_.active);
                     job_.observer.rows_done(result_.active, active);
                 } else {
@@ -161,6 +164,23 @@ private:
         return true;
     }
 
+    /// What is wrong in the rows from `row` on.
+    void list_rest(int row) {
+        std::size_t listed = 0;
+        CellReading flags(origin_);
+        for (; row < limit_ && listed < most_listed && !job_.observer.cancelled(); ++row) {
+            const CellText flag = flag_of(row);
+            if (flag.text.empty()) break;
+            if (!flags.take_choice(flag, {"1", "2"}, flags_of_second_pass)) break;
+            if (flag.text != "1") continue;
+            CellReading reading(origin_);
+            work_.check(row_texts(workbook_, work_.columns, row), reading);
+            list(job_, reading.refusals());
+            listed += reading.refusals().size();
+        }
+        list(job_, flags.refusals());
+    }
+
     void count_note(std::string_view code, int row) {
         const auto known = std::find_if(result_.notes.begin(), result_.notes.end(),
                                         [&](const BatchNote& note) { return note.code == code; });
@@ -194,8 +214,12 @@ void tell(const Session& session, const std::vector<Box>& boxes) {
     for (const Box& box : boxes) session.tell(box);
 }
 
-void tell(const BatchJob& job, const std::vector<WrongCell>& cells) {
+void list(const BatchJob& job, const std::vector<WrongCell>& cells) {
     for (const WrongCell& cell : cells) job.observer.wrong_cell(cell);
+}
+
+void tell(const BatchJob& job, const std::vector<WrongCell>& cells) {
+    list(job, cells);
     if (job.session.Meldung_merker != RunMode::Messages) return;
     for (const WrongCell& cell : cells)
         if (job.session.dialogs.show_before_others(cell.box)) return;

@@ -39,6 +39,10 @@ void tell(const Session& session, const std::vector<Box>& boxes);
 /// Tells wrong cells: the observer all of them, the user box by box as far as he wants to see them.
 /// What ends the run by them is told in boxes behind these.
 void tell(const BatchJob& job, const std::vector<WrongCell>& cells);
+/// Tells the observer alone.
+void list(const BatchJob& job, const std::vector<WrongCell>& cells);
+/// Wrong cells behind the first wrong row are listed up to so many.
+inline constexpr std::size_t most_listed = 1000;
 
 /// How the work on the rows ended.
 enum class PassEnd : std::uint8_t {
@@ -58,13 +62,16 @@ struct RowWork {
     /// Called between the passes with the number of active rows; any end but `Done` is that of the
     /// work. May be empty.
     std::function<PassEnd(int active)> prepare{};
+    /// Reads a case out of the texts of a row, which tells wrong cells.
+    std::function<void(const RowTexts&, CellReading&)> check{};
     /// Reads a case out of the texts of a row and calculates it, unless a cell is wrong.
     std::function<void(const RowTexts&, CellReading&, RowOutcome&)> calculate{};
 };
 
 /// The first pass counts the active rows down to the first empty flag; any flag but "1" is refused.
 /// The second one calculates row by row down to the first empty flag, the row limit, a wrong row or
-/// a stop, and writes the results. Tells what is wrong, and rows behind the limit; counts into
+/// a stop, and writes the results. What is wrong in rows behind a wrong one is listed, so that all
+/// can be mended at once. Tells what is wrong, and rows behind the limit; counts into
 /// `result`. Throws `ProgramEnd`, which names the row, where one had to.
 [[nodiscard]] PassEnd work_rows(const BatchJob& job, const SheetOrigin& origin, Workbook& workbook,
                                 const RowWork& work, BatchResult& result);

@@ -82,6 +82,10 @@ private:
             tell(job_.session, boxes);
             warned = kind_ == WorkbookKind::SteadyFix || !boxes.empty();
         };
+        work.check = [this](const RowTexts& row, CellReading& reading) {
+            CalcCase c = fixed_;
+            take_row(row, kind_, c, reading);
+        };
         work.calculate = [this](const RowTexts& row, CellReading& reading, RowOutcome& outcome) {
             CalcCase c = fixed_;
             take_row(row, kind_, c, reading);

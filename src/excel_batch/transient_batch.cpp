@@ -133,6 +133,10 @@ private:
                  std::function<PassEnd(int active)> prepare) const {
         RowWork work = {first_row, transient_columns(), rows_of_a_block};
         work.prepare = std::move(prepare);
+        work.check = [this](const RowTexts& row, CellReading& reading) {
+            CalcCase c = fixed_.c;
+            (void)take(row, c, reading);
+        };
         work.calculate = [this](const RowTexts& row, CellReading& reading, RowOutcome& outcome) {
             CalcCase c = fixed_.c;
             const double seconds = take(row, c, reading);
@@ -164,16 +168,22 @@ private:
         return take_transient_row(row, as_array_ ? time_limits : time_limits_by_cell, c, reading);
     }
 
-    /// All rows before the first is calculated, up to a wrong one.
+    /// All rows before the first is calculated. What is wrong behind a wrong one is listed.
     PassEnd check_all(int active, Workbook& workbook, const SheetOrigin& origin) const {
-        for (int row = first_row; row < first_row + active; ++row) {
+        PassEnd end = PassEnd::Done;
+        std::size_t listed = 0;
+        for (int row = first_row; row < first_row + active && listed < most_listed; ++row) {
             CalcCase c = fixed_.c;
             CellReading reading(origin);
             take(row_texts(workbook, transient_columns(), row), c, reading);
-            tell(job_, reading.refusals());
-            if (!reading.sound()) return PassEnd::Wrong;
+            if (end == PassEnd::Done)
+                tell(job_, reading.refusals());
+            else
+                list(job_, reading.refusals());
+            listed += reading.refusals().size();
+            if (!reading.sound()) end = PassEnd::Wrong;
         }
-        return PassEnd::Done;
+        return end;
     }
 
     const BatchJob& job_;

@@ -143,6 +143,18 @@ TEST_F(SteadyBatch, wrong_cells_are_all_listed_even_where_the_user_leaves_their_
     }
 }
 
+TEST_F(SteadyBatch, wrong_cells_behind_the_first_wrong_row_are_listed_without_boxes) {
+    start(WorkbookKind::SteadyFix, line_of_all_methods());
+    for (int i = 0; i < 4; ++i) add_row(line_of_all_methods());
+    for (const auto& [row, column] : {std::pair{5, 4}, {6, 4}, {6, 10}, {8, 12}})
+        rows()[{row, column}] = std::string("x");
+    EXPECT_FALSE(run().saved);
+    std::vector<std::string> cells;
+    for (const WrongCell& cell : observer.wrong_cells) cells.push_back(cell.name());
+    EXPECT_EQ(joined(cells, " "), "D5 D6 J6 L8");
+    EXPECT_EQ(dialogs.shown.size(), 3U) << "one cell, the row, the run";
+}
+
 TEST_F(SteadyBatch, the_end_line_counts_the_rows_that_stand_in_the_workbook) {
     start(WorkbookKind::SteadyFix, line_of_all_methods());
     for (int i = 0; i < 5; ++i) add_row(line_of_all_methods());
