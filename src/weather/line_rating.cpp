@@ -1,12 +1,12 @@
 #include "weather/line_rating.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <span>
 #include <thread>
 
 #include "platform/side_by_side.h"
+
 namespace zel::weather {
 namespace {
 

@@ -49,6 +49,7 @@ const Text* likely_instead(std::string_view input, double number) {
 
 void ColumnLook::take(double number) {
     if (!(number > 0)) return;
+    if (count == 0) first = number;
     ++count;
     sum += number;
     greatest = std::max(greatest, number);

@@ -14,6 +14,7 @@ struct ColumnLook {
     std::uint64_t count = 0;
     double sum = 0;
     double greatest = 0;
+    double first = 0;
 
     void take(double number);
 };

@@ -293,7 +293,7 @@ void WeatherTable::look_at_columns() {
         if (components_ && holds(wind_inputs, input)) continue;
         const ColumnLook look = std::exchange(looks_[column.place], {});
         if (const Text* likely = likely_instead(input, look))
-            report_.implausible.push_back({column.head.title, look.count, look.greatest, *likely});
+            report_.implausible.push_back({column.head.title, look.count, look.first, *likely});
     }
 }
 
