@@ -12,9 +12,11 @@
 #include "excel_batch/template_design.h"
 #include "fakes/steady_cases.h"
 #include "fakes/tb601_cases.h"
+#include "fakes/transient_cases.h"
 
-// A whole batch on a workbook in memory, by four methods, with conductor columns (81 columns a
-// row), and how its time splits into reading, calculating and writing.
+// Whole batches on a workbook in memory: by four methods, with conductor columns (81 columns a
+// row), and ratings of 30 to 60 s after five preloads. How their time splits into reading,
+// calculating and writing.
 
 namespace zel::excel_batch {
 namespace {
@@ -63,6 +65,31 @@ std::string workbook_of(int rows) {
         workbook->set_number(row, single_current_cell().column, 800 + i % 900);
         workbook->set_number(row, temperature_cell().column, 80);
         workbook->set_number(row, mode_column, 1 + i % 2);
+    }
+    workbook->save();
+    return bytes;
+}
+
+/// A workbook of ratings for a time, with `rows` rows.
+std::string transient_workbook_of(int rows) {
+    CalcCase c = line();
+    static_cast<ConductorData&>(c) = with_masses(line_264_34());
+    constexpr WorkbookKind kind = WorkbookKind::Transient;
+    std::string bytes = new_xlsx(template_design(kind, LangId::English, c), "");
+    auto workbook = open_xlsx("bench.xlsx", bytes, [&](std::string_view b) { bytes = b; });
+    workbook->select(fixed_sheet);
+    for (const InputCell& cell : transient_fixed_cells())
+        workbook->set_number(cell.fixed_row, input_column, value_of(c, cell.field));
+    for (int n = 0; n < 5; ++n)
+        workbook->set_number(first_percent_row + n, input_column, 20 * n + 10);
+    workbook->select(rows_sheet);
+    for (int i = 0; i < rows; ++i) {
+        const int row = row_of(kind).first_row + i;
+        workbook->set_number(row, flag_column, 1);
+        int column = 3;
+        for (const double value : {0.5 + 0.25 * (i % 20), 45.0 + i % 45, 0.6, 0.6, 35.0 - i % 40,
+                                   900.0, 80.0, 30.0 + i % 31})
+            workbook->set_number(row, ++column, value);
     }
     workbook->save();
     return bytes;
@@ -138,15 +165,14 @@ public:
     bool cancelled() override { return false; }
 };
 
-void steady_batch(benchmark::State& state) {
-    const std::string bytes = workbook_of(static_cast<int>(state.range(0)));
+void run_batches(benchmark::State& state, const std::string& bytes, WorkbookKind kind) {
     Times times;
     TimedStore store(bytes, times);
     Unwatched observer;
     RecordingDialogs dialogs;
     const Session session = {LangId::English, DecimalSeparator::Point, RunMode::Messages, dialogs};
     BatchJob job = {store, "bench.xlsx", session, observer};
-    job.Excel_Leiterdaten_Merker = 1;
+    job.Excel_Leiterdaten_Merker = kind == WorkbookKind::SteadyVar ? 1 : 2;
     const auto begin = Clock::now();
     for (auto _ : state)
         if (run_batch(job).active != state.range(0)) state.SkipWithError("rows are missing");
@@ -156,7 +182,17 @@ void steady_batch(benchmark::State& state) {
     state.counters["writing_s"] = times.writing / runs;
     state.counters["calculating_s"] = (all - times.reading - times.writing) / runs;
 }
+
+void steady_batch(benchmark::State& state) {
+    run_batches(state, workbook_of(static_cast<int>(state.range(0))), WorkbookKind::SteadyVar);
+}
 BENCHMARK(steady_batch)->Arg(2000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void transient_batch(benchmark::State& state) {
+    run_batches(state, transient_workbook_of(static_cast<int>(state.range(0))),
+                WorkbookKind::Transient);
+}
+BENCHMARK(transient_batch)->Arg(2000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 }  // namespace zel::excel_batch
