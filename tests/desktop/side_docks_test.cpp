@@ -153,6 +153,24 @@ TEST_F(SideDocks, pinned_runs_stand_beside_the_next) {
     EXPECT_EQ(typed_in("Text11"), "0.6");
 }
 
+TEST_F(SideDocks, run_that_is_opened_leaves_the_file_of_another_case_alone) {
+    store.files = {{"a.json", values_of(twin_264_34())}, {"b.json", values_of(sunny_264_34())}};
+    open();
+    for (const char* file : {"a.json", "b.json"}) {
+        form1().open_file(file);
+        go_to(result_page);
+    }
+    auto& runs = control<QListWidget>("runs");
+    runs.setCurrentRow(1);
+    control<QPushButton>("open_run").click();
+    EXPECT_TRUE(form1().windowTitle().startsWith("Untitled[*]"));
+    EXPECT_TRUE(form1().isWindowModified());
+    chooser.paths = {"c.json"};
+    form1().findChild<QAction*>("save_case")->trigger();
+    EXPECT_EQ(store.files.at("b.json"), values_of(sunny_264_34()));
+    EXPECT_TRUE(store.files.contains("c.json"));
+}
+
 TEST_F(SideDocks, utilisation_stands_beside_the_verdict) {
     short_circuit = copper_far();
     open();

@@ -326,6 +326,11 @@ void AreaFrame::stored_in(const std::string& origin) {
     tell_title();
 }
 
+void AreaFrame::detach_document() {
+    document_.detach();
+    tell_title();
+}
+
 void AreaFrame::save() {
     if (commit() && document_.save()) document_stored();
 }

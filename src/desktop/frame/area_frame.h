@@ -142,6 +142,8 @@ protected:
 
     /// The case has become another one: goes to the first page and forgets the results.
     void show_new_case();
+    /// The case has become one that stands in no file; results stay what they are.
+    void detach_document();
     void show_page(int page);
     [[nodiscard]] int page() const { return page_; }
     [[nodiscard]] QTabWidget& strip() const { return *strip_; }

@@ -115,6 +115,11 @@ void Document::take(const StoredRow& row, const std::string& origin) {
     tell(refused);
 }
 
+void Document::detach() {
+    mark_stored({});
+    stored_.clear();
+}
+
 void Document::stored_in(const std::string& origin) {
     if (path_.empty()) mark_stored({}, origin);
 }

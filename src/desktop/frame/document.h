@@ -75,6 +75,8 @@ public:
 
     /// Makes a row of the table `origin` the case, which has no file then and counts as stored.
     void take(const StoredRow& row, const std::string& origin);
+    /// The case has become one that stands in no file: it has changes until it is saved.
+    void detach();
     /// The case stands in the table `origin` too. Without a file it counts as stored.
     void stored_in(const std::string& origin);
 

@@ -126,7 +126,7 @@ void Form1::add_docks(const Form1Parts& parts) {
     add_view_menu(*this, captions(), {live_dock_, pictures, comparison});
 }
 
-/// A kept run becomes the case.
+/// A kept run becomes the case. The file that is open may be that of another line.
 void Form1::open_run(const KeptRun& run) {
     if (!commit() || !may_be_replaced()) return;
     line_.c = run.c;
@@ -136,6 +136,7 @@ void Form1::open_run(const KeptRun& run) {
             own == DecimalSeparator::Comma ? DecimalSeparator::Point : DecimalSeparator::Comma,
             own);
     take_settings(line_.c, settings_.now());
+    detach_document();
     messages().forget();
     load();
     line_.changed();
