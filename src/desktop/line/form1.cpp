@@ -98,10 +98,7 @@ Form1::Form1(Form1Parts parts)
     result_->table().draw = [this] { steady_diagram_->open(); };
     transient_->draw = [this] { transient_diagram_->open(); };
     transient_->calculated = [this] { allow_output_of_page(); };
-    messages().changed_inputs = [this] {
-        return shown_run_ ? changed_names(run_case_, line_.c, session())
-                          : std::vector<std::string>();
-    };
+    messages().changed_inputs = [this] { return changed_inputs(); };
     finish(*result_, form_, transient_);
     add_docks(parts);
 }
@@ -151,7 +148,24 @@ void Form1::tell_result_anew() {
     write_texts(*shown_run_, session());
     result_->show_run(*shown_run_);
     if (!shown_run_is_stale_) messages().renew_notes(shown_run_->notes);
-    if (shown_run_is_stale_) result_->show_nothing_new();
+    show_former_result();
+}
+
+/// By their names, since the run whose result is shown.
+std::vector<std::string> Form1::changed_inputs() const {
+    if (!shown_run_) return {};
+    return changed_names(run_case_, line_.c, session());
+}
+
+bool Form1::result_is_former() const { return shown_run_is_stale_ || !changed_inputs().empty(); }
+
+/// A result is grey, and no longer handed out, as long as it is not that of the inputs.
+void Form1::show_former_result() {
+    if (!shown_run_) return;
+    const bool changed = !changed_inputs().empty();
+    if (!changed) shown_run_is_stale_ = false;
+    shown_run_is_stale_ ? result_->show_nothing_new() : result_->show_former(changed);
+    allow_output_of_page();
 }
 
 void Form1::typed() {
@@ -186,6 +200,7 @@ void Form1::case_changed() {
     transient_diagram_->inputs_changed();
     show_print_caption();
     show_modified();
+    show_former_result();
     messages().inputs_changed();
 }
 
@@ -197,7 +212,7 @@ void Form1::follow_page() {
 
 void Form1::allow_output_of_page() {
     allow_output(page() == transient_page ? line_.transient.result() != nullptr
-                                          : page() == result_page && !shown_run_is_stale_);
+                                          : page() == result_page && !result_is_former());
 }
 
 void Form1::take_measured(const StoredRow& row) {
@@ -305,7 +320,7 @@ void Form1::forget_results() {
 
 std::string Form1::text_to_copy() {
     if (page() == transient_page) return transient_->text_to_copy();
-    if (!shown_run_) return {};
+    if (!shown_run_ || result_is_former()) return {};
     const LangId lang = session().lang;
     return result_text(*shown_run_, lang) + notes_text(shown_run_->notes, lang);
 }
@@ -324,8 +339,8 @@ std::optional<PrintOrder> Form1::report_of_page() {
         (void)transient_->brought_up_to_date();
         return transient_table_order(line_, session());
     }
-    if (page() != result_page || !shown_run_ || shown_run_is_stale_) return std::nullopt;
-    return steady_table_order(line_.c, *shown_run_, result_->table().table());
+    if (page() != result_page || !shown_run_ || result_is_former()) return std::nullopt;
+    return steady_table_order(run_case_, *shown_run_, result_->table().table());
 }
 
 }  // namespace zel

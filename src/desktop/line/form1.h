@@ -71,6 +71,9 @@ private:
     bool run();
     void show_result(SteadyRunResult result);
     void tell_result_anew();
+    [[nodiscard]] std::vector<std::string> changed_inputs() const;
+    [[nodiscard]] bool result_is_former() const;
+    void show_former_result();
     void allow_output_of_page();
     void follow_page();
     void typed();
@@ -94,7 +97,7 @@ private:
     ComparePanel* comparison_ = nullptr;
     std::optional<SteadyRunResult> shown_run_;  // the last valid run
     CalcCase run_case_;                         // its inputs
-    bool shown_run_is_stale_ = false;           // a refused run came after it
+    bool shown_run_is_stale_ = false;           // a refused run came after it, of other inputs
     int sharing_;                               // sub-conductors that share the typed currents
 };
 

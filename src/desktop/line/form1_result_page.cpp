@@ -41,7 +41,9 @@ ResultPage::ResultPage(const TablePanel::Parts& parts)
       balance_(make_label("balance_line")),
       angle_(make_label("angle")),
       wind_(make_label("perpendicular_wind")),
+      results_group_(make_results()),
       tb601_group_(make_tb601()),
+      wind_group_(make_wind(parts.form.captions)),
       balance_group_(parts.form.captions.title(make_balance(), balance_caption)),
       table_(new TablePanel(parts)),
       print_(new QPushButton),
@@ -50,9 +52,9 @@ ResultPage::ResultPage(const TablePanel::Parts& parts)
     Captions& captions = parts.form.captions;
     auto* results = new QVBoxLayout;
     results->setSpacing(14);
-    results->addWidget(captions.title(make_results(), results_caption));
+    results->addWidget(captions.title(results_group_, results_caption));
     results->addWidget(tb601_group_);
-    results->addWidget(make_wind(captions));
+    results->addWidget(wind_group_);
     print_->setObjectName("print_steady");
     print_->setAutoDefault(true);
     results->addWidget(print_, 0, Qt::AlignLeft);
@@ -144,7 +146,7 @@ QGroupBox* ResultPage::make_wind(Captions& captions) {
 }
 
 void ResultPage::show_run(const SteadyRunResult& run) {
-    widget()->setEnabled(true);
+    show_former(false);
     widget()->show();
     head_line_->setText(qt(run.head_line));
     methods_line_->setText(qt(run.methods_line));
@@ -169,6 +171,13 @@ void ResultPage::show_run(const SteadyRunResult& run) {
     balance_group_->setVisible(!run.balance_lines.empty());
     angle_->setText(qt(run.angle_text));
     wind_->setText(qt(run.perpendicular_wind_text));
+}
+
+void ResultPage::show_former(bool former) {
+    widget()->setEnabled(true);
+    for (QWidget* part : std::initializer_list<QWidget*>{head_line_, methods_line_, results_group_,
+                                                         tb601_group_, wind_group_, balance_group_})
+        part->setEnabled(!former);
 }
 
 void ResultPage::show_nothing_new() {

@@ -34,6 +34,9 @@ public:
 
     /// A valid run replaces all that is shown.
     void show_run(const SteadyRunResult& run);
+    /// Greys what the last run found, or no longer, where the inputs have changed since. The table
+    /// goes its own way.
+    void show_former(bool former);
     /// After a refused run: what stands there is greyed, since the inputs that led to it have
     /// changed.
     void show_nothing_new();
@@ -70,7 +73,9 @@ private:
     QLabel* balance_;
     QLabel* angle_;
     QLabel* wind_;
+    QGroupBox* results_group_;
     QGroupBox* tb601_group_;
+    QGroupBox* wind_group_;
     QGroupBox* balance_group_;
     TablePanel* table_;
     QPushButton* print_;
