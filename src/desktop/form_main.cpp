@@ -118,11 +118,7 @@ FrmMess01Parts FormMain::measuring_parts() {
             state_.clock,
             state_.calc_case,
             [this] { form1_.show_changed_inputs(); },
-            [this] {
-                QPalette colours = form1_.palette();
-                colours.setColor(QPalette::WindowText, Qt::black);
-                form1_.setPalette(colours);
-            },
+            [this] { set_text_colour(form1_, Qt::black); },
             [this](QWidget& window) {
                 return std::make_unique<MeasuringDesk>(window, database_parts(),
                                                        [this](const StoredRow& row) {

@@ -62,6 +62,16 @@ bool is_dark(const QPalette& palette) {
     return palette.color(QPalette::Window).lightness() < middle;
 }
 
+void set_text_colour(QWidget& window, Qt::GlobalColor colour) {
+    const QPalette theme = QGuiApplication::palette();
+    QPalette colours = window.palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        colours.setColor(group, QPalette::WindowText,
+                         colour == Qt::black && is_dark(theme)
+                             ? theme.color(group, QPalette::WindowText)
+                             : QColor(colour));
+    window.setPalette(colours);
+}
 WaitCursor::WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
 
 WaitCursor::~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }

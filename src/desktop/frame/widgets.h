@@ -42,6 +42,10 @@ void size_window(QWidget& window, QSize wanted);
 /// Whether a theme writes light on dark.
 [[nodiscard]] bool is_dark(const QPalette& palette);
 
+/// Gives the text of `window` this colour, but for what is greyed. Black, where it could not be
+/// read in a dark theme, is the theme's own colour.
+void set_text_colour(QWidget& window, Qt::GlobalColor colour);
+
 /// Shows that the program works, as long as it lives.
 class WaitCursor {
 public:

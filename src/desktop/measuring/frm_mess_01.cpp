@@ -329,14 +329,7 @@ void FrmMess01::show_buttons() {
 void FrmMess01::sound_alarm() {
     QApplication::beep();
     red_ = !red_;
-    set_text_colour(red_ ? Qt::red : Qt::black);
-}
-
-void FrmMess01::set_text_colour(Qt::GlobalColor colour) {
-    QPalette colours = palette();
-    for (const auto group : {QPalette::Active, QPalette::Inactive})
-        colours.setColor(group, QPalette::WindowText, colour);
-    setPalette(colours);
+    set_text_colour(*this, red_ ? Qt::red : Qt::black);
 }
 
 /// The text of this window keeps the colour that it has.

@@ -66,7 +66,6 @@ private:
     void show_buttons();
     void show_extrapolated();
     void sound_alarm();
-    void set_text_colour(Qt::GlobalColor colour);
     void height_typed();
     void height_left();
     void tell(const std::optional<measuring::EntryRefusal>& refusal);
