@@ -50,6 +50,10 @@ struct ParameterTable {
 /// The one of the two that the mode of the case asks for.
 [[nodiscard]] std::optional<Box> check_table(const CalcCase& c, LangId lang);
 
+/// Why no table of the case can be calculated, by its inputs or those of the table, and the input
+/// that mends it. Tells nothing.
+[[nodiscard]] std::optional<FieldBox> refusal_of_table(const CalcCase& c, LangId lang);
+
 /// Whether a table of the case can be calculated: the input check, then the one of its table.
 struct TableStart {
     std::optional<Box> refusal;  // why not, which was told

@@ -92,7 +92,7 @@ Form1::Form1(Form1Parts parts)
     result_->table_calculated = [this] { show_print_caption(); };
     add_print_button(result_->print_button());
     add_print_button(transient_->print_button());
-    const LineDiagramParts diagrams = {*this, line_, session(), parts.patience};
+    const LineDiagramParts diagrams = {*this, line_, session(), messages(), parts.patience};
     steady_diagram_ = parts.make_diagrams(*this, steady_diagram_form(diagrams));
     transient_diagram_ = parts.make_diagrams(*this, transient_diagram_form(diagrams));
     result_->table().draw = [this] { steady_diagram_->open(); };

@@ -4,6 +4,7 @@
 #include "desktop/line/course_panel.h"
 #include "desktop/line/form1_transient_page.h"
 #include "desktop/line/line_reports.h"
+#include "forms/line_form.h"
 #include "shell/program_texts.h"
 #include "tables_graphs/curve_points.h"
 #include "tables_graphs/steady_diagram.h"
@@ -27,7 +28,11 @@ constexpr BoxText no_time = {
 
 std::optional<DiagramContent> steady_content(const LineDiagramParts& parts) {
     const CalcCase c = parts.line.c;
-    if (start_table(c, parts.session).refusal) return std::nullopt;
+    if (start_table(c, parts.session).refusal) {
+        parts.messages.run_refused(
+            [parts] { return refusal_of_table(parts.line.c, parts.session.lang); });
+        return std::nullopt;
+    }
     std::optional<ParameterTable> curves;
     RunProgress progress(parts.form, parts.session.lang, parts.patience);
     run_job(progress, parts.session.dialogs, [&curves, &c, session = parts.session](Job& job) {
@@ -45,13 +50,24 @@ std::optional<DiagramContent> steady_content(const LineDiagramParts& parts) {
         steady_graph_order(c, *curves, parts.session)};
 }
 
+/// Of the last transient, as long as it is that of the inputs.
+std::optional<FieldBox> refusal_of_course(const LineDiagramParts& parts) {
+    const TransientMemory& memory = parts.line.transient;
+    if (memory.result() == nullptr || memory.result_is_stale(parts.line.c, parts.session) ||
+        TotalTime(memory.result()->rows) > 0)
+        return std::nullopt;
+    return FieldBox{box_in(parts.session.lang, no_time),
+                    &forms::transient_input(0, &StateChange::min)};
+}
+
 std::optional<DiagramContent> transient_content(const LineDiagramParts& parts) {
     const TransientMemory& memory = parts.line.transient;
     const Session& session = parts.session;
     if (memory.result() == nullptr) return std::nullopt;
     if (!transient_is_current(parts.line, session)) return std::nullopt;
-    if (!(TotalTime(memory.result()->rows) > 0)) {
-        session.tell(box_in(session.lang, no_time));
+    if (const auto refusal = refusal_of_course(parts)) {
+        session.tell(refusal->box);
+        parts.messages.run_refused([parts] { return refusal_of_course(parts); });
         return std::nullopt;
     }
     StoredCourse stored = {parts.line.c, *memory.result(), {}};

@@ -2,6 +2,7 @@
 
 #include "desktop/frame/diagram_source.h"
 #include "desktop/line/line_case.h"
+#include "messages/area_messages.h"
 
 class QWidget;
 
@@ -12,7 +13,8 @@ struct LineDiagramParts {
     QWidget& form;
     const LineCase& line;
     const Session& session;
-    int patience;  // in milliseconds: a longer calculation shows its progress
+    AreaMessages& messages;  // beside the pages
+    int patience;            // in milliseconds: a longer calculation shows its progress
 };
 
 /// `frm_graph_steady`: the range of the parameter table as curves.

@@ -236,7 +236,10 @@ void TablePanel::calculate() {
     if (running_) return;
     const QScopedValueRollback<bool> guard(running_, true);
     const Session& session = parts_.form.session;
-    if (!taken_in() || start_table(parts_.c, session).refusal) return;
+    if (!taken_in()) return;
+    if (start_table(parts_.c, session).refusal)
+        return parts_.form.messages->run_refused(
+            [this] { return refusal_of_table(parts_.c, parts_.form.session.lang); });
     std::optional<ParameterTable> table;
     RunProgress progress(*this, session.lang, parts_.patience);
     run_job(
