@@ -341,7 +341,7 @@ void FormMain::closeEvent(QCloseEvent* event) {
 
 void FormMain::end(QCloseEvent& event) {
     const Box question = box_in(state_.session.lang, exit_question);
-    if (!form1_.may_be_left() || !ks_form1_.may_be_left() ||
+    if (!form1_.may_be_left() || !ks_form1_.may_be_left() || !frm_mess_01_.may_be_left() ||
         state_.session.dialogs.show(question) != Answer::Yes)
         return;
     event.accept();

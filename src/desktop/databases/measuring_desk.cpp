@@ -60,17 +60,17 @@ void MeasuringDesk::browse() {
     if (taken) take_over_(taken->row);
 }
 
-void MeasuringDesk::save(const measuring::MeasuredRecord& record) {
+bool MeasuringDesk::save(const measuring::MeasuredRecord& record) {
     const auto path = ask(save_title, false);
-    if (!path || is_pattern(*path)) return;
+    if (!path || is_pattern(*path)) return false;
     Messwerttabelle_Pfad = *path;
     RowToSave row;
     row.values = measuring::row_of(record, row.cut);
     row.head = forms::shown_measurement(record);
     const bool is_new = is_missing(*path);
-    if (is_new && is_reserved(*path)) return;
+    if (is_new && is_reserved(*path)) return false;
     const auto save = is_new ? save_in_new : save_in_existing;
-    (void)save(window_parts(), parts_.tables, *path, std::move(row));
+    return !save(window_parts(), parts_.tables, *path, std::move(row)).empty();
 }
 
 }  // namespace zel

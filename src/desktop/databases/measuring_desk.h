@@ -17,7 +17,7 @@ public:
         : window_(window), parts_(parts), take_over_(std::move(take_over)) {}
 
     void browse() override;
-    void save(const measuring::MeasuredRecord& record) override;
+    bool save(const measuring::MeasuredRecord& record) override;
 
 private:
     [[nodiscard]] std::optional<std::string> ask(const Text& title, bool existing) const;

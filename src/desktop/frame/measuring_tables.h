@@ -15,8 +15,8 @@ public:
     virtual ~MeasuringTables() = default;
     /// Lets the user look at a table, and take a record over into the case.
     virtual void browse() = 0;
-    /// Lets the user add `record` to a table.
-    virtual void save(const measuring::MeasuredRecord& record) = 0;
+    /// Lets the user add `record` to a table; false where it stands in none.
+    virtual bool save(const measuring::MeasuredRecord& record) = 0;
 };
 
 /// Makes them; their windows stand above `window`.

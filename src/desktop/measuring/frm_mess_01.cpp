@@ -53,6 +53,14 @@ constexpr BoxText cannot_start = {
     {"Der Meßzyklus kann nicht beginnen, ein Meßgerät kann nicht geöffnet werden:\n{0}",
      "The measuring cycle cannot begin, an instrument cannot be opened:\n{0}"}};
 
+constexpr BoxText lose_question = {
+    Icon::Question,
+    {"Meßzyklus", "Measuring cycle"},
+    {"Die Mittelwerte des Meßzyklus sind nicht gespeichert.\nSollen sie gespeichert werden ?",
+     "The means of the measuring cycle are not saved.\nDo you want to save them ?"},
+    Buttons::SaveDiscardCancel,
+    Answer::Cancel};
+
 struct Duration {
     const char* control;
     std::int16_t minutes;
@@ -254,6 +262,7 @@ void FrmMess01::S61_Messzyklus_starten() {
         return;
     }
     shown_samples_ = 0;
+    unsaved_ = false;
     trace_->trace().interrupt();
     means_->clear();
     live_->clear_status();
@@ -311,6 +320,7 @@ void FrmMess01::show_means() {
     remaining_->clear();
     show_buttons();
     if (!cycle_.means()) return;
+    unsaved_ = true;
     means_->show_means(*cycle_.means(),
                        stale_note(cycle_.stale_samples(), cycle_.means()->Anzahl, lang()));
     show_extrapolated();
@@ -371,15 +381,29 @@ std::optional<double> FrmMess01::Wind_Hochrechnung() const {
 
 void FrmMess01::show_extrapolated() { means_->show_extrapolated(Wind_Hochrechnung()); }
 
-void FrmMess01::save_means() {
+bool FrmMess01::may_be_left() {
+    if (!unsaved_ || cycle_.runs()) return true;
+    const Answer answer = parts_.session.dialogs.show(box_in(lang(), lose_question));
+    if (answer != Answer::Save) return answer == Answer::Discard;
+    show();  // where an input lacks, it is typed here
+    return save();
+}
+
+void FrmMess01::save_means() { (void)save(); }
+
+/// False where the means stand in no table.
+bool FrmMess01::save() {
     if (const auto refusal = refusal_to_start(Hoehendifferenz_, lang())) {
         parts_.session.dialogs.show(*refusal);
-        return refused_.to(Text1_);
+        refused_.to(Text1_);
+        return false;
     }
     show_extrapolated();
-    tables_->save(measured_record(*cycle_.means(), *Wind_Hochrechnung(),
-                                  Text2_->text().trimmed().toStdString(), parts_.c,
-                                  parts_.session.separator));
+    const bool saved = tables_->save(measured_record(*cycle_.means(), *Wind_Hochrechnung(),
+                                                     Text2_->text().trimmed().toStdString(),
+                                                     parts_.c, parts_.session.separator));
+    if (saved) unsaved_ = false;
+    return saved;
 }
 
 }  // namespace zel

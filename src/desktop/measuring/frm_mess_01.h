@@ -39,6 +39,9 @@ public:
     explicit FrmMess01(FrmMess01Parts parts);
     ~FrmMess01() override;
 
+    /// True where no means are lost: they are saved then, if the user does not want to lose them.
+    [[nodiscard]] bool may_be_left();
+
 protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -57,6 +60,7 @@ private:
     void cancel_cycle();
     void leave();
     void save_means();
+    [[nodiscard]] bool save();
     void silence_alarm();
 
     void go_on();
@@ -80,6 +84,7 @@ private:
     Entry Hoehendifferenz_;
     std::size_t shown_samples_ = 0;
     bool red_ = false;
+    bool unsaved_ = false;  // the means of the last cycle stand in no table
 
     std::vector<std::pair<std::int16_t, QRadioButton*>> durations_;
     QLineEdit* Text1_ = nullptr;
