@@ -185,6 +185,7 @@ std::vector<AreaMessage> AreaMessages::lines(MessagePage page) const {
 
 Mark AreaMessages::mark(const forms::Complaint& complaint) const {
     if (typing_ == complaint.field && anything_typed_) return Mark::None;
+    if (holds_refused(*complaint.field)) return Mark::Wrong;
     const bool visited = is_visited(*complaint.field);
     if (complaint.missing) return visited ? Mark::Missing : Mark::Needed;
     return visited ? Mark::Wrong : Mark::None;
@@ -192,7 +193,20 @@ Mark AreaMessages::mark(const forms::Complaint& complaint) const {
 
 Mark AreaMessages::mark(const FieldInfo& field) const {
     const forms::Complaint* found = complaint(field);
-    return found != nullptr ? mark(*found) : Mark::None;
+    if (found != nullptr) return mark(*found);
+    return typing_ != &field && holds_refused(field) ? Mark::Wrong : Mark::None;
+}
+
+bool AreaMessages::holds_refused(const FieldInfo& field) const {
+    return std::any_of(refused_texts_.begin(), refused_texts_.end(),
+                       [&](const RefusedText& text) { return text.stays && text.field == &field; });
+}
+
+int AreaMessages::page_of(const FieldInfo& field) const {
+    for (const forms::Section& section : record_->sections())
+        for (const forms::Row& row : section.rows)
+            if (row.field == &field) return section.page;
+    return 0;
 }
 
 MarkCount AreaMessages::count(int page) const {
@@ -203,6 +217,10 @@ MarkCount AreaMessages::count(int page) const {
         if (found == Mark::Needed) ++count.needed;
         if (found == Mark::Missing || found == Mark::Wrong) ++count.wrong;
     }
+    for (const RefusedText& text : refused_texts_)
+        if (complaint(*text.field) == nullptr && mark(*text.field) == Mark::Wrong &&
+            page_of(*text.field) == page)
+            ++count.wrong;
     return count;
 }
 

@@ -38,7 +38,7 @@ enum class Mark : std::uint8_t {
     None,
     Needed,   // a run needs it, and nobody has been there yet
     Missing,  // the same, but it was emptied, or a run was refused
-    Wrong,    // a run would refuse what stands there
+    Wrong,    // a run would refuse what stands there, or its box could not take it
 };
 
 struct MarkCount {
@@ -124,6 +124,9 @@ private:
     [[nodiscard]] Mark mark(const forms::Complaint& complaint) const;
     [[nodiscard]] AreaMessage line_of(const RefusedText& text) const;
     [[nodiscard]] AreaMessage line_of(const Refusal& refusal) const;
+    /// A refused text stands in the box of `field`.
+    [[nodiscard]] bool holds_refused(const FieldInfo& field) const;
+    [[nodiscard]] int page_of(const FieldInfo& field) const;
     [[nodiscard]] bool is_visited(const FieldInfo& field) const;
     void forget_met_refusal();
     void forget_told();

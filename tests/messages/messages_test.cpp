@@ -73,6 +73,18 @@ TEST_F(Messages, what_a_ticked_method_misses_is_needed_until_it_is_typed) {
     EXPECT_EQ(messages.count(input_page), (MarkCount{before.needed - 1, 1}));
 }
 
+TEST_F(Messages, text_that_stays_in_its_box_is_wrong_and_not_missing) {
+    for (const FieldInfo* field : {&wind, &albedo}) {  // read, and not read
+        const forms::Row& row = *forms::row_of(forms::line_sections(), *field);
+        type(*field, "");
+        messages.refused(row, "34,9", true);
+        EXPECT_EQ(messages.mark(*field), Mark::Wrong) << field->name;
+    }
+    EXPECT_EQ(messages.count(input_page), (MarkCount{0, 2}));
+    messages.typing(albedo, true);
+    EXPECT_EQ(messages.mark(albedo), Mark::None);
+}
+
 TEST_F(Messages, what_a_run_would_refuse_is_wrong_once_it_was_typed_or_a_run_was_refused) {
     c.Netzfrequenz_db = typed(16);
     messages.inputs_changed();
