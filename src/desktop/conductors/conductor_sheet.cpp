@@ -145,6 +145,7 @@ QLayout* ConductorSheet::make_figures() {
         figure.edit->setAlignment(Qt::AlignRight);
         figure.edit->setFixedWidth(figure_width);
         figure.edit->installEventFilter(new NumberKeys(figure.edit, session_));
+        understand_pasted_numbers(*figure.edit, session_);
         label->setBuddy(figure.edit);
         layout->addWidget(label);
         layout->addWidget(figure.edit);

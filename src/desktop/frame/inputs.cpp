@@ -37,6 +37,7 @@ bool is_command(const QKeyEvent& key) {
            modifiers == (Qt::ControlModifier | Qt::ShiftModifier);
 }
 
+constexpr const char* readings_name = "pasted_readings";
 constexpr Text which_number = {"Welche Zahl ist gemeint?", "Which number is meant?"};
 
 /// Watches what is put into a box at once, which no key types.
@@ -81,7 +82,7 @@ private:
 
     void ask(const std::vector<std::string>& readings) {
         auto* list = new QMenu(&edit_);
-        list->setObjectName("pasted_readings");
+        list->setObjectName(readings_name);
         list->setAttribute(Qt::WA_DeleteOnClose);
         list->addAction(qt(which_number, session_.lang))->setEnabled(false);
         for (const std::string& reading : readings)
@@ -100,6 +101,11 @@ private:
 
 void understand_pasted_numbers(QLineEdit& edit, const Session& session) {
     new PastedNumbers(edit, session);
+}
+
+bool asks_for_reading(const QLineEdit& edit) {
+    const auto* list = edit.findChild<QMenu*>(readings_name);
+    return list != nullptr && list->isVisible();
 }
 
 bool FocusChain::eventFilter(QObject* watched, QEvent* event) {

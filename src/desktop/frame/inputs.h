@@ -50,6 +50,9 @@ private:
 /// below the box asks which; left without a choice, the text stays as it is.
 void understand_pasted_numbers(QLineEdit& edit, const Session& session);
 
+/// Whether the list of readings of a pasted number is open below `edit`.
+[[nodiscard]] bool asks_for_reading(const QLineEdit& edit);
+
 /// Installed on a box, it calls `leave` when the focus goes to another input, and not when only the
 /// window is left. A box that is deleted while it has the focus loses it: `panel`, for which it is
 /// called, is to end before the boxes of its panel are deleted.

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/frame/events.h"
+#include "desktop/frame/inputs.h"
 #include "desktop/frame/widgets.h"
 #include "workflow/rules/derived.h"
 #include "workflow/rules/entry_rules.h"
@@ -46,6 +47,7 @@ FrmEmissivity::FrmEmissivity(QWidget* parent, const Session& session)
     setWindowTitle(qt(title, lang));
     age_->setObjectName("Seilalter");
     age_->setAlignment(Qt::AlignRight);
+    understand_pasted_numbers(*age_, session);
     result_->setObjectName("E_Verhaeltnis");
     result_->setAlignment(Qt::AlignRight);
     auto* compute = new QPushButton(qt(compute_caption, lang));

@@ -141,6 +141,7 @@ QWidget* FrmMess01::make_inputs() {
     Text1_ = new QLineEdit;
     Text1_->setObjectName("Text1");
     add(Text1_, height_label, "m");
+    understand_pasted_numbers(*Text1_, parts_.session);  // before the text is judged
     on(Text1_, &QLineEdit::textEdited, [this] { height_typed(); });
     on(Text1_, &QLineEdit::editingFinished, [this] { height_left(); });
     Text2_ = new QLineEdit;
@@ -358,10 +359,12 @@ void FrmMess01::tell(const std::optional<EntryRefusal>& refusal) {
     refused_.to(Text1_);
 }
 
-/// Each change counts, but for one that only begins a number.
+/// Each change counts, but for one that only begins a number or leaves open which one is meant.
 void FrmMess01::height_typed() {
     const std::string text = Text1_->text().trimmed().toStdString();
-    if (!text.empty() && may_become_number(text, parts_.session))
+    height_waits_ =
+        !text.empty() && (may_become_number(text, parts_.session) || asks_for_reading(*Text1_));
+    if (height_waits_)
         Hoehendifferenz_ = {};
     else
         tell(enter_height(Hoehendifferenz_, text, parts_.session));
@@ -369,9 +372,8 @@ void FrmMess01::height_typed() {
 }
 
 void FrmMess01::height_left() {
-    const std::string text = Text1_->text().trimmed().toStdString();
-    if (!text.empty() && may_become_number(text, parts_.session))
-        tell(enter_height(Hoehendifferenz_, text, parts_.session));
+    if (!std::exchange(height_waits_, false)) return;
+    tell(enter_height(Hoehendifferenz_, Text1_->text().trimmed().toStdString(), parts_.session));
 }
 
 std::optional<double> FrmMess01::Wind_Hochrechnung() const {

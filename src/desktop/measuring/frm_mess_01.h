@@ -82,6 +82,7 @@ private:
     std::unique_ptr<MeasuringTables> tables_;
     std::optional<PortMenu> ports_;
     Entry Hoehendifferenz_;
+    bool height_waits_ = false;  // to be judged when its box is left
     std::size_t shown_samples_ = 0;
     bool red_ = false;
     bool unsaved_ = false;  // the means of the last cycle stand in no table

@@ -154,6 +154,7 @@ CombinationInput::CombinationInput(const CombinationBox& box, const Session& ses
     setFocusPolicy(Qt::StrongFocus);
     setEditable(true);
     lineEdit()->setObjectName(objectName() + "_text");
+    understand_pasted_numbers(*lineEdit(), session);
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);  // a typed 0,2 is not the beginning of an entry
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);

@@ -41,7 +41,7 @@ std::string ungrouped(std::string_view digits, char mark) {
 }  // namespace
 
 std::vector<std::string> readings_of(std::string_view text, DecimalSeparator separator) {
-    if (parse_number(text, separator)) return {};
+    const bool is_number = parse_number(text, separator).has_value();
     const char own = character(separator);
     const char other = own == ',' ? '.' : ',';
     const std::string number = without_blanks(text);
@@ -56,6 +56,12 @@ std::vector<std::string> readings_of(std::string_view text, DecimalSeparator sep
     };
     // The last mark parts the fraction, if it comes once; any other parts groups.
     const std::size_t last = body.find_last_of(".,");
+    if (is_number) {
+        const std::string whole = last == std::string::npos ? "" : ungrouped(body, own);
+        if (!whole.empty()) readings.push_back(number);
+        read_as(whole);
+        return readings;
+    }
     if (last == std::string::npos) {
         read_as(body);
         return readings;
