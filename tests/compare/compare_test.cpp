@@ -81,6 +81,14 @@ TEST_F(Compare, history_keeps_pinned_runs_and_the_newest) {
     std::vector<std::string> names;
     for (const KeptRun* run : history.compared()) names.push_back(run->name);
     EXPECT_THAT(names, ElementsAre("3", "4", "5", "6", "7", "again"));
+    history.pin(20, true);
+    EXPECT_EQ(history.let_go(), "3");
+    CalcCase of_other_line = windy(60);
+    of_other_line.Projekt_db = "other line";
+    history.keep(kept("other", of_other_line));
+    EXPECT_EQ(history.compared().back()->name, "other");
+    EXPECT_EQ(history.compared().size(), most_compared);
+    EXPECT_EQ(history.runs()[history.runs().size() - 2].name, "again");
 }
 
 TEST(Command, keeps_the_shell_from_reading_the_case) {

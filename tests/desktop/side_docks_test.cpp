@@ -153,6 +153,24 @@ TEST_F(SideDocks, pinned_runs_stand_beside_the_next) {
     EXPECT_EQ(typed_in("Text11"), "0.6");
 }
 
+TEST_F(SideDocks, oldest_tick_goes_visibly_where_six_runs_stand_side_by_side) {
+    open(twin_264_34());
+    auto& runs = control<QListWidget>("runs");
+    for (int i = 0; i < 7; ++i) {
+        go_to(input_page);
+        type("Text11", std::to_string(1 + i));
+        go_to(result_page);
+        if (i < 6) runs.item(0)->setCheckState(Qt::Checked);
+    }
+    EXPECT_EQ(control<QTableWidget>("comparison").columnCount(), 6);
+    EXPECT_EQ(runs.item(6)->checkState(), Qt::Unchecked);
+    EXPECT_EQ(runs.item(5)->checkState(), Qt::Checked);
+    EXPECT_THAT(shown("let_go"), HasSubstr("no more than six"));
+    runs.item(6)->setCheckState(Qt::Checked);
+    EXPECT_EQ(runs.item(5)->checkState(), Qt::Unchecked);
+    EXPECT_EQ(runs.item(6)->checkState(), Qt::Checked);
+}
+
 TEST_F(SideDocks, run_that_is_opened_leaves_the_file_of_another_case_alone) {
     store.files = {{"a.json", values_of(twin_264_34())}, {"b.json", values_of(sunny_264_34())}};
     open();

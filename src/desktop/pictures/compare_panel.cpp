@@ -23,6 +23,9 @@ constexpr Text hint = {
     "Ein Haken hält einen Lauf fest: die nächsten stehen neben ihm, höchstens sechs. Was sich "
     "unterscheidet, ist fett.",
     "A tick keeps a run: the next ones stand beside it, six at most. What differs is bold."};
+constexpr Text let_go = {
+    "Der Haken von {0} ist fort: mehr als sechs Läufe stehen nicht nebeneinander.",
+    "The tick of {0} is gone: no more than six runs stand beside each other."};
 constexpr Text list_name = {"Läufe", "Runs"};
 constexpr Text table_name = {"Vergleich", "Comparison"};
 constexpr Text open_caption = {"Als Fall öffnen", "Open as case"};
@@ -59,7 +62,10 @@ QTableWidgetItem* item_of(const std::string& text, bool bold) {
 }  // namespace
 
 ComparePanel::ComparePanel(Parts parts)
-    : parts_(std::move(parts)), list_(new QListWidget), table_(new QTableWidget) {
+    : parts_(std::move(parts)),
+      list_(new QListWidget),
+      note_(new NoteLine(NoteLine::Sign::Note, "let_go")),
+      table_(new QTableWidget) {
     Captions& captions = parts_.panel.captions;
     captions.accessible_name(list_, list_name)->setObjectName("runs");
     captions.accessible_name(table_, table_name)->setObjectName("comparison");
@@ -70,13 +76,15 @@ ComparePanel::ComparePanel(Parts parts)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(words);
     layout->addWidget(list_, 1);
+    layout->addWidget(note_);
     layout->addWidget(table_, 3);
     layout->addWidget(make_buttons());
     captions.computed([this](LangId) {
         show_runs();
         show_table();
     });
-    on(list_, &QListWidget::itemChanged, [this] { pin_as_ticked(); });
+    on(list_, &QListWidget::itemChanged,
+       [this](const QListWidgetItem* item) { pin_as_ticked(*item); });
 }
 
 QWidget* ComparePanel::make_buttons() {
@@ -122,10 +130,8 @@ void ComparePanel::show_runs() {
     const QSignalBlocker quiet(list_);
     list_->clear();
     const auto& runs = history_.runs();
-    for (std::size_t i = runs.size(); i-- > 0;) {
-        auto* item = new QListWidgetItem(line_of(runs[i]), list_);
-        item->setCheckState(runs[i].pinned ? Qt::Checked : Qt::Unchecked);
-    }
+    for (std::size_t i = runs.size(); i-- > 0;) new QListWidgetItem(line_of(runs[i]), list_);
+    show_ticks();
     list_->setCurrentRow(0);
 }
 
@@ -135,11 +141,22 @@ const KeptRun* ComparePanel::chosen_run() const {
     return &runs[runs.size() - 1 - static_cast<std::size_t>(row)];
 }
 
-void ComparePanel::pin_as_ticked() {
-    const std::size_t count = history_.runs().size();
-    for (std::size_t i = 0; i < count; ++i)
-        history_.pin(count - 1 - i, list_->item(static_cast<int>(i))->checkState() == Qt::Checked);
+void ComparePanel::pin_as_ticked(const QListWidgetItem& item) {
+    const std::size_t last = history_.runs().size() - 1;
+    history_.pin(last - static_cast<std::size_t>(list_->row(&item)),
+                 item.checkState() == Qt::Checked);
+    show_ticks();
     show_table();
+}
+
+void ComparePanel::show_ticks() {
+    const QSignalBlocker quiet(list_);
+    const auto& runs = history_.runs();
+    for (std::size_t i = 0; i < runs.size(); ++i)
+        list_->item(static_cast<int>(runs.size() - 1 - i))
+            ->setCheckState(runs[i].pinned ? Qt::Checked : Qt::Unchecked);
+    const std::string& gone = history_.let_go();
+    note_->tell(gone.empty() ? gone : fill(let_go.in(parts_.panel.session.lang), {gone}));
 }
 
 Comparison ComparePanel::compared(ComparedInputs inputs) const {

@@ -4,10 +4,12 @@
 #include <functional>
 
 #include "compare/comparison.h"
+#include "desktop/frame/widgets.h"
 #include "desktop/pictures/picture_panel.h"
 #include "platform/workbook.h"
 
 class QListWidget;
+class QListWidgetItem;
 class QPushButton;
 class QTableWidget;
 
@@ -35,13 +37,15 @@ private:
     [[nodiscard]] Comparison compared(ComparedInputs inputs) const;
     void show_runs();
     void show_table();
-    void pin_as_ticked();
+    void show_ticks();
+    void pin_as_ticked(const QListWidgetItem& item);
     void copy_table() const;
     void save_table() const;
 
     Parts parts_;
     RunHistory history_;
     QListWidget* list_;
+    NoteLine* note_;  // which run has lost its tick
     QTableWidget* table_;
     std::vector<QPushButton*> of_run_;  // what is about the chosen run
 };
