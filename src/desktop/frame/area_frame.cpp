@@ -290,8 +290,9 @@ void AreaFrame::start_anew() {
     if (commit() && document_.start_anew()) show_new_case();
 }
 
-/// As arriving at the result page does.
+/// What the page in sight calculates itself, or as arriving at the result page does.
 void AreaFrame::calculate() {
+    if (pages_[static_cast<std::size_t>(page_)]->start_own_calculation()) return;
     if (page_ == facts_.result_page)
         page_changed(page_);
     else

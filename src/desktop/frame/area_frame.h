@@ -39,6 +39,9 @@ public:
     virtual void focus_first() {}
     /// The input of `field`, or null.
     [[nodiscard]] virtual QWidget* input(const FieldInfo& /*field*/) const { return nullptr; }
+    /// False where the page has no calculation of its own; otherwise it was started as by its
+    /// button.
+    virtual bool start_own_calculation() { return false; }
     /// Shows which inputs are needed or wrong.
     virtual void show_marks() {}
 

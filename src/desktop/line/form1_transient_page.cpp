@@ -252,6 +252,11 @@ bool TransientPage::is_unfinished() const {
                        [](const auto& row) { return row->is_unfinished(); });
 }
 
+bool TransientPage::start_own_calculation() {
+    press_button();
+    return true;
+}
+
 void TransientPage::press_button() {
     typing_refused_ = false;
     commit();

@@ -34,6 +34,7 @@ public:
     [[nodiscard]] bool is_unfinished() const override;
     void focus_first() override;
     [[nodiscard]] QWidget* input(const FieldInfo& field) const override;
+    bool start_own_calculation() override;
 
     /// The results as text. Where they are stale, the user is asked whether to calculate anew;
     /// empty where there are none or the user does not want to.
