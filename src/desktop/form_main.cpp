@@ -227,8 +227,9 @@ void FormMain::switch_language(LangId lang) {
 
 void FormMain::open(QWidget& form) {
     if (!form.isVisible()) {
-        place_beside(form);
-        full_screen() ? form.showMaximized() : form.showNormal();
+        const bool maximised = form.isMaximized();  // by the user, before it was closed
+        if (!maximised) place_beside(form);
+        full_screen() || maximised ? form.showMaximized() : form.showNormal();
     }
     form.raise();
     form.activateWindow();
@@ -320,8 +321,8 @@ void FormMain::apply_window_mode() {
     shown_full_screen_ = full_screen();
     for (QWidget* window : {static_cast<QWidget*>(this), static_cast<QWidget*>(&form1_),
                             static_cast<QWidget*>(&ks_form1_)})
-        if (window->isVisible() && window->isMaximized() != shown_full_screen_)
-            shown_full_screen_ ? window->showMaximized() : window->showNormal();
+        if (window->isMaximized() != shown_full_screen_)
+            window->setWindowState(shown_full_screen_ ? Qt::WindowMaximized : Qt::WindowNoState);
 }
 
 /// The user who maximises or restores the window chooses the mode by that.

@@ -137,6 +137,17 @@ TEST(FileSort, goes_by_the_ending_and_by_the_fields_of_a_case) {
         EXPECT_EQ(forms::sort_of(path, cases), sort) << path;
 }
 
+TEST_F(Start, maximised_window_is_so_again_when_it_is_opened_again) {
+    state->settings.change(&ProgramSettings::Vollbildmodus, 2);
+    for (const bool maximised : {true, false}) {
+        form_main->show_form1();
+        maximised ? form1().showMaximized() : form1().showNormal();
+        form1().close();
+        form_main->show_form1();
+        EXPECT_EQ(form1().isMaximized(), maximised);
+    }
+}
+
 TEST(WindowMemory, window_that_would_lie_off_the_screens_comes_back_whole) {
     const QList<QRect> screens = {{0, 0, 1000, 800}, {1000, 0, 600, 600}};
     for (const auto& [place, fitted] :

@@ -59,10 +59,7 @@ void WrongCellList::show_cells(std::vector<Cell> cells) {
         }
         ++row;
     }
-    for (int column = 0; column + 1 < columnCount(); ++column) {
-        resizeColumnToContents(column);
-        setColumnWidth(column, std::min(columnWidth(column), widest_input));
-    }
+    fit_columns(*this, columnCount(), widest_input);
     setVisible(!cells_.empty());
 }
 

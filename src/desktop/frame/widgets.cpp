@@ -3,12 +3,16 @@
 #include <QGroupBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
+#include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
+
+#include "desktop/frame/window_memory.h"
 
 namespace zel {
 
@@ -72,6 +76,17 @@ void set_text_colour(QWidget& window, Qt::GlobalColor colour) {
                              : QColor(colour));
     window.setPalette(colours);
 }
+
+void fit_columns(QTableView& table, int first, int widest) {
+    const QHeaderView& header = *table.horizontalHeader();
+    const int end = header.count() - (header.stretchLastSection() ? 1 : 0);
+    if (!header.property(WindowMemory::widths_by_user).toBool()) first = 0;
+    for (int column = first; column < end; ++column) {
+        table.resizeColumnToContents(column);
+        table.setColumnWidth(column, std::min(table.columnWidth(column), widest));
+    }
+}
+
 WaitCursor::WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
 
 WaitCursor::~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }

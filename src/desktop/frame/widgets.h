@@ -12,6 +12,7 @@
 class QGroupBox;
 class QLabel;
 class QScrollArea;
+class QTableView;
 
 // What all windows are made of. Texts of the program are UTF-8.
 
@@ -45,6 +46,10 @@ void size_window(QWidget& window, QSize wanted);
 /// Gives the text of `window` this colour, but for what is greyed. Black, where it could not be
 /// read in a dark theme, is the theme's own colour.
 void set_text_colour(QWidget& window, Qt::GlobalColor colour);
+
+/// Makes the columns of `table` as wide as their content, up to `widest` pixels; the last one stays
+/// where it takes what room is left. Once the user has chosen widths, only those from `first` on.
+void fit_columns(QTableView& table, int first, int widest);
 
 /// Shows that the program works, as long as it lives.
 class WaitCursor {

@@ -18,7 +18,6 @@ namespace zel {
 namespace {
 
 constexpr std::string_view section = "Windows";
-constexpr const char* by_user = "widths_by_user";
 constexpr const char* known = "known_to_memory";
 
 QString joined(const QList<int>& numbers) {
@@ -48,7 +47,8 @@ void notice_user(QHeaderView& header) {
     if (header.property(known).toBool()) return;
     header.setProperty(known, true);
     on(&header, &QHeaderView::sectionResized, [&header] {
-        if (QApplication::mouseButtons() != Qt::NoButton) header.setProperty(by_user, true);
+        if (QApplication::mouseButtons() != Qt::NoButton)
+            header.setProperty(WindowMemory::widths_by_user, true);
     });
 }
 
@@ -128,17 +128,18 @@ void WindowMemory::restore_columns(QWidget& window) const {
         if (widths.size() != header.count()) continue;
         for (int column = 0; column < header.count(); ++column)
             header.resizeSection(column, widths[column]);
+        header.setProperty(widths_by_user, true);
     }
 }
 
 void WindowMemory::keep(const QWidget& window) const {
-    const QRect place = window.geometry();
-    if (!window.isMaximized() && !window.isMinimized())
+    const QRect place = window.isMaximized() ? window.normalGeometry() : window.geometry();
+    if (place.isValid() && !window.isMinimized())
         write(window.objectName() + ".place",
               joined({place.x(), place.y(), place.width(), place.height()}));
     for (const QTableView* view : window.findChildren<QTableView*>()) {
         const QHeaderView& header = *view->horizontalHeader();
-        if (view->objectName().isEmpty() || !header.property(by_user).toBool()) continue;
+        if (view->objectName().isEmpty() || !header.property(widths_by_user).toBool()) continue;
         QList<int> widths;
         for (int column = 0; column < header.count(); ++column)
             widths.append(header.sectionSize(column));

@@ -165,6 +165,7 @@ Comparison ComparePanel::compared(ComparedInputs inputs) const {
 
 void ComparePanel::show_table() {
     const Comparison comparison = compared(ComparedInputs::Changed);
+    const int columns = table_->columnCount();
     table_->clear();
     table_->setRowCount(0);
     table_->setColumnCount(static_cast<int>(comparison.names.size()));
@@ -184,9 +185,7 @@ void ComparePanel::show_table() {
                 table_->setItem(line, static_cast<int>(i), item);
             }
         }
-    table_->resizeColumnsToContents();
-    for (int column = 0; column < table_->columnCount(); ++column)
-        table_->setColumnWidth(column, std::min(table_->columnWidth(column), widest_column));
+    fit_columns(*table_, columns, widest_column);
 }
 
 void ComparePanel::copy_table() const {
