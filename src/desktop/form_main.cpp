@@ -283,6 +283,9 @@ void FormMain::open_excel(ExcelMode mode, const std::string& workbook) {
     form1_.take_in();
     FrmExcelIO window(this, state_, mode);
     window.propose(workbook);
+    const FileDrops drops({&window}, [&window](const std::string& path, const QWidget& /*on*/) {
+        window.take_dropped(path);
+    });
     window.exec();
 }
 

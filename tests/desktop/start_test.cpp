@@ -62,6 +62,17 @@ TEST_F(Start, dropped_file_opens_where_it_belongs_whatever_it_is_dropped_on) {
     EXPECT_THAT(settings.user_store().read("Recent", "File1"), "/c/line.json");
 }
 
+TEST_F(Start, file_dropped_on_a_window_above_another_belongs_to_that) {
+    form1().show();
+    auto& dock = *form1().findChild<QDockWidget*>("comparison_dock");
+    dock.show();
+    dock.setFloating(true);
+    QApplication::processEvents();
+    EXPECT_TRUE(dock.acceptDrops());
+    drop(dock, "/c/line.json");
+    EXPECT_EQ(calc_case().Projekt_db, "line");
+}
+
 TEST_F(Start, file_of_either_area_opens_in_the_one_that_it_is_dropped_on) {
     for (const char* path : {"/c/missing.json", "/c/missing.mdb"}) {
         dialogs.shown.clear();
@@ -80,6 +91,8 @@ TEST_F(Start, dropped_workbook_is_proposed_to_the_batch_that_it_is_for) {
         ASSERT_NE(dialog, nullptr);
         title = dialog->windowTitle().toStdString();
         dialog->findChild<QPushButton*>("Command1")->click();
+        drop(*dialog, "/c/b.xlsx");
+        dialog->findChild<QPushButton*>("Command1")->click();
         dialog->reject();
     });
     workbooks.files["/c/a.xlsx"]["fixed_input"][{2, 2}] =
@@ -88,6 +101,7 @@ TEST_F(Start, dropped_workbook_is_proposed_to_the_batch_that_it_is_for) {
     EXPECT_EQ(title, "Excel calculation transient (PATL / TATL)");
     EXPECT_EQ(chooser.questions.at(0).name, "a.xlsx");
     EXPECT_EQ(chooser.questions[0].folder, "/c/");
+    EXPECT_EQ(chooser.questions.at(1).name, "b.xlsx");
 }
 
 TEST_F(Start, example_opens_without_a_file_that_could_be_overwritten) {

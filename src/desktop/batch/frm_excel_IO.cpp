@@ -78,6 +78,8 @@ constexpr Text stopped_unsaved = {
     "Die Berechnung wurde abgebrochen. Die Arbeitsmappe ist unverändert.",
     "The calculation was cancelled. The workbook is unchanged."};
 
+constexpr Text dropped = {"Vorgeschlagen wird {0}.", "{0} is proposed."};
+
 constexpr Text select_title = {"Auswahl Excel-Arbeitsmappe Berechnung ...",
                                "Select excel calculation workbook ..."};
 constexpr Text select_filters = {"Excel-Dateien (*.xlsx)\nAlle Dateien (*)",
@@ -237,6 +239,12 @@ void FrmExcelIO::show_percent(double percent) {
     const bool whole = std::floor(percent) == percent;
     progress_->setFormat(
         qt(masked(percent, whole ? "##0 %" : "##0.0# %", state_.session.separator)));
+}
+
+void FrmExcelIO::take_dropped(const std::string& path) {
+    if (stop_button_->isEnabled()) return;  // a workbook is being calculated
+    propose(path);
+    status_->setText(qt(fill(dropped.in(lang()), {path})));
 }
 
 bool FrmExcelIO::choose_workbook() {

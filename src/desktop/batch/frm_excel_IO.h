@@ -36,6 +36,8 @@ public:
 
     /// The workbook that is proposed where one is asked for.
     void propose(const std::string& path) { proposed_ = path; }
+    /// The same, told, of one that was dropped on the window.
+    void take_dropped(const std::string& path);
 
 protected:
     /// While a workbook is calculated, closing is cancelling.

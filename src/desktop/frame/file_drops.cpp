@@ -27,21 +27,36 @@ FileDrops::FileDrops(const std::vector<QWidget*>& windows, Open open)
     QCoreApplication::instance()->installEventFilter(this);
 }
 
+/// Among the windows, or null.
+QWidget* FileDrops::window_of(const QWidget& part) const {
+    QWidget* window = part.window();
+    while (std::find(windows_.begin(), windows_.end(), window) == windows_.end()) {
+        if (window->parentWidget() == nullptr) return nullptr;
+        window = window->parentWidget()->window();
+    }
+    return window;
+}
+
 bool FileDrops::eventFilter(QObject* of, QEvent* event) {
     const auto type = event->type();
-    if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop) return false;
-    const auto* part = qobject_cast<QWidget*>(of);
-    if (part == nullptr || QApplication::activeModalWidget() != nullptr ||
-        std::find(windows_.begin(), windows_.end(), part->window()) == windows_.end())
+    const bool dragged = type == QEvent::DragEnter || type == QEvent::DragMove;
+    if (!dragged && type != QEvent::Drop && type != QEvent::Show) return false;
+    auto* part = qobject_cast<QWidget*>(of);
+    if (part == nullptr) return false;
+    if (type == QEvent::Show) {
+        if (part->isWindow() && window_of(*part) != nullptr) part->setAcceptDrops(true);
         return false;
+    }
+    const QWidget* modal = QApplication::activeModalWidget();
+    QWidget* window = window_of(*part);
+    if (window == nullptr || (modal != nullptr && modal != window)) return false;
     auto& drop = static_cast<QDropEvent&>(*event);
     const std::string path = file_of(drop);
     if (path.empty()) return false;
     drop.setDropAction(Qt::CopyAction);
     drop.accept();
     // The program that the file comes from waits until the drop is done.
-    if (type == QEvent::Drop)
-        later(*this, [this, path, window = part->window()] { open_(path, *window); });
+    if (type == QEvent::Drop) later(*this, [this, path, window] { open_(path, *window); });
     return true;
 }
 

@@ -8,8 +8,8 @@
 
 namespace zel {
 
-/// Opens the file that is dropped on one of some windows, wherever in it. Nothing is taken while
-/// another window wants an answer.
+/// Opens the file that is dropped on one of some windows, wherever in it, or on a window above it
+/// such as a dock that floats. Nothing is taken while another window wants an answer.
 class FileDrops : public QObject {
 public:
     /// `on` is the window that the file was dropped on.
@@ -20,6 +20,8 @@ protected:
     bool eventFilter(QObject* of, QEvent* event) override;
 
 private:
+    [[nodiscard]] QWidget* window_of(const QWidget& part) const;
+
     std::vector<QWidget*> windows_;
     Open open_;
 };
