@@ -62,6 +62,10 @@ TEST(PausedJob, a_new_one_takes_the_place_of_one_that_waits_or_works) {
     PausedJob paused(0);
     Calls begun;
     std::vector<std::string> found;
+    std::string turns;
+    paused.turned = [&] {
+        turns += paused.works() ? "works " : paused.is_under_way() ? "waits " : "over ";
+    };
     const auto start = [&](const std::string& name, const Job::Work& work) {
         paused.start(work, [&, name] { found.push_back(name); });
     };
@@ -78,6 +82,7 @@ TEST(PausedJob, a_new_one_takes_the_place_of_one_that_waits_or_works) {
     paused.cancel();
     QApplication::processEvents();
     EXPECT_THAT(found, SizeIs(1));
+    EXPECT_EQ(turns, "waits over waits works over waits works over waits over ");
 }
 
 TEST(Job, a_box_waits_for_its_answer) {

@@ -3,6 +3,7 @@
 #include <QListWidget>
 #include <QMainWindow>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTableWidget>
 
 #include "desktop/desktop_fixture.h"
@@ -104,6 +105,20 @@ TEST_F(SideDocks, chosen_picture_is_saved) {
     control<QPushButton>("save_picture").click();
     ASSERT_EQ(dialogs.shown.size(), 1U);
     EXPECT_THAT(dialogs.shown.back().lines.back(), HasSubstr("/p.gif"));
+}
+
+TEST_F(SideDocks, what_is_calculated_while_typing_says_so_and_can_be_cancelled) {
+    open(twin_264_34());
+    make_wide();
+    auto& key = control<QShortcut>("live_cancel_key");
+    type("Text11", "2");
+    EXPECT_THAT(shown("live_outlook"), HasSubstr("Esc cancels"));
+    EXPECT_TRUE(key.isEnabled());
+    emit key.activated();
+    EXPECT_THAT(shown("live_outlook"), testing::StartsWith("Cancelled"));
+    EXPECT_FALSE(key.isEnabled());
+    type("Text11", "3");
+    EXPECT_THAT(shown("live_outlook"), HasSubstr("Esc cancels"));
 }
 
 TEST_F(SideDocks, picture_in_sight_is_printed_in_the_language_of_reports) {

@@ -17,11 +17,14 @@ void PausedJob::start(Job::Work work, std::function<void()> found) {
     work_ = std::move(work);
     found_ = std::move(found);
     pause_.start();
+    turned();
 }
 
 void PausedJob::cancel() {
+    if (!is_under_way()) return;
     pause_.stop();
     job_.reset();
+    turned();
 }
 
 void PausedJob::begin() {
@@ -31,6 +34,7 @@ void PausedJob::begin() {
             this, [this] { guarded(*this, [this] { end(); }); }, Qt::QueuedConnection);
     });
     job_->begin();
+    turned();
     end();  // where no thread could be started
 }
 
@@ -38,6 +42,7 @@ void PausedJob::end() {
     if (!job_ || !job_->ended()) return;
     const std::unique_ptr<Job> job = std::move(job_);
     const bool complete = !job->cancelled();
+    turned();
     job->finish();
     if (complete) found_();
 }

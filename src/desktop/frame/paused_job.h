@@ -18,7 +18,10 @@ public:
     void start(Job::Work work, std::function<void()> found);
     void cancel();
     /// It waits or works.
-    [[nodiscard]] bool is_under_way() const { return pause_.isActive() || job_ != nullptr; }
+    [[nodiscard]] bool is_under_way() const { return pause_.isActive() || works(); }
+    [[nodiscard]] bool works() const { return job_ != nullptr; }
+    /// Called where it begins to wait or to work, and where it is over.
+    std::function<void()> turned = [] {};
 
 private:
     void begin();

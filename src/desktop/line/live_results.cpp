@@ -2,6 +2,8 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -11,6 +13,7 @@ namespace zel {
 namespace {
 
 constexpr int pause = 600;             // ms without a change, before what takes longer begins
+constexpr int button_after = 300;      // ms of work: most is done before
 constexpr std::size_t most_lines = 3;  // of the inputs that move the result
 constexpr int column_gap = 28;         // pixels
 constexpr double value_size = 1.5;     // of the usual type
@@ -21,6 +24,11 @@ constexpr Text least_wind = {"Webs mit mindestens 0,2 m/s quer zum Leiter",
                              "Webs with at least 0.2 m/s across the conductor"};
 constexpr Text note_count = {"{0} Hinweise bei den Ergebnissen", "{0} notes at the results"};
 constexpr Text one_note = {"1 Hinweis bei den Ergebnissen", "1 note at the results"};
+constexpr Text cancel_caption = {"Abbrechen (Esc)", "Cancel (Esc)"};
+constexpr Text working = {"Es wird gerechnet, was das Ergebnis bewegt (Esc bricht ab) ...",
+                          "Calculating what moves the result (Esc cancels) ..."};
+constexpr Text was_cancelled = {"Abgebrochen; die nächste Änderung rechnet wieder.",
+                                "Cancelled; the next change calculates again."};
 constexpr Text of_former = {"Ergebnis der früheren Eingaben: {0}",
                             "Result of the former inputs: {0}"};
 constexpr Text nothing_yet = {"Noch kein Ergebnis: {0}", "No result yet: {0}"};
@@ -59,6 +67,8 @@ LiveResults::LiveResults(Parts parts)
       about_(plain_label()),
       reason_(new NoteLine(NoteLine::Sign::Note, "live_reason")),
       outlook_(plain_label()),
+      cancel_(parts_.captions.text(new QPushButton, cancel_caption)),
+      cancel_key_(new QShortcut(QKeySequence::Cancel, this)),
       job_(pause) {
     setObjectName("live_results");
     about_->setObjectName("live_about");
@@ -83,9 +93,38 @@ LiveResults::LiveResults(Parts parts)
     layout->setSpacing(4);
     layout->addLayout(grid);
     layout->addWidget(reason_);
-    layout->addWidget(outlook_);
+    layout->addLayout(make_outlook());
     layout->addStretch(1);
     parts_.captions.computed([this](LangId) { update_results(); });
+}
+
+QLayout* LiveResults::make_outlook() {
+    cancel_->setObjectName("live_cancel");
+    cancel_key_->setObjectName("live_cancel_key");
+    cancel_->setFocusPolicy(Qt::NoFocus);  // it goes by itself; the key does the same
+    on(cancel_, &QPushButton::clicked, [this] { cancel(); });
+    on(cancel_key_, &QShortcut::activated, [this] { cancel(); });
+    moment_.setSingleShot(true);
+    moment_.setInterval(button_after);
+    on(&moment_, &QTimer::timeout, [this] { cancel_->setVisible(job_.works()); });
+    job_.turned = [this] { show_work(); };
+    show_work();
+    auto* line = new QHBoxLayout;
+    line->addWidget(outlook_, 1);
+    line->addWidget(cancel_, 0, Qt::AlignTop);
+    return line;
+}
+
+void LiveResults::show_work() {
+    cancel_->hide();
+    cancel_key_->setEnabled(job_.is_under_way());
+    job_.works() ? moment_.start() : moment_.stop();
+    show_outlook();
+}
+
+void LiveResults::cancel() {
+    cancelled_ = true;
+    job_.cancel();
 }
 
 void LiveResults::showEvent(QShowEvent* event) {
@@ -97,12 +136,14 @@ void LiveResults::forget() {
     job_.cancel();
     rating_.forget();
     found_.reset();
+    cancelled_ = false;
     show_outlook();
 }
 
 void LiveResults::settings_changed() {
     job_.cancel();
     found_.reset();
+    cancelled_ = false;
     update_results();
 }
 
@@ -149,9 +190,12 @@ void LiveResults::show_column(const Column& column, const MethodResult* line) co
 /// Each change begins the pause anew.
 void LiveResults::look_further() {
     if (!rating_.reason().empty()) return job_.cancel();
-    if (rating_.has_moved()) found_.reset();
+    if (rating_.has_moved()) {
+        found_.reset();
+        cancelled_ = false;
+    }
     show_outlook();
-    if (found_ || (!rating_.has_moved() && job_.is_under_way())) return;
+    if (found_ || cancelled_ || (!rating_.has_moved() && job_.is_under_way())) return;
     const auto memory = std::make_shared<MethodMemory>();
     if (parts_.session.memory != nullptr) *memory = *parts_.session.memory;
     const auto found = std::make_shared<std::optional<Outlook>>();
@@ -168,6 +212,8 @@ void LiveResults::look_further() {
 
 void LiveResults::show_outlook() {
     std::vector<std::string> lines;
+    if (!found_ && job_.is_under_way()) lines.emplace_back(working.in(parts_.session.lang));
+    if (cancelled_) lines.emplace_back(was_cancelled.in(parts_.session.lang));
     if (found_)
         for (std::string line : {sensitivity_line(*found_->sensitivity, most_lines, parts_.session),
                                  transient_line(*found_, parts_.session)})

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <optional>
@@ -11,6 +12,9 @@
 #include "desktop/line/line_case.h"
 
 class QLabel;
+class QLayout;
+class QPushButton;
+class QShortcut;
 
 namespace zel {
 
@@ -46,11 +50,15 @@ private:
         QLabel* value;
     };
 
+    [[nodiscard]] QLayout* make_outlook();
     void show_results();
     void show_column(const Column& column, const MethodResult* line) const;
     void look_further();
     void show_outlook();
     void need_height();
+    /// Tells that it is under way, and how to cancel it.
+    void show_work();
+    void cancel();
 
     Parts parts_;
     LiveRating rating_;
@@ -59,6 +67,10 @@ private:
     NoteLine* reason_;
     QLabel* outlook_;
     std::optional<Outlook> found_;  // of the results, once it was looked for
+    bool cancelled_ = false;        // by the user: it is not looked for again before a change
+    QPushButton* cancel_;
+    QShortcut* cancel_key_;
+    QTimer moment_;
     PausedJob job_;
 };
 
