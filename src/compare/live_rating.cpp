@@ -105,12 +105,13 @@ std::optional<std::string> LiveRating::rate(CalcCase c, const Session& session) 
     return std::nullopt;
 }
 
-std::optional<Outlook> outlook(const KeptRun& run, const Session& watched, const GoOn& go_on) {
+std::optional<Outlook> outlook(const KeptRun& run, const Session& watched, const GoOn& go_on,
+                               const std::vector<ChosenStep>& steps) {
     const Session session = silent(watched, watched.memory);
     Outlook found;
     found.c = run.c;
     found.sensitivity =
-        sensitivity(run.c, session, {}, [&go_on](std::size_t, std::size_t) { return go_on(); });
+        sensitivity(run.c, session, steps, [&go_on](std::size_t, std::size_t) { return go_on(); });
     if (!found.sensitivity) return std::nullopt;
     if (!has_changes_of_state(run.c)) return found;
     TransientBasis basis;

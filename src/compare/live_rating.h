@@ -55,10 +55,11 @@ struct Outlook {
 /// Asked again and again whether to go on.
 using GoOn = std::function<bool()>;
 
-/// Of a run that goes on from what `watched.memory` holds, which must not be null and changes.
-/// Nothing where `go_on` stopped it.
+/// Of a run that goes on from what `watched.memory` holds, which must not be null and changes;
+/// `steps` are those of the inputs. Nothing where `go_on` stopped it.
 [[nodiscard]] std::optional<Outlook> outlook(const KeptRun& run, const Session& watched,
-                                             const GoOn& go_on);
+                                             const GoOn& go_on,
+                                             const std::vector<ChosenStep>& steps = {});
 
 /// "Cigre TB 601: wind speed + 0.1 m/s: +38 A, ...", of the first method with a result and its
 /// `most` inputs that move it most. Empty where none does.

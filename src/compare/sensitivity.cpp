@@ -160,23 +160,33 @@ std::vector<const SensitivityLine*> moving(const Sensitivity& found, std::size_t
     return lines;
 }
 
+std::vector<SensitivityLine> started_steps(const CalcCase& given,
+                                           const std::vector<ChosenStep>& steps) {
+    CalcCase c = given;
+    forget_emptied(c);
+    const std::vector<const CaseField*> inputs = inputs_of(c);
+    check(steps, inputs);
+    std::vector<SensitivityLine> lines;
+    for (const CaseField* field : inputs) lines.push_back(started(*field, c, steps));
+    return lines;
+}
+
 std::optional<Sensitivity> sensitivity(const CalcCase& given, const Session& session,
                                        const std::vector<ChosenStep>& steps,
                                        const SensitivityProgress& progress) {
     CalcCase c = given;
     forget_emptied(c);
-    const std::vector<const CaseField*> inputs = inputs_of(c);
-    check(steps, inputs);
+    const std::vector<SensitivityLine> starts = started_steps(c, steps);
     Sensitivity found;
     found.of_temperature = c.Stromstaerke_Merker_db;
     MethodMemory memory;
     for (const MethodResult& line : rated(c, silent(session, &memory)))
         found.methods.push_back(line.method);
     found.results = results_of(c, session);
-    for (std::size_t i = 0; i < inputs.size(); ++i) {
-        auto line = moved(started(*inputs[i], c, steps), c, found, session);
+    for (std::size_t i = 0; i < starts.size(); ++i) {
+        auto line = moved(starts[i], c, found, session);
         if (line && line->largest() > 0) found.lines.push_back(*std::move(line));
-        if (progress && !progress(i + 1, inputs.size())) return std::nullopt;
+        if (progress && !progress(i + 1, starts.size())) return std::nullopt;
     }
     std::stable_sort(found.lines.begin(), found.lines.end(),
                      [](const SensitivityLine& a, const SensitivityLine& b) {

@@ -56,6 +56,11 @@ using SensitivityProgress = std::function<bool(std::size_t done, std::size_t all
                                                      const std::vector<ChosenStep>& steps = {},
                                                      const SensitivityProgress& progress = {});
 
+/// The inputs of `given` that are moved, in the order of their fields, each with its chosen or its
+/// usual step, and without changes. Throws as `sensitivity`.
+[[nodiscard]] std::vector<SensitivityLine> started_steps(const CalcCase& given,
+                                                         const std::vector<ChosenStep>& steps);
+
 /// The table of all lines.
 [[nodiscard]] SheetDesign sensitivity_sheet(const Sensitivity& found, const Locale& locale);
 [[nodiscard]] std::string sensitivity_text(const Sensitivity& found, const Locale& locale);

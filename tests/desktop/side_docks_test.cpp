@@ -107,6 +107,31 @@ TEST_F(SideDocks, chosen_picture_is_saved) {
     EXPECT_THAT(dialogs.shown.back().lines.back(), HasSubstr("/p.gif"));
 }
 
+TEST_F(SideDocks, steps_are_chosen_below_the_bars_and_remembered) {
+    open(twin_264_34());
+    make_wide();
+    go_to(result_page);
+    auto& steps = control<QTableWidget>("sensitivity_steps");
+    EXPECT_FALSE(steps.isVisible());
+    control<QComboBox>("picture_list").setCurrentText("What moves the result, Cigre TB 207");
+    EXPECT_TRUE(steps.isVisible());
+    const auto step = [&]() -> QTableWidgetItem& {
+        return *steps.item(steps.findItems("Wind speed", Qt::MatchStartsWith).front()->row(), 1);
+    };
+    for (const auto& [typed, shown, stored] :
+         {std::tuple{"0,5", "0.5", "0.5"}, {"zero", "0.1", ""}, {"-2", "-2", "-2"}}) {
+        step().setText(typed);
+        QApplication::processEvents();
+        EXPECT_EQ(step().text(), shown);
+        EXPECT_EQ(user_settings.read("SensitivitySteps", "Windgeschwindigkeit_db"), stored);
+        disk.files.clear();
+        chooser.paths = {"/p.svg"};
+        control<QPushButton>("save_picture").click();
+        EXPECT_THAT(disk.files["/p.svg"],
+                    HasSubstr(std::string(" ") + (shown + (*shown == '-')) + " m/s</text>"));
+    }
+}
+
 TEST_F(SideDocks, what_is_calculated_while_typing_says_so_and_can_be_cancelled) {
     open(twin_264_34());
     make_wide();

@@ -64,6 +64,7 @@ Form1::Form1(Form1Parts parts)
       form_(parts.c, parts.area.session),
       settings_(parts.settings),
       conductors_(parts.make_conductors(*this, [this] { take_over_conductor(); })),
+      steps_(parts.settings.store.user_store()),
       sharing_(sharing_conductors(parts.c)) {
     const auto refuse = [this](QWidget* input) { refused(input); };
     const auto typed = [this] { this->typed(); };
@@ -105,7 +106,8 @@ Form1::Form1(Form1Parts parts)
 
 void Form1::add_docks(const Form1Parts& parts) {
     pictures_ = new LinePictures({session(), captions(), parts.area.chooser, parts.files},
-                                 printing(), line_);
+                                 printing(), line_, steps_);
+    pictures_->steps_changed = [this] { live_->settings_changed(); };
     auto* pictures = new SideDock(*this, pictures_dock, pictures_, captions());
     pictures->open_by_itself(true);
     comparison_ = new ComparePanel(
@@ -117,7 +119,8 @@ void Form1::add_docks(const Form1Parts& parts) {
          }});
     auto* comparison = new SideDock(*this, comparison_dock, comparison_, captions());
     tabifyDockWidget(pictures, comparison);
-    live_ = new LiveResults({line_, session(), captions(), [this] { return texts_in_boxes(); }});
+    live_ = new LiveResults(
+        {line_, session(), captions(), [this] { return texts_in_boxes(); }, steps_});
     live_dock_ = new SideDock(*this, live_dock, live_, captions());
     live_dock_->open_by_itself(true);
     add_view_menu(*this, captions(), {live_dock_, pictures, comparison});

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 
+#include "compare/chosen_steps.h"
 #include "compare/kept_run.h"
 #include "desktop/frame/area_frame.h"
 #include "desktop/frame/conductor_source.h"
@@ -91,6 +92,7 @@ private:
     ConductorPage* conductor_;
     ResultPage* result_;
     TransientPage* transient_;
+    ChosenSteps steps_;
     LinePictures* pictures_ = nullptr;
     LiveResults* live_ = nullptr;
     SideDock* live_dock_ = nullptr;

@@ -27,10 +27,19 @@ std::string named(const Text& name, Method method, LangId lang) {
 
 }  // namespace
 
-LinePictures::LinePictures(const PanelParts& parts, PrintSource& printing, const LineCase& line)
+LinePictures::LinePictures(const PanelParts& parts, PrintSource& printing, const LineCase& line,
+                           ChosenSteps& steps)
     : PicturePanel(parts, {printing, [&line] { return project_of(line.c); }}),
       line_(line),
-      session_(parts.session) {
+      session_(parts.session),
+      steps_(steps),
+      step_list_(new StepList(parts.session, parts.captions, steps)) {
+    put_below(*step_list_);
+    step_list_->changed = [this] {
+        sensitivity_.reset();
+        later(*this, [this] { show_typed(); });
+        steps_changed();
+    };
     constexpr int moment = 150;  // ms
     pause_.setSingleShot(true);
     pause_.setInterval(moment);
@@ -59,6 +68,7 @@ void LinePictures::show_typed() {
 void LinePictures::show_run(KeptRun run) {
     run_ = std::move(run);
     sensitivity_.reset();
+    step_list_->show_case(run_->c);
     show_case();
 }
 
@@ -100,10 +110,11 @@ void LinePictures::add_results(std::vector<PictureEntry>& entries) {
         sensitivities.push_back({named(sensitivity_name, method, lang),
                                  [this, method](const Session& session) -> std::optional<Picture> {
                                      if (!sensitivity_)
-                                         sensitivity_ = sensitivity(run_->c, session_);
+                                         sensitivity_ =
+                                             sensitivity(run_->c, session_, steps_.of(run_->c));
                                      return sensitivity_picture(*sensitivity_, method, session);
                                  },
-                                 false});
+                                 false, true});
     }
     entries.insert(entries.end(), sensitivities.begin(), sensitivities.end());
 }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QTimer>
+#include <functional>
 #include <optional>
 #include <vector>
 
 #include "compare/kept_run.h"
 #include "compare/sensitivity.h"
 #include "desktop/line/line_case.h"
+#include "desktop/line/step_list.h"
 #include "desktop/pictures/picture_panel.h"
 
 namespace zel {
@@ -15,7 +17,8 @@ namespace zel {
 /// found.
 class LinePictures : public PicturePanel {
 public:
-    LinePictures(const PanelParts& parts, PrintSource& printing, const LineCase& line);
+    LinePictures(const PanelParts& parts, PrintSource& printing, const LineCase& line,
+                 ChosenSteps& steps);
 
     /// The inputs have changed, or the language.
     void show_case();
@@ -24,6 +27,8 @@ public:
     void follow_typing(std::vector<forms::PendingText> texts);
     void show_run(KeptRun run);
     void forget();
+    /// Called where the user has chosen a step of an input.
+    std::function<void()> steps_changed = [] {};
 
 private:
     void show_typed();
@@ -32,6 +37,8 @@ private:
 
     const LineCase& line_;
     const Session& session_;
+    ChosenSteps& steps_;
+    StepList* step_list_;
     QTimer pause_;
     std::vector<forms::PendingText> texts_;
     CalcCase typed_;  // the case with the texts

@@ -200,9 +200,11 @@ void LiveResults::look_further() {
     if (parts_.session.memory != nullptr) *memory = *parts_.session.memory;
     const auto found = std::make_shared<std::optional<Outlook>>();
     job_.start(
-        [run = *rating_.run(), session = parts_.session, memory, found](Job& job) {
-            *found = outlook(run, session.apart(job.dialogs(), memory.get()),
-                             [&job] { return !job.cancelled(); });
+        [run = *rating_.run(), steps = parts_.steps.of(rating_.run()->c), session = parts_.session,
+         memory, found](Job& job) {
+            *found = outlook(
+                run, session.apart(job.dialogs(), memory.get()),
+                [&job] { return !job.cancelled(); }, steps);
         },
         [this, found] {
             found_ = std::move(*found);

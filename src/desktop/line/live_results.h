@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "compare/chosen_steps.h"
 #include "compare/live_rating.h"
 #include "desktop/frame/captions.h"
 #include "desktop/frame/paused_job.h"
@@ -29,6 +30,7 @@ public:
         Captions& captions;
         /// What is typed and not yet entered.
         std::function<std::vector<forms::PendingText>()> pending;
+        const ChosenSteps& steps;  // of the inputs, to find what moves the result
     };
     explicit LiveResults(Parts parts);
 

@@ -63,6 +63,12 @@ PicturePanel::PicturePanel(const PanelParts& parts, PicturePrinting printing)
     on(list_, &QComboBox::currentIndexChanged, [this] { show_chosen(); });
 }
 
+void PicturePanel::put_below(QWidget& choices) {
+    below_ = &choices;
+    layout()->addWidget(below_);
+    below_->hide();
+}
+
 void PicturePanel::show_entries(std::vector<PictureEntry> entries, const std::string& note) {
     bool same = entries.size() == entries_.size();
     for (std::size_t i = 0; same && i < entries.size(); ++i)
@@ -104,6 +110,8 @@ void PicturePanel::show_chosen() {
     content->layout()->setContentsMargins(0, 0, 0, 0);
     area_->setWidget(content);  // the former one goes
     const int chosen = list_->currentIndex() - 1;
+    if (below_ != nullptr)
+        below_->setVisible(chosen >= 0 && entries_[static_cast<std::size_t>(chosen)].has_choices);
     for (std::size_t i = 0; i < entries_.size(); ++i) {
         if (chosen < 0 ? !entries_[i].shown_with_others : i != static_cast<std::size_t>(chosen))
             continue;

@@ -35,6 +35,7 @@ struct PictureEntry {
     std::string name;  // in the list
     std::function<std::optional<Picture>(const Session&)> make;
     bool shown_with_others = true;  // otherwise only where it is chosen
+    bool has_choices = false;       // what `put_below` has put there is about it
 };
 
 /// What it takes to print pictures.
@@ -54,6 +55,8 @@ public:
     void show_entries(std::vector<PictureEntry> entries, const std::string& note = {});
 
 protected:
+    /// Puts a widget below the pictures, which is shown as long as a picture of its own is chosen.
+    void put_below(QWidget& choices);
     void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* of, QEvent* event) override;
 
@@ -74,6 +77,7 @@ private:
     QComboBox* list_;
     NoteLine* note_;
     QScrollArea* area_;
+    QWidget* below_ = nullptr;
     std::vector<QPushButton*> print_with_;  // of the shown pictures
     bool drawn_ = false;                    // as the entries are now
 };
