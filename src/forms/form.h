@@ -109,6 +109,12 @@ public:
 
     /// The limits of the numbers that the row takes; null where there are none.
     [[nodiscard]] virtual const Limits* limits(const Row& /*row*/) const { return nullptr; }
+    /// All numbers that the row may hold when a run comes: its limits, and what checks let pass.
+    [[nodiscard]] virtual std::vector<NumberSpan> allowed(const Row& row) const {
+        const Limits* bounds = limits(row);
+        if (bounds == nullptr) return {NumberSpan{}};
+        return {NumberSpan{bounds->low, bounds->high}};
+    }
     /// What the checks before a run refuse, in their order, each field once: the first is what a
     /// run is refused by.
     [[nodiscard]] virtual std::vector<Complaint> complaints() const { return {}; }

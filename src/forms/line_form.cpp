@@ -173,6 +173,10 @@ const Limits* LineForm::limits(const Row& row) const {
     return number == nullptr ? nullptr : limits_of(*number);
 }
 
+std::vector<NumberSpan> LineForm::allowed(const Row& row) const {
+    return common(Record::allowed(row), steady_check::allowed_by_checks(c_, key(row)));
+}
+
 std::vector<Complaint> LineForm::complaints() const {
     std::vector<Complaint> found;
     for (const steady_check::Check* check : steady_check::all_refusals(c_)) {

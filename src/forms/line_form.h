@@ -39,6 +39,7 @@ public:
     /// What is typed is no longer assumed, even where it stays the same.
     void typed_into(const Row& row) override;
     [[nodiscard]] const Limits* limits(const Row& row) const override;
+    [[nodiscard]] std::vector<NumberSpan> allowed(const Row& row) const override;
     /// The choice of methods and that of the mode, which no row holds, stand on the first page.
     [[nodiscard]] std::vector<Complaint> complaints() const override;
     [[nodiscard]] bool filters_keys() const override { return true; }

@@ -80,6 +80,10 @@ const Limits* ShortCircuitRecord::limits(const Row& row) const {
     return box == nullptr ? nullptr : &limits_of(*box);
 }
 
+std::vector<NumberSpan> ShortCircuitRecord::allowed(const Row& row) const {
+    return common(Record::allowed(row), allowed_by_checks(form_.content(), key(row)));
+}
+
 std::vector<Complaint> ShortCircuitRecord::complaints() const {
     std::vector<Complaint> found;
     ShortCircuitCase c = form_.content();

@@ -28,6 +28,7 @@ public:
     void choose(const Row& row, int index) override;
     void typed_into(const Row& row) override;
     [[nodiscard]] const Limits* limits(const Row& row) const override;
+    [[nodiscard]] std::vector<NumberSpan> allowed(const Row& row) const override;
     /// The boxes are German in every language.
     [[nodiscard]] std::vector<Complaint> complaints() const override;
 

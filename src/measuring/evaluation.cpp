@@ -102,6 +102,8 @@ bool is_too_low(double Hoehendifferenz) {
     return (Hoehendifferenz + reference_height) / reference_height <= least_base;
 }
 
+double least_height() { return -reference_height; }
+
 double S66_Hochrechnung_wind_v(double Windgeschw_Mittel, double Hoehendifferenz) {
     const double base = (Hoehendifferenz + reference_height) / reference_height;
     return Windgeschw_Mittel * std::pow(std::max(base, 0.0), exponent);

@@ -50,6 +50,8 @@ struct CycleMeans {
 /// Whether no wind can be extrapolated over the height difference, m: the head would be below the
 /// ground of the formula, -2.4 m. That height typed at 32 bits is not.
 [[nodiscard]] bool is_too_low(double Hoehendifferenz);
+/// That height, m.
+[[nodiscard]] double least_height();
 
 /// `S66_Hochrechnung_wind_v`: the wind at the conductor, m/s, where the head measures
 /// `Windgeschw_Mittel`: with the exponent 0.4 from a height of 2.4 m on. `Hoehendifferenz`, m, from

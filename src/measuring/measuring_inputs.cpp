@@ -93,10 +93,12 @@ constexpr CombinationBox boxes[] = {
     {"Combo2", {"Bodenart:", "Kind of ground:"}, &CalcCase::Bodenart_db, grounds, 5, false, true},
 };
 
+constexpr NumberSpan share = {0, 1};
+
 const BoxText* refusal(const CombinationBox& box, double value) {
-    if (value > 1) return &above_1;
-    if (box.zero_is_refused) return value <= 0 ? &zero_or_below : nullptr;
-    return value < 0 ? &below_zero : nullptr;
+    if (value > share.high) return &above_1;
+    if (box.zero_is_refused) return value <= share.low ? &zero_or_below : nullptr;
+    return value < share.low ? &below_zero : nullptr;
 }
 
 }  // namespace
@@ -114,6 +116,12 @@ std::optional<EntryRefusal> enter_height(Entry& Hoehendifferenz, std::string_vie
     Hoehendifferenz = {};
     const bool above = number && *number > greatest_height;
     return EntryRefusal{box_in(locale.lang, above ? too_high : not_numeric), above};
+}
+
+NumberSpan allowed_heights() { return {least_height(), greatest_height}; }
+
+NumberSpan allowed_values(const CombinationBox& box) {
+    return {share.low, share.high, box.zero_is_refused};
 }
 
 bool may_become_number(std::string_view text, const Locale& locale) {

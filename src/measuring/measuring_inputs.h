@@ -7,6 +7,7 @@
 #include "platform/message_box.h"
 #include "platform/text/locale.h"
 #include "steady/case/calc_case.h"
+#include "workflow/rules/rule_tables.h"
 
 // The inputs of the measuring window.
 
@@ -23,6 +24,9 @@ struct EntryRefusal {
 /// bound of -20 is told and not tested. An empty text is no input and keeps the number.
 [[nodiscard]] std::optional<EntryRefusal> enter_height(Entry& Hoehendifferenz,
                                                        std::string_view text, const Locale& locale);
+
+/// The heights by which a cycle can start, m.
+[[nodiscard]] NumberSpan allowed_heights();
 
 /// Whether a text that is being typed may still become a number, as "-" may.
 [[nodiscard]] bool may_become_number(std::string_view text, const Locale& locale);
@@ -48,6 +52,9 @@ struct CombinationBox {
 };
 /// `Combo1`, the clearness, and `Combo2`, the albedo.
 [[nodiscard]] std::span<const CombinationBox> combination_boxes();
+
+/// The values that a box takes.
+[[nodiscard]] NumberSpan allowed_values(const CombinationBox& box);
 
 /// The index of the entry with this wording in one of the languages; nothing for others.
 [[nodiscard]] std::optional<std::size_t> entry_named(const CombinationBox& box,

@@ -24,16 +24,33 @@ std::string refused_text(std::string_view name, const FieldInfo& field, const Li
     return fill(out_of_range.in(locale.lang), {name, quoted, range_text(field, *limits, locale)});
 }
 
-std::string range_text(const FieldInfo& field, const Limits& limits, const Locale& locale) {
-    const bool has_low = limits.low > -unlimited;
-    const bool has_high = limits.high < unlimited;
-    const std::string low = bound_text(limits.low, field, locale.separator);
-    const std::string high = bound_text(limits.high, field, locale.separator);
+namespace {
+
+std::string range_text(const FieldInfo& field, const NumberSpan& span, const Locale& locale) {
+    const bool has_low = span.low > -unlimited;
+    const bool has_high = span.high < unlimited;
+    const std::string low = bound_text(span.low, field, locale.separator);
+    const std::string high = bound_text(span.high, field, locale.separator);
     std::string unit(field.unit_in(locale.lang));
     if (!unit.empty()) unit.insert(0, " ");
-    if (has_low && has_high) return fill(between.in(locale.lang), {low, high + unit});
+    const Text& both = span.beyond_low ? above_to : between;
+    const Text& one = span.beyond_low ? above : at_least;
+    if (has_low && has_high) return fill(both.in(locale.lang), {low, high + unit});
     if (has_high) return fill(at_most.in(locale.lang), {high + unit});
-    return has_low ? fill(at_least.in(locale.lang), {low + unit}) : std::string();
+    return has_low ? fill(one.in(locale.lang), {low + unit}) : std::string();
+}
+
+}  // namespace
+
+std::string range_text(const FieldInfo& field, const Limits& limits, const Locale& locale) {
+    return range_text(field, NumberSpan{limits.low, limits.high}, locale);
+}
+
+std::string range_text(const FieldInfo& field, const std::vector<NumberSpan>& spans,
+                       const Locale& locale) {
+    std::vector<std::string> texts;
+    for (const NumberSpan& span : spans) texts.push_back(range_text(field, span, locale));
+    return joined(texts, or_else.in(locale.lang));
 }
 
 std::string some_of(const std::vector<std::string>& names, LangId lang) {

@@ -35,6 +35,9 @@ inline constexpr Text out_of_range = {"{0}: Sie haben {1} eingegeben; zulässig:
 inline constexpr Text between = {"{0} bis {1}", "{0} to {1}"};
 inline constexpr Text at_most = {"höchstens {0}", "at most {0}"};
 inline constexpr Text at_least = {"mindestens {0}", "at least {0}"};
+inline constexpr Text above_to = {"über {0} bis {1}", "above {0} to {1}"};
+inline constexpr Text above = {"über {0}", "above {0}"};
+inline constexpr Text or_else = {" oder ", " or "};
 inline constexpr Text allowed = {"Zulässig: {0}", "Allowed: {0}"};
 
 // Marks of inputs, and how many of them a page has.
@@ -54,6 +57,10 @@ inline constexpr Text wrong_count = {"{0} zu korrigieren", "{0} to be corrected"
 
 /// "0 to 80 m/s", "at most 4500 m"; empty where the limits leave every number.
 [[nodiscard]] std::string range_text(const FieldInfo& field, const Limits& limits,
+                                     const Locale& locale);
+
+/// "0 to 1 Hz or 49 to 61 Hz"; empty where every number is allowed.
+[[nodiscard]] std::string range_text(const FieldInfo& field, const std::vector<NumberSpan>& spans,
                                      const Locale& locale);
 
 /// "Wind speed, Latitude, Emissivity and 2 more"

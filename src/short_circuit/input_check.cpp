@@ -22,15 +22,21 @@ bool unchosen(const C& c) {
 }
 
 // Limits are compared at 32 bits.
-template <auto field>
-bool below_10_ampere(const C& c) {
-    return (c.*field).value < static_cast<double>(0.01F);  // kA
+constexpr AllowedSpans from_10_ampere = {NumberSpan{.low = 0.01F}, no_span};  // kA
+constexpr AllowedSpans from_a_millisecond = {NumberSpan{.low = 0.001F}, no_span};
+constexpr AllowedSpans from_least_kappa = {NumberSpan{.low = 1.02F}, no_span};
+
+template <auto field, const AllowedSpans& allowed>
+bool below(const C& c) {
+    return (c.*field).value < allowed.front().low;
 }
-template <auto field>
-bool below_a_millisecond(const C& c) {
-    return (c.*field).value < static_cast<double>(0.001F);
+
+using Rule = zel::Rule<ShortCircuitCase, InputPlace>;
+
+template <auto field, const AllowedSpans& allowed>
+constexpr Rule too_low_where(bool (*applies)(const C&), const BoxText& frame) {
+    return {applies, below<field, allowed>, &frame, {short_circuit::input_page, field}, allowed};
 }
-bool kappa_too_low(const C& c) { return c.Kappa.value < static_cast<double>(1.02F); }
 
 constexpr Text incomplete = {"Unvollständige Eingabe"};
 constexpr std::string_view complete_it = "{0}\nBitte vervollständigen Sie ihre Eingabe !";
@@ -129,22 +135,15 @@ constexpr ShortCircuitCheck entry_checks[] = {
       {short_circuit::conductor_page, &C::Dichte_rho}},
      {"Es wurden keine Angabe zur\nDichte des Leiterwerkstoffes gemacht!"}},
     // Lower limits, which no entry rule can test while a number is still being typed.
-    {{limited, below_10_ampere<&C::Ith>, &too_low, {short_circuit::input_page, &C::Ith}},
-     {least_current}},
-    {{limited, below_a_millisecond<&C::T_k>, &too_low, {short_circuit::input_page, &C::T_k}},
-     {least_duration}},
-    {{unlimited, below_10_ampere<&C::IK2>, &too_low, {short_circuit::input_page, &C::IK2}},
-     {least_current}},
-    {{unlimited, kappa_too_low, &too_low, {short_circuit::input_page, &C::Kappa}},
+    {too_low_where<&C::Ith, from_10_ampere>(limited, too_low), {least_current}},
+    {too_low_where<&C::T_k, from_a_millisecond>(limited, too_low), {least_duration}},
+    {too_low_where<&C::IK2, from_10_ampere>(unlimited, too_low), {least_current}},
+    {too_low_where<&C::Kappa, from_least_kappa>(unlimited, too_low),
      {"Minimalwert beträgt 1,02 !"}},
-    {{near_generator, below_10_ampere<&C::IK>, &too_low, {short_circuit::input_page, &C::IK}},
-     {least_current}},
-    {{flows<1>, below_a_millisecond<&C::Tk1>, &too_low, {short_circuit::input_page, &C::Tk1}},
-     {least_duration}},
-    {{flows<2>, below_a_millisecond<&C::Tk2>, &too_low, {short_circuit::input_page, &C::Tk2}},
-     {least_duration}},
-    {{flows<3>, below_a_millisecond<&C::Tk3>, &too_low, {short_circuit::input_page, &C::Tk3}},
-     {least_duration}},
+    {too_low_where<&C::IK, from_10_ampere>(near_generator, too_low), {least_current}},
+    {too_low_where<&C::Tk1, from_a_millisecond>(flows<1>, too_low), {least_duration}},
+    {too_low_where<&C::Tk2, from_a_millisecond>(flows<2>, too_low), {least_duration}},
+    {too_low_where<&C::Tk3, from_a_millisecond>(flows<3>, too_low), {least_duration}},
 };
 
 }  // namespace
@@ -167,6 +166,14 @@ std::vector<ShortCircuitRefusal> all_refusals(const ShortCircuitCase& c) {
     if (!refusals.empty()) return refusals;
     if (auto refusal = arithmetic_refusal(c)) refusals.push_back(*std::move(refusal));
     return refusals;
+}
+
+std::vector<NumberSpan> allowed_by_checks(const ShortCircuitCase& c, const ShortCircuitKey& field) {
+    std::vector<NumberSpan> spans = {{}};
+    for (const ShortCircuitCheck& check : entry_checks)
+        if (check.rule.place.focus == field && check.rule.applies(c))
+            spans = common(spans, check.rule.allowed);
+    return spans;
 }
 
 }  // namespace zel

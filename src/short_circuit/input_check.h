@@ -50,4 +50,8 @@ using ShortCircuitCheck = Check<ShortCircuitCase, InputPlace>;
 /// cannot do.
 [[nodiscard]] std::vector<ShortCircuitRefusal> all_refusals(const ShortCircuitCase& c);
 
+/// What the checks that apply let pass of the number of `field`.
+[[nodiscard]] std::vector<NumberSpan> allowed_by_checks(const ShortCircuitCase& c,
+                                                        const ShortCircuitKey& field);
+
 }  // namespace zel

@@ -53,6 +53,42 @@ TEST_F(LineFormTest, every_input_of_a_method_has_one_row) {
     }
 }
 
+/// By the entry rule, or by the check before a run.
+bool is_taken(const CalcCase& of, const Row& row, double number) {
+    CalcCase c = of;
+    LineForm form(c, {LangId::English, DecimalSeparator::Point});
+    if (form.enter(row, plain_number(number, DecimalSeparator::Point))) return false;
+    const auto found = form.complaints();
+    return std::none_of(found.begin(), found.end(),
+                        [&](const Complaint& complaint) { return complaint.field == row.field; });
+}
+
+TEST_F(LineFormTest, told_ranges_are_those_that_a_run_takes) {
+    constexpr double beyond = 0.6;  // also of what is rounded
+    int ranges = 0;
+    for (const Method method : all_methods) {
+        c = sunny_264_34();
+        for (const Method other : all_methods) c.*flag_of(other) = other == method ? 1 : 0;
+        for (const Row& row : all_rows()) {
+            for (const NumberSpan& span : form.allowed(row)) {
+                SCOPED_TRACE(std::string(row.control) + " " + std::string(key_of(method)));
+                if (span.low > -unlimited) {
+                    EXPECT_EQ(is_taken(c, row, span.low), !span.beyond_low);
+                    EXPECT_FALSE(is_taken(c, row, span.low - beyond));
+                    ++ranges;
+                }
+                if (span.high == unlimited) continue;
+                EXPECT_TRUE(is_taken(c, row, span.high));
+                EXPECT_FALSE(is_taken(c, row, span.high + beyond));
+            }
+        }
+    }
+    EXPECT_GT(ranges, 60);
+    c.*flag_of(Method::Kirn) = 0;
+    c.*flag_of(Method::TBB) = 1;
+    EXPECT_EQ(form.allowed(row_of("Text17")).size(), 2U);  // 0 to 1 Hz, or 49 to 61 Hz
+}
+
 TEST_F(LineFormTest, controls_are_single_and_captions_stand_in_both_languages) {
     std::set<std::string_view> names;
     for (const Section& section : form.sections()) {

@@ -111,7 +111,8 @@ constexpr Check checks[] = {
     {beyond<Webs | Kirn, &CalcCase::Minuten_db, 0, 59>,
      {"Die Angabe zur Minute muss zwischen 0 und 59 liegen ! ",
       "The input for the minutes of daytime isn't between the range of 0 to 59 !"}},
-    {{read_by<Kirn>, not_positive<&CalcCase::Feldlaenge_db>, &incomplete, &CalcCase::Feldlaenge_db},
+    {{read_by<Kirn>, not_positive<&CalcCase::Feldlaenge_db>, &incomplete, &CalcCase::Feldlaenge_db,
+      above_zero},
      {"Geben Sie bitte einen Wert für die Feldlaenge bzw. einen Wert groesser 0 m an !",
       "You havn't made an input for the span length !"}},
     {lacks<Kirn, &CalcCase::Hoehendifferenz_db>,
@@ -133,7 +134,9 @@ constexpr Check checks[] = {
           return outside<&CalcCase::Netzfrequenz_db, 0, 1>(c) &&
                  outside<&CalcCase::Netzfrequenz_db, 49, 61>(c);
       },
-      &incorrect, &CalcCase::Netzfrequenz_db},
+      &incorrect,
+      &CalcCase::Netzfrequenz_db,
+      {NumberSpan{0, 1}, NumberSpan{49, 61}}},
      {"Die Berechnung für Kreisring-Stromschienen\n"
       "kann nur für Frequenzen von: \n"
       "von 50 Hz bis 60 Hz oder Gleichstrom 0 Hz durchgeführt werden.\n"
@@ -159,8 +162,10 @@ constexpr Check checks[] = {
       "You havn't made an input for the absorptivity !"}},
     // There is no lower limit.
     {{read_by<TB601 | TB207 | TBB>,
-      [](const CalcCase& c) { return c.Absorptionsverhaeltnis_db.value > 1; }, &incorrect,
-      &CalcCase::Absorptionsverhaeltnis_db},
+      [](const CalcCase& c) { return c.Absorptionsverhaeltnis_db.value > 1; },
+      &incorrect,
+      &CalcCase::Absorptionsverhaeltnis_db,
+      {NumberSpan{-unlimited, 1}, no_span}},
      {"Maximalwert für das Absorptionsverhältnis beträgt 1 (=schwarzer Körper) !",
       "The input for the absorptivity isn't between the range of 0 to 1 !"}},
     {{read_by<always>, outside<&CalcCase::Anzahl_Teilleiter_db, 1, 8>, &incomplete,

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <limits>
 #include <span>
+#include <vector>
 
 #include "platform/message_box.h"
 
@@ -49,6 +52,36 @@ struct Limits {
     }
 };
 
+/// Numbers from `low` to `high`, both included unless said.
+struct NumberSpan {
+    double low = -unlimited;
+    double high = unlimited;
+    bool beyond_low = false;  // `low` itself is out
+
+    [[nodiscard]] constexpr bool is_empty() const { return low > high; }
+};
+
+/// What a check lets pass of a number: one span, or two with a gap between them.
+using AllowedSpans = std::array<NumberSpan, 2>;
+inline constexpr NumberSpan no_span = {1, 0};
+inline constexpr AllowedSpans any_span = {NumberSpan{}, no_span};
+inline constexpr AllowedSpans above_zero = {NumberSpan{0, unlimited, true}, no_span};
+
+/// What both let pass, in rising order.
+template <class Spans, class Others>
+[[nodiscard]] std::vector<NumberSpan> common(const Spans& spans, const Others& others) {
+    std::vector<NumberSpan> both;
+    for (const NumberSpan& span : spans)
+        for (const NumberSpan& other : others) {
+            const NumberSpan& upper = span.low > other.low ? span : other;
+            const NumberSpan shared = {upper.low, std::min(span.high, other.high),
+                                       upper.beyond_low ||
+                                           (span.low == other.low && span.beyond_low)};
+            if (!shared.is_empty()) both.push_back(shared);
+        }
+    return both;
+}
+
 /// The place of a check that names none.
 struct Nowhere {};
 
@@ -59,6 +92,7 @@ struct Rule {
     bool (*met)(const Record&);
     const BoxText* frame;  // title and what else the boxes of a sort share
     Place place{};
+    AllowedSpans allowed = any_span;  // of the number at the place, where that is what it checks
 };
 
 /// One row of a list of checks. `line` goes to the place {0} of the frame.

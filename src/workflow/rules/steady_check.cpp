@@ -23,6 +23,15 @@ std::vector<const Check*> all_refusals(const CalcCase& c) {
     return refusals;
 }
 
+std::vector<NumberSpan> allowed_by_checks(const CalcCase& c, const FieldKey& field) {
+    std::vector<NumberSpan> spans = {{}};
+    for (const auto checks : {input_checks(), conductor_checks()})
+        for (const Check& check : checks)
+            if (check.rule.place == field && check.rule.applies(c))
+                spans = common(spans, check.rule.allowed);
+    return spans;
+}
+
 }  // namespace steady_check
 
 std::optional<Box> S_Eingabepruefung_steady(const CalcCase& c, LangId lang) {

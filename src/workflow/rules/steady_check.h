@@ -105,6 +105,14 @@ template <unsigned methods, auto field>
 inline constexpr Rule lacks = {read_by<methods>, missing<field>, &incomplete, field};
 
 template <unsigned methods, auto field, int low, int high>
-inline constexpr Rule beyond = {read_by<methods>, outside<field, low, high>, &incorrect, field};
+inline constexpr Rule beyond = {read_by<methods>,
+                                outside<field, low, high>,
+                                &incorrect,
+                                field,
+                                {NumberSpan{low, high}, no_span}};
+
+/// What the checks of the selected methods let pass of the number of `field`, in rising order; a
+/// single span of all numbers where none bounds it.
+[[nodiscard]] std::vector<NumberSpan> allowed_by_checks(const CalcCase& c, const FieldKey& field);
 
 }  // namespace zel::steady_check

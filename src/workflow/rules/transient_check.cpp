@@ -1,5 +1,6 @@
 #include "workflow/rules/transient_check.h"
 
+#include <algorithm>
 #include <array>
 #include <span>
 #include <string>
@@ -170,6 +171,15 @@ std::optional<TransientRefusal> copy(const CalcCase& c, std::size_t row, Transie
 }
 
 }  // namespace
+
+bool is_missing(const CalcCase& c, StateCellPlace place) {
+    const StateChange& row = c.Z[place.row];
+    if (!is_in_use(row)) return false;
+    const auto needed = needed_for(row.merker);
+    return std::any_of(needed.begin(), needed.end(), [&](const Quantity* quantity) {
+        return quantity->cells.front() == place.cell && !is_given(row, *quantity);
+    });
+}
 
 std::optional<TransientRefusal> S_Eingabepruefung_transient(const CalcCase& c, Zustand16& rows,
                                                             LangId lang) {

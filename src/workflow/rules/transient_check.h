@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "platform/message_box.h"
+#include "steady/case/case_fields.h"
 #include "steady/case/state_change.h"
 #include "steady/case/transient_row.h"
 
@@ -26,5 +27,9 @@ struct TransientRefusal {
 [[nodiscard]] std::optional<TransientRefusal> S_Eingabepruefung_transient(const CalcCase& c,
                                                                           Zustand16& rows,
                                                                           LangId lang);
+
+/// Whether a row in use lacks what would stand in this cell; of a duration the minutes stand for
+/// both cells.
+[[nodiscard]] bool is_missing(const CalcCase& c, StateCellPlace place);
 
 }  // namespace zel
