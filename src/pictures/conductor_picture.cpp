@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 #include "pictures/shapes.h"
@@ -26,7 +27,8 @@ constexpr Text sections = {"Querschnitt {0} mm²", "Cross-section {0} mm²"};
 constexpr Text by_tb601 = {"Temperatur nach Cigre TB 601", "Temperature by Cigre TB 601"};
 constexpr Text core_label = {"Kern", "Core"};
 constexpr Text surface_label = {"Oberfläche", "Surface"};
-constexpr Text mean_label = {"Mittel", "Mean"};
+constexpr Text mean_label = {"Mittel {0} °C", "Mean {0} °C"};
+constexpr Text radius_label = {"Radius {0} mm", "Radius {0} mm"};
 constexpr Text drop = {"Unterschied {0} K", "Difference {0} K"};
 
 constexpr CanvasPoint centre = {2100, 3050};
@@ -78,16 +80,31 @@ int rings_around_wire(int wires) {
     return layers;
 }
 
+/// From a pale yellow at the surface to a red at the core.
+Colour heat_colour(double share) {
+    constexpr double cool[] = {253, 226, 150};
+    constexpr double hot[] = {216, 84, 60};
+    const auto part = [&](int i) {
+        return static_cast<std::uint8_t>(std::lround(cool[i] + share * (hot[i] - cool[i])));
+    };
+    return rgb(part(0), part(1), part(2));
+}
+
 class Drawing {
 public:
-    Drawing(Canvas& canvas, const ConductorSection& section)
-        : canvas_(canvas), section_(section), per_mm_(2 * drawn_radius / section.diameter) {}
+    /// Without a course the parts have the colours of their metals.
+    Drawing(Canvas& canvas, const ConductorSection& section,
+            const std::optional<RadialCourse>& course)
+        : canvas_(canvas),
+          section_(section),
+          course_(course),
+          per_mm_(2 * drawn_radius / section.diameter) {}
 
     void draw() const {
         if (section_.rings.empty()) draw_layers();
         for (const WireRing& ring : section_.rings) draw_ring(ring);
         if (section_.core > 0 && !core_has_wires()) {
-            disc(canvas_, centre, section_.core / 2 * per_mm_, core_metal);
+            disc(canvas_, centre, section_.core / 2 * per_mm_, colour_at(0, core_metal));
             circle(canvas_, centre, section_.core / 2 * per_mm_, {ink});
         }
         circle(canvas_, centre, drawn_radius, {faint_ink, LineStyle::Dots});
@@ -99,8 +116,20 @@ private:
                            [](const WireRing& ring) { return ring.core; });
     }
 
+    [[nodiscard]] Colour colour_at(double radius, Colour of_metal) const {
+        return course_ ? heat_colour(course_->share_at(radius)) : of_metal;
+    }
+
+    /// Rings of one temperature each, narrow enough to look like a course.
     void draw_layers() const {
-        disc(canvas_, centre, drawn_radius, metal);
+        constexpr int rings = 24;
+        const double solid = std::max(section_.core, section_.hollow) / 2;
+        const double width = section_.diameter / 2 - solid;
+        disc(canvas_, centre, drawn_radius, colour_at(section_.diameter / 2, metal));
+        for (int ring = course_ ? rings - 1 : 0; ring > 0; --ring) {
+            const double radius = solid + width * ring / rings;
+            disc(canvas_, centre, radius * per_mm_, colour_at(radius - width / rings / 2, metal));
+        }
         circle(canvas_, centre, drawn_radius, {ink});
         const double inner = std::max(section_.core, section_.hollow);
         for (int layer = 1; layer < section_.layers; ++layer)
@@ -115,13 +144,15 @@ private:
     void draw_ring(const WireRing& ring) const {
         for (int i = 0; i < ring.count; ++i) {
             const CanvasPoint at = away(centre, 360.0 * i / ring.count, ring.radius * per_mm_);
-            disc(canvas_, at, ring.wire / 2 * per_mm_, ring.core ? core_metal : metal);
+            disc(canvas_, at, ring.wire / 2 * per_mm_,
+                 colour_at(ring.radius, ring.core ? core_metal : metal));
             circle(canvas_, at, ring.wire / 2 * per_mm_, {ink});
         }
     }
 
     Canvas& canvas_;
     const ConductorSection& section_;
+    const std::optional<RadialCourse>& course_;
     double per_mm_;
 };
 
@@ -139,9 +170,10 @@ public:
     [[nodiscard]] std::string number(double value) const {
         return plain_number(value, locale_.separator);
     }
-    [[nodiscard]] std::string temperature(double value) const {
-        return masked(value, "###0.0", locale_.separator);
+    [[nodiscard]] std::string temperature(double value, std::string_view mask = "###0.0") const {
+        return masked(value, mask, locale_.separator);
     }
+    [[nodiscard]] LangId lang() const { return locale_.lang; }
 
     double y = 900;
 
@@ -171,28 +203,75 @@ void write_data(Words& words, const CalcCase& c) {
         words.add(sections, {words.number(c.Seilquerschnitt_db.value)});
 }
 
-/// The temperature above the radius: core and surface with their values, the mean between them.
+/// The temperature over the radius, from the middle at the left to the surface at the right.
+void draw_course(Canvas& canvas, const CanvasBox& box, const RadialCourse& course,
+                 const ConductorSection& section, const Words& words) {
+    constexpr int points = 48;
+    const double radius = section.diameter / 2;
+    const auto y_of = [&](double share) { return box.bottom - box.height() * share; };
+    std::vector<CanvasPoint> curve;
+    for (int i = 0; i <= points; ++i) {
+        const double share = course.share_at(radius * i / points);
+        const double x = box.left + box.width() * i / points;
+        if (i > 0)
+            canvas.fill({curve.back().x, y_of(share), x, box.bottom + 60}, heat_colour(share));
+        curve.push_back({x, y_of(share)});
+    }
+    canvas.line(box.left, y_of(0.5), box.right, y_of(0.5), {faint_ink, LineStyle::Dots});
+    canvas.path(curve, {ink, LineStyle::Solid, 2});
+    canvas.path(std::array{CanvasPoint{box.left, box.top}, CanvasPoint{box.left, box.bottom + 60},
+                           CanvasPoint{box.right, box.bottom + 60}},
+                {ink});
+    write(canvas, {box.right, box.bottom + 100}, Side::Right,
+          fill(radius_label.in(words.lang()), {words.number(radius)}), small_font);
+    write(canvas, {box.left, box.bottom + 100}, Side::Left, "0", small_font);
+}
+
+/// Core and surface with their values in the section, and the course between them beside it.
 void draw_temperatures(Canvas& canvas, Words& words, const Tb601Details& at, double mean,
-                       const Locale& locale) {
-    words.y += 160;
+                       const ConductorSection& section, const RadialCourse& course) {
+    words.y += 120;
     words.add(by_tb601, {}, bold_font);
-    words.add({"{0}: {1} °C"}, {core_label.in(locale.lang), words.temperature(at.TCore)});
-    words.add({"{0}: {1} °C"}, {mean_label.in(locale.lang), words.temperature(mean)});
-    words.add({"{0}: {1} °C"}, {surface_label.in(locale.lang), words.temperature(at.TSurface)});
-    words.add(drop, {masked(at.TCore - at.TSurface, "###0.00", locale.separator)});
-    constexpr Colour hot = rgb(190, 60, 70);
+    words.add(drop, {words.temperature(at.TCore - at.TSurface, "###0.00")});
+    words.add(mean_label, {words.temperature(mean)});
+    constexpr double lowest = 4900;
+    constexpr double least_height = 600;
+    const double top = std::min(words.y + 60, lowest - least_height);
+    draw_course(canvas, {text_x, top, text_x + text_room - 60, lowest}, course, section, words);
+    constexpr Colour hot = rgb(150, 30, 40);
     const auto lead = [&](const CanvasPoint& from, double x, std::string_view name, double value) {
         canvas.path(std::array{from, CanvasPoint{x, 5010}}, {hot});
         disc(canvas, from, 45, hot);
         write(canvas, {x, 5030}, Side::Middle,
               std::string(name) + " " + words.temperature(value) + " °C", bold_font, hot);
     };
-    lead(centre, centre.x - 900, core_label.in(locale.lang), at.TCore);
-    lead(away(centre, 135, drawn_radius), centre.x + 1150, surface_label.in(locale.lang),
+    lead(centre, centre.x - 900, core_label.in(words.lang()), at.TCore);
+    lead(away(centre, 135, drawn_radius), centre.x + 1150, surface_label.in(words.lang()),
          at.TSurface);
 }
 
 }  // namespace
+
+RadialCourse::RadialCourse(const ConductorSection& section, double core_C, double surface_C)
+    : core_radius_(section.core / 2),
+      radius_(section.diameter / 2),
+      core_C_(core_C),
+      surface_C_(surface_C) {}
+
+/// Of a ring with an even source of heat and none from inside: R² - r² - 2 r1² ln(R / r).
+double RadialCourse::share_at(double radius) const {
+    if (core_C_ == surface_C_) return 0;
+    const auto rise = [this](double r) {
+        const double core = core_radius_ * core_radius_;
+        const double of_core = core > 0 ? 2 * core * std::log(radius_ / r) : 0;
+        return radius_ * radius_ - r * r - of_core;
+    };
+    return std::clamp(rise(std::max(radius, core_radius_)) / rise(core_radius_), 0.0, 1.0);
+}
+
+double RadialCourse::at(double radius) const {
+    return surface_C_ + share_at(radius) * (core_C_ - surface_C_);
+}
 
 std::optional<ConductorSection> conductor_section(const ConductorData& conductor) {
     ConductorSection section;
@@ -227,14 +306,18 @@ std::optional<Picture> conductor_picture(const CalcCase& c, const SteadyRunResul
     if (result != nullptr)
         for (const MethodResult& line : result->methods)
             if (line.outcome.tb601) tb601 = line.outcome;
-    return Picture{
-        std::string(title.in(locale.lang)), [c, section = *section, tb601, locale](Canvas& canvas) {
-            Drawing(canvas, section).draw();
-            Words words(canvas, locale);
-            write_data(words, c);
-            if (tb601)
-                draw_temperatures(canvas, words, *tb601->tb601, *tb601->temperature_C, locale);
-        }};
+    return Picture{std::string(title.in(locale.lang)),
+                   [c, section = *section, tb601, locale](Canvas& canvas) {
+                       std::optional<RadialCourse> course;
+                       if (tb601)
+                           course.emplace(section, tb601->tb601->TCore, tb601->tb601->TSurface);
+                       Drawing(canvas, section, course).draw();
+                       Words words(canvas, locale);
+                       write_data(words, c);
+                       if (course)
+                           draw_temperatures(canvas, words, *tb601->tb601, *tb601->temperature_C,
+                                             section, *course);
+                   }};
 }
 
 }  // namespace zel

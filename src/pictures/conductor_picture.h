@@ -31,7 +31,24 @@ struct ConductorSection {
 /// that does not fit the diameters, layers are shown without wires.
 [[nodiscard]] std::optional<ConductorSection> conductor_section(const ConductorData& conductor);
 
-/// The cross-section, and the temperatures of core and surface where TB 601 found them in `result`.
+/// The temperature over the radius, °C, as TB 601 takes it: heat arises evenly in the conducting
+/// layers and flows out through them with one conductivity, none in a core. Core and surface have
+/// the temperatures that it found.
+class RadialCourse {
+public:
+    RadialCourse(const ConductorSection& section, double core_C, double surface_C);
+
+    /// `radius` in mm, 0 to that of the surface.
+    [[nodiscard]] double at(double radius) const;
+    /// Where between the surface (0) and the core (1) this temperature lies.
+    [[nodiscard]] double share_at(double radius) const;
+
+private:
+    double core_radius_, radius_, core_C_, surface_C_;
+};
+
+/// The cross-section; where TB 601 found the temperatures of core and surface in `result`, its
+/// layers have their colours, and the course over the radius stands beside it.
 [[nodiscard]] std::optional<Picture> conductor_picture(const CalcCase& c,
                                                        const SteadyRunResult* result,
                                                        const Locale& locale);

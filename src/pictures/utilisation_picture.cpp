@@ -15,6 +15,7 @@ constexpr Text conductor_load = {"S_th = {0} A/mm²", "S_th = {0} A/mm²"};
 constexpr Text conductor_limit = {"zulässig {0} A/mm²", "admissible {0} A/mm²"};
 constexpr Text equipment_load = {"I_th = {0} kA", "I_th = {0} kA"};
 constexpr Text equipment_limit = {"zulässig {0} kA", "admissible {0} kA"};
+constexpr Text close_text = {"ab {0} % nahe der Grenze", "from {0} % close to the limit"};
 constexpr Text use_text = {"Ausnutzung {0} %", "Utilisation {0} %"};
 constexpr Text withstood[] = {
     {"Der Leiter ist kurzschlußfest.", "The conductor withstands."},
@@ -63,8 +64,11 @@ void draw_bar(Canvas& canvas, const Utilisation& use, const Locale& locale) {
     };
     mark(0, LineStyle::Solid, 1);
     mark(0.5, LineStyle::Dots, 1);
-    canvas.line(x_of(close_share), bar.top - 120, x_of(close_share), bar.bottom + 120,
+    canvas.line(x_of(close_share), bar.top - 520, x_of(close_share), bar.bottom + 120,
                 {ink, LineStyle::Dots, 1});
+    write(canvas, {x_of(close_share) - 60, bar.top - 600}, Side::Right,
+          fill(close_text.in(locale.lang), {plain_number(close_share * 100, locale.separator)}),
+          small_font);
     mark(1, LineStyle::Solid, 3);
     const auto number = [&](double value) { return masked(value, "####0.0#", locale.separator); };
     write(

@@ -182,6 +182,20 @@ TEST(Conductor, wires_of_the_library_lie_inside_their_conductors) {
     EXPECT_GT(with_wires, library.conductors().size() / 2);
 }
 
+/// The mean drop of TB 601 over the ring follows from the course: half of it at once without a
+/// core.
+TEST(Conductor, course_over_the_radius_leads_from_core_to_surface) {
+    const RadialCourse solid({.diameter = 20}, 81, 80);
+    EXPECT_DOUBLE_EQ(solid.at(0), 81);
+    EXPECT_DOUBLE_EQ(solid.at(5), 80.75);
+    EXPECT_DOUBLE_EQ(solid.at(10), 80);
+    const RadialCourse cored({.diameter = 20, .core = 8}, 81, 80);
+    EXPECT_DOUBLE_EQ(cored.at(2), 81);
+    EXPECT_DOUBLE_EQ(cored.at(4), 81);
+    EXPECT_NEAR(cored.at(7), 80 + (51 - 32 * std::log(10. / 7)) / (84 - 32 * std::log(2.5)), 1e-12);
+    EXPECT_DOUBLE_EQ(cored.at(10), 80);
+}
+
 TEST_F(Pictures, keep_their_texts_on_the_sheet_in_both_languages) {
     CalcCase c = all_methods_case();
     const SteadyRunResult result = run(c);
