@@ -4,7 +4,7 @@
 set -euo pipefail
 docs=$1 described=$2 folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
-"$docs/draw_guide_pictures.sh" "$folder/pictures" "$3" >/dev/null
+"$docs/draw_windows.sh" --guide "$folder/pictures" "$3" >/dev/null
 "$4" -B "$docs/help/make_help.py" manual "$docs" "$described" "$folder/help" "$folder/pictures"
 for manual in en:zel_usermanual:convection de:vor_benutzerhandbuch:Konvektion; do
     IFS=: read -r lang name word <<<"$manual"
