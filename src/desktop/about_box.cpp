@@ -43,6 +43,7 @@ QTableWidget* make_table(LangId lang) {
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setTabKeyNavigation(false);
     table->verticalHeader()->hide();
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);  // texts wrap
     table->horizontalHeader()->setStretchLastSection(true);
     table->resizeColumnsToContents();
     return table;

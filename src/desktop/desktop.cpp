@@ -29,7 +29,6 @@ namespace zel {
 namespace {
 
 constexpr int font_size = 10;  // points
-constexpr QColor greyed(0x82, 0x82, 0x82);
 constexpr int no_display = 1;
 
 bool is_set(const char* variable) {
@@ -73,12 +72,7 @@ void set_look() {
     QFont font = QApplication::font();
     font.setPointSize(font_size);
     QApplication::setFont(font);
-    // The style's own grey is hard to read.
-    QPalette palette = QApplication::palette();
-    for (const QPalette::ColorRole text :
-         {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
-        palette.setColor(QPalette::Disabled, text, greyed);
-    QApplication::setPalette(palette);
+    QApplication::setPalette(with_readable_grey(QApplication::palette()));
     QApplication::setWindowIcon(window_icon());
     QApplication::setDesktopFileName(QStringLiteral("zel"));  // names the windows in panels
     if (QFontDatabase::families().isEmpty() || QFontInfo(font).family().isEmpty())

@@ -17,7 +17,17 @@ namespace zel {
 /// Texts in sight that have less room than they need.
 [[nodiscard]] std::vector<std::string> cut_texts(const QWidget& window);
 
-/// Controls that can take the focus and have no name for a screen reader.
-[[nodiscard]] std::vector<std::string> nameless_controls(const QWidget& window);
+/// Texts in sight that hardly stand out from what they are written on, as they are painted.
+[[nodiscard]] std::vector<std::string> faint_texts(QWidget& window);
+
+/// Pages in sight that go on beyond the edge at their right.
+[[nodiscard]] std::vector<std::string> scrolled_sideways(const QWidget& window);
+
+/// Controls of which a screen reader is not told the name, the unit behind them, their mark, or a
+/// state that they have.
+[[nodiscard]] std::vector<std::string> untold_controls(const QWidget& window);
+
+/// Whether any of `part` is.
+[[nodiscard]] bool is_in_sight(const QWidget& part);
 
 }  // namespace zel

@@ -1,4 +1,5 @@
 #include <QDir>
+#include <QDockWidget>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QScreen>
@@ -6,6 +7,7 @@
 #include <QTimer>
 
 #include "desktop/desktop_fixture.h"
+#include "desktop/frame/widgets.h"
 #include "desktop/frm_languageselect.h"
 #include "desktop/help.h"
 #include "desktop/window_checks.h"
@@ -15,15 +17,16 @@
 #include "persistence/database/saving.h"
 #include "short_circuit/short_circuit_table.h"
 
-// Every window and page in each language and look: no text is cut, each control has a name, each
-// key one place. With ZEL_PICTURES naming a folder, the pictures of all of them go there.
+// Every window and page in each language and look: no text is cut or faint, no page goes on beyond
+// its edge, a screen reader is told of each control, each key has one place. With ZEL_PICTURES
+// naming a folder, the pictures of all of them go there.
 
 namespace zel {
 namespace {
 
 using testing::IsEmpty;
 
-enum class Ground { Light, Dark, HighContrast };
+enum class Ground { Light, Dark, HighContrast, Grey };
 
 struct Look {
     const char* name;
@@ -46,16 +49,34 @@ const Look looks[] = {
     {"en_1920x1080", english, {1920, 1080}},
     {"de_1920x1080_large", german, {1920, 1080}, 1.5},
     {"en_1920x1080_contrast", english, {1920, 1080}, 1, Ground::HighContrast},
+    {"de_1024x768_large", german, {1024, 768}, 1.5},
+    {"de_960x540", german, {960, 540}},  // full HD at scale 2
+    {"en_3840x2160", english, {3840, 2160}},
+    {"de_1280x800_grey", german, {1280, 800}, 1, Ground::Grey},
+    {"de_1366x768_dark", german, {1366, 768}, 1, Ground::Dark},
 };
 
-QPalette palette_of(Ground ground) {
-    const bool contrast = ground == Ground::HighContrast;
-    QPalette palette(contrast ? QColor(Qt::white) : QColor(45, 45, 48));
-    const QColor ink = contrast ? Qt::black : QColor(220, 220, 220);
+/// The grounds of a theme that writes light on dark, and its inks.
+struct Colours {
+    QColor window, base, text, button_text, closed, chosen, chosen_text;
+};
+const Colours dark = {{45, 45, 48},    {30, 30, 30},   {220, 220, 220}, {220, 220, 220},
+                      {130, 130, 130}, {42, 130, 218}, Qt::white};
+const Colours contrast_colours = {Qt::black,     Qt::black, Qt::white, Qt::yellow,
+                                  {63, 242, 63}, Qt::cyan,  Qt::black};
+
+QPalette palette_of(const Colours& colours) {
+    QPalette palette(colours.window);
+    palette.setColor(QPalette::Base, colours.base);
+    palette.setColor(QPalette::AlternateBase, colours.window);
+    palette.setColor(QPalette::Highlight, colours.chosen);
+    palette.setColor(QPalette::HighlightedText, colours.chosen_text);
     for (const QPalette::ColorRole role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(role, ink);
-    palette.setColor(QPalette::Base, contrast ? QColor(Qt::white) : QColor(30, 30, 30));
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        const bool on_button = role == QPalette::ButtonText;
+        palette.setColor(role, on_button ? colours.button_text : colours.text);
+        palette.setColor(QPalette::Disabled, role, colours.closed);
+    }
     return palette;
 }
 
@@ -99,8 +120,10 @@ protected:
         QFont font = former_font_;
         font.setPointSizeF(font.pointSizeF() * GetParam().font);
         QApplication::setFont(font);
-        if (GetParam().ground != Ground::Light)
-            QApplication::setPalette(palette_of(GetParam().ground));
+        QPalette palette = former_palette_;
+        if (GetParam().ground == Ground::Dark) palette = palette_of(dark);
+        if (GetParam().ground == Ground::HighContrast) palette = palette_of(contrast_colours);
+        QApplication::setPalette(with_readable_grey(palette));
     }
     void TearDown() override {
         form_main.reset();
@@ -131,16 +154,26 @@ protected:
 
     void look_at(QWidget& seen, const std::string& name, const char* shared_key = "") {
         SCOPED_TRACE(name);
+        const bool closes = GetParam().ground == Ground::Grey && seen.isEnabled();
+        if (closes) seen.setEnabled(false);
         for (int layout = 0; layout < 3; ++layout) QApplication::processEvents();
         EXPECT_THAT(cut_texts(seen), IsEmpty());
-        EXPECT_THAT(nameless_controls(seen), IsEmpty());
+        EXPECT_THAT(faint_texts(seen), IsEmpty());
+        // Titles of groups do not wrap: the longest of the settings needs more.
+        const bool long_titles = GetParam().font > 1 && seen.objectName() == "frm_prog_config";
+        if (!long_titles) {
+            EXPECT_THAT(scrolled_sideways(seen), IsEmpty());
+        }
+        EXPECT_THAT(untold_controls(seen), IsEmpty());
         EXPECT_THAT(shared_keys(seen, shared_key), IsEmpty());
         const std::string topic = help_topic(seen);
         EXPECT_NE(guide.find("{#" + topic + "}"), std::string::npos) << topic;
         const QString folder = qEnvironmentVariable("ZEL_PICTURES");
-        if (folder.isEmpty()) return;
-        ASSERT_TRUE(QDir().mkpath(folder));
-        EXPECT_TRUE(seen.grab().save(folder + "/" + GetParam().name + "_" + qt(name) + ".png"));
+        if (!folder.isEmpty()) {
+            EXPECT_TRUE(QDir().mkpath(folder));
+            EXPECT_TRUE(seen.grab().save(folder + "/" + GetParam().name + "_" + qt(name) + ".png"));
+        }
+        if (closes) seen.setEnabled(true);
     }
 
     void look_at_pages(QWidget& seen, const std::string& name) {
@@ -152,7 +185,36 @@ protected:
             if (auto* button = seen.findChild<QPushButton*>("calculate_transient"))
                 if (button->isVisible()) button->click();
             look_at(seen, name + "_" + std::to_string(page));
+            walk(seen);
         }
+        for (const char* dock : {"comparison_dock", "pictures_dock"})
+            look_at_dock(seen, name, dock);
+    }
+
+    /// Whoever has the focus is in sight.
+    void walk(QWidget& seen) {
+        constexpr int steps = 60;
+        seen.activateWindow();
+        QApplication::processEvents();
+        for (int step = 0; step < steps && seen.focusWidget() != nullptr; ++step) {
+            press(*seen.focusWidget(), Qt::Key_Tab);
+            QApplication::processEvents();
+            const QWidget* at = seen.focusWidget();
+            ASSERT_NE(at, nullptr);
+            EXPECT_TRUE(is_in_sight(*at))
+                << at->objectName().toStdString() << " " << at->metaObject()->className();
+        }
+    }
+
+    /// Beside the page, or in a window of its own.
+    void look_at_dock(QWidget& form, const std::string& name, const char* dock_name) {
+        auto* dock = form.findChild<QDockWidget*>(dock_name);
+        auto* entry = form.findChild<QAction*>(QString("show_") + dock_name);
+        if (dock == nullptr || !entry->isEnabled()) return;
+        if (!entry->isChecked()) entry->trigger();
+        dock->raise();
+        look_at(dock->isFloating() ? static_cast<QWidget&>(*dock) : form, name + "_" + dock_name);
+        if (dock->isFloating()) dock->close();
     }
 
     /// A window that a form opens, modal or not, is as large as the screen lets it be.
@@ -270,8 +332,30 @@ TEST_F(DesktopTest, inputs_say_their_units) {
         EXPECT_THAT(
             wind.toolTip().toStdString(),
             testing::EndsWith(lang == german ? "Zulässig: 0 bis 80 m/s" : "Allowed: 0 to 80 m/s"));
+        EXPECT_EQ(control("Text2").accessibleDescription(), lang == german ? "0 bis 1" : "0 to 1");
+        EXPECT_EQ(control("Text32(1)").accessibleDescription(),
+                  lang == german ? "-50 bis 350 °C" : "-50 to 350 °C");
         EXPECT_THAT(control("Text24").toolTip().toStdString(),
                     testing::HasSubstr(lang == german ? "negativ" : "negative"));
+    }
+}
+
+/// What an empty case needs is marked, and told with its mark.
+TEST_F(DesktopTest, readers_are_told_what_an_empty_case_needs) {
+    for (const LangId lang : {german, english}) {
+        open({}, lang, DecimalSeparator::Point);
+        for (AreaFrame* form :
+             std::initializer_list<AreaFrame*>{&form1(), &form_main->ks_form1()}) {
+            window = form;
+            form->show();
+            for (const int page : {0, 1}) {
+                go_to(page);
+                EXPECT_THAT(untold_controls(*form), IsEmpty());
+            }
+            EXPECT_THAT(control(form == &form1() ? "Text17" : "Text3").accessibleDescription(),
+                        testing::AnyOf("Hz; nötig", "at most 99 Hz; needed", "Hz; needed",
+                                       "höchstens 99 Hz; nötig"));
+        }
     }
 }
 

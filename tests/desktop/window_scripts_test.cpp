@@ -341,8 +341,9 @@ private:
             EXPECT_THAT(shared_keys(*window, step.size() > 1 ? step[1].get<std::string>() : ""),
                         testing::IsEmpty());
         else if (verb == "sound_looks") {
+            for (int layout = 0; layout < 3; ++layout) QApplication::processEvents();
             EXPECT_THAT(cut_texts(*window), testing::IsEmpty());
-            EXPECT_THAT(nameless_controls(*window), testing::IsEmpty());
+            EXPECT_THAT(untold_controls(*window), testing::IsEmpty());
         } else if (verb == "in_sight")
             EXPECT_EQ(widget(step.at(1)).visibleRegion(), QRegion(widget(step[1]).rect()));
         else if (verb == "focus")

@@ -16,6 +16,7 @@
 #include <cmath>
 
 #include "desktop/batch/wrong_cell_list.h"
+#include "desktop/frame/column_grid.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/help_page.h"
 #include "desktop/frame/sheet_saving.h"
@@ -28,6 +29,9 @@
 
 namespace zel {
 namespace {
+
+constexpr int gap = 6;  // pixels between buttons
+constexpr int usual_width = 720;
 
 using namespace excel_batch;
 
@@ -104,10 +108,12 @@ FrmExcelIO::FrmExcelIO(QWidget* parent, DesktopState& state, ExcelMode mode)
     if (mode == ExcelMode::Steady) layout->addWidget(make_choice());
     QPushButton* start = make_button("Command1", start_caption, &FrmExcelIO::start);
     start->setDefault(true);
-    auto* first = new QHBoxLayout;
-    first->addWidget(start, 1);
-    first->addWidget(make_button("save_template", template_caption, &FrmExcelIO::save_template));
-    layout->addLayout(first);
+    auto* first = new ColumnGrid(gap);
+    first->place(start, {0, 0}, {0, 0});
+    first->place(make_button("save_template", template_caption, &FrmExcelIO::save_template), {0, 1},
+                 {1, 0});
+    first->share({1}, {1}, 2, 2);
+    layout->addWidget(first);
     layout->addWidget(make_progress());
     stop_button_ = make_button("Command3", stop_caption, &FrmExcelIO::stop);
     open_ = make_button("Command2", open_caption, &FrmExcelIO::open_workbook);
@@ -117,15 +123,13 @@ FrmExcelIO::FrmExcelIO(QWidget* parent, DesktopState& state, ExcelMode mode)
     if (state.settings.now().frm_excel_IO_height == excel_height_with_tests)
         layout->addWidget(make_tests());
     layout->addStretch();
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(stop_button_);
-    buttons->addWidget(open_);
-    buttons->addWidget(copy_);
-    buttons->addStretch();
-    buttons->addWidget(make_button("Command6", close_caption, &FrmExcelIO::close_window));
-    layout->addLayout(buttons);
+    auto* buttons = new ColumnGrid(gap);
+    buttons->place_row({stop_button_, open_, copy_,
+                        make_button("Command6", close_caption, &FrmExcelIO::close_window)},
+                       2, 2);
+    layout->addWidget(buttons);
     set_running(false);
-    size_window(*this, {720, 0});
+    size_window(*this, {std::max(usual_width, sizeHint().width()), 0});
 }
 
 QPushButton* FrmExcelIO::make_button(const char* name, const Text& caption,

@@ -37,7 +37,8 @@ const std::vector<Tab>& tabs_of_sheet() {
     return tabs;
 }
 
-constexpr int figure_width = 80;  // pixels
+constexpr int figure_digits = 8;
+constexpr int box_frame = 16;  // pixels, around its digits
 constexpr Text methods_caption = {"Berechnungsverfahren mit diesem Leiter",
                                   "Calculation methods with this conductor"};
 constexpr Text can_run = {"kann rechnen", "can run"};
@@ -98,6 +99,7 @@ FormPanel* ConductorSheet::make_panel(std::size_t section) {
 
 QWidget* ConductorSheet::make_tabs() {
     tabs_ = new QTabWidget;
+    tabs_->setUsesScrollButtons(false);  // all are in sight
     for (const Tab& tab : tabs_of_sheet()) {
         auto* page = new QWidget;
         auto* down = new QVBoxLayout(page);
@@ -143,10 +145,12 @@ QLayout* ConductorSheet::make_figures() {
         figure.edit = new QLineEdit;
         figure.edit->setObjectName(figure.name);
         figure.edit->setAlignment(Qt::AlignRight);
-        figure.edit->setFixedWidth(figure_width);
+        figure.edit->setFixedWidth(
+            figure_digits * figure.edit->fontMetrics().horizontalAdvance('0') + box_frame);
         figure.edit->installEventFilter(new NumberKeys(figure.edit, session_));
         understand_pasted_numbers(*figure.edit, session_);
         label->setBuddy(figure.edit);
+        figure.edit->setAccessibleDescription(figure.unit);
         layout->addWidget(label);
         layout->addWidget(figure.edit);
         layout->addWidget(plain_label(figure.unit));

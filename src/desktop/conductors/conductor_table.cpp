@@ -2,6 +2,7 @@
 
 #include <QBrush>
 #include <QFont>
+#include <QGuiApplication>
 #include <iterator>
 #include <utility>
 
@@ -17,7 +18,8 @@ constexpr Text kinds[] = {{"", ""},
                           {"Verbundkern", "composite core"}};
 constexpr Text own = {"eigener", "own"};
 constexpr Text damaged = {"beschädigt", "damaged"};
-constexpr QColor damaged_color(0xB0, 0x20, 0x20);
+constexpr QColor damaged_on_light(0xB0, 0x20, 0x20);
+constexpr QColor damaged_on_dark(0xFF, 0x80, 0x80);
 
 std::string kind_of(const LibraryConductor& conductor, LangId lang) {
     return std::string(kinds[conductor.c.conductor_type_db].in(lang));
@@ -84,7 +86,8 @@ QVariant ConductorTable::data(const QModelIndex& index, int role) const {
         return bold;
     }
     if (role == sort_role && column.number != nullptr) return (shown.c.*column.number).value;
-    if (role == Qt::ForegroundRole && shown.damage) return QBrush(damaged_color);
+    if (role == Qt::ForegroundRole && shown.damage)
+        return QBrush(is_dark(QGuiApplication::palette()) ? damaged_on_dark : damaged_on_light);
     if (role == Qt::ToolTipRole)
         return qt(shown.damage ? shown.damage->reason.in(session_.lang) : shown.source);
     if (role != Qt::DisplayRole && role != sort_role) return {};

@@ -14,6 +14,7 @@
 #include <algorithm>
 
 #include "desktop/databases/record_view.h"
+#include "desktop/frame/column_grid.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/inputs.h"
 #include "desktop/frame/sheet_saving.h"
@@ -32,6 +33,8 @@ struct RecordBrowser::ButtonRow {
 };
 
 namespace {
+
+constexpr int gap = 6;  // pixels between buttons
 
 constexpr QSize window_size(1260, 740);
 constexpr int no_record = -1;
@@ -71,24 +74,22 @@ RecordBrowser::RecordBrowser(const DatabaseWindowParts& parts, std::unique_ptr<D
       find_(new QLineEdit),
       view_(new QTableView),
       sheet_(new RecordView(*parts.record.shown(no_row()), parts.forms, parts.session.lang)),
+      split_(new QSplitter),
       count_(plain_label()),
       bar_(new QScrollBar(Qt::Horizontal)) {
     setObjectName(parts.forms.browser);
     setWindowTitle(qt(title));
-    auto* split = new QSplitter;
-    split->setChildrenCollapsible(false);
-    split->addWidget(make_list());
-    split->addWidget(sheet_);
-    split->setStretchFactor(0, 1);
+    split_->setChildrenCollapsible(false);
+    split_->addWidget(make_list());
+    split_->addWidget(sheet_);
+    split_->setStretchFactor(0, 1);
     auto* position = new QHBoxLayout;
     make_position(*position);
-    auto* buttons = new QHBoxLayout;
-    make_buttons(*buttons);
     auto* content = new QWidget;
     auto* down = new QVBoxLayout(content);
-    down->addWidget(split, 1);
+    down->addWidget(split_, 1);
     down->addLayout(position);
-    down->addLayout(buttons);
+    down->addWidget(make_buttons());
     auto* area = new QScrollArea;  // for the smallest screens
     make_scrolling(*area);
     area->setWidget(content);
@@ -103,6 +104,16 @@ RecordBrowser::RecordBrowser(const DatabaseWindowParts& parts, std::unique_ptr<D
 }
 
 RecordBrowser::~RecordBrowser() = default;
+
+/// List and sheet stand below each other where there is no room for both side by side.
+void RecordBrowser::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    constexpr int around = 40;  // pixels
+    int needed = around;
+    for (int i = 0; i < split_->count(); ++i)
+        needed += split_->widget(i)->minimumSizeHint().width();
+    split_->setOrientation(width() >= needed ? Qt::Horizontal : Qt::Vertical);
+}
 
 QWidget* RecordBrowser::make_list() {
     const LangId lang = parts_.session.lang;
@@ -167,7 +178,8 @@ void RecordBrowser::make_position(QHBoxLayout& line) {
     line.addWidget(bar_, 1);
 }
 
-void RecordBrowser::make_buttons(QHBoxLayout& line) {
+QWidget* RecordBrowser::make_buttons() {
+    std::vector<QWidget*> line;
     static constexpr ButtonRow rows[] = {
         {"Command1",
          {"Angezeigten Datensatz überneh&men", "Take &over data record"},
@@ -195,16 +207,18 @@ void RecordBrowser::make_buttons(QHBoxLayout& line) {
         button->setAutoDefault(false);
         if (row.writes && !database_->writable()) button->setToolTip(qt(only_read, lang));
         on(button, &QPushButton::clicked, [this, &row] { (this->*row.act)(); });
-        line.addWidget(button);
+        line.push_back(button);
         buttons_.emplace_back(button, &row);
     }
     buttons_.front().first->setDefault(true);
-    line.addStretch();
     auto* back = new QPushButton(qt(back_caption, lang));
     back->setObjectName(parts_.forms.back);
     back->setAutoDefault(false);
     on(back, &QPushButton::clicked, [this] { reject(); });
-    line.addWidget(back);
+    line.push_back(back);
+    auto* buttons = new ColumnGrid(gap);
+    buttons->place_row(line, 2, static_cast<int>(std::size(rows)) - 1);
+    return buttons;
 }
 
 void RecordBrowser::show_choice_of_tables() {

@@ -16,6 +16,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QScrollBar;
+class QSplitter;
 class QTableView;
 
 namespace zel {
@@ -35,12 +36,15 @@ public:
     [[nodiscard]] const StoredRow& taken() const { return *shown_; }
     [[nodiscard]] const std::string& table() const { return tables_[table_].name; }
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     struct ButtonRow;
 
     [[nodiscard]] QWidget* make_list();
     void make_position(QHBoxLayout& line);
-    void make_buttons(QHBoxLayout& line);
+    [[nodiscard]] QWidget* make_buttons();
     void show_choice_of_tables();
 
     void open_table(std::size_t table);
@@ -74,6 +78,7 @@ private:
     QLineEdit* find_;
     QTableView* view_;
     RecordView* sheet_;
+    QSplitter* split_;
     QLabel* count_;
     QScrollBar* bar_;
     std::vector<std::pair<QPushButton*, const ButtonRow*>> buttons_;

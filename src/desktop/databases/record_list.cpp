@@ -113,7 +113,7 @@ void make_list_view(QTableView& view, QAbstractItemModel& model) {
     view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     view.verticalHeader()->setDefaultSectionSize(line_height);
     view.horizontalHeader()->setHighlightSections(false);
-    view.horizontalHeader()->setStretchLastSection(true);
+    view.horizontalHeader()->setStretchLastSection(false);  // a list too narrow for it scrolls
 }
 
 void fit_columns(QTableView& view, const forms::DatabaseForms& forms) {
@@ -131,7 +131,8 @@ void fit_columns(QTableView& view, const forms::DatabaseForms& forms) {
         view.resizeColumnToContents(column);
         view.setColumnWidth(column, std::min(view.columnWidth(column), most + padding));
     }
-    view.setColumnWidth(last, least_rest);
+    view.resizeColumnToContents(last);
+    view.setColumnWidth(last, std::max(view.columnWidth(last), least_rest));
     head.setSortIndicatorShown(sorts);
 }
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "adapters/qt_canvas/drawing_file.h"
+#include "desktop/frame/column_grid.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/sheet_saving.h"
 #include "desktop/pictures/diagram_picture.h"
@@ -27,6 +28,8 @@ struct FrmGraph::ButtonRow {
 namespace {
 
 constexpr QSize window_size(1100, 720);
+constexpr int gap = 6;            // pixels between buttons
+constexpr int most_in_a_row = 4;  // where the window is narrow
 
 constexpr Text calculate_caption = {"Berechnung durchführen", "Run calculation"};
 constexpr Text show_lines = {"Hilfs&linien einblenden", "Show auxiliary lines"};
@@ -68,6 +71,7 @@ FrmGraph::FrmGraph(QWidget& form, DiagramForm diagram, const FrmGraphParts& part
     setObjectName(form_.name);
     parts_.captions.window_title(static_cast<QWidget*>(this), form_.title);
     reading_->setObjectName("reading");
+    reading_->setWordWrap(true);
     notice_->setObjectName("former_notice");
     notice_->setWordWrap(true);
     notice_->hide();
@@ -93,9 +97,7 @@ QWidget* FrmGraph::make_actions() {
         {"print", print_caption, QKeySequence::Print, &FrmGraph::print},
         {"save", save_caption, QKeySequence::Save, &FrmGraph::save},
     };
-    auto* actions = new QWidget;
-    auto* line = new QHBoxLayout(actions);
-    line->setContentsMargins(0, 0, 0, 0);
+    std::vector<QWidget*> line;
     for (const CurveSwitch& row : form_.switches) {
         auto* box = parts_.captions.text(new QCheckBox, row.caption);
         box->setObjectName(row.name);
@@ -106,7 +108,7 @@ QWidget* FrmGraph::make_actions() {
             view.hidden[curve] = !shown;
             picture_->set_view(view);
         });
-        line->addWidget(box);
+        line.push_back(box);
     }
     const auto add = [&](const ButtonRow& row) {
         auto* button = parts_.captions.text(new QPushButton, row.caption);
@@ -114,7 +116,7 @@ QWidget* FrmGraph::make_actions() {
         on(button, &QPushButton::clicked, [this, act = row.act] { (this->*act)(); });
         if (!row.key.isEmpty())
             on(new QShortcut(row.key, this), &QShortcut::activated, [button] { button->click(); });
-        line->addWidget(button);
+        line.push_back(button);
         return button;
     };
     QPushButton* calculate = add(rows[0]);
@@ -124,12 +126,14 @@ QWidget* FrmGraph::make_actions() {
     ground_ = add(rows[2]);
     add(rows[3]);
     add(rows[4]);
-    line->addStretch();
     auto* back = parts_.captions.text(new QPushButton, back_caption);
     back->setObjectName("mBack");
     on(back, &QPushButton::clicked, [this] { close(); });
     on(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, [this] { close(); });
-    line->addWidget(back);
+    const int last = static_cast<int>(line.size()) - 1;
+    line.push_back(back);
+    auto* actions = new ColumnGrid(gap);
+    actions->place_row(line, most_in_a_row, last);
     return actions;
 }
 

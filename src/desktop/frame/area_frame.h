@@ -114,6 +114,10 @@ public:
     /// The case was saved into the table `origin`.
     void stored_in(const std::string& origin);
 
+    /// The pages, by their numbers.
+    [[nodiscard]] const std::vector<AreaPage*>& pages() const { return pages_; }
+    [[nodiscard]] int page() const { return page_; }
+
     /// The menu that stands behind those of a file and its contents.
     [[nodiscard]] QMenu& language_menu() const { return *language_menu_; }
 
@@ -148,7 +152,6 @@ protected:
     /// The case has become one that stands in no file; results stay what they are.
     void detach_document();
     void show_page(int page);
-    [[nodiscard]] int page() const { return page_; }
     [[nodiscard]] QTabWidget& strip() const { return *strip_; }
     [[nodiscard]] DatabaseSource& databases() const { return *databases_; }
     /// Whether there is a result to be copied and printed.

@@ -1,10 +1,13 @@
 #include "desktop/frame/form_panel.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <array>
 
 #include "desktop/frame/events.h"
 #include "desktop/frame/field_mark.h"
@@ -17,10 +20,11 @@ namespace {
 using forms::Row;
 using forms::Section;
 
-constexpr int grid_columns_per_row = 4;  // label, input, unit, gap to the next row
-constexpr int gap_width = 12;            // pixels
-constexpr int top_line = 0;              // for a widget above the rows
-constexpr QColor closed_input(192, 192, 192);
+constexpr int grid_columns_per_row = 4;        // label, input, unit, gap to the next row
+constexpr int gap_width = 12;                  // pixels
+constexpr int top_line = 0;                    // for a widget above the rows
+constexpr QColor closed_input(192, 192, 192);  // in every theme, and its ink with it
+constexpr QColor closed_ink(64, 64, 64);
 constexpr QColor closed_caption(128, 128, 128);
 
 bool has_units(const Section& section) {
@@ -42,12 +46,18 @@ QWidget* FormPanel::Field::input() const {
     return list;
 }
 
+QWidget* FormPanel::Field::content() const { return shown != nullptr ? shown : input(); }
+
 FormPanel::FormPanel(const Section& section, const FormParts& parts)
-    : section_(section), parts_(parts), grid_(new QGridLayout(inside_of(*this))) {
+    : section_(section),
+      parts_(parts),
+      grid_(new QGridLayout(inside_of(*this))),
+      columns_(section.columns) {
     parts_.captions.title(this, section.caption);
     grid_->setHorizontalSpacing(8);
     grid_->setVerticalSpacing(parts.look.row_gap);
     if (!section.note.de.empty()) add_note(section.note);
+    first_line_ = grid_->rowCount();
     fields_.reserve(section.rows.size());  // connections refer to fields by their places
     int index = 0;
     for (const Row& row : section.rows) {
@@ -56,12 +66,81 @@ FormPanel::FormPanel(const Section& section, const FormParts& parts)
     }
     // A panel taller than its rows has them on top.
     if (parts.look.fills_room) grid_->setRowStretch(grid_->rowCount(), 1);
-    for (int column = 0; column < section.columns; ++column) {
-        const int first = column * grid_columns_per_row;
-        grid_->setColumnStretch(first + 1, column == 0 ? section.first_stretch : 1);
-        if (column > 0) grid_->setColumnMinimumWidth(first - 1, gap_width);
-    }
+    share_columns();
     load_anew();
+}
+
+void FormPanel::share_columns() {
+    for (int column = 0; column < section_.columns; ++column) {
+        const int first = column * grid_columns_per_row;
+        const int share = column == 0 ? section_.first_stretch : 1;
+        grid_->setColumnStretch(first + 1, column < columns_ ? share : 0);
+        if (column > 0) grid_->setColumnMinimumWidth(first - 1, column < columns_ ? gap_width : 0);
+    }
+}
+
+/// The widest label, input and unit of each column.
+int FormPanel::width_with(int columns) const {
+    const auto count = static_cast<std::size_t>(columns);
+    std::vector<std::array<int, 3>> widest(count);
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        const Field& field = fields_[i];
+        const QWidget* parts[] = {field.label, field.content(), field.unit};
+        for (std::size_t part = 0; part < std::size(parts); ++part)
+            if (parts[part] != nullptr)
+                widest[i % count][part] =
+                    std::max({widest[i % count][part], parts[part]->minimumSizeHint().width(),
+                              parts[part]->minimumWidth()});
+    }
+    const int frame = QGroupBox::minimumSizeHint().width() - grid_->minimumSize().width();
+    int width = frame + (columns - 1) * (gap_width + 2 * grid_->horizontalSpacing());
+    for (const auto& [label, input, unit] : widest)
+        width += label + input + unit + (unit > 0 ? 2 : 1) * grid_->horizontalSpacing();
+    return width;
+}
+
+QSize FormPanel::minimumSizeHint() const {
+    const QSize least = QGroupBox::minimumSizeHint();
+    if (section_.columns == 1) return least;
+    const int caption = fontMetrics().horizontalAdvance(title()) + gap_width;
+    return {std::max(width_with(1), caption), least.height()};
+}
+
+/// As many rows side by side as there is room for.
+bool FormPanel::event(QEvent* event) {
+    if (section_.columns > 1 &&
+        (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)) {
+        int columns = section_.columns;
+        while (columns > 1 && width_with(columns) > width()) --columns;
+        if (columns != columns_) place_rows(columns);
+    }
+    return QGroupBox::event(event);
+}
+
+bool FormPanel::eventFilter(QObject* of, QEvent* event) {
+    constexpr int margin = 8;  // pixels
+    if (event->type() == QEvent::FocusIn)
+        for (QWidget* at = parentWidget(); at != nullptr; at = at->parentWidget())
+            if (auto* area = qobject_cast<QScrollArea*>(at))
+                area->ensureWidgetVisible(qobject_cast<QWidget*>(of), margin, margin);
+    return QGroupBox::eventFilter(of, event);
+}
+
+void FormPanel::place_rows(int columns) {
+    columns_ = columns;
+    int index = 0;
+    for (const Field& field : fields_) {
+        const int line = first_line_ + index / columns;
+        const int column = index++ % columns * grid_columns_per_row;
+        for (QWidget* part : {static_cast<QWidget*>(field.label), field.content(), field.unit})
+            if (part != nullptr) grid_->removeWidget(part);
+        grid_->addWidget(field.label, line, column);
+        grid_->addWidget(field.content(), line, column + 1, 1, field.wide ? 2 : 1);
+        if (field.unit != nullptr) grid_->addWidget(field.unit, line, column + 2);
+    }
+    for (int line = 0; line < grid_->rowCount(); ++line) grid_->setRowStretch(line, 0);
+    if (parts_.look.fills_room) grid_->setRowStretch(grid_->rowCount(), 1);
+    share_columns();
 }
 
 void FormPanel::add_row(const Row& row, bool new_line, int column) {
@@ -81,6 +160,7 @@ void FormPanel::add_row(const Row& row, bool new_line, int column) {
         field.shown->setTextInteractionFlags(Qt::TextSelectableByMouse);
     else
         field.label->setBuddy(content);
+    content->installEventFilter(this);
     if (parts_.messages != nullptr && field.shown == nullptr) field.mark = new FieldMark(*content);
     const bool wide = field.edit == nullptr || row.is_free_text() || !has_units(section_);
     if (row.caption_above) {
@@ -90,6 +170,7 @@ void FormPanel::add_row(const Row& row, bool new_line, int column) {
         grid_->addWidget(field.label, line, column);
         grid_->addWidget(content, line, column + 1, 1, wide ? 2 : 1);
     }
+    field.wide = wide;
     if (!wide) {
         QLabel* unit = make_label();
         unit->setText(qt(row.field->unit_in(parts_.session.lang)));
@@ -113,6 +194,8 @@ void FormPanel::close_in_grey(QWidget& input) const {
     QPalette palette = input.palette();
     for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Button})
         palette.setColor(QPalette::Disabled, role, closed_input);
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, closed_ink);
     input.setPalette(palette);
 }
 
@@ -262,10 +345,8 @@ bool FormPanel::show_state(const Field& field) {
 /// the limits, and a screen reader the unit too.
 void FormPanel::show_beside(const Field& field, bool assumed) const {
     const LangId lang = parts_.session.lang;
-    const Limits* limits = parts_.record.limits(*field.row);
-    const std::string range =
-        limits == nullptr ? ""
-                          : message_texts::range_text(*field.row->field, *limits, parts_.session);
+    const std::string range = message_texts::range_text(
+        *field.row->field, parts_.record.allowed(*field.row), parts_.session);
     QStringList hints = {qt(field.row->hint, lang)};
     if (!range.empty()) hints << qt(fill(message_texts::allowed.in(lang), {range}));
     if (assumed) hints << qt(assumed_mark, lang);

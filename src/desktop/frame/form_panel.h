@@ -79,6 +79,11 @@ public:
     /// A widget beside the input named `control`, in the place of its unit.
     void add_beside(std::string_view control, QWidget* widget);
 
+    /// What it needs with all its rows side by side, in pixels. A narrower panel has fewer of them
+    /// in a line.
+    [[nodiscard]] int full_width() const { return width_with(section_.columns); }
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
     /// The widest label and unit; panels one below the other are aligned by them.
     struct ColumnWidths {
         int label = 0;
@@ -86,6 +91,11 @@ public:
     };
     [[nodiscard]] ColumnWidths column_widths() const;
     void set_column_widths(ColumnWidths widths);
+
+protected:
+    bool event(QEvent* event) override;
+    /// Of the inputs: what gets the focus comes into sight, whatever has led there.
+    bool eventFilter(QObject* of, QEvent* event) override;
 
 private:
     struct Field {
@@ -96,14 +106,19 @@ private:
         QLabel* shown = nullptr;    // or this, of what is not typed
         QWidget* unit = nullptr;    // or what stands in its place
         FieldMark* mark = nullptr;
+        bool wide = false;   // also over the place of the unit
         std::string seen{};  // the text of the box when it was taken in or shown
         std::string kept{};  // what the record made of it
 
         [[nodiscard]] QWidget* input() const;
+        [[nodiscard]] QWidget* content() const;
     };
 
     void add_row(const forms::Row& row, bool new_line, int column);
     void add_note(const Text& note);
+    [[nodiscard]] int width_with(int columns) const;
+    void place_rows(int columns);
+    void share_columns();
     void enter_captions(std::size_t index);
     [[nodiscard]] QLabel* make_label() const;
     [[nodiscard]] QLineEdit* make_edit(std::size_t index);
@@ -121,6 +136,8 @@ private:
     const forms::Section& section_;
     FormParts parts_;
     QGridLayout* grid_;
+    int columns_;         // rows that stand side by side now
+    int first_line_ = 0;  // of the grid
     std::vector<Field> fields_;
     QObject alive_;  // ends before the boxes do
 };

@@ -11,6 +11,8 @@
 #include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 #include "desktop/frame/window_memory.h"
 
@@ -59,6 +61,41 @@ void size_window(QWidget& window, QSize wanted) {
                                : window.sizeHint().height());
     }
     window.resize(wanted.width(), std::min(wanted.height(), most.height()));
+}
+
+namespace {
+
+double luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+}  // namespace
+
+double contrast(const QColor& ink, const QColor& ground) {
+    constexpr double stray_light = 0.05;
+    const double first = luminance(ink) + stray_light;
+    const double second = luminance(ground) + stray_light;
+    return std::max(first, second) / std::min(first, second);
+}
+
+QPalette with_readable_grey(QPalette palette) {
+    constexpr double least = 3;
+    constexpr QColor grey(0x82, 0x82, 0x82);  // to be read on light and on dark
+    constexpr std::pair<QPalette::ColorRole, QPalette::ColorRole> inks[] = {
+        {QPalette::WindowText, QPalette::Window},
+        {QPalette::ButtonText, QPalette::Button},
+        {QPalette::Text, QPalette::Base}};
+    for (const auto& [ink, ground] : inks) {
+        const auto of = [&](QPalette::ColorRole role) {
+            return palette.color(QPalette::Disabled, role);
+        };
+        if (contrast(of(ink), of(ground)) < least) palette.setColor(QPalette::Disabled, ink, grey);
+    }
+    return palette;
 }
 
 bool is_dark(const QPalette& palette) {

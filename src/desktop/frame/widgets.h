@@ -40,6 +40,10 @@ void make_scrolling(QScrollArea& area);
 /// height it gets the one that its texts need at that width.
 void size_window(QWidget& window, QSize wanted);
 
+/// How much ink stands out from its ground, 1 (not at all) to 21 (black on white); texts that are
+/// read without effort have 4.5, large ones 3 (WCAG 2.1, relative luminance in sRGB).
+[[nodiscard]] double contrast(const QColor& ink, const QColor& ground);
+
 /// Whether a theme writes light on dark.
 [[nodiscard]] bool is_dark(const QPalette& palette);
 
@@ -50,6 +54,9 @@ void set_text_colour(QWidget& window, Qt::GlobalColor colour);
 /// Makes the columns of `table` as wide as their content, up to `widest` pixels; the last one stays
 /// where it takes what room is left. Once the user has chosen widths, only those from `first` on.
 void fit_columns(QTableView& table, int first, int widest);
+
+/// `palette` with another ink for what is closed, where that of the theme is hard to read.
+[[nodiscard]] QPalette with_readable_grey(QPalette palette);
 
 /// Shows that the program works, as long as it lives.
 class WaitCursor {

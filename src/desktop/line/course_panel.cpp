@@ -20,7 +20,8 @@ constexpr Text picture_name = {"Verlauf von Temperatur und Strom",
                                "Course of temperature and current"};
 constexpr Text no_number = {"\"{0}\" ist keine Zahl. ", "\"{0}\" is no number. "};
 constexpr Text of_former = {"Verlauf der früheren Eingaben. ", "Course of the former inputs. "};
-constexpr int limit_width = 72;  // pixels
+constexpr int limit_digits = 7;
+constexpr int box_frame = 16;  // pixels, around its digits
 constexpr int least_height = 220;
 
 /// The admissible temperature, as it is typed; empty where none is known.
@@ -45,8 +46,9 @@ CoursePanel::CoursePanel(const Session& session, Captions& captions)
         show_text();
     };
     limit_->setObjectName("limit_temperature");
-    limit_->setFixedWidth(limit_width);
+    limit_->setFixedWidth(limit_digits * limit_->fontMetrics().horizontalAdvance('0') + box_frame);
     limit_->setAlignment(Qt::AlignRight);
+    limit_->setAccessibleDescription("°C");
     understand_pasted_numbers(*limit_, session);
     on(limit_, &QLineEdit::textEdited, [this] { show_anew(); });
     text_->setObjectName("course_text");

@@ -8,9 +8,9 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "desktop/frame/column_grid.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/field_mark.h"
-#include "desktop/frame/two_way_grid.h"
 #include "desktop/line/frm_emissivity.h"
 #include "forms/given_value.h"
 #include "forms/line_form.h"
@@ -20,6 +20,7 @@ namespace zel {
 namespace {
 
 constexpr int gap = 12;  // pixels between columns
+constexpr int gap_of_methods = 22;
 
 constexpr Text mode_caption = {"Berechnungsart", "Mode of calculation"};
 constexpr Text methods_caption = {"Berechnungsverfahren", "Calculation methods"};
@@ -55,7 +56,7 @@ GeneralPage::GeneralPage(const FormParts& parts, LineCase& line, const LiveSetti
     panel(given).add_on_top(mode_);
     panel(overhead_line).add_beside("Text2", age_button);
     auto* content = new QWidget;
-    auto* columns = new TwoWayGrid(gap);
+    auto* columns = new ColumnGrid(gap);
     columns->place(column_of({project, geography}), {0, 0, 2, 1}, {0, 0, 2, 1});
     columns->place(column_of({date}), {0, 1}, {2, 0});
     columns->place(column_of({surroundings}), {1, 1}, {0, 1});
@@ -65,8 +66,12 @@ GeneralPage::GeneralPage(const FormParts& parts, LineCase& line, const LiveSetti
                                 LangId) { align(middle); });
     auto* layout = new QVBoxLayout(content);
     layout->addWidget(columns);
-    layout->addWidget(make_methods());
-    layout->addWidget(keep_, 0, Qt::AlignRight);
+    // The button beside the methods leaves room for what stands below the page.
+    auto* foot = new ColumnGrid(gap);
+    foot->place(make_methods(), {0, 0}, {0, 0});
+    foot->place(keep_, {0, 1}, {1, 0});
+    foot->share({1, 0}, {1}, 1, 2);
+    layout->addWidget(foot);
     layout->addStretch(1);
     set_content(content);
     measured_ = &panel(measured);
@@ -122,7 +127,9 @@ QGroupBox* GeneralPage::make_methods() {
     Captions& captions = parts().captions;
     auto* group = captions.title(new QGroupBox, methods_caption);
     group->setObjectName("methods");
-    auto* layout = new QHBoxLayout(inside_of(*group));
+    auto* layout = new QVBoxLayout(inside_of(*group));
+    auto* boxes = new ColumnGrid(gap_of_methods);
+    layout->addWidget(boxes);
     for (const forms::MethodRow& row : forms::method_rows()) {
         auto* box = captions.text(new QCheckBox, row.label);
         box->setObjectName(row.control);
@@ -133,11 +140,12 @@ QGroupBox* GeneralPage::make_methods() {
             show_states();
             line_.changed();
         });
-        layout->addWidget(box);
-        layout->addSpacing(16);
+        const int place = static_cast<int>(method_boxes_.size());
+        boxes->place(box, {0, place}, {place / 2, place % 2});
         method_boxes_.push_back(box);
     }
-    layout->addStretch();
+    boxes->share({0, 0, 0, 0, 1}, {0, 1}, 1, 3);
+    group->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     methods_mark_ = new FieldMark(*group);
     return group;
 }
@@ -189,7 +197,7 @@ ConductorPage::ConductorPage(const FormParts& parts)
     captions.tool_tip(captions.text(open_database_, open_database_caption), open_database_hint);
     captions.tool_tip(captions.text(take_over_, take_over_caption), take_over_hint);
     enum { designation, kind, geometry, resistance, conductivity, material, core, ac_pairs };
-    auto* grid = new TwoWayGrid(gap);
+    auto* grid = new ColumnGrid(gap);
     for (QPushButton* button : {open_database_, take_over_})
         button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
     grid->place(open_database_, {0, 0}, {0, 0});

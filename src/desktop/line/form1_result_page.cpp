@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "desktop/frame/events.h"
+#include "desktop/frame/reading_width.h"
 #include "workflow/run/steady_texts.h"
 
 namespace zel {
@@ -28,7 +29,7 @@ QLabel* make_label(const QString& name, double scale = 1, bool bold = false) {
 
 /// Names of the values of TB 601: the temperatures, then the factors.
 constexpr const char* tb601_names[] = {"T_core", "T_surface", "k_Kiessling", "k_skin", "k_mag"};
-constexpr int room_for_columns = 880;  // pixels, for the table beside the results
+constexpr int room_for_columns = 960;  // pixels of usual letters, for the table beside the results
 constexpr int column_gap = 18;
 
 QString named(const char* prefix, Method method) { return prefix + qt(key_of(method)); }
@@ -80,8 +81,8 @@ ResultPage::ResultPage(const TablePanel::Parts& parts)
 
 void ResultPage::resizeEvent(QResizeEvent* event) {
     AreaPage::resizeEvent(event);
-    columns_->setDirection(viewport()->width() < room_for_columns ? QBoxLayout::TopToBottom
-                                                                  : QBoxLayout::LeftToRight);
+    const bool beside = viewport()->width() >= room_for_columns * letter_scale(*this);
+    columns_->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 
 QGroupBox* ResultPage::make_results() {

@@ -1,5 +1,7 @@
 #include "desktop/line/form1_transient_page.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -53,7 +55,6 @@ constexpr int button_height = 36;
 constexpr int quantity_line = 0;
 constexpr int unit_line = 1;
 constexpr int first_line = 2;
-constexpr int lines_of_row = 2;
 
 QLabel* make_label(const char* name) {
     QLabel* label = plain_label();
@@ -107,9 +108,15 @@ TransientPage::TransientPage(const TransientRowPanel::Parts& parts, int patience
     layout->addWidget(make_start());
     layout->addWidget(make_rows());
     layout->addWidget(make_actions());
+    notice_->setWordWrap(true);
+    layout->addWidget(notice_);
     layout->addWidget(curve_, 1);
     layout->addStretch();
     set_content(content);
+    parts_.captions.computed([this](LangId) {
+        place_rows(false);
+        fit_rows();
+    });
     set_tab_order();
     TransientPage::load();
 }
@@ -143,12 +150,13 @@ QGroupBox* TransientPage::make_start() {
 
 QGroupBox* TransientPage::make_rows() {
     auto* group = parts_.captions.title(new QGroupBox, rows_caption);
-    auto* grid = new QGridLayout(inside_of(*group));
+    auto* grid = grid_ = new QGridLayout(inside_of(*group));
     grid->setHorizontalSpacing(6);
     grid->setVerticalSpacing(10);
     for (const Heading& heading : headings) {
         auto* label = parts_.captions.text(new QLabel, heading.quantity);
         label->setAlignment(heading.column == total_column ? Qt::AlignLeft : Qt::AlignHCenter);
+        headings_.push_back(label);
         grid->addWidget(label, quantity_line, heading.column, 1, heading.columns);
         if (*heading.unit != '\0')
             grid->addWidget(unit_label(heading.unit), unit_line, heading.column);
@@ -162,9 +170,37 @@ QGroupBox* TransientPage::make_rows() {
     };
     for (std::size_t i = 0; i < state_change_count; ++i)
         rows_.push_back(std::make_unique<TransientRowPanel>(
-            i, parts, *grid, first_line + lines_of_row * static_cast<int>(i)));
+            i, parts, *grid, first_line + TransientRowPanel::lines * static_cast<int>(i)));
     grid->setColumnStretch(total_column, 1);
     return group;
+}
+
+void TransientPage::resizeEvent(QResizeEvent* event) {
+    AreaPage::resizeEvent(event);
+    fit_rows();
+}
+
+/// What the rows need in their wide arrangement is known as long as they have it.
+void TransientPage::fit_rows() {
+    if (!narrow_) wide_width_ = widget()->minimumSizeHint().width();
+    const bool narrow = viewport()->width() < wide_width_;
+    if (narrow != narrow_) place_rows(narrow);
+}
+
+void TransientPage::place_rows(bool narrow) {
+    narrow_ = narrow;
+    const auto [from, to] = narrow ? std::pair(' ', '\n') : std::pair('\n', ' ');
+    for (QLabel* heading : headings_) heading->setText(heading->text().replace(from, to));
+    for (const auto& row : rows_) row->place(*grid_, narrow);
+    // A page that is still hidden is not told that its content needs another room.
+    later(*this, [this] {
+        for (QWidget* at = grid_->parentWidget(); at != viewport(); at = at->parentWidget()) {
+            at->layout()->invalidate();
+            at->updateGeometry();
+        }
+        QEvent request(QEvent::LayoutRequest);
+        QCoreApplication::sendEvent(this, &request);
+    });
 }
 
 QWidget* TransientPage::make_actions() {
@@ -186,7 +222,6 @@ QWidget* TransientPage::make_actions() {
     print_->setAutoDefault(true);
     print_->setMinimumHeight(button_height);
     layout->addWidget(print_);
-    layout->addWidget(notice_);
     layout->addStretch(1);
     return actions;
 }

@@ -8,6 +8,7 @@
 #include "desktop/frame/area_frame.h"
 #include "desktop/line/transient_row_panel.h"
 
+class QGridLayout;
 class QGroupBox;
 class QLabel;
 class QPushButton;
@@ -50,10 +51,15 @@ public:
     /// Draws the last transient.
     std::function<void()> draw = [] {};
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     [[nodiscard]] QGroupBox* make_start();
     [[nodiscard]] QGroupBox* make_rows();
     [[nodiscard]] QWidget* make_actions();
+    void fit_rows();
+    void place_rows(bool narrow);
     void set_tab_order();
     void press_button();
     void calculate();
@@ -64,6 +70,10 @@ private:
     TransientRowPanel::Parts parts_;
     int patience_;
     std::vector<std::unique_ptr<TransientRowPanel>> rows_;
+    QGridLayout* grid_ = nullptr;  // of the rows
+    std::vector<QLabel*> headings_;
+    bool narrow_ = false;
+    int wide_width_ = 0;  // pixels
     QLabel* method_;
     QLabel* start_current_;
     QLabel* start_temperature_;

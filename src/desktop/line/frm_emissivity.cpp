@@ -60,6 +60,7 @@ FrmEmissivity::FrmEmissivity(QWidget* parent, const Session& session)
     grid->setHorizontalSpacing(8);
     auto* label = new QLabel(qt(age_label, lang));
     label->setBuddy(age_);
+    age_->setAccessibleDescription(qt(years, lang));
     grid->addWidget(label, 0, 0);
     grid->addWidget(age_, 0, 1);
     grid->addWidget(new QLabel(qt(years, lang)), 0, 2);

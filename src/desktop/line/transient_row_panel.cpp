@@ -10,16 +10,20 @@
 #include <string>
 
 #include "desktop/frame/events.h"
+#include "desktop/frame/field_mark.h"
 #include "desktop/frame/inputs.h"
 #include "forms/line_form.h"
+#include "messages/message_texts.h"
 #include "workflow/rules/transient_cells.h"
+#include "workflow/rules/transient_check.h"
 #include "workflow/run/notes.h"
 #include "workflow/run/transient_text.h"
 
 namespace zel {
 namespace {
 
-constexpr std::array<int, 4> cell_widths = {72, 72, 56, 56};  // pixels
+constexpr std::array<int, 4> cell_digits = {7, 7, 5, 5};
+constexpr int cell_frame = 16;  // pixels, around its digits
 
 /// Each control array holds the four cells of a row: current, temperature, minutes, seconds.
 constexpr std::array<const char*, state_change_count> control_arrays = {
@@ -64,18 +68,25 @@ void set_look(QLineEdit& edit, bool found, bool stale) {
 TransientRowPanel::TransientRowPanel(std::size_t index, Parts parts, QGridLayout& grid, int line)
     : index_(index),
       parts_(std::move(parts)),
+      line_(line + 1),
       name_(new QLabel),
       kinds_(new QButtonGroup(this)),
       off_(new QToolButton),
       total_(new QLabel),
       note_(new NoteLine(NoteLine::Sign::Warning, named("row_note", index))) {
-    grid.addWidget(name_, line, name_column);
-    make_kinds(grid, line);
-    make_cells(grid, line);
+    make_kinds(grid, line_);
+    make_cells(grid, line_);
     total_->setObjectName(named("total", index_));
-    grid.addWidget(total_, line, total_column);
-    grid.addWidget(note_, line + 1, kind_column, 1, -1);
+    grid.addWidget(note_, line_ + 1, kind_column, 1, -1);
+    place(grid, false);
     enter_captions();
+}
+
+void TransientRowPanel::place(QGridLayout& grid, bool narrow) {
+    for (QLabel* label : {name_, total_}) grid.removeWidget(label);
+    const int line = narrow ? line_ - 1 : line_;
+    grid.addWidget(name_, line, narrow ? kind_column : name_column, 1, narrow ? 3 : 1);
+    grid.addWidget(total_, line, narrow ? cell_column : total_column, 1, narrow ? -1 : 1);
 }
 
 void TransientRowPanel::make_kinds(QGridLayout& grid, int line) {
@@ -103,12 +114,17 @@ void TransientRowPanel::make_cells(QGridLayout& grid, int line) {
         auto* edit = cells_[i] = new QLineEdit;
         edit->setObjectName(named(control_arrays[index_], i));
         edit->setAlignment(Qt::AlignRight);
-        edit->setFixedWidth(cell_widths[i]);
+        edit->setFixedWidth(cell_digits[i] * edit->fontMetrics().horizontalAdvance('0') +
+                            cell_frame);
         understand_pasted_numbers(*edit, parts_.session);
         edit->installEventFilter(new LeavingBox(edit, alive_, [this, i] { take_in(i); }));
         edit->installEventFilter(new FocusChain(edit));
         edit->installEventFilter(new NumberKeys(edit, parts_.session));
-        on(edit, &QLineEdit::textEdited, [this] { parts_.typed(); });
+        on(edit, &QLineEdit::textEdited, [this, i] {
+            show_mark(i);
+            parts_.typed();
+        });
+        marks_[i] = new FieldMark(*edit);
         // An input method would type past the filter of keys.
         edit->setAttribute(Qt::WA_InputMethodEnabled, false);
         grid.addWidget(edit, line, cell_column + static_cast<int>(i));
@@ -145,6 +161,7 @@ void TransientRowPanel::load(bool stale) {
         }
         edit.setEnabled(takes_input(row().merker, state_cells[i]));
         set_look(edit, is_found(i), stale);
+        show_mark(i);
     }
     const TransientResult* result = parts_.line.transient.result();
     const bool ran = result != nullptr && is_in_use(row());
@@ -236,6 +253,24 @@ std::vector<QWidget*> TransientRowPanel::inputs() const {
 
 QWidget* TransientRowPanel::off_button() const { return off_; }
 
+/// The limits are read out with the unit, and shown by a hint.
+void TransientRowPanel::describe_cell(std::size_t cell, LangId lang) {
+    const FieldInfo& input = forms::transient_input(index_, state_cells[cell]);
+    const std::string range =
+        message_texts::range_text(input, limits_of(state_cells[cell]), parts_.session);
+    cells_[cell]->setAccessibleName(qt(long_label_of(input), lang) + ", " + qt(input.unit));
+    cells_[cell]->setToolTip(qt(fill(message_texts::allowed.in(lang), {range})));
+    marks_[cell]->tell_before(qt(range));
+    show_mark(cell);
+}
+
+/// A cell that a run needs, as far as nobody is typing there.
+void TransientRowPanel::show_mark(std::size_t cell) {
+    const bool needed =
+        cells_[cell]->text().isEmpty() && is_missing(parts_.line.c, {index_, state_cells[cell]});
+    marks_[cell]->show_mark(needed ? Mark::Needed : Mark::None, parts_.session.lang);
+}
+
 void TransientRowPanel::enter_captions() {
     Captions& captions = parts_.captions;
     const Text& name = change_of_state_names[index_];
@@ -253,10 +288,7 @@ void TransientRowPanel::enter_captions() {
     captions.tool_tip(off_, off_hint);
     named_for(off_, off_hint);
     for (std::size_t i = 0; i < cells_.size(); ++i)
-        captions.computed([cell = cells_[i],
-                           &input = forms::transient_input(index_, state_cells[i])](LangId lang) {
-            cell->setAccessibleName(qt(long_label_of(input), lang) + ", " + qt(input.unit));
-        });
+        captions.computed([this, i](LangId lang) { describe_cell(i, lang); });
 }
 
 }  // namespace zel

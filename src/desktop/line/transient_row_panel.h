@@ -19,6 +19,7 @@ class QToolButton;
 
 namespace zel {
 
+class FieldMark;
 class NoteLine;
 
 /// The columns of the grid of changes of state.
@@ -45,9 +46,12 @@ public:
         std::function<void()> typed;            // called at each key that changes a text
     };
 
-    /// Row `index` (0 to 5), placed into line `line` of `grid` and the one below it.
+    /// Row `index` (0 to 5), placed into `lines` of `grid` from `line` on.
+    static constexpr int lines = 3;
     TransientRowPanel(std::size_t index, Parts parts, QGridLayout& grid, int line);
 
+    /// Where the page is narrow, name and time stand above the inputs.
+    void place(QGridLayout& grid, bool narrow);
     /// Shows what stands in the case and what the last run found; a stale result is greyed.
     void load(bool stale);
     /// In the language of the session.
@@ -68,6 +72,8 @@ public:
 
 private:
     void enter_captions();
+    void describe_cell(std::size_t cell, LangId lang);
+    void show_mark(std::size_t cell);
     void make_kinds(QGridLayout& grid, int line);
     void make_cells(QGridLayout& grid, int line);
     void set_kind(std::int16_t kind);
@@ -81,11 +87,13 @@ private:
 
     std::size_t index_;
     Parts parts_;
+    int line_;
     QLabel* name_;
     QButtonGroup* kinds_;
     std::array<QRadioButton*, 3> kind_buttons_{};
     QToolButton* off_;
     std::array<QLineEdit*, 4> cells_{};
+    std::array<FieldMark*, 4> marks_{};
     QLabel* total_;
     NoteLine* note_;
     QObject alive_;  // ends before the boxes do

@@ -15,6 +15,7 @@
 
 #include "desktop/frame/events.h"
 #include "measuring/measuring_texts.h"
+#include "messages/message_texts.h"
 #include "platform/errors.h"
 
 namespace zel {
@@ -142,6 +143,7 @@ QWidget* FrmMess01::make_inputs() {
     Text1_->setObjectName("Text1");
     add(Text1_, height_label, "m");
     understand_pasted_numbers(*Text1_, parts_.session);  // before the text is judged
+    tell_range(*Text1_, "m", allowed_heights());
     on(Text1_, &QLineEdit::textEdited, [this] { height_typed(); });
     on(Text1_, &QLineEdit::editingFinished, [this] { height_left(); });
     Text2_ = new QLineEdit;
@@ -151,9 +153,21 @@ QWidget* FrmMess01::make_inputs() {
         auto* input = new CombinationInput(box, parts_.session, parts_.c, parts_.case_changed);
         combinations_.push_back(input);
         add(input, box.label, "");
+        tell_range(*input, "", allowed_values(box));
     }
     grid->setColumnStretch(1, 1);
     return group;
+}
+
+/// What `input` takes, as a hint and for who is told of it.
+void FrmMess01::tell_range(QWidget& input, const char* unit, const NumberSpan& allowed) {
+    parts_.captions.computed([this, &input, unit, allowed](LangId lang) {
+        const FieldInfo number = {.kind = FieldKind::Number, .unit = unit};
+        const std::string range =
+            message_texts::range_text(number, std::vector{allowed}, parts_.session);
+        input.setToolTip(qt(fill(message_texts::allowed.in(lang), {range})));
+        input.setAccessibleDescription(qt(range));
+    });
 }
 
 QWidget* FrmMess01::make_duration() {

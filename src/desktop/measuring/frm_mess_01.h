@@ -49,6 +49,7 @@ protected:
 private:
     void make_menus();
     [[nodiscard]] QWidget* make_inputs();
+    void tell_range(QWidget& input, const char* unit, const NumberSpan& allowed);
     [[nodiscard]] QWidget* make_duration();
     [[nodiscard]] QFrame* make_alarm();
     [[nodiscard]] QBoxLayout* make_buttons();

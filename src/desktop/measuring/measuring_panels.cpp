@@ -158,7 +158,7 @@ CombinationInput::CombinationInput(const CombinationBox& box, const Session& ses
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);  // a typed 0,2 is not the beginning of an entry
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-    setMinimumContentsLength(24);
+    setMinimumContentsLength(20);
     on(this, &QComboBox::activated, [this](int index) { chosen(index); });
     on(lineEdit(), &QLineEdit::textEdited, [this] { typed_ = true; });
     on(lineEdit(), &QLineEdit::returnPressed, [this] { entered(); });

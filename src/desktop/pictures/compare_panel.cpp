@@ -14,6 +14,7 @@
 
 #include "desktop/frame/events.h"
 #include "desktop/frame/sheet_saving.h"
+#include "desktop/frame/window_memory.h"
 #include "persistence/sheet_file.h"
 
 namespace zel {
@@ -39,7 +40,7 @@ constexpr Text filters = {"Excel-Dateien (*.xlsx) (*.xlsx)\nCSV-Dateien (*.csv) 
 constexpr Text not_saved = {"Die Tabelle kann nicht gespeichert werden:\n{0}",
                             "The table can not be saved:\n{0}"};
 
-constexpr int widest_column = 120;  // pixels: two runs stand beside each other in a narrow dock
+constexpr int usual_column = 120;  // pixels: two runs stand beside each other in a narrow dock
 
 /// What a run is called in the list: when it ran, its conductor, and what it found.
 QString line_of(const KeptRun& run) {
@@ -55,7 +56,6 @@ QTableWidgetItem* item_of(const std::string& text, bool bold) {
     QFont font;
     font.setBold(bold);
     item->setFont(font);
-    item->setToolTip(qt(text));  // where the column is too narrow for it
     return item;
 }
 
@@ -71,6 +71,8 @@ ComparePanel::ComparePanel(Parts parts)
     captions.accessible_name(table_, table_name)->setObjectName("comparison");
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setTabKeyNavigation(false);
+    list_->setWordWrap(true);
+    list_->setResizeMode(QListView::Adjust);
     auto* words = captions.text(plain_label(), hint);
     words->setWordWrap(true);
     auto* layout = new QVBoxLayout(this);
@@ -185,7 +187,40 @@ void ComparePanel::show_table() {
                 table_->setItem(line, static_cast<int>(i), item);
             }
         }
-    fit_columns(*table_, columns, widest_column);
+    fit_columns(columns);
+}
+
+/// The runs share the width; a text that needs more takes further lines, but for a long word. Once
+/// the user has chosen widths, only the columns from `first` on are fitted.
+void ComparePanel::fit_columns(int first) {
+    const int columns = table_->columnCount();
+    if (columns == 0) return;
+    if (!table_->horizontalHeader()->property(WindowMemory::widths_by_user).toBool()) first = 0;
+    const int share = std::max(usual_column, table_->viewport()->width() / columns);
+    for (int column = first; column < columns; ++column) {
+        table_->resizeColumnToContents(column);
+        table_->setColumnWidth(
+            column, std::min(table_->columnWidth(column), std::max(share, widest_word(column))));
+    }
+    table_->resizeRowsToContents();
+}
+
+int ComparePanel::widest_word(int column) const {
+    constexpr int margins = 12;  // pixels
+    int widest = 0;
+    for (int row = 0; row < table_->rowCount(); ++row) {
+        const QTableWidgetItem& item = *table_->item(row, column);
+        QFont font = table_->font();
+        font.setBold(item.font().bold());
+        for (const QString& word : item.text().split(' '))
+            widest = std::max(widest, QFontMetrics(font).horizontalAdvance(word));
+    }
+    return widest + margins;
+}
+
+void ComparePanel::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    fit_columns(table_->columnCount());
 }
 
 void ComparePanel::copy_table() const {

@@ -31,6 +31,9 @@ public:
 
     void keep(KeptRun run);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     [[nodiscard]] QWidget* make_buttons();
     [[nodiscard]] const KeptRun* chosen_run() const;
@@ -38,6 +41,8 @@ private:
     void show_runs();
     void show_table();
     void show_ticks();
+    void fit_columns(int first);
+    [[nodiscard]] int widest_word(int column) const;
     void pin_as_ticked(const QListWidgetItem& item);
     void copy_table() const;
     void save_table() const;

@@ -150,6 +150,8 @@ QPushButton* PicturePanel::add_button(QLayout& line, const char* name, const Tex
 
 /// The window of the panel has the key for its report.
 bool PicturePanel::eventFilter(QObject* of, QEvent* event) {
+    if (auto* button = qobject_cast<QPushButton*>(of); event->type() == QEvent::FocusIn && button)
+        area_->ensureWidgetVisible(button);
     const bool asked = event->type() == QEvent::ShortcutOverride;
     if (!asked && event->type() != QEvent::KeyPress) return QWidget::eventFilter(of, event);
     if (!static_cast<QKeyEvent*>(event)->matches(QKeySequence::Print)) return false;

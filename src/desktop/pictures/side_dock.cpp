@@ -2,11 +2,14 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTabBar>
 #include <algorithm>
 
 #include "desktop/frame/events.h"
+#include "desktop/frame/input_page.h"
 #include "desktop/frame/reading_width.h"
 
 namespace zel {
@@ -16,12 +19,29 @@ constexpr Text menu_caption = {"&Fenster", "Wind&ow"};
 
 // Pixels.
 constexpr int least_width = 400;
-constexpr int least_height = 750;  // of a window with a dock below its pages
+constexpr int enough_height = 750;  // of a window, for a dock below pages that scroll
+constexpr int room_to_spare = 40;   // of a page beside its content
 constexpr QSize usual_size(560, 640);
 
-int room_for_page(const QWidget& form) {
-    constexpr int room_to_spare = 40;  // of a page beside its content
-    return reading_width(form) - room_to_spare;
+/// Inputs stand in all their columns; of other pages nothing goes on beyond the edge.
+int width_of(const AreaPage& page) {
+    const QWidget& content = *page.widget();
+    return dynamic_cast<const InputPage*>(&page) != nullptr ? content.sizeHint().width()
+                                                            : content.minimumSizeHint().width();
+}
+
+/// What the pages of a form need.
+int room_for_pages(const AreaFrame& form) {
+    int most = 0;
+    for (const AreaPage* page : form.pages()) most = std::max(most, width_of(*page));
+    return most + room_to_spare;
+}
+
+int height_of(const QWidget& content) {
+    const QLayout* layout = content.layout();
+    return layout != nullptr && layout->hasHeightForWidth()
+               ? layout->totalMinimumHeightForWidth(content.width())
+               : content.minimumSizeHint().height();
 }
 
 }  // namespace
@@ -59,14 +79,24 @@ bool SideDock::shares_with_other_side() {
 }
 
 bool SideDock::has_room() {
-    if (is_below()) return form_.height() >= least_height;
+    if (is_below()) return form_.height() >= enough_height || fits_below();
     const int docks = shares_with_other_side() ? 2 : 1;
-    return form_.width() >= room_for_page(form_) + docks * least_width;
+    return form_.width() >= room_for_pages(form_) + docks * least_width;
 }
 
+/// Whether the present page is seen whole above the dock.
+bool SideDock::fits_below() {
+    const AreaPage& page = *form_.pages().at(static_cast<std::size_t>(form_.page()));
+    const int around =
+        form_.height() - page.height() - (isVisible() && !isFloating() ? height() : 0);
+    return form_.height() >= around + height_of(*page.widget()) + minimumSizeHint().height();
+}
+
+/// Pages are not wider than they read well.
 int SideDock::room_beside_page() {
-    const int room = form_.width() - room_for_page(form_);
-    return shares_with_other_side() ? room / 2 : room;
+    const int room =
+        form_.width() - std::max(room_for_pages(form_), reading_width(form_) - room_to_spare);
+    return std::max(least_width, shares_with_other_side() ? room / 2 : room);
 }
 
 void SideDock::share_width() {
@@ -102,6 +132,9 @@ void SideDock::belong_here(bool belongs) {
 
 /// A dock that was opened in a wide window is away while the window is too narrow for it.
 void SideDock::follow_room() {
+    // A tab bar of docks that has nothing to show keeps its focus, out of sight.
+    for (QTabBar* bar : form_.findChildren<QTabBar*>(QString(), Qt::FindDirectChildrenOnly))
+        bar->setFocusPolicy(Qt::NoFocus);
     const QVariant chosen = property(WindowMemory::dock_chosen);
     const bool wanted = chosen.isValid() ? chosen.toBool() : opens_by_itself_;
     entry_->setChecked(wanted && (isFloating() || has_room()));

@@ -37,6 +37,7 @@ private:
     void switched(bool shown);
     void follow_room();
     [[nodiscard]] bool has_room();
+    [[nodiscard]] bool fits_below();
     [[nodiscard]] bool shares_with_other_side();
     [[nodiscard]] int room_beside_page();
     /// Whether the user has opened or closed it.

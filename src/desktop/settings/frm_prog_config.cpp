@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -21,6 +22,20 @@ constexpr Text title = {"Berechnungs-u. Anzeige-Einstellungen festlegen",
                         "Specify calculation- and display settings..."};
 constexpr Text back_caption = {"Zurück", "Back"};
 constexpr Text standard_caption = {"Stan&dard-Voreinstellungen", "Standard settings"};
+
+/// A caption in as many lines as it takes on the screen of `window`; buttons do not wrap theirs.
+QString in_lines(const QString& caption, const QWidget& window) {
+    constexpr int around = 160;  // pixels, of the window around a caption
+    const int room = window.screen()->availableGeometry().width() - around;
+    QString lines, line;
+    for (const QString& word : caption.split(' ')) {
+        const QString longer = line.isEmpty() ? word : line + " " + word;
+        const bool fits = window.fontMetrics().horizontalAdvance(longer) <= room;
+        if (!fits) lines += line + "\n";
+        line = fits ? longer : word;
+    }
+    return lines + line;
+}
 
 }  // namespace
 
@@ -54,7 +69,8 @@ FrmProgConfig::FrmProgConfig(QWidget* parent, const Session& session, LiveSettin
     on(standard, &QPushButton::clicked, [this] { set_standard(); });
     on(back, &QPushButton::clicked, [this] { accept(); });
     show_present();
-    size_window(*this, content->sizeHint() + QSize(60, 80));  // the rest of the window
+    // The rest of the window, with the bar of a page that is higher than its screen.
+    size_window(*this, content->sizeHint() + QSize(80, 80));
 }
 
 QGroupBox* FrmProgConfig::make_group(const ConfigGroup& group) {
@@ -69,9 +85,10 @@ QGroupBox* FrmProgConfig::make_group(const ConfigGroup& group) {
         new QBoxLayout(short_options ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, inside);
     layout->setContentsMargins(10, 2, 10, 4);
     layout->setSpacing(short_options ? 24 : 2);
-    if (!group.line.de.empty()) layout->addWidget(new QLabel(qt(group.line, lang)));
+    if (!group.line.de.empty())
+        layout->addWidget(new QLabel(in_lines(qt(group.line, lang), *this)));
     for (const ConfigOption& option : group.options) {
-        auto* button = new QRadioButton(qt(option.caption, lang));
+        auto* button = new QRadioButton(in_lines(qt(option.caption, lang), *this));
         button->setObjectName(option.control);
         on(button, &QRadioButton::clicked, [this, &option] { choose(option); });
         layout->addWidget(button);

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/frame/column_grid.h"
 #include "desktop/frame/events.h"
 #include "short_circuit/input_check.h"
 
@@ -25,12 +26,15 @@ constexpr ButtonRow open_standard_button = {
 constexpr ButtonRow save_standard_button = {
     "Command2", {"S&peichern in Standardfall-Tabelle", "Sa&ve in standard-case table"}};
 
-/// The columns side by side, with the room that is left below them.
-QWidget* content_of(const std::vector<QWidget*>& columns) {
+/// The columns side by side, where there is room for both, with what is left below them.
+QWidget* content_of(QWidget* left, QWidget* right) {
     auto* content = new QWidget;
-    auto* side_by_side = new QHBoxLayout(content);
-    side_by_side->setSpacing(gap);
-    for (QWidget* column : columns) side_by_side->addWidget(column, 1);
+    auto* columns = new ColumnGrid(gap);
+    columns->place(left, {0, 0}, {0, 0});
+    columns->place(right, {0, 1}, {0, 1});
+    columns->share({1, 1}, {1, 1}, 0, 0);
+    auto* layout = new QVBoxLayout(content);
+    layout->addWidget(columns, 1);
     return content;
 }
 
@@ -54,7 +58,8 @@ GeneralPage::GeneralPage(const FormParts& parts, std::function<void()> open_stan
         buttons->addWidget(button);
     QWidget* left = column_of({project, object});
     static_cast<QVBoxLayout*>(left->layout())->insertLayout(left->layout()->count() - 1, buttons);
-    set_content(content_of({left, column_of({current})}));
+    set_content(content_of(left, column_of({current})));
+    setAlignment(Qt::AlignHCenter);
     tab_through({project, current, object});
 }
 
@@ -69,7 +74,8 @@ ConductorPage::ConductorPage(const FormParts& parts, std::function<void()> start
     layout->addWidget(make_button(take_over_button, parts.captions, std::move(take_over)));
     layout->addStretch();
     panel(record).add_below(buttons);
-    set_content(content_of({column_of({record}), column_of({material})}));
+    set_content(content_of(column_of({record}), column_of({material})));
+    setAlignment(Qt::AlignHCenter);
     tab_through({record, material});
 }
 

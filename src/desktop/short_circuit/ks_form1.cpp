@@ -3,6 +3,7 @@
 #include <QTabWidget>
 #include <utility>
 
+#include "desktop/frame/events.h"
 #include "desktop/pictures/picture_panel.h"
 #include "desktop/pictures/side_dock.h"
 #include "desktop/short_circuit/form_pages.h"
@@ -110,9 +111,12 @@ KsForm1::KsForm1(const AreaParts& parts, ShortCircuitForm& form, const Text& nam
         if (shown_) result_->show_page(shown_->page, lang);
         show_picture();
     });
-    auto* pictures = new SideDock(*this, pictures_dock, pictures_, captions());
-    pictures->open_by_itself(true);
-    add_view_menu(*this, captions(), {pictures});
+    dock_ = new SideDock(*this, pictures_dock, pictures_, captions());
+    dock_->open_by_itself(true);
+    dock_->belong_here(false);
+    on(dock_, &QDockWidget::visibilityChanged,
+       [this] { result_->show_picture_here(dock_->isHidden() || dock_->isFloating()); });
+    add_view_menu(*this, captions(), {dock_});
 }
 
 KsForm1::~KsForm1() = default;
@@ -164,7 +168,10 @@ void KsForm1::leave_page() {
 void KsForm1::turn_to(int page) {
     show_page(page);
     if (page == short_circuit::result_page) run();
+    dock_->belong_here(this->page() == short_circuit::result_page);
 }
+
+void KsForm1::forget_results() { dock_->belong_here(false); }
 
 void KsForm1::run() {
     const ShortCircuitRun run = [&] {
@@ -186,9 +193,11 @@ void KsForm1::run() {
     show_picture();
 }
 
-/// The picture belongs to the result page.
+/// The picture stands in the page, unless it stands beside it.
 void KsForm1::show_picture() {
     const LangId lang = session().lang;
+    result_->show_picture(shown_ ? utilisation_picture(form_.content(), shown_->result, session())
+                                 : std::nullopt);
     if (!shown_) return pictures_->show_entries({}, std::string(no_picture.in(lang)));
     pictures_->show_entries(
         {{std::string(utilisation_name.in(lang)), [this](const Session& session) {

@@ -12,7 +12,8 @@
 
 namespace zel {
 class PicturePanel;
-}
+class SideDock;
+}  // namespace zel
 
 namespace zel::short_circuit {
 
@@ -35,7 +36,7 @@ public:
 protected:
     void turn_to(int page) override;
     void leave_page() override;
-    void forget_results() override {}
+    void forget_results() override;
     [[nodiscard]] std::string text_to_copy() override;
     [[nodiscard]] std::string print_caption() const override;
     [[nodiscard]] std::optional<PrintOrder> report_of_page() override;
@@ -57,6 +58,7 @@ private:
     ResultView* result_;
     std::optional<ShortCircuitRun> shown_;  // the result, while it is shown
     PicturePanel* pictures_;
+    SideDock* dock_;
 };
 
 }  // namespace zel::short_circuit
