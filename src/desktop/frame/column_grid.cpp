@@ -1,13 +1,24 @@
 #include "desktop/frame/column_grid.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QGridLayout>
+#include <QScrollArea>
 #include <algorithm>
 #include <numeric>
 
 #include "desktop/frame/form_panel.h"
 
 namespace zel {
+
+void need_anew(QWidget& part) {
+    for (QWidget* at = &part; at != nullptr && !at->isWindow(); at = at->parentWidget()) {
+        if (at->layout() != nullptr) at->layout()->invalidate();
+        at->updateGeometry();
+        if (qobject_cast<QScrollArea*>(at) == nullptr) continue;
+        return QCoreApplication::postEvent(at, new QEvent(QEvent::LayoutRequest));
+    }
+}
 
 ColumnGrid::ColumnGrid(int gap) : grid_(new QGridLayout(this)) {
     grid_->setContentsMargins(0, 0, 0, 0);
@@ -100,6 +111,7 @@ void ColumnGrid::arrange(Arrangement arrangement) {
         const auto place = static_cast<std::size_t>(column);
         grid_->setColumnStretch(column, place < shares.size() ? shares[place] : 0);
     }
+    need_anew(*this);
 }
 
 }  // namespace zel

@@ -9,6 +9,10 @@ class QGridLayout;
 
 namespace zel {
 
+/// Tells all that `part` stands in that it needs another room: pages that are still hidden would not
+/// ask again.
+void need_anew(QWidget& part);
+
 /// Widgets in a grid that has an arrangement for a wide window, and one for a window that is too
 /// narrow for it. Where even that has no room they stand below each other, as they were placed.
 class ColumnGrid : public QWidget {

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 
+#include "desktop/frame/column_grid.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/field_mark.h"
 #include "desktop/frame/inputs.h"
@@ -141,6 +142,7 @@ void FormPanel::place_rows(int columns) {
     for (int line = 0; line < grid_->rowCount(); ++line) grid_->setRowStretch(line, 0);
     if (parts_.look.fills_room) grid_->setRowStretch(grid_->rowCount(), 1);
     share_columns();
+    need_anew(*this);
 }
 
 void FormPanel::add_row(const Row& row, bool new_line, int column) {

@@ -1,7 +1,5 @@
 #include "desktop/line/form1_transient_page.h"
 
-#include <QCoreApplication>
-#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -12,6 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/frame/column_grid.h"
 #include "desktop/frame/events.h"
 #include "desktop/frame/job_runner.h"
 #include "desktop/line/course_panel.h"
@@ -190,17 +189,13 @@ void TransientPage::fit_rows() {
 void TransientPage::place_rows(bool narrow) {
     narrow_ = narrow;
     const auto [from, to] = narrow ? std::pair(' ', '\n') : std::pair('\n', ' ');
-    for (QLabel* heading : headings_) heading->setText(heading->text().replace(from, to));
+    for (QLabel* heading : headings_) {
+        QString text = heading->text();
+        if (const auto gap = text.indexOf(from); gap > 0) text[gap] = QLatin1Char(to);
+        heading->setText(text);
+    }
     for (const auto& row : rows_) row->place(*grid_, narrow);
-    // A page that is still hidden is not told that its content needs another room.
-    later(*this, [this] {
-        for (QWidget* at = grid_->parentWidget(); at != viewport(); at = at->parentWidget()) {
-            at->layout()->invalidate();
-            at->updateGeometry();
-        }
-        QEvent request(QEvent::LayoutRequest);
-        QCoreApplication::sendEvent(this, &request);
-    });
+    need_anew(*grid_->parentWidget());
 }
 
 QWidget* TransientPage::make_actions() {
