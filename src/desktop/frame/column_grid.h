@@ -9,8 +9,8 @@ class QGridLayout;
 
 namespace zel {
 
-/// Tells all that `part` stands in that it needs another room: pages that are still hidden would not
-/// ask again.
+/// Tells all that `part` stands in that it needs another room: pages that are still hidden would
+/// not ask again.
 void need_anew(QWidget& part);
 
 /// Widgets in a grid that has an arrangement for a wide window, and one for a window that is too
