@@ -30,11 +30,11 @@ int width_of(const AreaPage& page) {
                                                             : content.minimumSizeHint().width();
 }
 
-/// What the pages of a form need.
+/// What the pages of a form need, and no more than they read well with.
 int room_for_pages(const AreaFrame& form) {
     int most = 0;
     for (const AreaPage* page : form.pages()) most = std::max(most, width_of(*page));
-    return most + room_to_spare;
+    return std::min(most + room_to_spare, reading_width(form) - room_to_spare);
 }
 
 int height_of(const QWidget& content) {
