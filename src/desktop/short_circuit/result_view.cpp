@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -97,16 +98,21 @@ void ResultView::show_page(const VerdictPage& page, LangId lang) {
     set_ink(*verdict_, page.withstands ? colour_of_strong : colour_of_weak);
     int number = 0;
     for (const VerdictGroup& group : page.groups) add_group(group, number++, lang);
+    // The picture may stand beside the last one.
+    QWidget* last = groups_->itemAt(groups_->count() - 1)->widget();
+    last_ = new QWidget;
+    auto* row = new QHBoxLayout(last_);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(last, 1, Qt::AlignTop);
+    groups_->addWidget(last_);
     widget()->show();
 }
 
 void ResultView::show_picture(std::optional<Picture> picture) {
     delete picture_;
-    picture_ = nullptr;
     if (!picture) return;
     picture_ = new PictureView(*std::move(picture));
     picture_->setObjectName("utilisation");
-    columns_->addWidget(picture_, 0, Qt::AlignTop | Qt::AlignLeft);
     place_picture();
 }
 
@@ -115,19 +121,24 @@ void ResultView::show_picture_here(bool here) {
     place_picture();
 }
 
+/// Beside the results, beside their last group, or below them all.
 void ResultView::place_picture() {
-    if (picture_ == nullptr) return;
+    if (picture_.isNull()) return;
+    columns_->addWidget(picture_, 0, Qt::AlignTop | Qt::AlignLeft);
     picture_->setVisible(picture_here_);
     results_->layout()->activate();  // it may have got other rows just now
-    const QSize around = QSize(2, 2) * columns_->contentsMargins().left() +
-                         QSize(1, 1) * columns_->spacing() + results_->minimumSizeHint();
-    const QSize room(std::min(viewport()->width(), widget()->maximumWidth()), viewport()->height());
-    const QSize left = room - around;  // beside the results, and below them
-    const bool beside = left.width() >= least_picture;
-    const int width =
-        std::clamp(beside ? left.width() : left.height() * 4 / 3, least_picture, widest_picture);
-    picture_->setFixedSize(width, picture_->heightForWidth(width));
-    columns_->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    const int spacing = columns_->spacing();
+    const int room = std::min(viewport()->width(), widget()->maximumWidth()) -
+                     2 * columns_->contentsMargins().left() - spacing;
+    const int beside = room - results_->minimumSizeHint().width();
+    const int beside_last = room - last_->layout()->minimumSize().width();
+    const bool is_beside = beside >= least_picture;
+    const bool is_beside_last = !is_beside && beside_last >= least_picture;
+    if (is_beside_last) last_->layout()->addWidget(picture_);
+    const int width = is_beside ? beside : is_beside_last ? least_picture : room;
+    picture_->setFixedWidth(std::min(width, widest_picture));
+    picture_->setFixedHeight(picture_->heightForWidth(picture_->width()));
+    columns_->setDirection(is_beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 
 void ResultView::resizeEvent(QResizeEvent* event) {

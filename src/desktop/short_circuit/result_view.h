@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <optional>
 
 #include "desktop/frame/area_frame.h"
@@ -48,7 +49,8 @@ private:
     QPushButton* print_;
     QBoxLayout* columns_;
     QWidget* results_;
-    PictureView* picture_ = nullptr;
+    QWidget* last_ = nullptr;  // the last group
+    QPointer<PictureView> picture_;
     bool picture_here_ = true;
 };
 
