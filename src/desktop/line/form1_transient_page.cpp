@@ -179,6 +179,12 @@ void TransientPage::resizeEvent(QResizeEvent* event) {
     fit_rows();
 }
 
+/// What was placed while the page was hidden has its room only now.
+void TransientPage::showEvent(QShowEvent* event) {
+    AreaPage::showEvent(event);
+    need_anew(*grid_->parentWidget());
+}
+
 /// What the rows need in their wide arrangement is known as long as they have it.
 void TransientPage::fit_rows() {
     if (!narrow_) wide_width_ = widget()->minimumSizeHint().width();
