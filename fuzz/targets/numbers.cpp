@@ -105,7 +105,10 @@ void compare_masks(double value, const std::string& mask, DecimalSeparator separ
 
 void look_at_readings(const std::string& text, DecimalSeparator separator) {
     const auto readings = readings_of(text, separator);
-    if (parse_number(text, separator)) require(readings.empty(), "a number has no readings:", text);
+    if (const auto number = parse_number(text, separator))
+        require(readings.empty() ||
+                    (readings.size() == 2 && parse_number(readings.front(), separator) == number),
+                "a number is read as itself first:", text);
     for (const std::string& reading : readings) {
         require(parse_number(reading, separator).has_value(), "a reading is a number:", reading);
         const auto digits = [](std::string_view from) {
