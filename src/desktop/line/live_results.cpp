@@ -226,6 +226,7 @@ void LiveResults::show_outlook() {
 
 /// Docks do not ask how high a text is at their width.
 void LiveResults::need_height() {
+    layout()->activate();  // the layouts in it remember heights of former texts
     setMinimumHeight(std::max(0, layout()->heightForWidth(width())));
 }
 
