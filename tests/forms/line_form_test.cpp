@@ -56,7 +56,8 @@ TEST_F(LineFormTest, every_input_of_a_method_has_one_row) {
 /// By the entry rule, or by the check before a run.
 bool is_taken(const CalcCase& of, const Row& row, double number) {
     CalcCase c = of;
-    LineForm form(c, {LangId::English, DecimalSeparator::Point});
+    const Locale locale = {LangId::English, DecimalSeparator::Point};
+    LineForm form(c, locale);
     if (form.enter(row, plain_number(number, DecimalSeparator::Point))) return false;
     const auto found = form.complaints();
     return std::none_of(found.begin(), found.end(),
