@@ -14,6 +14,8 @@ constexpr Text no_recourse = {
     "Leitung {0}: nach {1} gibt es mit ihrem statischen Wetter keine Belastbarkeit",
     "line {0}: there is no rating by {1} with its static weather"};
 
+constexpr std::string_view radiation_of_recourse = "static_global_radiation";
+
 /// Ratings of `inputs`, kind by kind.
 void rate_kinds(const SeriesInputs& inputs, MethodRatings& of, const SeriesOptions& options) {
     const auto row_stride = static_cast<std::ptrdiff_t>(of.kinds * sizeof(Rating));
@@ -69,9 +71,8 @@ void finish(const MethodRatings& of, std::span<Rating> kinds) {
 }  // namespace
 
 bool has_radiation(const RatedLine& line) {
-    constexpr std::string_view of_recourse = "static_global_radiation";
     return std::ranges::any_of(line.cells, [](const LineCell& cell) {
-        return cell.column == radiation_input || cell.column == of_recourse;
+        return cell.column == radiation_input || cell.column == radiation_of_recourse;
     });
 }
 
