@@ -60,6 +60,10 @@ TEST(CInterface, tells_what_is_wrong_and_rates_nothing) {
     EXPECT_EQ(zel_rate_steady(line.it, nullptr, static_cast<zel_method>(7), nullptr, 0, 1, &out),
               ZEL_REFUSED);
     EXPECT_EQ(zel_rate_short_circuit(line.it, nullptr, nullptr, 0, 1, nullptr, {}), ZEL_REFUSED);
+    EXPECT_EQ(zel_case_set_text(line.it, nullptr, "x"), ZEL_REFUSED);
+    const zel_column nameless = {nullptr, &number, 0};
+    EXPECT_EQ(zel_rate_steady(line.it, nullptr, ZEL_WEBS, &nameless, 1, 1, &out), ZEL_REFUSED);
+    EXPECT_EQ(error(), "a name or a text is a null pointer");
 }
 
 TEST(CInterface, judges_short_circuits) {
